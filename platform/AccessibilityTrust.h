@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace zamber {
+
+/// The permission to post key events into other programs.
+class AccessibilityTrust {
+public:
+    virtual ~AccessibilityTrust() = default;
+
+    /// Asked anew at each call; never shows a prompt.
+    virtual bool isTrusted() const = 0;
+};
+
+} // namespace zamber

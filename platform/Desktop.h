@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace zamber {
+
+class AccessibilityTrust;
+class Appearance;
+class Application;
+class HotKeyCenter;
+class KeyMonitor;
+class KeystrokePoster;
+class Pasteboard;
+class PopoverHost;
+class Scheduler;
+class StatusItem;
+class Symbols;
+class UserDefaults;
+class Workspace;
+
+/// One of each port: all that the program asks of the desktop it runs on.
+struct Desktop {
+    Application& application;
+    Pasteboard& pasteboard;
+    Workspace& workspace;
+    HotKeyCenter& hotKeys;
+    KeystrokePoster& keystrokes;
+    KeyMonitor& keyMonitor;
+    AccessibilityTrust& trust;
+    StatusItem& statusItem;
+    PopoverHost& popover;
+    Appearance& appearance;
+    Symbols& symbols;
+    UserDefaults& userDefaults;
+    Scheduler& scheduler;
+};
+
+} // namespace zamber

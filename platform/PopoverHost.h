@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Anchor.h"
+
+#include <QSize>
+
+class QWidget;
+
+namespace zamber {
+
+/// The side of the anchor on which a popover appears, where there is room. MinY is below a menu bar.
+enum class PopoverEdge { MinY, MaxY };
+
+enum class PopoverAppearance { System, Light, Dark };
+
+/// The one transient window that hangs from the status item. It closes by itself when the user presses a button
+/// outside it or another program comes to the front.
+class PopoverHost {
+public:
+    virtual ~PopoverHost() = default;
+
+    /// The widget to show; it stays the caller's.
+    virtual void setContent(QWidget* content) = 0;
+
+    /// The content's size in points; takes effect at once, also while the popover is shown.
+    virtual void setContentSize(QSize points) = 0;
+
+    /// Light or dark, or as the desktop has it; takes effect at once.
+    virtual void setAppearance(PopoverAppearance appearance) = 0;
+
+    /// Shows the popover with the keyboard focus, always whole inside the work area of the anchor's screen. Shown
+    /// already, it moves to the anchor and is brought to the front.
+    virtual void show(const Anchor& anchor, PopoverEdge preferredEdge) = 0;
+
+    /// Closes the popover; nothing happens when it is closed.
+    virtual void performClose() = 0;
+
+    virtual bool isShown() const = 0;
+};
+
+} // namespace zamber

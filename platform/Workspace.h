@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+namespace zamber {
+
+/// An application that was seen running.
+///
+/// The handle is the adapter's own and never given out twice, so an application that has gone is never mistaken
+/// for one that came later, though process and window numbers are used again.
+struct RunningApplication {
+    std::uint64_t handle = 0;
+    std::int64_t processId = 0;
+    std::optional<QString> localizedName;
+
+    friend bool operator==(const RunningApplication& a, const RunningApplication& b) { return a.handle == b.handle; }
+};
+
+/// The other programs of the desktop session.
+class Workspace {
+public:
+    virtual ~Workspace() = default;
+
+    /// The application whose window has the keyboard, this program included; nothing on an empty desktop.
+    virtual std::optional<RunningApplication> frontmostApplication() = 0;
+
+    /// Asks for that application to come to the front. Nothing happens when it has gone.
+    virtual void activate(const RunningApplication& application) = 0;
+};
+
+} // namespace zamber

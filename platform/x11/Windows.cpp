@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/x11/Windows.h"
+
+#include <xcb/xcb_icccm.h>
+
+#include <cstring>
+
+namespace zamber::x11 {
+
+namespace {
+
+std::optional<std::uint32_t> firstNumber(const Property& property) {
+    if (property.format != 32 || property.bytes.size() < 4) {
+        return std::nullopt;
+    }
+    std::uint32_t number = 0;
+    std::memcpy(&number, property.bytes.constData(), sizeof number);
+    return number;
+}
+
+} // namespace
+
+Windows::Windows(Connection& connection)
+    : m_connection(connection) {
+    connection.watch(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
+    connection.addEventHandler([this](const xcb_generic_event_t& event) {
+        if (codeOf(event) != XCB_PROPERTY_NOTIFY) {
+            return;
+        }
+        const auto& notify = as<xcb_property_notify_event_t>(event);
+        if (notify.window == m_connection.root() && notify.atom == m_connection.atom(Atom::NetActiveWindow)) {
+            Q_EMIT activeWindowChanged();
+        }
+    });
+}
+
+std::optional<xcb_window_t> Windows::activeWindow() const {
+    const Property property = m_connection.readProperty(m_connection.root(), m_connection.atom(Atom::NetActiveWindow),
+                                                        Connection::Afterwards::Keep);
+    if (const std::optional<std::uint32_t> window = firstNumber(property)) {
+        return *window == XCB_WINDOW_NONE ? std::nullopt : window;
+    }
+    return focusedTopLevel();
+}
+
+std::optional<std::int64_t> Windows::processId(xcb_window_t window) const {
+    return firstNumber(
+        m_connection.readProperty(window, m_connection.atom(Atom::NetWmPid), Connection::Afterwards::Keep));
+}
+
+QString Windows::windowClass(xcb_window_t window) const {
+    const QByteArray words =
+        m_connection.readProperty(window, XCB_ATOM_WM_CLASS, Connection::Afterwards::Keep).bytes;
+    const qsizetype end = words.indexOf('\0');
+    return end < 0 ? QString() : QString::fromLatin1(words.constData() + end + 1);
+}
+
+void Windows::activate(xcb_window_t window) const {
+    constexpr std::uint32_t SOURCE_PAGER = 2; // taken as the user's own wish by every window manager
+    xcb_client_message_event_t message{}; // 32 bytes, as an event is sent
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = m_connection.atom(Atom::NetActiveWindow);
+    message.data.data32[0] = SOURCE_PAGER;
+    message.data.data32[1] = m_connection.lastTimestamp();
+    xcb_send_event(m_connection.raw(), 0, m_connection.root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    const Property active = m_connection.readProperty(
+        m_connection.root(), m_connection.atom(Atom::NetActiveWindow), Connection::Afterwards::Keep);
+    if (active.type == XCB_ATOM_NONE) {
+        const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+        xcb_configure_window(m_connection.raw(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+        xcb_set_input_focus(m_connection.raw(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+    }
+    m_connection.flush();
+}
+
+bool Windows::hasFocus(xcb_window_t window) const {
+    for (xcb_window_t focus = focusWindow(); focus > XCB_INPUT_FOCUS_POINTER_ROOT; focus = parentOf(focus)) {
+        if (focus == window) {
+            return true;
+        }
+    }
+    return false;
+}
+
+xcb_window_t Windows::focusWindow() const {
+    const Owned<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(m_connection.raw(), xcb_get_input_focus(m_connection.raw()), nullptr));
+    return reply ? reply->focus : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+}
+
+xcb_window_t Windows::parentOf(xcb_window_t window) const {
+    const Owned<xcb_query_tree_reply_t> reply(
+        xcb_query_tree_reply(m_connection.raw(), xcb_query_tree(m_connection.raw(), window), nullptr));
+    return reply ? reply->parent : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+}
+
+std::optional<xcb_window_t> Windows::focusedTopLevel() const {
+    std::optional<xcb_window_t> topLevel;
+    for (xcb_window_t window = focusWindow();
+         window > XCB_INPUT_FOCUS_POINTER_ROOT && window != m_connection.root(); window = parentOf(window)) {
+        topLevel = window;
+    }
+    return topLevel;
+}
+
+} // namespace zamber::x11

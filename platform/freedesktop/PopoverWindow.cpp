@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/freedesktop/PopoverWindow.h"
+
+#include "platform/Appearance.h"
+#include "platform/freedesktop/PopoverPlacement.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QTimer>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace zamber {
+
+namespace {
+
+int distance(const QRect& rectangle, QPoint point) {
+    const int x = std::max({rectangle.left() - point.x(), 0, point.x() - rectangle.right()});
+    const int y = std::max({rectangle.top() - point.y(), 0, point.y() - rectangle.bottom()});
+    return x + y;
+}
+
+/// The screen that the point is on, or the nearest one: an icon may outlive the monitor it was on.
+const QScreen* screenNear(QPoint point) {
+    const auto screens = QGuiApplication::screens();
+    return *std::ranges::min_element(screens, {},
+                                     [point](const QScreen* screen) { return distance(screen->geometry(), point); });
+}
+
+const QWidget* widgetOfWindow(const QObject* window) {
+    const auto topLevels = QApplication::topLevelWidgets();
+    const auto found = std::ranges::find(topLevels, window, &QWidget::windowHandle);
+    return found == topLevels.end() ? nullptr : *found;
+}
+
+/// Is the window the popover's, or a menu or dialog that was opened from it?
+bool belongsTo(const QWidget* window, const QWidget* frame) {
+    while (window != nullptr && window != frame) {
+        window = window->parentWidget();
+    }
+    return window == frame;
+}
+
+} // namespace
+
+PopoverWindow::PopoverWindow(const Appearance& appearance, WindowSystem windowSystem)
+    : m_systemAppearance(appearance)
+    , m_windowSystem(std::move(windowSystem)) {
+    m_frame.winId(); // creates the window now, so that the first opening does not wait for it
+    connect(&m_frame, &PopoverFrame::hidden, this, &PopoverWindow::closed);
+    // Which window becomes active instead is known only after this turn of the main loop.
+    connect(&m_frame, &PopoverFrame::deactivated, this,
+            [this] { QTimer::singleShot(0, this, &PopoverWindow::closeUnlessOursIsActive); });
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+void PopoverWindow::setContent(QWidget* content) {
+    m_frame.setContent(content);
+}
+
+void PopoverWindow::setContentSize(QSize points) {
+    m_contentSize = points;
+    if (isShown()) {
+        place();
+    }
+}
+
+void PopoverWindow::setAppearance(PopoverAppearance appearance) {
+    m_appearance = appearance;
+    applyLook();
+}
+
+void PopoverWindow::show(const Anchor& anchor, PopoverEdge preferredEdge) {
+    m_anchor = anchor;
+    m_preferredEdge = preferredEdge;
+    const bool isOpening = !isShown();
+
+    applyLook();
+    m_frame.setShape(m_windowSystem.isComposited() ? FrameShape::RoundedWithShadow : FrameShape::Square);
+    place();
+    m_frame.show();
+    m_frame.raise();
+    m_frame.activateWindow();
+    m_frame.setFocus();
+    m_windowSystem.activateWindow(m_frame.winId());
+    if (isOpening) {
+        emit shown();
+    }
+}
+
+void PopoverWindow::performClose() {
+    m_frame.hide();
+}
+
+bool PopoverWindow::isShown() const {
+    return m_frame.isVisible();
+}
+
+void PopoverWindow::pressedOutside(QPoint position) {
+    if (isShown() && !frameRectangle().contains(position)) {
+        performClose();
+    }
+}
+
+bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress && watched->isWindowType() && isShown()) {
+        const QWidget* window = widgetOfWindow(watched);
+        if (!belongsTo(window, &m_frame)) {
+            performClose();
+        } else if (window == &m_frame) {
+            pressedOutside(static_cast<QMouseEvent*>(event)->globalPosition().toPoint()); // on the shadow
+        }
+    } else if (event->type() == QEvent::ApplicationPaletteChange) {
+        applyLook();
+    }
+    return false;
+}
+
+void PopoverWindow::place() {
+    if (m_anchor) {
+        const QRect workArea = screenNear(m_anchor->screenRectangle.center())->availableGeometry();
+        m_frame.setContentGeometry(
+            popoverPlacement(m_anchor->screenRectangle, m_contentSize, m_preferredEdge, workArea));
+    }
+}
+
+void PopoverWindow::applyLook() {
+    const bool isDark = m_appearance == PopoverAppearance::Dark ||
+                        (m_appearance == PopoverAppearance::System && m_systemAppearance.isDark());
+    m_frame.setLook(isDark ? FrameLook::Dark : FrameLook::Light);
+}
+
+void PopoverWindow::closeUnlessOursIsActive() {
+    if (QApplication::activeWindow() == nullptr && QApplication::activeModalWidget() == nullptr &&
+        QApplication::activePopupWidget() == nullptr) {
+        performClose();
+    }
+}
+
+} // namespace zamber

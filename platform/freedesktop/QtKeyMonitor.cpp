@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/freedesktop/QtKeyMonitor.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace zamber {
+
+namespace {
+
+HardwareKey hardwareKey(quint32 scanCode) {
+    switch (scanCode) {
+    case 111:
+        return HardwareKey::UpArrow;
+    case 116:
+        return HardwareKey::DownArrow;
+    case 36:
+        return HardwareKey::Return;
+    case 9:
+        return HardwareKey::Escape;
+    default:
+        return HardwareKey::Other;
+    }
+}
+
+} // namespace
+
+QtKeyMonitor::QtKeyMonitor() {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+KeyMonitor::Token QtKeyMonitor::addHandler(Handler handler) {
+    m_handlers.emplace_back(++m_lastId, std::move(handler));
+    return {m_lastId};
+}
+
+void QtKeyMonitor::removeHandler(Token token) {
+    std::erase_if(m_handlers, [token](const auto& entry) { return entry.first == token.id; });
+}
+
+bool QtKeyMonitor::eventFilter(QObject* watched, QEvent* event) {
+    // A press comes to a window first and is then handed down to its widgets: the window is where it is new.
+    const bool isPress = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    if (!isPress || !watched->isWindowType()) {
+        return false;
+    }
+    if (QApplication::activePopupWidget() != nullptr) {
+        return false;
+    }
+    if (!isSwallowed(static_cast<const QKeyEvent&>(*event))) {
+        return false;
+    }
+    // An accepted override keeps the press from the shortcuts; it then comes as a key press, and ends here, too.
+    event->accept();
+    return true;
+}
+
+bool QtKeyMonitor::isSwallowed(const QKeyEvent& event) {
+    const Press press{event.timestamp(), event.nativeScanCode()};
+    const bool isQuestion = event.type() == QEvent::ShortcutOverride;
+    if (!isQuestion && m_answered && m_answered->first == press) {
+        return std::exchange(m_answered, std::nullopt)->second == KeyDisposition::Swallow;
+    }
+    const KeyDisposition disposition = ask(hardwareKey(press.scanCode));
+    m_answered = isQuestion ? std::optional(std::pair(press, disposition)) : std::nullopt;
+    return disposition == KeyDisposition::Swallow;
+}
+
+KeyDisposition QtKeyMonitor::ask(HardwareKey key) {
+    // A handler may remove itself or others: those that are gone are not asked any more.
+    const auto handlers = m_handlers;
+    for (const auto& [id, handler] : handlers) {
+        const bool isStillThere = std::ranges::any_of(m_handlers, [&](const auto& entry) { return entry.first == id; });
+        if (isStillThere && handler(key) == KeyDisposition::Swallow) {
+            return KeyDisposition::Swallow;
+        }
+    }
+    return KeyDisposition::PassOn;
+}
+
+} // namespace zamber

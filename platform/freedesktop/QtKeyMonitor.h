@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/KeyMonitor.h"
+
+#include <QObject>
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+class QKeyEvent;
+
+namespace zamber {
+
+/// Watches the key presses that reach this program's windows, by the X server's key codes (Qt's native scan codes).
+/// Auto-repeated presses count. While a menu is open the keys are the menu's.
+class QtKeyMonitor final : public QObject, public KeyMonitor {
+    Q_OBJECT
+
+public:
+    /// Comes after the application object, and goes before it.
+    QtKeyMonitor();
+
+    Token addHandler(Handler handler) override;
+    void removeHandler(Token token) override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    /// Which press was asked about last: a press may come twice, first as a question about shortcuts.
+    struct Press {
+        quint64 timestamp = 0;
+        quint32 scanCode = 0;
+        bool operator==(const Press&) const = default;
+    };
+
+    bool isSwallowed(const QKeyEvent& event);
+    KeyDisposition ask(HardwareKey key);
+
+    std::vector<std::pair<std::uint64_t, Handler>> m_handlers;
+    std::uint64_t m_lastId = 0;
+    std::optional<std::pair<Press, KeyDisposition>> m_answered;
+};
+
+} // namespace zamber

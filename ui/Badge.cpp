@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "ui/Badge.h"
+
+#include "ui/Typography.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace zamber {
+
+namespace {
+constexpr double CAPSULE = 1000;
+constexpr double KEY_CAP_RADIUS = 3;
+} // namespace
+
+Badge::Badge(const QFont& font, QSize padding, double radius, QWidget* parent)
+    : QWidget(parent)
+    , m_padding(padding)
+    , m_radius(radius) {
+    setFont(font);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void Badge::setText(const QString& text) {
+    if (text == m_text) {
+        return;
+    }
+    m_text = text;
+    setAccessibleName(text);
+    updateGeometry();
+    update();
+}
+
+void Badge::setColors(const QColor& text, const QColor& ground) {
+    m_textColor = text;
+    m_groundColor = ground;
+    update();
+}
+
+QSize Badge::sizeHint() const {
+    const QFontMetrics metrics(font());
+    return QSize(metrics.horizontalAdvance(m_text), metrics.height()) + 2 * m_padding;
+}
+
+void Badge::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double radius = std::min(m_radius, height() / 2.0);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(m_groundColor);
+    painter.drawRoundedRect(rect(), radius, radius);
+    painter.setPen(m_textColor);
+    painter.drawText(rect(), Qt::AlignCenter, m_text);
+}
+
+CapsuleBadge::CapsuleBadge(QWidget* parent)
+    : Badge(monospacedFont(11, QFont::Medium), QSize(7, 3), CAPSULE, parent) {}
+
+KeyCap::KeyCap(const QString& key, QWidget* parent)
+    : Badge(monospacedFont(9, QFont::DemiBold), QSize(5, 2), KEY_CAP_RADIUS, parent) {
+    setText(key);
+}
+
+} // namespace zamber

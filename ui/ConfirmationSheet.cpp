@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "ui/ConfirmationSheet.h"
+
+#include "ui/Typography.h"
+
+#include <QAbstractButton>
+#include <QEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace zamber {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int CARD_WIDTH = 256;
+constexpr int CARD_PADDING = 18;
+constexpr double CARD_RADIUS = 12;
+constexpr int BUTTON_HEIGHT = 28;
+constexpr double BUTTON_RADIUS = 7;
+constexpr double DIM_OPACITY_LIGHT = 0.22;
+constexpr double DIM_OPACITY_DARK = 0.45;
+
+QLabel* centredLabel(const QString& text, const QFont& font, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    label->setFont(font);
+    label->setAlignment(Qt::AlignHCenter);
+    label->setWordWrap(true);
+    return label;
+}
+
+void setTextColor(QWidget* widget, const QColor& color) {
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::WindowText, color);
+    widget->setPalette(palette);
+}
+
+} // namespace
+
+/// A filled button that can have the keyboard focus.
+class ConfirmationSheet::Button final : public QAbstractButton {
+public:
+    Button(const QString& text, QWidget* parent)
+        : QAbstractButton(parent) {
+        setText(text);
+        setAccessibleName(text);
+        setFont(textFont(12, QFont::DemiBold));
+        setFixedHeight(BUTTON_HEIGHT);
+        setFocusPolicy(Qt::StrongFocus);
+        setAttribute(Qt::WA_Hover);
+    }
+
+    void setColors(const QColor& text, const QColor& ground, const QColor& focusRing) {
+        m_text = text;
+        m_ground = ground;
+        m_focusRing = focusRing;
+        update();
+    }
+
+    QSize sizeHint() const override { return {0, BUTTON_HEIGHT}; }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        const double strength = isDown() ? 1.9 : underMouse() ? 1.45 : 1.0;
+        QColor ground = m_ground;
+        ground.setAlphaF(std::min(1.0F, ground.alphaF() * static_cast<float>(strength)));
+        painter.setBrush(ground);
+        painter.drawRoundedRect(rect(), BUTTON_RADIUS, BUTTON_RADIUS);
+        if (hasFocus()) {
+            painter.setBrush(Qt::NoBrush);
+            painter.setPen(QPen(m_focusRing, 2));
+            painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), BUTTON_RADIUS - 1, BUTTON_RADIUS - 1);
+        }
+        painter.setPen(m_text);
+        painter.drawText(rect(), Qt::AlignCenter, text());
+    }
+
+private:
+    QColor m_text;
+    QColor m_ground;
+    QColor m_focusRing;
+};
+
+ConfirmationSheet::ConfirmationSheet(const Confirmation& confirmation, QWidget* covered)
+    : QWidget(covered)
+    , m_card(new QWidget(this))
+    , m_title(centredLabel(confirmation.title, textFont(13, QFont::Bold), m_card))
+    , m_message(centredLabel(confirmation.message, textFont(11), m_card))
+    , m_confirm(new Button(confirmation.destructiveButton, m_card))
+    , m_cancel(new Button(u"Cancel"_s, m_card)) {
+    setAccessibleName(confirmation.title);
+    m_card->setFixedWidth(CARD_WIDTH);
+
+    auto* column = new QVBoxLayout(m_card);
+    column->setContentsMargins(CARD_PADDING, CARD_PADDING, CARD_PADDING, CARD_PADDING - 2);
+    column->setSpacing(6);
+    column->addWidget(m_title);
+    column->addWidget(m_message);
+    column->addSpacing(8);
+    column->addWidget(m_confirm);
+    column->addWidget(m_cancel);
+    auto* centre = new QVBoxLayout(this);
+    centre->addWidget(m_card, 0, Qt::AlignCenter);
+
+    connect(m_confirm, &Button::clicked, this, &ConfirmationSheet::confirmed);
+    connect(m_confirm, &Button::clicked, this, &ConfirmationSheet::dismissed);
+    connect(m_cancel, &Button::clicked, this, &ConfirmationSheet::dismissed);
+    covered->installEventFilter(this);
+    setGeometry(covered->rect());
+    hide();
+}
+
+void ConfirmationSheet::setColors(const Palette& palette) {
+    m_palette = palette;
+    setTextColor(m_title, palette.primary);
+    setTextColor(m_message, palette.secondary);
+    m_confirm->setColors(palette.red, faded(palette.red, 0.14), palette.accent);
+    m_cancel->setColors(palette.primary, faded(palette.primary, 0.09), palette.accent);
+    update();
+}
+
+void ConfirmationSheet::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), faded(Qt::black, m_palette.isDark ? DIM_OPACITY_DARK : DIM_OPACITY_LIGHT));
+
+    const QRectF card = m_card->geometry();
+    painter.setPen(Qt::NoPen);
+    constexpr int shadowSteps = 10;
+    for (int step = shadowSteps; step > 0; --step) {
+        painter.setBrush(faded(Qt::black, 0.014));
+        painter.drawRoundedRect(card.adjusted(-step, -step + 3, step, step + 3), CARD_RADIUS + step,
+                                CARD_RADIUS + step);
+    }
+    painter.setBrush(m_palette.isDark ? m_palette.barMaterial : m_palette.ultraThinMaterial);
+    painter.setPen(m_palette.windowBorder);
+    painter.drawRoundedRect(card.adjusted(0.5, 0.5, -0.5, -0.5), CARD_RADIUS, CARD_RADIUS);
+}
+
+void ConfirmationSheet::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    // The harmless button is the one that a press of the space bar finds.
+    m_cancel->setFocus(Qt::OtherFocusReason);
+}
+
+void ConfirmationSheet::mousePressEvent(QMouseEvent* event) {
+    event->accept(); // what lies under the sheet is out of reach
+}
+
+bool ConfirmationSheet::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == parent() && event->type() == QEvent::Resize) {
+        setGeometry(parentWidget()->rect());
+    }
+    return false;
+}
+
+} // namespace zamber

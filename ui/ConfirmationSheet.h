@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Palette.h"
+
+#include <QWidget>
+
+class QLabel;
+
+namespace zamber {
+
+/// What a confirmation asks, and what its destructive button is called.
+struct Confirmation {
+    QString title;
+    QString message;
+    QString destructiveButton;
+};
+
+/// A question that covers a whole view until one of its two buttons, the destructive one and "Cancel", is pressed.
+class ConfirmationSheet final : public QWidget {
+    Q_OBJECT
+
+public:
+    ConfirmationSheet(const Confirmation& confirmation, QWidget* covered);
+
+    void setColors(const Palette& palette);
+
+signals:
+    void confirmed();
+    /// Either button was pressed.
+    void dismissed();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    class Button;
+
+    QWidget* m_card;
+    QLabel* m_title;
+    QLabel* m_message;
+    Button* m_confirm;
+    Button* m_cancel;
+    Palette m_palette;
+};
+
+} // namespace zamber

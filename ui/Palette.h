@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+
+class QPalette;
+
+namespace zamber {
+
+/// Every colour that the program draws with, by its level in the hierarchy. One value is a whole look: nothing is
+/// ever mixed with the desktop's own colours, so that no theme can make a text unreadable.
+struct Palette {
+    QColor primary;    ///< what is read first
+    QColor secondary;  ///< supporting texts and symbols
+    QColor tertiary;   ///< headings, hints, quiet controls
+    QColor quaternary; ///< the quietest text that must still be readable
+
+    QColor tertiaryFill; ///< behind badges, key caps and small buttons
+    QColor quinaryFill;  ///< behind a text field
+
+    QColor accent;
+    QColor separator;
+    QColor windowBorder;
+
+    QColor ultraThinMaterial; ///< the ground of a popover
+    QColor barMaterial;       ///< the ground of a bar at its edge
+
+    QColor red;
+    QColor blue;
+    QColor orange;
+    QColor purple;
+    QColor green;
+
+    bool isDark = false;
+
+    /// The looks, with the accent that the user has chosen; it is made lighter or darker where it would drown.
+    static Palette light(const QColor& userAccent);
+    static Palette dark(const QColor& userAccent);
+
+    /// The same look for what Qt draws itself: menus, tool tips, the text field's selection.
+    QPalette forWidgets() const;
+};
+
+/// The colour with its opacity multiplied by a factor between 0 and 1.
+QColor faded(QColor color, double factor);
+
+/// A translucent colour as it appears on an opaque ground.
+QColor composed(const QColor& color, const QColor& ground);
+
+/// How well a text of the colour can be read on an opaque ground: 1 (not at all) to 21, by relative luminance.
+double contrastRatio(const QColor& text, const QColor& ground);
+
+} // namespace zamber

@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "clipboard/ClipboardContent.h"
+
+#include "clipboard/Characters.h"
+#include "clipboard/Images.h"
+#include "clipboard/NormalForm.h"
+#include "clipboard/Search.h"
+#include "clipboard/SensitiveContent.h"
+#include "platform/UserDefaults.h"
+#include "settings/keys/PreferenceKeys.h"
+
+#include <mutex>
+#include <utility>
+
+namespace zamber {
+
+namespace {
+
+constexpr std::size_t PREVIEW_CHARACTERS = 150;
+constexpr qsizetype MASK_BULLETS = 12;
+
+/// A value that is made when first asked for.
+template <class T>
+class Lazy {
+public:
+    template <class Make>
+    const T& get(Make make) const {
+        std::call_once(m_once, [&] { m_value = make(); });
+        return m_value;
+    }
+
+private:
+    mutable std::once_flag m_once;
+    mutable T m_value{};
+};
+
+std::string_view view(const QByteArray& bytes) {
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+QString plainPreview(std::string_view text) {
+    const auto visible = trimmed(text);
+    const auto start = countCharacters(visible, PREVIEW_CHARACTERS);
+    auto preview = QString::fromUtf8(visible.data(), static_cast<qsizetype>(start.bytes));
+    return start.bytes < visible.size() ? preview + u'…' : preview;
+}
+
+} // namespace
+
+struct ClipboardContent::Payload {
+    Payload(bool image, QByteArray payloadBytes)
+        : isImage(image)
+        , bytes(std::move(payloadBytes)) {}
+
+    const bool isImage;
+    const QByteArray bytes;
+
+    Lazy<QByteArray> id;
+    Lazy<QString> preview;
+    Lazy<bool> isSensitive;
+    Lazy<qsizetype> lineCount;
+    Lazy<qsizetype> charCount;
+    Lazy<QByteArray> searchKey;
+    Lazy<QByteArray> turkicSearchKey;
+    mutable std::mutex thumbnailMutex;
+    mutable QSize thumbnailBox;
+    mutable QImage thumbnail;
+};
+
+ClipboardContent::ClipboardContent(std::shared_ptr<const Payload> payload)
+    : m_payload(std::move(payload)) {}
+
+ClipboardContent ClipboardContent::text(QByteArray utf8) {
+    return ClipboardContent(std::make_shared<const Payload>(false, std::move(utf8)));
+}
+
+ClipboardContent ClipboardContent::image(QByteArray bytes) {
+    return ClipboardContent(std::make_shared<const Payload>(true, std::move(bytes)));
+}
+
+QByteArray ClipboardContent::id() const {
+    return m_payload->id.get([this] {
+        const auto hash = isImage() ? byteHash(view(bytes())) : canonicalHash(view(bytes()));
+        return QByteArray(isImage() ? "image-" : "text-") + QByteArray::number(static_cast<qint64>(hash));
+    });
+}
+
+QString ClipboardContent::preview() const {
+    if (isImage()) {
+        return QStringLiteral("📷 Image");
+    }
+    if (read(UserDefaults::standard(), keys::hideSensitive) && isSensitive()) {
+        return QString(MASK_BULLETS, u'●');
+    }
+    return m_payload->preview.get([this] { return plainPreview(view(bytes())); });
+}
+
+bool ClipboardContent::isSensitive() const {
+    return m_payload->isSensitive.get([this] { return !isImage() && looksSensitive(view(bytes())); });
+}
+
+qsizetype ClipboardContent::lineCount() const {
+    return m_payload->lineCount.get(
+        [this] { return isImage() ? 0 : static_cast<qsizetype>(countLines(view(bytes()))); });
+}
+
+qsizetype ClipboardContent::charCount() const {
+    return m_payload->charCount.get(
+        [this] { return isImage() ? 0 : static_cast<qsizetype>(countCharacters(view(bytes())).count); });
+}
+
+bool ClipboardContent::isImage() const {
+    return m_payload->isImage;
+}
+
+std::optional<QImage> ClipboardContent::nsImage() const {
+    return isImage() ? decodedImage(bytes()) : std::nullopt;
+}
+
+QImage ClipboardContent::thumbnail(QSize box) const {
+    if (!isImage() || box.isEmpty()) {
+        return {};
+    }
+    const std::scoped_lock lock(m_payload->thumbnailMutex);
+    if (m_payload->thumbnailBox != box) {
+        m_payload->thumbnail = imageFilling(box, bytes());
+        m_payload->thumbnailBox = box;
+    }
+    return m_payload->thumbnail;
+}
+
+std::optional<QByteArray> ClipboardContent::textValue() const {
+    return isImage() ? std::nullopt : std::optional(bytes());
+}
+
+const QByteArray& ClipboardContent::bytes() const {
+    return m_payload->bytes;
+}
+
+const QByteArray& ClipboardContent::searchKey(CaseFolding folding) const {
+    const auto& key = folding == CaseFolding::Turkic ? m_payload->turkicSearchKey : m_payload->searchKey;
+    return key.get([this, folding] { return isImage() ? QByteArray("image") : makeSearchKey(bytes(), folding); });
+}
+
+bool operator==(const ClipboardContent& left, const ClipboardContent& right) {
+    if (left.m_payload == right.m_payload) {
+        return true;
+    }
+    if (left.isImage() != right.isImage()) {
+        return false;
+    }
+    return left.isImage() ? left.bytes() == right.bytes() : canonicallyEqual(view(left.bytes()), view(right.bytes()));
+}
+
+} // namespace zamber

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QSize>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace zamber {
+
+/// How a search compares letters: Turkish and Azerbaijani pair I with ı and İ with i, everybody else I with i.
+enum class CaseFolding { Common, Turkic };
+
+/// What was copied: a text or the bytes of an image.
+///
+/// A value. Copies share one immutable payload; what is derived from it (everything below but `nsImage`) is made
+/// when first asked for and kept with it. All members may be called from any thread, except `preview`, which reads
+/// a preference.
+class ClipboardContent {
+public:
+    /// A text as it was copied, in UTF-8, untrimmed.
+    static ClipboardContent text(QByteArray utf8);
+    /// The bytes of an image as they came. They are not looked at.
+    static ClipboardContent image(QByteArray bytes);
+
+    /// "text-…" or "image-…" with a hash. Equal contents have equal ids within one run; not for keeping.
+    QByteArray id() const;
+
+    /// The text for one row: trimmed, its first 150 user-perceived characters and "…", or a mask when the user hides
+    /// sensitive texts and this one is.
+    QString preview() const;
+
+    /// Does the text look like it holds a password, key or token? Independent of any preference.
+    bool isSensitive() const;
+
+    /// The number of lines that are not blank; 0 for an image.
+    qsizetype lineCount() const;
+    /// The number of user-perceived characters of the untrimmed text; 0 for an image.
+    qsizetype charCount() const;
+
+    bool isImage() const;
+
+    /// The image decoded in full, or nothing for a text and for bytes that do not decode. Decoded anew at each call:
+    /// for drawing a row take `thumbnail`.
+    std::optional<QImage> nsImage() const;
+    /// The image scaled to fill the box (pixels), what overflows cropped evenly; a null image where `nsImage` has
+    /// none. The one last asked for is kept.
+    QImage thumbnail(QSize box) const;
+
+    /// The text in UTF-8, or nothing for an image.
+    std::optional<QByteArray> textValue() const;
+    /// The text in UTF-8 or the bytes of the image.
+    const QByteArray& bytes() const;
+
+    /// The text made ready for searching (see Search.h); "image" for an image.
+    const QByteArray& searchKey(CaseFolding folding) const;
+
+    /// Texts are equal when they are canonically equivalent, images when their bytes are.
+    friend bool operator==(const ClipboardContent& left, const ClipboardContent& right);
+
+private:
+    struct Payload;
+    explicit ClipboardContent(std::shared_ptr<const Payload> payload);
+
+    std::shared_ptr<const Payload> m_payload;
+};
+
+} // namespace zamber

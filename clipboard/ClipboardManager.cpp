@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "clipboard/ClipboardManager.h"
+
+#include "clipboard/HistoryFile.h"
+#include "clipboard/Search.h"
+#include "platform/Log.h"
+#include "platform/Pasteboard.h"
+#include "platform/UserDefaults.h"
+#include "settings/keys/PreferenceKeys.h"
+
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <tuple>
+#include <utility>
+
+namespace zamber {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto POLL_INTERVAL = 500ms;
+constexpr auto SAVE_DELAY = 1000ms;
+
+std::string_view view(const QByteArray& bytes) {
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+} // namespace
+
+std::shared_ptr<ClipboardManager> ClipboardManager::create(Pasteboard& pasteboard, UserDefaults& defaults,
+                                                           Scheduler& scheduler, std::filesystem::path historyFile) {
+    return std::shared_ptr<ClipboardManager>(
+        new ClipboardManager(pasteboard, defaults, scheduler, std::move(historyFile)));
+}
+
+ClipboardManager::ClipboardManager(Pasteboard& pasteboard, UserDefaults& defaults, Scheduler& scheduler,
+                                   std::filesystem::path historyFile)
+    : m_pasteboard(pasteboard)
+    , m_defaults(defaults)
+    , m_scheduler(scheduler)
+    , m_historyFile(std::move(historyFile)) {
+    loadFromDisk();
+}
+
+void ClipboardManager::setSearchText(const QString& text) {
+    if (text == m_searchText) {
+        return;
+    }
+    m_searchText = text;
+    emit searchTextChanged();
+}
+
+QList<ClipboardItem> ClipboardManager::filteredItems() const {
+    auto result = m_items;
+    if (!m_searchText.isEmpty()) {
+        const auto folding = userCaseFolding();
+        const auto searched = makeSearchKey(m_searchText.toUtf8(), folding);
+        result.removeIf([&](const ClipboardItem& item) {
+            return !searchKeyContains(view(item.content.searchKey(folding)), view(searched));
+        });
+    }
+    std::ranges::stable_sort(result, [](const ClipboardItem& left, const ClipboardItem& right) {
+        return std::tuple(left.isPinned, left.timestamp) > std::tuple(right.isPinned, right.timestamp);
+    });
+    return result;
+}
+
+int ClipboardManager::maxItems() const {
+    const int stored = read(m_defaults, keys::maxItems);
+    return stored == 0 ? keys::maxItems.fallback : stored;
+}
+
+void ClipboardManager::startMonitoring() {
+    m_lastChangeCount = m_pasteboard.changeCount();
+    m_timer = m_scheduler.every(POLL_INTERVAL, [weak = weak_from_this()] {
+        if (const auto self = weak.lock()) {
+            self->checkClipboard();
+        }
+    });
+}
+
+void ClipboardManager::checkClipboard() {
+    if (m_pasteboard.changeCount() == m_lastChangeCount) {
+        return;
+    }
+    m_lastChangeCount = m_pasteboard.changeCount();
+
+    auto image = m_pasteboard.data(ImageType::Tiff);
+    if (!image) {
+        image = m_pasteboard.data(ImageType::Png);
+    }
+    if (image) {
+        addItem(ClipboardContent::image(*std::move(image)));
+    } else if (auto text = m_pasteboard.string(); text && !text->isEmpty()) {
+        addItem(ClipboardContent::text(*std::move(text)));
+    }
+}
+
+void ClipboardManager::addItem(const ClipboardContent& content) {
+    m_items.removeIf([&](const ClipboardItem& item) { return !item.isPinned && item.content == content; });
+    m_items.prepend(ClipboardItem(content, m_scheduler.now()));
+
+    qint64 kept = 0;
+    m_items.removeIf([&, limit = maxItems()](const ClipboardItem& item) { return !item.isPinned && ++kept > limit; });
+    scheduleSave();
+    emit itemsChanged();
+}
+
+void ClipboardManager::copyToClipboard(const ClipboardItem& item) {
+    const auto& bytes = item.content.bytes();
+    m_pasteboard.clearContents();
+    if (item.content.isImage()) {
+        m_pasteboard.setData(ImageType::Tiff, bytes); // also when it is a PNG: the adapter knows what it is
+    } else {
+        m_pasteboard.setString(bytes);
+    }
+    m_lastChangeCount = m_pasteboard.changeCount();
+}
+
+void ClipboardManager::togglePin(const ClipboardItem& item) {
+    const auto index = m_items.indexOf(item);
+    if (index < 0) {
+        return;
+    }
+    m_items[index].isPinned = !m_items[index].isPinned;
+    scheduleSave();
+    emit itemsChanged();
+}
+
+void ClipboardManager::deleteItem(const ClipboardItem& item) {
+    const auto removed = m_items.removeAll(item);
+    scheduleSave();
+    if (removed > 0) {
+        emit itemsChanged();
+    }
+}
+
+void ClipboardManager::clearAll() {
+    const auto removed = m_items.removeIf([](const ClipboardItem& item) { return !item.isPinned; });
+    scheduleSave();
+    if (removed > 0) {
+        emit itemsChanged();
+    }
+}
+
+void ClipboardManager::scheduleSave() {
+    if (m_saveDebouncer) {
+        m_scheduler.invalidate(*m_saveDebouncer);
+    }
+    m_saveDebouncer = m_scheduler.after(SAVE_DELAY, [weak = weak_from_this()] {
+        if (const auto self = weak.lock()) {
+            self->saveToDisk();
+        }
+    });
+}
+
+void ClipboardManager::saveToDisk() {
+    HistoryFile(m_historyFile).write(m_items);
+}
+
+void ClipboardManager::loadFromDisk() {
+    if (auto items = HistoryFile(m_historyFile).read()) {
+        m_items = *std::move(items);
+        logLine("📋 Loaded " + std::to_string(m_items.size()) + " items from disk");
+    }
+}
+
+} // namespace zamber

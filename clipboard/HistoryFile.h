@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "clipboard/ClipboardItem.h"
+
+#include <QByteArray>
+#include <QList>
+
+#include <filesystem>
+#include <optional>
+#include <string_view>
+
+namespace zamber {
+
+/// The file that the history survives in: a JSON array with an object per entry, in their order.
+///
+/// | key         | type    | text entry | image entry                   |
+/// |-------------|---------|------------|-------------------------------|
+/// | "type"      | string  | "text"     | "image"                       |
+/// | "value"     | string  | the text   | the bytes, in standard Base64 |
+/// | "timestamp" | number  | seconds since 1970-01-01 00:00:00 UTC | same |
+/// | "isPinned"  | boolean | pin state  | same                          |
+class HistoryFile {
+public:
+    explicit HistoryFile(std::filesystem::path path);
+
+    /// Where the history of this user is kept.
+    static std::filesystem::path defaultPath();
+
+    /// The entries, each with a new id; records that are broken are left out. Nothing when the file cannot be read,
+    /// is no regular file, is not JSON or not an array of objects.
+    std::optional<QList<ClipboardItem>> read() const;
+
+    /// Writes the file in place, readable for its owner alone. Failures are ignored; where there is no space for a
+    /// longer history, the file stays as it was.
+    void write(const QList<ClipboardItem>& items) const;
+
+private:
+    void createFolder() const;
+
+    std::filesystem::path m_path;
+};
+
+/// What `HistoryFile::read` finds in the text of a file.
+std::optional<QList<ClipboardItem>> historyFromJson(std::string_view json);
+
+/// The text of the file, or nothing when an entry has no time (not a number, infinite), which JSON cannot say.
+std::optional<QByteArray> historyToJson(const QList<ClipboardItem>& items);
+
+} // namespace zamber

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <unicode/unistr.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zamber {
+
+/// Cuts a UTF-8 text into pieces that can be decomposed canonically one by one, so that no text is ever held
+/// decomposed as a whole. (A run of more combining marks than a piece holds is cut all the same.)
+class NormalPieces {
+public:
+    explicit NormalPieces(std::string_view text)
+        : m_rest(text) {}
+
+    /// The next piece, at least one code point, or an empty one at the end. ASCII at the start is given out as long
+    /// as it goes, up to its last character, which a combining mark may follow.
+    std::string_view next();
+    /// The pieces of ASCII alone need nothing done.
+    static bool isAscii(std::string_view piece);
+
+private:
+    std::string_view m_rest;
+};
+
+/// The canonical decomposition (NFD) of a piece.
+icu::UnicodeString decomposed(const icu::UnicodeString& piece);
+
+/// Are the two texts canonically equivalent? Looks no further than their first difference.
+bool canonicallyEqual(std::string_view left, std::string_view right);
+
+/// Equal for canonically equivalent texts.
+std::uint64_t canonicalHash(std::string_view text);
+
+/// A hash of bytes as they are.
+std::uint64_t byteHash(std::string_view bytes);
+
+} // namespace zamber

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Scheduler.h"
+
+#include <QObject>
+
+#include <memory>
+#include <unordered_map>
+
+class QTimer;
+
+namespace zamber {
+
+/// Time by Qt's event loop, with precise timers. To be made on the main thread, after the application object.
+class QtScheduler final : public Scheduler {
+public:
+    QtScheduler();
+    ~QtScheduler() override;
+
+    Token after(std::chrono::milliseconds delay, Action action) override;
+    Token every(std::chrono::milliseconds interval, Action action) override;
+    void invalidate(Token token) override;
+    void soon(Action action) override;
+    double now() const override;
+
+private:
+    enum class Repeat { Once, Forever };
+
+    Token start(std::chrono::milliseconds interval, Repeat repeat, Action action);
+
+    /// The timers' parent, and where `soon` posts to.
+    QObject m_context;
+    std::unordered_map<std::uint64_t, QTimer*> m_timers;
+    std::uint64_t m_lastId = 0;
+};
+
+} // namespace zamber

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/freedesktop/QtScheduler.h"
+#include "tests/contracts/SchedulerContract.h"
+#include "tests/fakes/FakeScheduler.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+namespace zamber {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto PATIENCE = 10s;
+
+struct FakeSchedulerRig {
+    FakeScheduler fake;
+
+    Scheduler& scheduler() { return fake; }
+    auto elapsed() { return fake.elapsed(); }
+    void letPass(std::chrono::milliseconds time) { fake.advance(time); }
+    bool waitUntil(const std::function<bool()>& condition) {
+        const auto end = fake.elapsed() + PATIENCE;
+        while (!condition() && fake.elapsed() < end) {
+            fake.advance(1ms);
+        }
+        return condition();
+    }
+    double wallClock() { return FakeScheduler::START_TIME + std::chrono::duration<double>(fake.elapsed()).count(); }
+};
+
+struct QtSchedulerRig {
+    QtScheduler real;
+
+    Scheduler& scheduler() { return real; }
+    auto elapsed() { return std::chrono::steady_clock::now().time_since_epoch(); }
+    void letPass(std::chrono::milliseconds time) {
+        const auto end = elapsed() + time;
+        runUntil([&] { return elapsed() >= end; });
+    }
+    bool waitUntil(const std::function<bool()>& condition) { return runUntil(condition); }
+    double wallClock() {
+        return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+    }
+
+private:
+    bool runUntil(const std::function<bool()>& condition) {
+        const auto end = elapsed() + PATIENCE;
+        while (!condition() && elapsed() < end) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            std::this_thread::sleep_for(1ms);
+        }
+        return condition();
+    }
+};
+
+} // namespace
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Fake, SchedulerContract, FakeSchedulerRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(Qt, SchedulerContract, QtSchedulerRig);
+
+} // namespace zamber

@@ -24,11 +24,11 @@ class EnduranceTest(DesktopTestCase):
         """How many things of each kind the server keeps for the program, over all its connections."""
         display = self.desktop.display
         counts = {}
-        ids = res.query_client_ids(display, [{"client": 0, "mask": res.LocalClientPIDMask}]).ids
+        ids = display.res_query_client_ids([{"client": 0, "mask": res.LocalClientPIDMask}]).ids
         mine = [entry.spec.client for entry in ids if list(entry.value) == [self.zamber.pid]]
         self.assertGreater(len(mine), 0)
         for client in mine:
-            for kind in res.query_client_resources(display, client).types:
+            for kind in display.res_query_client_resources(client).types:
                 name = display.get_atom_name(kind.resource_type)
                 counts[name] = counts.get(name, 0) + kind.count
         return counts

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
+#include "platform/Appearance.h"
 #include "platform/Application.h"
 #include "platform/PopoverHost.h"
 #include "platform/Scheduler.h"
@@ -16,6 +17,10 @@ void AppDelegate::createPopover() {
         clipboardManager,
         ClipboardListView::Callbacks{.openSettings = {}, .closePopover = [this] { m_desktop.popover.performClose(); }});
     m_desktop.popover.setContent(m_listView.get());
+    m_desktop.appearance.setChangedHandler([this] {
+        updatePopoverAppearance();
+        m_listView->updateAppearance();
+    });
 }
 
 void AppDelegate::observePreferences() {

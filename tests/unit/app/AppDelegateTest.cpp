@@ -124,6 +124,18 @@ TEST_F(AppDelegateTest, WhenTheDelegateHasBeenReleasedALateOnPasteDoesNothing) {
     EXPECT_THAT(keystrokes.asked, IsEmpty());
 }
 
+TEST_F(AppDelegateTest, WithThePermissionPresentTheStartLogsOneLine) {
+    testing::internal::CaptureStdout();
+    launch();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "✅ Accessibility: trusted\n");
+}
+
+TEST_F(AppDelegateTest, AnotherStartShowsThePopover) {
+    launch();
+    application.startAgain();
+    EXPECT_TRUE(popover.isShown());
+}
+
 // Status item
 
 TEST_F(AppDelegateTest, ALeftClickOpensThePopoverWhenItIsClosedAndClosesItWhenItIsOpen) {
@@ -464,6 +476,7 @@ TEST_F(AppDelegateTest, WithASearchTextTypedQuickPasteTakesTheSecondEntryOfTheFi
 
 int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // also where the cases are only listed
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -42,6 +42,9 @@ void HistoryListWidget::paintEvent(QPaintEvent* event) {
             paintHeader(painter, area, element == 0);
         }
     }
+    if (m_scrollOffset > 0) {
+        painter.fillRect(0, 0, width(), 1, faded(m_palette.separator, 0.6)); // more lies above
+    }
 }
 
 void HistoryListWidget::paintHeader(QPainter& painter, const QRect& area, bool isPinnedHeader) const {

@@ -29,7 +29,7 @@ void HistoryListWidget::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const int last = m_stack.indexAt(m_scrollOffset + height());
     for (int element = m_stack.indexAt(m_scrollOffset); element <= last; ++element) {
-        const auto row = rowOfElement(element);
+        const auto row = m_sections.rowOfElement(element);
         const int top = m_stack.top(element) - static_cast<int>(std::lround(m_scrollOffset));
         const QRect header(0, top, width(), m_stack.height(element));
         const QRect area = row ? rowRectangle(*row) : header;

@@ -1,86 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "settings/keys/PreferenceKeys.h"
-#include "tests/fakes/FakeSymbols.h"
-#include "tests/unit/popover/PopoverStage.h"
-
-#include <QAbstractButton>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTest>
-
-#include <gtest/gtest.h>
+#include "tests/unit/popover/ClipboardListViewFixture.h"
 
 namespace zamber {
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-class ClipboardListViewTest : public testing::Test {
-protected:
-    void open() {
-        stage.makeView();
-        stage.view->show();
-    }
-
-    void press(HardwareKey key, int times = 1) {
-        for (int time = 0; time < times; ++time) {
-            EXPECT_EQ(stage.keyMonitor.press(key), KeyDisposition::Swallow);
-        }
-    }
-
-    void pin(int itemIndex) { stage.manager->togglePin(stage.manager->items()[itemIndex]); }
-
-    /// The part of the view with that object name or accessible name, if it is to be seen.
-    template <class Widget>
-    Widget* visible(const QString& name) {
-        for (Widget* widget : stage.view->findChildren<Widget*>()) {
-            if ((widget->objectName() == name || widget->accessibleName() == name) && widget->isVisible()) {
-                return widget;
-            }
-        }
-        return nullptr;
-    }
-
-    QString labelText(const QString& name) {
-        const auto* label = visible<QLabel>(name);
-        return label == nullptr ? QString() : label->text();
-    }
-
-    QString badge() {
-        const auto* widget = visible<QWidget>(u"countBadge"_s);
-        return widget == nullptr ? QString() : widget->accessibleName();
-    }
-
-    QString textOfRow(int row) { return stage.list().items()[row].content.preview(); }
-
-    void click(QPoint point, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseClick(&stage.list(), button, {}, point);
-    }
-
-    void moveTo(QPoint point) {
-        QMouseEvent move(QEvent::MouseMove, point, stage.list().mapToGlobal(point), Qt::NoButton, Qt::NoButton, {});
-        QCoreApplication::sendEvent(&stage.list(), &move);
-    }
-
-    QList<int> highlightedRows() {
-        QList<int> rows;
-        for (int row = 0; row < stage.list().items().size(); ++row) {
-            if (stage.list().isHovered(row)) {
-                rows.append(row);
-            }
-        }
-        return rows;
-    }
-
-    std::optional<QByteArray> pasted() { return stage.pasteboard.string(); }
-
-    FakeSymbols symbols;
-    PopoverStage stage{symbols};
-};
-
-} // namespace
 
 TEST_F(ClipboardListViewTest, AnEmptyHistoryInvitesToCopy) {
     open();
@@ -142,118 +65,6 @@ TEST_F(ClipboardListViewTest, PinnedEntriesComeFirstUnderTheirHeader) {
     EXPECT_EQ(textOfRow(0), u"text 0"_s);
     EXPECT_EQ(textOfRow(1), u"text 2"_s);
     EXPECT_GT(stage.list().rowRectangle(1).top() - stage.list().rowRectangle(0).bottom(), 20);
-}
-
-TEST_F(ClipboardListViewTest, UpAndDownStopAtTheEnds) {
-    stage.copyTexts(3);
-    open();
-    press(HardwareKey::UpArrow);
-    EXPECT_EQ(stage.view->selectedIndex(), 0);
-    press(HardwareKey::DownArrow, 7);
-    EXPECT_EQ(stage.view->selectedIndex(), 2);
-    EXPECT_EQ(highlightedRows(), QList<int>{2});
-    press(HardwareKey::UpArrow);
-    EXPECT_EQ(stage.view->selectedIndex(), 1);
-}
-
-TEST_F(ClipboardListViewTest, DownBeyondTheVisibleAreaScrollsTheSelectedRowToTheCentre) {
-    stage.copyTexts(20);
-    open();
-    press(HardwareKey::DownArrow, 10);
-    EXPECT_NEAR(stage.list().rowRectangle(10).center().y(), stage.list().rect().center().y(), 2);
-    press(HardwareKey::DownArrow, 30);
-    EXPECT_LE(stage.list().rowRectangle(19).bottom(), stage.list().rect().bottom());
-    EXPECT_GE(stage.list().rowRectangle(19).top(), 0);
-}
-
-TEST_F(ClipboardListViewTest, ReturnCopiesTheSelectedEntryAndThenPastes) {
-    stage.copyTexts(3);
-    open();
-    press(HardwareKey::DownArrow);
-    std::optional<QByteArray> onTheClipboardWhenPasting;
-    stage.manager->onPaste = [&] { onTheClipboardWhenPasting = pasted(); };
-    press(HardwareKey::Return);
-    EXPECT_EQ(onTheClipboardWhenPasting, "text 1");
-}
-
-TEST_F(ClipboardListViewTest, EscapeClosesThePopover) {
-    open();
-    press(HardwareKey::Escape);
-    EXPECT_EQ(stage.closed, 1);
-}
-
-TEST_F(ClipboardListViewTest, TheFourKeysAreSwallowedInAnEmptyListAndOthersPassOn) {
-    open();
-    press(HardwareKey::UpArrow);
-    press(HardwareKey::DownArrow);
-    press(HardwareKey::Return);
-    EXPECT_EQ(stage.view->selectedIndex(), 0);
-    EXPECT_EQ(stage.pastes, 0);
-    EXPECT_EQ(stage.keyMonitor.press(HardwareKey::Other), KeyDisposition::PassOn);
-}
-
-TEST_F(ClipboardListViewTest, ASelectionBeyondAShrunkenListIsStale) {
-    stage.copyTexts(10);
-    open();
-    press(HardwareKey::DownArrow, 6);
-    stage.manager->setSearchText(u"text 3"_s);
-    ASSERT_EQ(stage.list().items().size(), 1);
-    EXPECT_EQ(stage.view->selectedIndex(), 6);
-    EXPECT_EQ(highlightedRows(), QList<int>{});
-    press(HardwareKey::Return);
-    EXPECT_EQ(stage.pastes, 0);
-    press(HardwareKey::UpArrow);
-    EXPECT_EQ(stage.view->selectedIndex(), 5);
-    press(HardwareKey::DownArrow);
-    EXPECT_EQ(stage.view->selectedIndex(), 0);
-    press(HardwareKey::Return);
-    EXPECT_EQ(pasted(), "text 3");
-}
-
-TEST_F(ClipboardListViewTest, TheKeysAreWatchedOnlyWhileTheViewIsShown) {
-    stage.copyTexts(3);
-    stage.makeView();
-    EXPECT_EQ(stage.keyMonitor.handlerCount(), 0U);
-    stage.view->show();
-    EXPECT_EQ(stage.keyMonitor.handlerCount(), 1U);
-    press(HardwareKey::DownArrow, 2);
-    stage.view->hide();
-    EXPECT_EQ(stage.keyMonitor.handlerCount(), 0U);
-    stage.view->show();
-    EXPECT_EQ(stage.keyMonitor.handlerCount(), 1U);
-    EXPECT_EQ(stage.view->selectedIndex(), 0) << "each opening starts at the top";
-    EXPECT_EQ(highlightedRows(), QList<int>{0});
-}
-
-TEST_F(ClipboardListViewTest, TypingGoesToTheSearchFieldAndFiltersAtOnce) {
-    stage.copyText("apple");
-    stage.copyText("banana");
-    open();
-    QTest::keyClicks(stage.view->focusWidget(), u"ban"_s);
-    EXPECT_EQ(stage.manager->searchText(), u"ban"_s);
-    ASSERT_EQ(stage.list().items().size(), 1);
-    EXPECT_EQ(textOfRow(0), u"banana"_s);
-}
-
-TEST_F(ClipboardListViewTest, TheClearSearchButtonIsThereWhileThereIsText) {
-    stage.copyTexts(2);
-    open();
-    EXPECT_EQ(visible<QAbstractButton>(u"Clear search"_s), nullptr);
-    stage.manager->setSearchText(u" "_s);
-    EXPECT_EQ(visible<QLineEdit>(u"Search clipboard…"_s)->text(), u" "_s);
-    visible<QAbstractButton>(u"Clear search"_s)->click();
-    EXPECT_EQ(stage.manager->searchText(), QString());
-    EXPECT_EQ(visible<QAbstractButton>(u"Clear search"_s), nullptr);
-    EXPECT_EQ(stage.list().items().size(), 2);
-}
-
-TEST_F(ClipboardListViewTest, TheSearchTextSurvivesClosing) {
-    stage.copyTexts(3);
-    open();
-    stage.manager->setSearchText(u"2"_s);
-    stage.view->hide();
-    stage.view->show();
-    EXPECT_EQ(stage.list().items().size(), 1);
 }
 
 TEST_F(ClipboardListViewTest, AClickOnARowChoosesIt) {
@@ -410,18 +221,6 @@ TEST_F(ClipboardListViewTest, AWheelOverTheListScrollsItAndStopsAtItsEnds) {
     EXPECT_EQ(stage.list().rowRectangle(19).bottom() + 1 + 4, stage.list().height());
     turn(2000);
     EXPECT_EQ(stage.list().scrollOffset(), 0);
-}
-
-TEST_F(ClipboardListViewTest, TheHighlightAndTheScrollMoveUnlessMotionIsReduced) {
-    stage.copyTexts(20);
-    stage.appearance.setReducedMotion(false);
-    open();
-    press(HardwareKey::DownArrow, 10);
-    EXPECT_LT(stage.list().scrollOffset(), 50) << "it has only begun to scroll";
-    const auto isCentred = [&] {
-        return std::abs(stage.list().rowRectangle(10).center().y() - stage.list().rect().center().y()) <= 2;
-    };
-    EXPECT_TRUE(QTest::qWaitFor(isCentred, 5000));
 }
 
 TEST_F(ClipboardListViewTest, AnEndlessLineInTheHistoryDoesNotHoldUpTheView) {

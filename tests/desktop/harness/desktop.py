@@ -16,6 +16,7 @@ from . import windows
 from .accessibility import Accessibility
 from .authority import add_display, authority_in_environment, write_authority
 from .clipboard import Clipboard
+from .configurations import BUS_CONFIGURATION, OPENBOX_CONFIGURATION, TRAY_CONFIGURATION
 from .keyboard import Keyboard, Mouse
 from .processes import Child, adopt_orphans, end_all_with_environment, pids_with_environment, reap
 from .recorder import Recorder
@@ -29,56 +30,6 @@ KEPT_VARIABLES = ("LD_LIBRARY_PATH", "XDG_DATA_DIRS")
 WINDOW_MANAGERS = ("openbox", "xfwm4", "none")
 TRAYS = ("tint2", "none")
 COMPOSITORS = ("none", "picom")
-
-BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig>
-  <type>session</type>
-  <keep_umask/>
-  <listen>unix:path={runtime}/bus</listen>
-  <auth>EXTERNAL</auth>
-  <servicedir>{services}</servicedir>
-  <policy context="default">
-    <allow send_destination="*" eavesdrop="true"/>
-    <allow eavesdrop="true"/>
-    <allow own="*"/>
-  </policy>
-</busconfig>
-"""
-
-# Clicks raise and focus windows; no key and no click on the empty desktop does anything.
-OPENBOX_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
-<openbox_config xmlns="http://openbox.org/3.4/rc">
-  <focus><focusNew>yes</focusNew><followMouse>no</followMouse><focusLast>yes</focusLast></focus>
-  <theme><titleLayout>LC</titleLayout></theme>
-  <desktops><number>1</number></desktops>
-  <keyboard/>
-  <mouse>
-    <context name="Client">
-      <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
-    </context>
-    <context name="Titlebar">
-      <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
-      <mousebind button="Left" action="Drag"><action name="Move"/></mousebind>
-    </context>
-  </mouse>
-</openbox_config>
-"""
-
-TRAY_CONFIGURATION = """panel_items = FS
-panel_monitor = all
-panel_position = top center horizontal
-panel_size = 100% 28
-panel_dock = 0
-panel_layer = top
-strut_policy = follow_size
-autohide = 0
-systray_padding = 4 2 4
-systray_icon_size = 22
-rounded = 0
-background_color = #202428 100
-panel_background_id = 1
-"""
 
 
 class PrivateDesktop:
@@ -120,7 +71,7 @@ class PrivateDesktop:
             if self._with_accessibility:
                 self._start_accessibility_bus()
             self._start_window_manager()
-            self._start_tray()
+            self.start_tray()
             self._start_compositor()
             if self._layout != "us":
                 self.set_layout(self._layout)
@@ -282,7 +233,8 @@ class PrivateDesktop:
         except error.XError:
             return False
 
-    def _start_tray(self):
+    def start_tray(self):
+        """Part of coming up; called again by whoever has stopped `tray_host`."""
         if self.tray == "none":
             return
         configuration = self.directory / "tint2rc"
@@ -336,6 +288,11 @@ class PrivateDesktop:
         """A visible window by its title or its program, or None."""
         return next((window for window in self.windows() if window.visible
                      and (title is None or window.title == title) and (pid is None or window.pid == pid)), None)
+
+    def tray_icon(self, pid=None):
+        """The icon in the tray, or None while there is none; of one program when there are several."""
+        return next((icon for icon in windows.embedded_windows(self.display)
+                     if pid is None or icon.pid in (0, pid)), None)
 
     def active_window(self):
         return windows.active_window(self.display)

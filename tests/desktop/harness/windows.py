@@ -72,6 +72,28 @@ def top_level_windows(display):
     return found
 
 
+def embedded_windows(display):
+    """The icons that a tray has taken in."""
+    info = display.intern_atom("_XEMBED_INFO")
+    found = []
+
+    def look(window, depth):
+        try:
+            children = window.query_tree().children
+            is_icon = window.get_full_property(info, X.AnyPropertyType) is not None
+        except error.XError:
+            return
+        description = describe(display, window) if is_icon else None
+        if description and description.visible:
+            found.append(description)
+        elif depth < 5:
+            for child in children:
+                look(child, depth + 1)
+
+    look(display.screen().root, 0)
+    return found
+
+
 def _is_client(display, window):
     return (
         window.get_full_property(display.intern_atom("WM_STATE"), X.AnyPropertyType) is not None

@@ -20,7 +20,7 @@ import select
 import sys
 
 from Xlib import X, Xatom, display
-from Xlib.protocol import event
+from Xlib.protocol import event, request
 
 parser = argparse.ArgumentParser()
 parser.add_argument("--log", required=True)
@@ -56,7 +56,9 @@ def take(selection, offer):
 
 
 def release():
-    connection.set_selection_owner(X.NONE, held.pop("selection"), since)
+    request.SetSelectionOwner(
+        display=connection.display, window=X.NONE, selection=held.pop("selection"), time=since
+    )
     connection.sync()
 
 
@@ -65,23 +67,23 @@ def handle(seen):
         answer(seen)
 
 
-def answer(request):
+def answer(asked):
     with open(arguments.log, "a", encoding="utf-8") as log:
-        log.write(connection.get_atom_name(request.target) + "\n")
-    where = request.property or request.target
-    if request.target == TARGETS:
-        request.requestor.change_property(where, Xatom.ATOM, 32, [TARGETS, TIMESTAMP, *contents])
-    elif request.target == TIMESTAMP:
-        request.requestor.change_property(where, Xatom.INTEGER, 32, [since])
-    elif request.target not in contents:
+        log.write(connection.get_atom_name(asked.target) + "\n")
+    where = asked.property or asked.target
+    if asked.target == TARGETS:
+        asked.requestor.change_property(where, Xatom.ATOM, 32, [TARGETS, TIMESTAMP, *contents])
+    elif asked.target == TIMESTAMP:
+        asked.requestor.change_property(where, Xatom.INTEGER, 32, [since])
+    elif asked.target not in contents:
         where = X.NONE
-    elif contents[request.target] is None:
+    elif contents[asked.target] is None:
         return
     else:
-        request.requestor.change_property(where, request.target, 8, contents[request.target])
-    request.requestor.send_event(
-        event.SelectionNotify(time=request.time, requestor=request.requestor, selection=request.selection,
-                              target=request.target, property=where)
+        asked.requestor.change_property(where, asked.target, 8, contents[asked.target])
+    asked.requestor.send_event(
+        event.SelectionNotify(time=asked.time, requestor=asked.requestor, selection=asked.selection,
+                              target=asked.target, property=where)
     )
     connection.flush()
 

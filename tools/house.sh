@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
 #
@@ -105,7 +106,7 @@ is_there() {
 # do not undo each other's work. Ninja itself configures again when a CMake file has changed.
 configure() {
     local folder="$root/build/$1" tests=$2 options=()
-    local cache="$folder/CMakeCache.txt"
+    local cache="$folder/CMakeCache.txt" stamp="$folder/configured"
     if [ -f "$folder/build.ninja" ] && [ -f "$cache" ]; then
         local home
         home=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$cache")
@@ -113,7 +114,7 @@ configure() {
             options+=(--fresh) # the folder was moved or copied here
         else
             ! grep -q '^ZAMBER_TESTS:BOOL=ON' "$cache" || tests=ON
-            if [ "$root/CMakePresets.json" -ot "$cache" ] && grep -q "^ZAMBER_TESTS:BOOL=$tests" "$cache"; then
+            if [ "$root/CMakePresets.json" -ot "$stamp" ] && grep -q "^ZAMBER_TESTS:BOOL=$tests" "$cache"; then
                 return 0
             fi
         fi
@@ -124,7 +125,7 @@ configure() {
     step "Configuring ($1)"
     (cd "$root" && cmake --preset "$1" -D ZAMBER_TESTS="$tests" ${options[@]+"${options[@]}"}) ||
         die "configuring failed (see above)"
-    touch "$cache" # CMake leaves it alone when nothing in it changes
+    touch "$stamp"
 }
 
 # build <preset> [<target>]: quiet when there is nothing to do.

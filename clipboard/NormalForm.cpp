@@ -15,8 +15,9 @@ namespace {
 
 /// Below this many bytes of ASCII, handing them to ICU with their neighbours costs less than a piece of their own.
 constexpr std::size_t SHORTEST_ASCII_PIECE = 64;
-constexpr std::size_t USUAL_PIECE = 4096;
-constexpr std::size_t LONGEST_PIECE = 65536;
+constexpr std::size_t USUAL_PIECE = 1024;
+/// ICU sorts a run of combining marks in the square of its length.
+constexpr std::size_t LONGEST_PIECE = 2048;
 constexpr std::size_t LONGEST_ASCII_PIECE = std::size_t{1} << 20;
 
 constexpr std::uint64_t FNV_OFFSET = 14695981039346656037U;

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ConfirmationSheet.h"
 
+#include "ui/TextLabel.h"
 #include "ui/Typography.h"
 
 #include <QAbstractButton>
 #include <QEvent>
-#include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -25,18 +25,11 @@ constexpr double BUTTON_RADIUS = 7;
 constexpr double DIM_OPACITY_LIGHT = 0.22;
 constexpr double DIM_OPACITY_DARK = 0.45;
 
-QLabel* centredLabel(const QString& text, const QFont& font, QWidget* parent) {
-    auto* label = new QLabel(text, parent);
-    label->setFont(font);
+TextLabel* centredLabel(const QString& text, const QFont& font, QWidget* parent) {
+    auto* label = new TextLabel(text, font, parent);
     label->setAlignment(Qt::AlignHCenter);
     label->setWordWrap(true);
     return label;
-}
-
-void setTextColor(QWidget* widget, const QColor& color) {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::WindowText, color);
-    widget->setPalette(palette);
 }
 
 } // namespace
@@ -119,8 +112,8 @@ ConfirmationSheet::ConfirmationSheet(const Confirmation& confirmation, QWidget* 
 
 void ConfirmationSheet::setColors(const Palette& palette) {
     m_palette = palette;
-    setTextColor(m_title, palette.primary);
-    setTextColor(m_message, palette.secondary);
+    m_title->setColor(palette.primary);
+    m_message->setColor(palette.secondary);
     m_confirm->setColors(palette.red, faded(palette.red, 0.14), palette.accent);
     m_cancel->setColors(palette.primary, faded(palette.primary, 0.09), palette.accent);
     update();

@@ -6,9 +6,9 @@
 
 #include <QWidget>
 
-class QLabel;
-
 namespace zamber {
+
+class TextLabel;
 
 /// What a confirmation asks, and what its destructive button is called.
 struct Confirmation {
@@ -41,8 +41,8 @@ private:
     class Button;
 
     QWidget* m_card;
-    QLabel* m_title;
-    QLabel* m_message;
+    TextLabel* m_title;
+    TextLabel* m_message;
     Button* m_confirm;
     Button* m_cancel;
     Palette m_palette;

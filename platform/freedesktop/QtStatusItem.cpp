@@ -67,7 +67,7 @@ void QtStatusItem::showSymbol(const QString& symbol, const QString& accessibilit
 }
 
 std::optional<Anchor> QtStatusItem::button() const {
-    if (m_icon && !m_icon->geometry().isEmpty()) {
+    if (isInTray()) {
         return Anchor{.screenRectangle = m_icon->geometry()};
     }
     const QRect workArea = screenWithPointer()->availableGeometry();

@@ -31,6 +31,9 @@ public:
     void setClickedHandler(ClickedHandler handler) override;
     void showMenuOnce(const QList<MenuItem>& menu) override;
 
+    /// Whether a tray has taken the icon in and tells where it lies.
+    bool isInTray() const { return m_icon && !m_icon->geometry().isEmpty(); }
+
 private:
     void handleActivation(QSystemTrayIcon::ActivationReason reason);
 

@@ -38,6 +38,7 @@ enum class Atom : std::size_t {
     PasswordManagerHint,
     // Windows (EWMH)
     NetActiveWindow,
+    NetSupportingWmCheck,
     NetWmPid,
     // The property of ours that a request's answer arrives in
     ZamberAnswer,
@@ -68,6 +69,7 @@ inline constexpr std::array ATOM_NAMES{
     "image/x-MS-bmp",
     "x-kde-passwordManagerHint",
     "_NET_ACTIVE_WINDOW",
+    "_NET_SUPPORTING_WM_CHECK",
     "_NET_WM_PID",
     "ZAMBER_ANSWER",
 };

@@ -44,8 +44,9 @@ Connection::Connection(xcb_connection_t* connection, int screenNumber)
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &Connection::dispatchEvents);
     // Whoever waits for a reply may pull events off the socket into xcb's queue, where the notifier does not see
     // them; and requests of this turn have to leave before the loop sleeps.
-    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
-            &Connection::dispatchEvents);
+    const auto* const loop = QAbstractEventDispatcher::instance();
+    connect(loop, &QAbstractEventDispatcher::aboutToBlock, this, &Connection::dispatchQueuedEvents);
+    connect(loop, &QAbstractEventDispatcher::awake, this, &Connection::dispatchQueuedEvents);
 }
 
 Connection::~Connection() {
@@ -139,6 +140,13 @@ void Connection::dispatchEvents() {
     if (xcb_connection_has_error(m_connection) != 0) {
         m_notifier->setEnabled(false); // the server has gone; Qt's own connection ends the program
         return;
+    }
+    flush();
+}
+
+void Connection::dispatchQueuedEvents() {
+    while (const Owned<xcb_generic_event_t> event{xcb_poll_for_queued_event(m_connection)}) {
+        dispatch(*event);
     }
     flush();
 }

@@ -88,6 +88,7 @@ private:
     Connection(xcb_connection_t* connection, int screenNumber);
     void internAtoms();
     void dispatchEvents();
+    void dispatchQueuedEvents();
     void dispatch(const xcb_generic_event_t& event);
     void applyWatch(xcb_window_t window) const;
 

@@ -5,6 +5,7 @@
 #include <xcb/xcb_icccm.h>
 
 #include <cstring>
+#include <string>
 
 namespace zamber::x11 {
 
@@ -22,7 +23,8 @@ std::optional<std::uint32_t> firstNumber(const Property& property) {
 } // namespace
 
 Windows::Windows(Connection& connection)
-    : m_connection(connection) {
+    : m_connection(connection)
+    , m_compositorSelection(connection.intern("_NET_WM_CM_S" + std::to_string(connection.screenNumber()))) {
     connection.watch(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     connection.addEventHandler([this](const xcb_generic_event_t& event) {
         if (codeOf(event) != XCB_PROPERTY_NOTIFY) {
@@ -39,9 +41,21 @@ std::optional<xcb_window_t> Windows::activeWindow() const {
     const Property property = m_connection.readProperty(m_connection.root(), m_connection.atom(Atom::NetActiveWindow),
                                                         Connection::Afterwards::Keep);
     if (const std::optional<std::uint32_t> window = firstNumber(property)) {
-        return *window == XCB_WINDOW_NONE ? std::nullopt : window;
+        // Openbox lets the last window's number stand when that window has gone.
+        return isMapped(*window) ? window : std::nullopt;
     }
-    return focusedTopLevel();
+    // A window manager that tells has nothing to tell yet; the focus is at some window of its own.
+    return hasWindowManager() ? std::nullopt : focusedTopLevel();
+}
+
+bool Windows::hasWindowManager() const {
+    const auto check = [this](xcb_window_t window) {
+        return firstNumber(m_connection.readProperty(window, m_connection.atom(Atom::NetSupportingWmCheck),
+                                                     Connection::Afterwards::Keep));
+    };
+    // The property outlives a window manager that ended; the window that it names does not (EWMH).
+    const std::optional<std::uint32_t> window = check(m_connection.root());
+    return window && check(*window) == window;
 }
 
 std::optional<std::int64_t> Windows::processId(xcb_window_t window) const {
@@ -68,9 +82,7 @@ void Windows::activate(xcb_window_t window) const {
     xcb_send_event(m_connection.raw(), 0, m_connection.root(),
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&message));
-    const Property active = m_connection.readProperty(
-        m_connection.root(), m_connection.atom(Atom::NetActiveWindow), Connection::Afterwards::Keep);
-    if (active.type == XCB_ATOM_NONE) {
+    if (!hasWindowManager()) {
         const std::uint32_t above = XCB_STACK_MODE_ABOVE;
         xcb_configure_window(m_connection.raw(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
         xcb_set_input_focus(m_connection.raw(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
@@ -85,6 +97,18 @@ bool Windows::hasFocus(xcb_window_t window) const {
         }
     }
     return false;
+}
+
+bool Windows::isMapped(xcb_window_t window) const {
+    const Owned<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+        m_connection.raw(), xcb_get_window_attributes(m_connection.raw(), window), nullptr));
+    return reply && reply->map_state != XCB_MAP_STATE_UNMAPPED;
+}
+
+bool Windows::isComposited() const {
+    const Owned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+        m_connection.raw(), xcb_get_selection_owner(m_connection.raw(), m_compositorSelection), nullptr));
+    return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
 xcb_window_t Windows::focusWindow() const {

@@ -35,15 +35,23 @@ public:
     /// Whether the input focus is at that window or at one inside it.
     bool hasFocus(xcb_window_t window) const;
 
+    /// Whether the window is there and not hidden.
+    bool isMapped(xcb_window_t window) const;
+
+    /// Whether a compositing manager draws the screen, so that windows may be translucent (EWMH, `_NET_WM_CM_Sn`).
+    bool isComposited() const;
+
 Q_SIGNALS:
     void activeWindowChanged();
 
 private:
+    bool hasWindowManager() const;
     xcb_window_t focusWindow() const;
     xcb_window_t parentOf(xcb_window_t window) const;
     std::optional<xcb_window_t> focusedTopLevel() const;
 
     Connection& m_connection;
+    xcb_atom_t m_compositorSelection;
 };
 
 } // namespace zamber::x11

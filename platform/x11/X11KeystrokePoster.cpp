@@ -56,8 +56,9 @@ void X11KeystrokePoster::postPaste(const std::optional<RunningApplication>& targ
 void X11KeystrokePoster::begin() {
     m_isWaiting = true;
     m_bound.start();
-    if (const std::optional<xcb_window_t> window = targetWindow()) {
-        m_connection.watch(*window, XCB_EVENT_MASK_FOCUS_CHANGE);
+    m_watched = targetWindow();
+    if (m_watched) {
+        m_connection.watch(*m_watched, XCB_EVENT_MASK_FOCUS_CHANGE);
     }
     postWhenReady();
 }
@@ -103,15 +104,16 @@ void X11KeystrokePoster::post() {
 void X11KeystrokePoster::finish() {
     m_isWaiting = false;
     m_bound.stop();
-    if (const std::optional<xcb_window_t> window = targetWindow()) {
-        m_connection.unwatch(*window, XCB_EVENT_MASK_FOCUS_CHANGE);
+    if (m_watched) {
+        m_connection.unwatch(*m_watched, XCB_EVENT_MASK_FOCUS_CHANGE);
     }
-    const Paste finished = std::move(m_pastes.front());
+    // Told before the next one begins, and while this one still stands in the queue: the call may ask for another.
+    const std::function<void()> done = std::move(m_pastes.front().done);
+    done();
     m_pastes.pop_front();
     if (!m_pastes.empty()) {
         begin();
     }
-    finished.done();
 }
 
 bool X11KeystrokePoster::isTargetInFront() const {
@@ -125,7 +127,9 @@ bool X11KeystrokePoster::isTargetInFront() const {
 
 std::optional<xcb_window_t> X11KeystrokePoster::targetWindow() const {
     const std::optional<RunningApplication>& target = m_pastes.front().target;
-    return target ? m_workspace.windowOf(*target) : std::nullopt;
+    const std::optional<xcb_window_t> window = target ? m_workspace.windowOf(*target) : std::nullopt;
+    // A window of ours that is hidden, like the popover after the choice, is as good as gone.
+    return window && isOurs(*window) && !m_windows.isMapped(*window) ? std::nullopt : window;
 }
 
 bool X11KeystrokePoster::isOurs(xcb_window_t window) const {

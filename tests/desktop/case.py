@@ -112,7 +112,7 @@ class DesktopTestCase(unittest.TestCase):
     def wait_for_expected_lines(self):
         """The last line of a paste comes after the key that the test has seen the effect of."""
         try:
-            wait_until(lambda: len(self.zamber.stdout_lines()) >= len(self.expected_lines), 3.0)
+            wait_until(lambda: len(self.zamber.stdout_lines()) >= len(self.expected_lines), 4.0)
         except AssertionError:
             pass  # assert_lines says it better
 

@@ -1,0 +1,273 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "popover/ClipboardListView.h"
+
+#include "clipboard/ClipboardManager.h"
+#include "platform/Appearance.h"
+#include "platform/Scheduler.h"
+#include "platform/Symbols.h"
+#include "popover/HistoryListAccessible.h"
+#include "popover/HistoryListWidget.h"
+#include "popover/PopoverBars.h"
+#include "settings/keys/PreferenceKeys.h"
+#include "ui/ConfirmationSheet.h"
+#include "ui/SearchField.h"
+
+#include <QAccessible>
+#include <QMenu>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace zamber {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize COMPACT_SIZE{360, 340};
+constexpr QSize NORMAL_SIZE{440, 420};
+constexpr QSize LARGE_SIZE{500, 520};
+constexpr int SEARCH_MARGIN_HORIZONTAL = 12;
+constexpr int SEARCH_MARGIN_BOTTOM = 8;
+
+QSize sizeFor(const QString& preset) {
+    if (preset == u"compact"_s) {
+        return COMPACT_SIZE;
+    }
+    return preset == u"large"_s ? LARGE_SIZE : NORMAL_SIZE;
+}
+
+} // namespace
+
+ClipboardListView::ClipboardListView(KeyMonitor& keyMonitor, const Appearance& appearance, const Symbols& symbols,
+                                     UserDefaults& defaults, Scheduler& scheduler,
+                                     std::shared_ptr<ClipboardManager> manager, Callbacks callbacks)
+    : m_keyMonitor(keyMonitor)
+    , m_appearance(appearance)
+    , m_symbols(symbols)
+    , m_defaults(defaults)
+    , m_manager(std::move(manager))
+    , m_callbacks(std::move(callbacks))
+    , m_header(new PopoverHeader(
+          symbols,
+          m_callbacks.openSettings ? PopoverHeader::SettingsButton::Shown : PopoverHeader::SettingsButton::Left, this))
+    , m_search(new SearchField(symbols, u"Search clipboard…"_s, this))
+    , m_list(new HistoryListWidget(symbols, appearance, scheduler, this))
+    , m_emptyState(new EmptyState(symbols, this))
+    , m_footer(new PopoverFooter(symbols, this))
+    , m_clearConfirmation(
+          new ConfirmationSheet({.title = u"Clear all clipboard items?"_s,
+                                 .message = u"This will remove all non-pinned items. This action cannot be undone."_s,
+                                 .destructiveButton = u"Clear All"_s},
+                                this)) {
+    setAccessibleName(u"Zamber"_s);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusProxy(m_search);
+    buildLayout();
+    connectParts();
+    observePreferences();
+    updateSize();
+    updateAppearance();
+    updatePreferences();
+    refresh();
+}
+
+ClipboardListView::~ClipboardListView() {
+    for (const UserDefaults::ObserverToken token : m_observers) {
+        m_defaults.removeObserver(token);
+    }
+    if (m_keyMonitorToken) {
+        m_keyMonitor.removeHandler(*m_keyMonitorToken);
+    }
+}
+
+void ClipboardListView::buildLayout() {
+    auto* searchRow = new QVBoxLayout;
+    searchRow->setContentsMargins(SEARCH_MARGIN_HORIZONTAL, 0, SEARCH_MARGIN_HORIZONTAL, SEARCH_MARGIN_BOTTOM);
+    searchRow->addWidget(m_search);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_header);
+    column->addLayout(searchRow);
+    column->addWidget(m_list, 1);
+    column->addWidget(m_emptyState, 1);
+    column->addWidget(m_footer);
+}
+
+void ClipboardListView::connectParts() {
+    connect(m_manager.get(), &ClipboardManager::itemsChanged, this, &ClipboardListView::refresh);
+    connect(m_manager.get(), &ClipboardManager::searchTextChanged, this, &ClipboardListView::refresh);
+    connect(m_search, &SearchField::textChanged, m_manager.get(), &ClipboardManager::setSearchText);
+
+    if (m_callbacks.openSettings) {
+        connect(m_header, &PopoverHeader::settingsRequested, this, m_callbacks.openSettings);
+    }
+    connect(m_footer, &PopoverFooter::clearRequested, this, &ClipboardListView::showClearConfirmation);
+    connect(m_clearConfirmation, &ConfirmationSheet::confirmed, m_manager.get(), &ClipboardManager::clearAll);
+    connect(m_clearConfirmation, &ConfirmationSheet::dismissed, this, &ClipboardListView::dismissClearConfirmation);
+
+    connect(m_list, &HistoryListWidget::chosen, this, &ClipboardListView::choose);
+    connect(m_list, &HistoryListWidget::pinRequested, m_manager.get(), &ClipboardManager::togglePin);
+    connect(m_list, &HistoryListWidget::deleteRequested, m_manager.get(), &ClipboardManager::deleteItem);
+    connect(m_list, &HistoryListWidget::menuRequested, this, &ClipboardListView::showRowMenu);
+}
+
+void ClipboardListView::observePreferences() {
+    const auto observe = [this](QLatin1StringView key, void (ClipboardListView::*react)()) {
+        m_observers.push_back(m_defaults.addObserver(key, [this, react] { (this->*react)(); }));
+    };
+    observe(keys::popoverSize.name, &ClipboardListView::updateSize);
+    observe(keys::appTheme.name, &ClipboardListView::updateAppearance);
+    observe(keys::maxItems.name, &ClipboardListView::refresh);
+    for (const auto& key : {keys::showLineCount, keys::showCharCount, keys::previewURLs, keys::hideSensitive}) {
+        observe(key.name, &ClipboardListView::updatePreferences);
+    }
+}
+
+void ClipboardListView::refresh() {
+    m_search->setText(m_manager->searchText());
+    m_header->setCount(m_manager->items().size(), m_manager->maxItems());
+    m_footer->setClearShown(
+        std::ranges::any_of(m_manager->items(), [](const ClipboardItem& item) { return !item.isPinned; }));
+    m_list->keepPicturesOf(m_manager->items());
+    refreshRows();
+}
+
+void ClipboardListView::refreshRows() {
+    const QList<ClipboardItem> shown = m_manager->filteredItems();
+    m_list->setItems(shown);
+    m_list->setVisible(!shown.isEmpty());
+    m_emptyState->setReason(m_manager->searchText().isEmpty() ? EmptyState::Reason::EmptyHistory
+                                                              : EmptyState::Reason::NoMatch);
+    m_emptyState->setVisible(shown.isEmpty());
+}
+
+void ClipboardListView::updateSize() {
+    setFixedSize(sizeFor(read(m_defaults, keys::popoverSize)));
+}
+
+void ClipboardListView::updatePreferences() {
+    m_list->setPreferences({.showLineCount = read(m_defaults, keys::showLineCount),
+                            .showCharCount = read(m_defaults, keys::showCharCount),
+                            .previewURLs = read(m_defaults, keys::previewURLs),
+                            .hideSensitive = read(m_defaults, keys::hideSensitive)});
+}
+
+void ClipboardListView::updateAppearance() {
+    const QString theme = read(m_defaults, keys::appTheme);
+    const bool isDark = theme == u"dark"_s || (theme != u"light"_s && m_appearance.isDark());
+    const QColor accent = m_appearance.accentColor();
+    m_palette = isDark ? Palette::dark(accent) : Palette::light(accent);
+    m_header->setColors(m_palette);
+    m_search->setColors(m_palette);
+    m_list->setColors(m_palette);
+    m_emptyState->setColors(m_palette);
+    m_footer->setColors(m_palette);
+    m_clearConfirmation->setColors(m_palette);
+    update();
+}
+
+KeyDisposition ClipboardListView::handleKey(HardwareKey key) {
+    const QList<ClipboardItem>& allItems = m_list->items();
+    const int count = static_cast<int>(allItems.size());
+    switch (key) {
+    case HardwareKey::UpArrow:
+        if (count > 0) {
+            select(std::max(0, m_selectedIndex - 1));
+        }
+        return KeyDisposition::Swallow;
+    case HardwareKey::DownArrow:
+        if (count > 0) {
+            select(std::min(count - 1, m_selectedIndex + 1));
+        }
+        return KeyDisposition::Swallow;
+    case HardwareKey::Return:
+        if (m_selectedIndex < count) {
+            choose(ClipboardItem(allItems[m_selectedIndex]));
+        }
+        return KeyDisposition::Swallow;
+    case HardwareKey::Escape:
+        m_callbacks.closePopover();
+        return KeyDisposition::Swallow;
+    case HardwareKey::Other:
+        break;
+    }
+    return KeyDisposition::PassOn;
+}
+
+void ClipboardListView::select(int index) {
+    if (index == m_selectedIndex) {
+        return;
+    }
+    m_selectedIndex = index;
+    m_list->setSelectedIndex(index);
+    if (index < m_list->items().size()) {
+        m_list->centreOn(index);
+        HistoryListAccessible::announceSelection(m_list, index);
+    }
+}
+
+void ClipboardListView::choose(const ClipboardItem& item) {
+    m_manager->copyToClipboard(item);
+    if (m_manager->onPaste) {
+        m_manager->onPaste();
+    }
+}
+
+void ClipboardListView::showRowMenu(const ClipboardItem& item, QPoint screenPosition) {
+    m_rowMenu = new QMenu(this);
+    m_rowMenu->setAttribute(Qt::WA_DeleteOnClose);
+    m_rowMenu->setPalette(m_palette.forWidgets());
+    m_rowMenu->addAction(u"Copy"_s, this, [this, item] { choose(item); });
+    m_rowMenu->addSeparator();
+    m_rowMenu->addAction(item.isPinned ? u"Unpin"_s : u"Pin"_s, this, [this, item] { m_manager->togglePin(item); });
+    m_rowMenu->addAction(u"Delete"_s, this, [this, item] { m_manager->deleteItem(item); });
+    m_rowMenu->popup(screenPosition);
+}
+
+void ClipboardListView::showClearConfirmation() {
+    m_clearConfirmation->raise();
+    m_clearConfirmation->show();
+}
+
+void ClipboardListView::dismissClearConfirmation() {
+    m_clearConfirmation->hide();
+    m_search->setFocus();
+}
+
+void ClipboardListView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), m_palette.ultraThinMaterial);
+}
+
+void ClipboardListView::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (event->spontaneous()) {
+        return;
+    }
+    m_selectedIndex = 0;
+    m_list->startAtTop();
+    m_search->setFocus();
+    m_keyMonitorToken = m_keyMonitor.addHandler([this](HardwareKey key) { return handleKey(key); });
+}
+
+void ClipboardListView::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    if (event->spontaneous()) {
+        return;
+    }
+    if (m_keyMonitorToken) {
+        m_keyMonitor.removeHandler(*m_keyMonitorToken);
+        m_keyMonitorToken.reset();
+    }
+    m_clearConfirmation->hide();
+    if (m_rowMenu) {
+        m_rowMenu->close();
+    }
+}
+
+} // namespace zamber

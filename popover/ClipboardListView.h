@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "clipboard/ClipboardItem.h"
+#include "platform/KeyMonitor.h"
+#include "platform/UserDefaults.h"
+#include "ui/Palette.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class QMenu;
+
+namespace zamber {
+
+class Appearance;
+class ClipboardManager;
+class ConfirmationSheet;
+class EmptyState;
+class HistoryListWidget;
+class PopoverFooter;
+class PopoverHeader;
+class Scheduler;
+class SearchField;
+class Symbols;
+
+/// The popover's whole content: the history, a search over it, and the keyboard that moves through it.
+///
+/// While it is shown it watches the program's keys; the search field has the keyboard focus. Follows the history and
+/// the preferences as they change.
+class ClipboardListView final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// What the view asks of its surroundings. Without `openSettings` there is no button for it.
+    struct Callbacks {
+        std::function<void()> openSettings;
+        std::function<void()> closePopover;
+    };
+
+    ClipboardListView(KeyMonitor& keyMonitor, const Appearance& appearance, const Symbols& symbols,
+                      UserDefaults& defaults, Scheduler& scheduler, std::shared_ptr<ClipboardManager> manager,
+                      Callbacks callbacks);
+    ~ClipboardListView() override;
+
+    /// Takes over the desktop's look. To be called when the appearance has changed; the preference for light or dark is
+    /// followed without a call.
+    void updateAppearance();
+
+    int selectedIndex() const { return m_selectedIndex; }
+    HistoryListWidget& list() const { return *m_list; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void buildLayout();
+    void connectParts();
+    void observePreferences();
+
+    void refresh();
+    void refreshRows();
+    void updateSize();
+    void updatePreferences();
+
+    KeyDisposition handleKey(HardwareKey key);
+    void select(int index);
+    void choose(const ClipboardItem& item);
+    void showRowMenu(const ClipboardItem& item, QPoint screenPosition);
+    void showClearConfirmation();
+    void dismissClearConfirmation();
+
+    KeyMonitor& m_keyMonitor;
+    const Appearance& m_appearance;
+    const Symbols& m_symbols;
+    UserDefaults& m_defaults;
+    std::shared_ptr<ClipboardManager> m_manager;
+    Callbacks m_callbacks;
+    Palette m_palette;
+
+    PopoverHeader* m_header;
+    SearchField* m_search;
+    HistoryListWidget* m_list;
+    EmptyState* m_emptyState;
+    PopoverFooter* m_footer;
+    ConfirmationSheet* m_clearConfirmation;
+    QPointer<QMenu> m_rowMenu;
+
+    int m_selectedIndex = 0;
+    std::optional<KeyMonitor::Token> m_keyMonitorToken;
+    std::vector<UserDefaults::ObserverToken> m_observers;
+};
+
+} // namespace zamber

@@ -1,0 +1,227 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "RowMetrics.h"
+
+#include "platform/Symbols.h"
+#include "popover/ClipboardRowView.h"
+#include "popover/TextLines.h"
+#include "ui/Typography.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zamber {
+
+using namespace Qt::StringLiterals;
+using namespace rowmetrics;
+
+namespace {
+
+constexpr double GROUND_RADIUS = 10;
+constexpr double HAIRLINE = 0.5;
+constexpr double THUMBNAIL_RADIUS = 4;
+constexpr double ACTION_RADIUS = 5;
+constexpr double SMALLEST_ACTION = 0.9;
+constexpr int SCROLL_THUMB_WIDTH = 3;
+constexpr int SCROLL_THUMB_MINIMUM = 18;
+
+QColor mixed(const QColor& from, const QColor& to, double part) {
+    const auto channel = [part](float start, float end) { return start + (end - start) * static_cast<float>(part); };
+    // Weighted by opacity, so that a faint ground does not turn grey on its way to a coloured one.
+    const float alpha = channel(from.alphaF(), to.alphaF());
+    if (alpha <= 0) {
+        return Qt::transparent;
+    }
+    const auto weighted = [&](float start, float end) {
+        return std::clamp(channel(start * from.alphaF(), end * to.alphaF()) / alpha, 0.0F, 1.0F);
+    };
+    return QColor::fromRgbF(weighted(from.redF(), to.redF()), weighted(from.greenF(), to.greenF()),
+                            weighted(from.blueF(), to.blueF()), alpha);
+}
+
+/// Draws a symbol in the middle of a box, on whole device pixels.
+void drawCentred(QPainter& painter, const QRectF& box, const QPixmap& symbol) {
+    const QSizeF size = symbol.deviceIndependentSize();
+    const double ratio = symbol.devicePixelRatio();
+    const auto snapped = [ratio](double value) { return std::round(value * ratio) / ratio; };
+    painter.drawPixmap(QPointF(snapped(box.x() + (box.width() - size.width()) / 2),
+                               snapped(box.y() + (box.height() - size.height()) / 2)),
+                       symbol);
+}
+
+void drawLine(QPainter& painter, const QRectF& area, double top, const QString& text) {
+    const QFontMetricsF metrics(painter.font());
+    painter.drawText(QPointF(area.left(), std::round(top + metrics.ascent())), text);
+}
+
+} // namespace
+
+void ClipboardRowView::paint(QPainter& painter, const QRect& row, const RowStyle& style,
+                             const ExpandedText* expandedText) const {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintGround(painter, row, style);
+
+    const TypeIcon icon = typeIcon();
+    drawCentred(
+        painter, QRectF(row.left() + PADDING_HORIZONTAL, row.top(), ICON_WIDTH, row.height()),
+        style.symbols.pixmap(icon.symbol, {10, QFont::Medium, style.palette.*icon.color, style.devicePixelRatio}));
+    paintContent(painter, row, style, expandedText);
+    paintTrailing(painter, row, style);
+    painter.restore();
+}
+
+void ClipboardRowView::paintGround(QPainter& painter, const QRect& row, const RowStyle& style) const {
+    const Palette& palette = style.palette;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(
+        mixed(faded(palette.primary, 0.04), faded(palette.accent, palette.isDark ? 0.2 : 0.1), style.highlight));
+    painter.drawRoundedRect(row, GROUND_RADIUS, GROUND_RADIUS);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(
+        QPen(mixed(faded(palette.primary, 0.06), faded(palette.accent, 0.3), style.highlight), HAIRLINE * 2));
+    painter.drawRoundedRect(QRectF(row).adjusted(HAIRLINE, HAIRLINE, -HAIRLINE, -HAIRLINE), GROUND_RADIUS - HAIRLINE,
+                            GROUND_RADIUS - HAIRLINE);
+}
+
+void ClipboardRowView::paintContent(QPainter& painter, const QRect& row, const RowStyle& style,
+                                    const ExpandedText* text) const {
+    const QRect area = contentArea(row);
+    if (showsThumbnail()) {
+        paintThumbnail(painter, area, style);
+    } else if (showsHost()) {
+        paintLink(painter, area, style);
+    } else {
+        painter.save();
+        painter.setClipRect(row.adjusted(0, 1, 0, -1), Qt::IntersectClip);
+        paintText(painter, area, style, text);
+        painter.restore();
+    }
+}
+
+void ClipboardRowView::paintThumbnail(QPainter& painter, const QRect& area, const RowStyle& style) const {
+    const QRectF box(QPointF(area.left(), area.top() + (area.height() - THUMBNAIL_SIZE.height()) / 2.0),
+                     THUMBNAIL_SIZE);
+    QPainterPath shape;
+    shape.addRoundedRect(box, THUMBNAIL_RADIUS, THUMBNAIL_RADIUS);
+    if (m_thumbnail.state == ThumbnailState::Ready) {
+        QBrush picture(m_thumbnail.image);
+        picture.setTransform(
+            QTransform::fromTranslate(box.left(), box.top())
+                .scale(box.width() / m_thumbnail.image.width(), box.height() / m_thumbnail.image.height()));
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.fillPath(shape, picture);
+    } else {
+        painter.fillPath(shape, style.palette.tertiaryFill);
+    }
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(style.palette.separator, HAIRLINE * 2));
+    painter.drawRoundedRect(box.adjusted(HAIRLINE, HAIRLINE, -HAIRLINE, -HAIRLINE), THUMBNAIL_RADIUS, THUMBNAIL_RADIUS);
+}
+
+void ClipboardRowView::paintLink(QPainter& painter, const QRect& area, const RowStyle& style) const {
+    const QString host = m_detectedUrl->host().isEmpty() ? m_detectedUrl->toString() : m_detectedUrl->host();
+    const QFont hostFont = textFont(12, QFont::Medium);
+    painter.setFont(hostFont);
+    painter.setPen(style.palette.blue);
+    drawLine(painter, area, area.top(), elidedLines(host, hostFont, area.width(), 1).value(0));
+
+    const int second = lineHeight(hostFont) + LINK_SPACING;
+    if (area.height() > second) {
+        const QFont small = textFont(10);
+        painter.setFont(small);
+        painter.setPen(style.palette.secondary);
+        drawLine(painter, area, area.top() + second,
+                 elidedLines(m_item.content.preview(), small, area.width(), 1).value(0));
+    }
+}
+
+void ClipboardRowView::paintText(QPainter& painter, const QRect& area, const RowStyle& style,
+                                 const ExpandedText* text) const {
+    const QFont font = textFont(12);
+    const int height = lineHeight(font);
+    const QString counts = countsLine();
+    const QFont countsFont = textFont(9, QFont::Medium);
+    const int countsHeight = lineHeight(countsFont);
+    const QRectF shown =
+        counts.isEmpty() ? QRectF(area) : QRectF(area).adjusted(0, 0, 0, -countsHeight - COUNTS_SPACING);
+
+    painter.setPen(style.palette.primary);
+    if (text != nullptr) {
+        painter.save();
+        painter.setClipRect(shown, Qt::IntersectClip);
+        text->layout.draw(painter, shown.topLeft(), text->scrollOffset, shown.height());
+        painter.restore();
+        const double whole = text->layout.height(text->scrollOffset + shown.height() + 1);
+        if (whole > shown.height() + 1) {
+            const double thumb = std::max<double>(SCROLL_THUMB_MINIMUM, shown.height() * shown.height() / whole);
+            const double way = std::clamp(text->scrollOffset / (whole - shown.height()), 0.0, 1.0);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(faded(style.palette.primary, 0.3));
+            painter.drawRoundedRect(
+                QRectF(shown.right() + 3, shown.top() + way * (shown.height() - thumb), SCROLL_THUMB_WIDTH, thumb),
+                SCROLL_THUMB_WIDTH / 2.0, SCROLL_THUMB_WIDTH / 2.0);
+        }
+    } else {
+        painter.setFont(font);
+        double top = shown.top();
+        for (const QString& line : previewLines(static_cast<int>(shown.width()))) {
+            drawLine(painter, shown, top, line);
+            top += height;
+        }
+    }
+
+    if (!counts.isEmpty()) {
+        painter.setFont(countsFont);
+        painter.setPen(style.palette.tertiary);
+        drawLine(painter, shown, area.bottom() + 1 - countsHeight, counts);
+    }
+}
+
+void ClipboardRowView::paintTrailing(QPainter& painter, const QRect& row, const RowStyle& style) const {
+    const QRect ageBox(row.right() + 1 - PADDING_HORIZONTAL - AGE_WIDTH, row.top(), AGE_WIDTH, row.height());
+    painter.setFont(textFont(10, QFont::Medium));
+    painter.setPen(style.palette.quaternary);
+    painter.drawText(ageBox, Qt::AlignRight | Qt::AlignVCenter, age(style.now));
+
+    if (style.highlight > 0) {
+        for (const RowAction action : {RowAction::Pin, RowAction::Delete}) {
+            paintAction(painter, row, action, style);
+        }
+    }
+    if (m_item.isPinned && style.highlight < 1) {
+        painter.setOpacity(1 - style.highlight);
+        drawCentred(
+            painter, QRectF(ageBox.left() - SPACING - PIN_WIDTH, row.top(), PIN_WIDTH, row.height()),
+            style.symbols.pixmap(u"pin.fill"_s, {9, QFont::Normal, style.palette.orange, style.devicePixelRatio}));
+        painter.setOpacity(1);
+    }
+}
+
+void ClipboardRowView::paintAction(QPainter& painter, const QRect& row, RowAction action, const RowStyle& style) const {
+    const Palette& palette = style.palette;
+    const QString pinSymbol = m_item.isPinned ? u"pin.slash.fill"_s : u"pin"_s;
+    const QColor pinColor = m_item.isPinned ? palette.orange : palette.secondary;
+    const QString symbol = action == RowAction::Pin ? pinSymbol : u"trash"_s;
+    const bool isUnderPointer = style.pressedOver == action;
+    const QColor color = action == RowAction::Pin ? pinColor : faded(palette.red, isUnderPointer ? 1.0 : 0.7);
+
+    const QRectF box = actionArea(row, action);
+    painter.save();
+    painter.setOpacity(style.highlight);
+    const double scale = SMALLEST_ACTION + (1 - SMALLEST_ACTION) * style.highlight;
+    painter.translate(box.center());
+    painter.scale(scale, scale);
+    painter.translate(-box.center());
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(isUnderPointer ? faded(palette.primary, 0.16) : palette.tertiaryFill);
+    painter.drawRoundedRect(box, ACTION_RADIUS, ACTION_RADIUS);
+    drawCentred(painter, box, style.symbols.pixmap(symbol, {10, QFont::Medium, color, style.devicePixelRatio}));
+    painter.restore();
+}
+
+} // namespace zamber

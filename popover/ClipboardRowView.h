@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "clipboard/ClipboardItem.h"
+#include "ui/Palette.h"
+
+#include <QImage>
+#include <QPoint>
+#include <QRect>
+#include <QUrl>
+
+#include <optional>
+
+class QPainter;
+
+namespace zamber {
+
+class LazyTextLayout;
+class Symbols;
+
+/// What the user wants rows to show.
+struct RowPreferences {
+    bool showLineCount = true;
+    bool showCharCount = true;
+    bool previewURLs = true;
+    bool hideSensitive = false;
+
+    bool operator==(const RowPreferences&) const = default;
+};
+
+/// What a row's small buttons do.
+enum class RowAction { Pin, Delete };
+
+/// An image entry's picture: still being decoded, decoded, or not to be decoded at all.
+enum class ThumbnailState { Pending, Ready, Undecodable };
+struct Thumbnail {
+    ThumbnailState state = ThumbnailState::Pending;
+    QImage image = {};
+};
+
+/// An expanded row's text and how far down it is scrolled (points).
+struct ExpandedText {
+    LazyTextLayout& layout;
+    double scrollOffset = 0;
+};
+
+/// What a row is drawn with.
+struct RowStyle {
+    const Palette& palette;
+    const Symbols& symbols;
+    double devicePixelRatio = 1;
+    double now = 0;                       ///< seconds since 1970
+    double highlight = 0;                 ///< how far the highlight has faded in, 0 to 1
+    std::optional<RowAction> pressedOver; ///< the small button under the pointer
+};
+
+/// One entry of the history as the list shows it. A value: everything is computed from what it was made of, and
+/// whatever moves or changes is handed in by the list.
+class ClipboardRowView {
+public:
+    /// The item must outlive the row.
+    ClipboardRowView(const ClipboardItem& item, bool isHovered, const RowPreferences& preferences,
+                     Thumbnail thumbnail = {}, std::optional<QUrl> detectedUrl = {});
+
+    /// The symbol at the row's start, by its name and colour.
+    struct TypeIcon {
+        QString symbol;
+        QColor Palette::* color;
+    };
+    TypeIcon typeIcon() const;
+
+    /// Is there more to show than the preview while the row is highlighted?
+    bool isExpandable() const;
+    bool isExpanded() const { return m_isHovered && isExpandable(); }
+    /// The line under the preview; empty when there is none.
+    QString countsLine() const;
+    QString age(double now) const;
+
+    /// The row's height (points) at that width, not expanded.
+    int compactHeight(int width) const;
+    /// How high it is with that much room for the whole text.
+    int expandedHeight(double textHeight) const;
+    /// How wide the preview or text is in a row of the width.
+    int contentWidth(int rowWidth) const;
+
+    void paint(QPainter& painter, const QRect& row, const RowStyle& style, const ExpandedText* expandedText) const;
+
+    /// Where the whole text lies in an expanded row, and where the small buttons lie in a highlighted one.
+    QRect textArea(const QRect& row) const;
+    QRect actionArea(const QRect& row, RowAction action) const;
+    /// The small button at the point, if the row shows them.
+    std::optional<RowAction> actionAt(const QRect& row, QPoint point) const;
+
+    /// The most that an expanded row shows of its text at once, in points.
+    static constexpr int MOST_TEXT_HEIGHT = 120;
+    static constexpr QSize THUMBNAIL_SIZE{40, 30};
+
+private:
+    bool showsThumbnail() const;
+    bool showsHost() const;
+    QStringList previewLines(int width) const;
+    int contentHeight(int width) const;
+    QRect contentArea(const QRect& row) const;
+
+    void paintGround(QPainter& painter, const QRect& row, const RowStyle& style) const;
+    void paintContent(QPainter& painter, const QRect& row, const RowStyle& style, const ExpandedText* text) const;
+    void paintThumbnail(QPainter& painter, const QRect& area, const RowStyle& style) const;
+    void paintLink(QPainter& painter, const QRect& area, const RowStyle& style) const;
+    void paintText(QPainter& painter, const QRect& area, const RowStyle& style, const ExpandedText* text) const;
+    void paintTrailing(QPainter& painter, const QRect& row, const RowStyle& style) const;
+    void paintAction(QPainter& painter, const QRect& row, RowAction action, const RowStyle& style) const;
+
+    const ClipboardItem& m_item;
+    bool m_isHovered;
+    RowPreferences m_preferences;
+    Thumbnail m_thumbnail;
+    std::optional<QUrl> m_detectedUrl;
+};
+
+} // namespace zamber

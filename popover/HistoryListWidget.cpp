@@ -1,0 +1,305 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "popover/HistoryListWidget.h"
+
+#include "HistoryListExpansion.h"
+
+#include "platform/Appearance.h"
+#include "popover/HistoryListAccessible.h"
+#include "ui/Typography.h"
+
+#include <QAccessible>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+namespace zamber {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int PADDING_VERTICAL = 4;
+constexpr int PADDING_HORIZONTAL = 8;
+constexpr int ROW_GAP = 6;
+constexpr int GUESSED_ROW_HEIGHT = 36;
+constexpr int HEADER_PADDING_TOP = 8;
+constexpr int HEADER_PADDING_BOTTOM = 2;
+constexpr double SCROLL_MS = 100;
+constexpr auto FRAME = 16ms;
+/// Measuring rows moves others into view, which are then measured in turn; it settles at once but for odd lists.
+constexpr int MOST_MEASURING_ROUNDS = 8;
+
+} // namespace
+
+HistoryListWidget::HistoryListWidget(const Symbols& symbols, const Appearance& appearance, const Scheduler& clock,
+                                     QWidget* parent)
+    : QWidget(parent)
+    , m_symbols(symbols)
+    , m_appearance(appearance)
+    , m_clock(clock)
+    , m_stack(PADDING_VERTICAL, ROW_GAP) {
+    HistoryListAccessible::install();
+    setAccessibleName(QStringLiteral("Clipboard history"));
+    setMouseTracking(true);
+    setFocusPolicy(Qt::NoFocus);
+
+    m_scrollFrames.setInterval(FRAME);
+    m_scrollFrames.setTimerType(Qt::PreciseTimer);
+    connect(&m_scrollFrames, &QTimer::timeout, this, &HistoryListWidget::advanceScroll);
+    connect(&m_highlights, &RowHighlights::advanced, this, &HistoryListWidget::highlightsAdvanced);
+    connect(&m_thumbnails, &ThumbnailCache::loaded, this, [this](const QUuid& id) {
+        if (const auto row = m_rowById.constFind(id); row != m_rowById.constEnd()) {
+            keepingPlace([&] { measure(elementOfRow(*row)); });
+        }
+    });
+}
+
+HistoryListWidget::~HistoryListWidget() = default;
+
+void HistoryListWidget::setItems(const QList<ClipboardItem>& items) {
+    m_items = items;
+    m_pinnedCount = static_cast<int>(std::ranges::count_if(m_items, &ClipboardItem::isPinned));
+    m_rowById.clear();
+    for (int row = static_cast<int>(m_items.size()) - 1; row >= 0; --row) {
+        m_rowById.insert(item(row).id, row);
+    }
+    if (m_hovered && !m_rowById.contains(m_hovered->row)) {
+        m_hovered.reset();
+    }
+    std::erase_if(m_expansions, [this](const auto& entry) { return !m_rowById.contains(entry.first); });
+    invalidateHeights();
+    updateHighlights(Motion::Immediate);
+
+    QAccessibleEvent reordered(this, QAccessible::ObjectReorder);
+    QAccessible::updateAccessibility(&reordered);
+}
+
+void HistoryListWidget::setPreferences(const RowPreferences& preferences) {
+    m_preferences = preferences;
+    invalidateHeights();
+}
+
+void HistoryListWidget::setColors(const Palette& palette) {
+    m_palette = palette;
+    update();
+}
+
+void HistoryListWidget::setSelectedIndex(int index) {
+    m_selectedIndex = index;
+    updateHighlights(motion());
+}
+
+Motion HistoryListWidget::motion() const {
+    return m_appearance.reducedMotion() || !isVisible() ? Motion::Immediate : Motion::Animated;
+}
+
+// The stack's elements are the rows and, when there are pinned entries, a header above each of the two groups.
+
+int HistoryListWidget::elementOfRow(int row) const {
+    if (pinnedCount() == 0) {
+        return row;
+    }
+    return row < pinnedCount() ? row + 1 : row + 2;
+}
+
+std::optional<int> HistoryListWidget::rowOfElement(int element) const {
+    if (pinnedCount() == 0) {
+        return element;
+    }
+    if (element == 0 || element == pinnedCount() + 1) {
+        return std::nullopt;
+    }
+    return element <= pinnedCount() ? element - 1 : element - 2;
+}
+
+ClipboardRowView HistoryListWidget::rowView(int row) {
+    return {item(row), isHovered(row), m_preferences, m_thumbnails.thumbnail(item(row), devicePixelRatioF())};
+}
+
+int HistoryListWidget::rowWidth() const {
+    return width() - 2 * PADDING_HORIZONTAL;
+}
+
+QRect HistoryListWidget::rowRectangle(int index) const {
+    const int element = elementOfRow(index);
+    const int top = m_stack.top(element) - static_cast<int>(std::lround(m_scrollOffset));
+    return {PADDING_HORIZONTAL, top, rowWidth(), m_stack.height(element)};
+}
+
+bool HistoryListWidget::isHovered(int index) const {
+    const QUuid& id = item(index).id;
+    return (m_hovered && m_hovered->row == id) || m_rowById.value(id, 0) == m_selectedIndex;
+}
+
+void HistoryListWidget::invalidateHeights() {
+    const bool hasRecentHeader = pinnedCount() > 0 && pinnedCount() < m_items.size();
+    const auto headers = (pinnedCount() > 0 ? 1 : 0) + (hasRecentHeader ? 1 : 0);
+    m_stack.reset(static_cast<int>(m_items.size()) + headers, GUESSED_ROW_HEIGHT);
+    measureVisible();
+    update();
+}
+
+void HistoryListWidget::measure(int element) {
+    if (const auto row = rowOfElement(element)) {
+        m_stack.setHeight(element, currentHeight(*row));
+    } else {
+        m_stack.setHeight(element,
+                          HEADER_PADDING_TOP + lineHeight(textFont(10, QFont::DemiBold)) + HEADER_PADDING_BOTTOM);
+    }
+}
+
+int HistoryListWidget::currentHeight(int row) {
+    const ClipboardRowView view = rowView(row);
+    const int compact = view.compactHeight(rowWidth());
+    const double highlight = m_highlights.value(item(row).id);
+    if (highlight <= 0 || !view.isExpandable()) {
+        return compact;
+    }
+    const int expanded = view.expandedHeight(expansion(row).layout.height(ClipboardRowView::MOST_TEXT_HEIGHT));
+    return compact + static_cast<int>(std::lround((expanded - compact) * highlight));
+}
+
+HistoryListWidget::Expansion& HistoryListWidget::expansion(int row) {
+    const ClipboardItem& entry = item(row);
+    const ClipboardRowView view(entry, true, m_preferences);
+    const int textWidth = view.contentWidth(rowWidth());
+    auto found = m_expansions.find(entry.id);
+    if (found == m_expansions.end() || found->second.layout.width() != textWidth) {
+        m_expansions.erase(entry.id);
+        LazyTextLayout layout(entry.content.bytes(), textFont(12), textWidth);
+        found = m_expansions.emplace(entry.id, Expansion{std::move(layout)}).first;
+    }
+    return found->second;
+}
+
+void HistoryListWidget::measureVisible() {
+    for (int round = 0; round < MOST_MEASURING_ROUNDS && m_stack.count() > 0; ++round) {
+        scrollTo(m_scrollOffset);
+        bool isSettled = true;
+        const int last = m_stack.indexAt(m_scrollOffset + height());
+        for (int element = m_stack.indexAt(m_scrollOffset); element <= last; ++element) {
+            if (!m_stack.isMeasured(element)) {
+                measure(element);
+                isSettled = false;
+            }
+        }
+        if (isSettled) {
+            return;
+        }
+    }
+}
+
+void HistoryListWidget::measureAround(int row) {
+    const int element = elementOfRow(row);
+    const int rowsInView = height() / GUESSED_ROW_HEIGHT + 1;
+    const int first = std::max(0, element - rowsInView);
+    const int last = std::min(m_stack.count() - 1, element + rowsInView);
+    for (int around = first; around <= last; ++around) {
+        if (!m_stack.isMeasured(around)) {
+            measure(around);
+        }
+    }
+}
+
+template <class Change>
+void HistoryListWidget::keepingPlace(Change change) {
+    if (m_stack.count() == 0) {
+        return;
+    }
+    // The row under the pointer is the one to keep still; else the first that is seen.
+    int anchor = m_stack.indexAt(m_scrollOffset);
+    if (m_hovered) {
+        anchor = elementOfRow(m_rowById.value(m_hovered->row));
+    }
+    const int before = m_stack.top(anchor);
+    change();
+    scrollTo(m_scrollOffset + m_stack.top(anchor) - before);
+    measureVisible();
+    update();
+}
+
+void HistoryListWidget::updateHighlights(Motion motion) {
+    QSet<QUuid> highlighted;
+    if (m_hovered) {
+        highlighted.insert(m_hovered->row);
+    }
+    if (m_selectedIndex >= 0 && m_selectedIndex < m_items.size()) {
+        highlighted.insert(item(m_selectedIndex).id);
+    }
+    m_highlights.setHighlighted(highlighted, motion);
+    highlightsAdvanced();
+}
+
+void HistoryListWidget::highlightsAdvanced() {
+    QSet<QUuid> affected;
+    for (const QUuid& id : m_highlights.lit()) {
+        affected.insert(id);
+    }
+    // Those whose light has just gone out shrink for the last time.
+    for (const auto& [id, expansion] : m_expansions) {
+        affected.insert(id);
+    }
+    keepingPlace([&] {
+        for (const QUuid& id : affected) {
+            const auto row = m_rowById.constFind(id);
+            if (row != m_rowById.constEnd() && elementOfRow(*row) < m_stack.count()) {
+                measure(elementOfRow(*row));
+            }
+        }
+    });
+    std::erase_if(m_expansions, [this](const auto& entry) { return m_highlights.value(entry.first) <= 0; });
+}
+
+void HistoryListWidget::scrollTo(double offset) {
+    m_scrollOffset = std::clamp(offset, 0.0, std::max(0.0, static_cast<double>(m_stack.totalHeight() - height())));
+}
+
+void HistoryListWidget::startAtTop() {
+    m_scrollFrames.stop();
+    m_selectedIndex = 0;
+    updateHighlights(Motion::Immediate);
+    scrollTo(0);
+    measureVisible();
+    update();
+}
+
+double HistoryListWidget::centredOffset(int row) const {
+    const int element = elementOfRow(row);
+    const double offset = m_stack.top(element) + m_stack.height(element) / 2.0 - height() / 2.0;
+    return std::clamp(offset, 0.0, std::max(0.0, static_cast<double>(m_stack.totalHeight() - height())));
+}
+
+void HistoryListWidget::centreOn(int index) {
+    measureAround(index);
+    m_scrollTarget = item(index).id;
+    if (motion() == Motion::Immediate) {
+        scrollTo(centredOffset(index));
+        measureVisible();
+        forgetHoverThatMovedAway();
+        update();
+        return;
+    }
+    m_scrollWay = m_scrollOffset - centredOffset(index);
+    m_scrollTime.start();
+    m_scrollFrames.start();
+}
+
+void HistoryListWidget::advanceScroll() {
+    const auto row = m_rowById.constFind(m_scrollTarget);
+    const double progress = std::min(1.0, static_cast<double>(m_scrollTime.elapsed()) / SCROLL_MS);
+    if (progress >= 1 || row == m_rowById.constEnd()) {
+        m_scrollFrames.stop();
+    }
+    if (row != m_rowById.constEnd()) {
+        // The goal is looked up anew each time: rows grow and shrink on the way.
+        const double eased = progress * progress * (3 - 2 * progress);
+        scrollTo(centredOffset(*row) + m_scrollWay * (1 - eased));
+        measureVisible();
+        forgetHoverThatMovedAway();
+        update();
+    }
+}
+
+} // namespace zamber

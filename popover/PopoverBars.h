@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Palette.h"
+
+#include <QList>
+#include <QWidget>
+
+namespace zamber {
+
+class CapsuleBadge;
+class KeyCap;
+class PlainButton;
+class SymbolView;
+class Symbols;
+class TextLabel;
+
+/// The top of the popover: the program's name, how full the history is, and the way to the settings.
+class PopoverHeader final : public QWidget {
+    Q_OBJECT
+
+public:
+    enum class SettingsButton { Shown, Left };
+
+    PopoverHeader(const Symbols& symbols, SettingsButton settingsButton, QWidget* parent);
+
+    /// Shows "count/max", or nothing for an empty history.
+    void setCount(qsizetype count, int max);
+    void setColors(const Palette& palette);
+
+signals:
+    void settingsRequested();
+
+private:
+    SymbolView* m_icon;
+    TextLabel* m_title;
+    CapsuleBadge* m_badge;
+    PlainButton* m_settings = nullptr;
+};
+
+/// The bottom of the popover: what the keys do, and the way to clear the history.
+class PopoverFooter final : public QWidget {
+    Q_OBJECT
+
+public:
+    PopoverFooter(const Symbols& symbols, QWidget* parent);
+
+    void setClearShown(bool isShown);
+    void setColors(const Palette& palette);
+
+signals:
+    void clearRequested();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QList<KeyCap*> m_keys;
+    QList<TextLabel*> m_labels;
+    PlainButton* m_clear;
+    Palette m_palette;
+};
+
+/// What stands in the list's place when there is nothing to list.
+class EmptyState final : public QWidget {
+    Q_OBJECT
+
+public:
+    EmptyState(const Symbols& symbols, QWidget* parent);
+
+    enum class Reason { EmptyHistory, NoMatch };
+    void setReason(Reason reason);
+    void setColors(const Palette& palette);
+
+private:
+    SymbolView* m_icon;
+    TextLabel* m_title;
+    TextLabel* m_hint;
+};
+
+} // namespace zamber

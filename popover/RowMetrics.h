@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The distances inside a row, in points, for those who measure and those who paint it.
+namespace zamber::rowmetrics {
+
+inline constexpr int PADDING_HORIZONTAL = 12;
+inline constexpr int PADDING_VERTICAL = 10;
+inline constexpr int SPACING = 10;
+inline constexpr int ICON_WIDTH = 16;
+inline constexpr int AGE_WIDTH = 28;
+inline constexpr int PIN_WIDTH = 11;
+inline constexpr int ACTION_SIZE = 22;
+inline constexpr int ACTION_SPACING = 2;
+inline constexpr int ACTIONS_WIDTH = 2 * ACTION_SIZE + ACTION_SPACING;
+inline constexpr int COUNTS_SPACING = 3;
+inline constexpr int LINK_SPACING = 2;
+
+} // namespace zamber::rowmetrics

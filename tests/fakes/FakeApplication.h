@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Application.h"
+#include "tests/fakes/Journal.h"
+
+namespace zamber {
+
+class FakeApplication final : public Application {
+public:
+    explicit FakeApplication(Journal& journal)
+        : m_journal(journal) {}
+
+    void setAccessoryPolicy() override { m_journal.note("accessory policy"); }
+    void activate() override { m_journal.note("activate"); }
+    void terminate() override {
+        m_journal.note("terminate");
+        isTerminated = true;
+    }
+
+    bool isTerminated = false;
+
+private:
+    Journal& m_journal;
+};
+
+} // namespace zamber

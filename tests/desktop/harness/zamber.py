@@ -121,7 +121,11 @@ class Zamber:
 
     def popover(self):
         """The popover's window while it is shown, else None."""
-        return next((window for window in self.windows() if window.title == "Zamber" and window.width > 100), None)
+        return next((window for window in self.windows() if window.title == "Zamber" and window.width > 300), None)
+
+    def menu(self):
+        """The tray icon's menu while it is open, else None; assistive technology is not shown it by Qt."""
+        return next((window for window in self.windows() if 60 < window.width <= 300), None)
 
     def press_hot_key(self):
         self._desktop.keyboard.chord("Super_L", "Shift_L", "v")

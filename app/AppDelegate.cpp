@@ -3,7 +3,9 @@
 #include "app/AppDelegate.h"
 
 #include "clipboard/ClipboardManager.h"
+#include "platform/AccessibilityTrust.h"
 #include "platform/Application.h"
+#include "platform/Log.h"
 #include "popover/ClipboardListView.h"
 
 namespace zamber {
@@ -17,6 +19,7 @@ AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
     m_desktop.application.setAccessoryPolicy();
+    m_desktop.application.setShowRequestedHandler([this] { showPopover(); });
     createStatusItem();
     clipboardManager->onPaste = [weakSelf = weak_from_this()] {
         if (const auto self = weakSelf.lock()) {
@@ -28,6 +31,13 @@ void AppDelegate::applicationDidFinishLaunching() {
     updatePopoverAppearance();
     registerHotKey();
     clipboardManager->startMonitoring();
+    checkAccessibility();
+}
+
+void AppDelegate::checkAccessibility() {
+    if (m_desktop.trust.isTrusted()) {
+        logLine("✅ Accessibility: trusted");
+    }
 }
 
 } // namespace zamber

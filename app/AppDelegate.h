@@ -47,6 +47,9 @@ public:
 
     const std::shared_ptr<ClipboardManager> clipboardManager;
 
+    // Accessibility
+    void checkAccessibility();
+
 private:
     void createStatusItem();
     void createPopover();

@@ -39,7 +39,14 @@ struct X11Desktop::Adapters {
         QObject::connect(&popover, &PopoverWindow::closed, &presses,
                          [this] { presses.setListening(x11::ButtonPresses::Listening::Off); });
         QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover,
-                         [this] { popover.pressedOutside(QCursor::pos()); });
+                         [this] { handlePress(QCursor::pos()); });
+    }
+
+    void handlePress(QPoint position) {
+        // A press on the status item is the first half of a click that toggles the popover.
+        if (!statusItem.isInTray() || !statusItem.button()->screenRectangle.contains(position)) {
+            popover.pressedOutside(position);
+        }
     }
 
     std::unique_ptr<x11::Connection> clipboardConnection;
@@ -80,6 +87,10 @@ X11Desktop::X11Desktop(std::unique_ptr<Adapters> adapters)
     : m_adapters(std::move(adapters)) {}
 
 X11Desktop::~X11Desktop() = default;
+
+void X11Desktop::requestShow() {
+    m_adapters->application.requestShow();
+}
 
 Desktop X11Desktop::ports() {
     return {.application = m_adapters->application,

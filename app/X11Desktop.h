@@ -21,6 +21,9 @@ public:
 
     Desktop ports();
 
+    /// Another start asks for the program.
+    void requestShow();
+
 private:
     struct Adapters;
 

@@ -4,6 +4,7 @@
 #include "app/AppDelegate.h"
 #include "clipboard/HistoryFile.h"
 #include "platform/UserDefaults.h"
+#include "platform/freedesktop/SingleInstance.h"
 
 #include <QApplication>
 
@@ -39,11 +40,19 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Zamber"));
     QApplication::setDesktopFileName(QStringLiteral("app.zamber.Zamber"));
 
+    const zamber::SingleInstance instance(QStringLiteral("app.zamber.Zamber"));
+    if (!instance.isOnlyOne()) {
+        instance.askOtherToShow();
+        return EXIT_SUCCESS;
+    }
+
     auto desktop = zamber::X11Desktop::create();
     if (!desktop) {
         std::fprintf(stderr, "zamber: %s\n", desktop.error().c_str());
         return EXIT_FAILURE;
     }
+    QObject::connect(&instance, &zamber::SingleInstance::showRequested, &application,
+                     [&desktop] { (*desktop)->requestShow(); });
     const zamber::Desktop ports = (*desktop)->ports();
     zamber::UserDefaults::setStandard(&ports.userDefaults);
     const auto delegate = std::make_shared<zamber::AppDelegate>(ports, zamber::HistoryFile::defaultPath());

@@ -126,14 +126,8 @@ bool canonicallyEqual(std::string_view left, std::string_view right) {
     if (same == left.size() && same == right.size()) {
         return true;
     }
-    // Back to a place that ends a decomposed piece in both texts: from there on they can be compared by themselves.
-    while (same > 0) {
-        same = previousCodePoint(left, same);
-        auto after = same;
-        if (startsAnew(nextCodePoint(left, after)) && startsAnew(nextCodePoint(right, after = same))) {
-            break;
-        }
-    }
+    // Equal starts cancel out, combining marks and all; only a code point must not be cut.
+    same = same > 0 ? previousCodePoint(left, same) : 0;
 
     DecomposedPieces leftPieces(left.substr(same));
     DecomposedPieces rightPieces(right.substr(same));

@@ -12,6 +12,7 @@
 #include "settings/keys/PreferenceKeys.h"
 #include "ui/ConfirmationSheet.h"
 #include "ui/SearchField.h"
+#include "ui/Typography.h"
 
 #include <QAccessible>
 #include <QMenu>
@@ -222,6 +223,7 @@ void ClipboardListView::showRowMenu(const ClipboardItem& item, QPoint screenPosi
     m_rowMenu = new QMenu(this);
     m_rowMenu->setAttribute(Qt::WA_DeleteOnClose);
     m_rowMenu->setPalette(m_palette.forWidgets());
+    m_rowMenu->setFont(textFont(13));
     m_rowMenu->addAction(u"Copy"_s, this, [this, item] { choose(item); });
     m_rowMenu->addSeparator();
     m_rowMenu->addAction(item.isPinned ? u"Unpin"_s : u"Pin"_s, this, [this, item] { m_manager->togglePin(item); });

@@ -23,7 +23,7 @@ std::optional<int> HistoryListWidget::rowAt(QPoint point) const {
     if (m_stack.count() == 0 || !rect().contains(point)) {
         return std::nullopt;
     }
-    const auto row = rowOfElement(m_stack.indexAt(point.y() + m_scrollOffset));
+    const auto row = m_sections.rowOfElement(m_stack.indexAt(point.y() + m_scrollOffset));
     return row && rowRectangle(*row).contains(point) ? row : std::nullopt;
 }
 
@@ -137,7 +137,7 @@ void HistoryListWidget::wheelEvent(QWheelEvent* event) {
             return;
         }
     }
-    m_scrollFrames.stop();
+    m_glide.stop();
     scrollTo(m_scrollOffset - distance);
     measureVisible();
     setPointer(point);
@@ -158,7 +158,7 @@ void HistoryListWidget::showEvent(QShowEvent* event) {
 
 void HistoryListWidget::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
-    m_scrollFrames.stop();
+    m_glide.stop();
     m_hovered.reset();
     m_pressed.reset();
     updateHighlights(Motion::Immediate);

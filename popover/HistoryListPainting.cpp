@@ -29,7 +29,7 @@ void HistoryListWidget::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const int last = m_stack.indexAt(m_scrollOffset + height());
     for (int element = m_stack.indexAt(m_scrollOffset); element <= last; ++element) {
-        const auto row = rowOfElement(element);
+        const auto row = m_sections.rowOfElement(element);
         const int top = m_stack.top(element) - static_cast<int>(std::lround(m_scrollOffset));
         const QRect header(0, top, width(), m_stack.height(element));
         const QRect area = row ? rowRectangle(*row) : header;
@@ -41,6 +41,9 @@ void HistoryListWidget::paintEvent(QPaintEvent* event) {
         } else {
             paintHeader(painter, area, element == 0);
         }
+    }
+    if (m_scrollOffset > 0) {
+        painter.fillRect(0, 0, width(), 1, faded(m_palette.separator, 0.6)); // more lies above
     }
 }
 

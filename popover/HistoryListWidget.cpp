@@ -11,12 +11,9 @@
 #include <QAccessible>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 
 namespace zamber {
-
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -26,8 +23,6 @@ constexpr int ROW_GAP = 6;
 constexpr int GUESSED_ROW_HEIGHT = 36;
 constexpr int HEADER_PADDING_TOP = 8;
 constexpr int HEADER_PADDING_BOTTOM = 2;
-constexpr double SCROLL_MS = 100;
-constexpr auto FRAME = 16ms;
 /// Measuring rows moves others into view, which are then measured in turn; it settles at once but for odd lists.
 constexpr int MOST_MEASURING_ROUNDS = 8;
 
@@ -45,13 +40,11 @@ HistoryListWidget::HistoryListWidget(const Symbols& symbols, const Appearance& a
     setMouseTracking(true);
     setFocusPolicy(Qt::NoFocus);
 
-    m_scrollFrames.setInterval(FRAME);
-    m_scrollFrames.setTimerType(Qt::PreciseTimer);
-    connect(&m_scrollFrames, &QTimer::timeout, this, &HistoryListWidget::advanceScroll);
+    connect(&m_glide, &GlidingScroll::advanced, this, &HistoryListWidget::glide);
     connect(&m_highlights, &RowHighlights::advanced, this, &HistoryListWidget::highlightsAdvanced);
     connect(&m_thumbnails, &ThumbnailCache::loaded, this, [this](const QUuid& id) {
         if (const auto row = m_rowById.constFind(id); row != m_rowById.constEnd()) {
-            keepingPlace([&] { measure(elementOfRow(*row)); });
+            keepingPlace([&] { measure(m_sections.elementOfRow(*row)); });
         }
     });
 }
@@ -60,7 +53,8 @@ HistoryListWidget::~HistoryListWidget() = default;
 
 void HistoryListWidget::setItems(const QList<ClipboardItem>& items) {
     m_items = items;
-    m_pinnedCount = static_cast<int>(std::ranges::count_if(m_items, &ClipboardItem::isPinned));
+    m_sections = {static_cast<int>(m_items.size()),
+                  static_cast<int>(std::ranges::count_if(m_items, &ClipboardItem::isPinned))};
     m_rowById.clear();
     for (int row = static_cast<int>(m_items.size()) - 1; row >= 0; --row) {
         m_rowById.insert(item(row).id, row);
@@ -95,25 +89,6 @@ Motion HistoryListWidget::motion() const {
     return m_appearance.reducedMotion() || !isVisible() ? Motion::Immediate : Motion::Animated;
 }
 
-// The stack's elements are the rows and, when there are pinned entries, a header above each of the two groups.
-
-int HistoryListWidget::elementOfRow(int row) const {
-    if (pinnedCount() == 0) {
-        return row;
-    }
-    return row < pinnedCount() ? row + 1 : row + 2;
-}
-
-std::optional<int> HistoryListWidget::rowOfElement(int element) const {
-    if (pinnedCount() == 0) {
-        return element;
-    }
-    if (element == 0 || element == pinnedCount() + 1) {
-        return std::nullopt;
-    }
-    return element <= pinnedCount() ? element - 1 : element - 2;
-}
-
 ClipboardRowView HistoryListWidget::rowView(int row) {
     return {item(row), isHovered(row), m_preferences, m_thumbnails.thumbnail(item(row), devicePixelRatioF())};
 }
@@ -123,7 +98,7 @@ int HistoryListWidget::rowWidth() const {
 }
 
 QRect HistoryListWidget::rowRectangle(int index) const {
-    const int element = elementOfRow(index);
+    const int element = m_sections.elementOfRow(index);
     const int top = m_stack.top(element) - static_cast<int>(std::lround(m_scrollOffset));
     return {PADDING_HORIZONTAL, top, rowWidth(), m_stack.height(element)};
 }
@@ -134,15 +109,13 @@ bool HistoryListWidget::isHovered(int index) const {
 }
 
 void HistoryListWidget::invalidateHeights() {
-    const bool hasRecentHeader = pinnedCount() > 0 && pinnedCount() < m_items.size();
-    const auto headers = (pinnedCount() > 0 ? 1 : 0) + (hasRecentHeader ? 1 : 0);
-    m_stack.reset(static_cast<int>(m_items.size()) + headers, GUESSED_ROW_HEIGHT);
+    m_stack.reset(m_sections.elementCount(), GUESSED_ROW_HEIGHT);
     measureVisible();
     update();
 }
 
 void HistoryListWidget::measure(int element) {
-    if (const auto row = rowOfElement(element)) {
+    if (const auto row = m_sections.rowOfElement(element)) {
         m_stack.setHeight(element, currentHeight(*row));
     } else {
         m_stack.setHeight(element,
@@ -192,7 +165,7 @@ void HistoryListWidget::measureVisible() {
 }
 
 void HistoryListWidget::measureAround(int row) {
-    const int element = elementOfRow(row);
+    const int element = m_sections.elementOfRow(row);
     const int rowsInView = height() / GUESSED_ROW_HEIGHT + 1;
     const int first = std::max(0, element - rowsInView);
     const int last = std::min(m_stack.count() - 1, element + rowsInView);
@@ -211,7 +184,7 @@ void HistoryListWidget::keepingPlace(Change change) {
     // The row under the pointer is the one to keep still; else the first that is seen.
     int anchor = m_stack.indexAt(m_scrollOffset);
     if (m_hovered) {
-        anchor = elementOfRow(m_rowById.value(m_hovered->row));
+        anchor = m_sections.elementOfRow(m_rowById.value(m_hovered->row));
     }
     const int before = m_stack.top(anchor);
     change();
@@ -244,8 +217,8 @@ void HistoryListWidget::highlightsAdvanced() {
     keepingPlace([&] {
         for (const QUuid& id : affected) {
             const auto row = m_rowById.constFind(id);
-            if (row != m_rowById.constEnd() && elementOfRow(*row) < m_stack.count()) {
-                measure(elementOfRow(*row));
+            if (row != m_rowById.constEnd() && m_sections.elementOfRow(*row) < m_stack.count()) {
+                measure(m_sections.elementOfRow(*row));
             }
         }
     });
@@ -257,7 +230,7 @@ void HistoryListWidget::scrollTo(double offset) {
 }
 
 void HistoryListWidget::startAtTop() {
-    m_scrollFrames.stop();
+    m_glide.stop();
     m_selectedIndex = 0;
     updateHighlights(Motion::Immediate);
     scrollTo(0);
@@ -266,40 +239,35 @@ void HistoryListWidget::startAtTop() {
 }
 
 double HistoryListWidget::centredOffset(int row) const {
-    const int element = elementOfRow(row);
+    const int element = m_sections.elementOfRow(row);
     const double offset = m_stack.top(element) + m_stack.height(element) / 2.0 - height() / 2.0;
     return std::clamp(offset, 0.0, std::max(0.0, static_cast<double>(m_stack.totalHeight() - height())));
 }
 
 void HistoryListWidget::centreOn(int index) {
     measureAround(index);
-    m_scrollTarget = item(index).id;
-    if (motion() == Motion::Immediate) {
-        scrollTo(centredOffset(index));
-        measureVisible();
-        forgetHoverThatMovedAway();
-        update();
+    m_glideTarget = item(index).id;
+    if (motion() == Motion::Animated) {
+        m_glide.start(m_scrollOffset - centredOffset(index));
         return;
     }
-    m_scrollWay = m_scrollOffset - centredOffset(index);
-    m_scrollTime.start();
-    m_scrollFrames.start();
+    scrollTo(centredOffset(index));
+    measureVisible();
+    forgetHoverThatMovedAway();
+    update();
 }
 
-void HistoryListWidget::advanceScroll() {
-    const auto row = m_rowById.constFind(m_scrollTarget);
-    const double progress = std::min(1.0, static_cast<double>(m_scrollTime.elapsed()) / SCROLL_MS);
-    if (progress >= 1 || row == m_rowById.constEnd()) {
-        m_scrollFrames.stop();
+void HistoryListWidget::glide() {
+    const auto row = m_rowById.constFind(m_glideTarget);
+    if (row == m_rowById.constEnd()) {
+        m_glide.stop();
+        return;
     }
-    if (row != m_rowById.constEnd()) {
-        // The goal is looked up anew each time: rows grow and shrink on the way.
-        const double eased = progress * progress * (3 - 2 * progress);
-        scrollTo(centredOffset(*row) + m_scrollWay * (1 - eased));
-        measureVisible();
-        forgetHoverThatMovedAway();
-        update();
-    }
+    // The goal is looked up anew each time: rows grow and shrink on the way.
+    scrollTo(centredOffset(*row) + m_glide.remaining());
+    measureVisible();
+    forgetHoverThatMovedAway();
+    update();
 }
 
 } // namespace zamber

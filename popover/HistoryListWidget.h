@@ -3,14 +3,14 @@
 #pragma once
 
 #include "popover/ClipboardRowView.h"
+#include "popover/GlidingScroll.h"
 #include "popover/RowHighlights.h"
+#include "popover/RowSections.h"
 #include "popover/RowStack.h"
 #include "popover/ThumbnailCache.h"
 
-#include <QElapsedTimer>
 #include <QHash>
 #include <QList>
-#include <QTimer>
 #include <QWidget>
 
 #include <map>
@@ -90,11 +90,6 @@ private:
         bool operator==(const Target&) const = default;
     };
 
-    int elementOfRow(int row) const;
-    std::optional<int> rowOfElement(int element) const;
-    bool isHeader(int element) const { return !rowOfElement(element); }
-    int pinnedCount() const { return m_pinnedCount; }
-
     const ClipboardItem& item(int row) const { return m_items[row]; }
     ClipboardRowView rowView(int row);
     int rowWidth() const;
@@ -111,7 +106,7 @@ private:
     void updateHighlights(Motion motion);
     void highlightsAdvanced();
     void scrollTo(double offset);
-    void advanceScroll();
+    void glide();
     double centredOffset(int row) const;
 
     std::optional<int> rowAt(QPoint point) const;
@@ -131,7 +126,7 @@ private:
 
     QList<ClipboardItem> m_items;
     QHash<QUuid, int> m_rowById;
-    int m_pinnedCount = 0;
+    RowSections m_sections;
     RowStack m_stack;
     ThumbnailCache m_thumbnails;
     RowHighlights m_highlights;
@@ -142,10 +137,8 @@ private:
     std::optional<Target> m_pressed;
 
     double m_scrollOffset = 0;
-    QTimer m_scrollFrames;
-    QElapsedTimer m_scrollTime;
-    QUuid m_scrollTarget;
-    double m_scrollWay = 0;
+    GlidingScroll m_glide;
+    QUuid m_glideTarget;
 };
 
 } // namespace zamber

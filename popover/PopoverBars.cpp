@@ -53,9 +53,10 @@ PopoverHeader::PopoverHeader(const Symbols& symbols, SettingsButton settingsButt
         m_settings->setObjectName(u"settingsButton"_s);
         m_settings->setAccessibleName(u"Settings"_s);
         m_settings->setToolTip(u"Settings"_s);
-        row->addSpacing(-PlainButton::GROUND_PADDING);
+        // The gear itself stands at the margin; the ground that it shows when hovered reaches into it.
+        row->setContentsMargins(BAR_PADDING_HORIZONTAL, HEADER_PADDING_TOP,
+                                BAR_PADDING_HORIZONTAL - PlainButton::GROUND_PADDING, HEADER_PADDING_BOTTOM);
         row->addWidget(m_settings);
-        row->addSpacing(-HEADER_SPACING - PlainButton::GROUND_PADDING);
         connect(m_settings, &PlainButton::clicked, this, &PopoverHeader::settingsRequested);
     }
 }

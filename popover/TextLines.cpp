@@ -40,6 +40,24 @@ QTextOption wrapping() {
     return option;
 }
 
+QString withoutTrailingBlanks(QString text) {
+    while (!text.isEmpty() && text.back().isSpace()) {
+        text.chop(1);
+    }
+    return text;
+}
+
+/// As much of the line as fits, closely followed by an ellipsis.
+QString elided(const QString& line, const QFont& font, int width) {
+    const QFontMetricsF metrics(font);
+    QString text = metrics.elidedText(withoutTrailingBlanks(line) + ELLIPSIS, Qt::ElideRight, width);
+    if (text.endsWith(ELLIPSIS)) {
+        text.chop(1);
+        text = withoutTrailingBlanks(text) + ELLIPSIS;
+    }
+    return text;
+}
+
 /// Where a character ends that begins before `limit` bytes.
 qsizetype characterBoundary(const QByteArray& utf8, qsizetype limit) {
     const auto isContinuation = [&](qsizetype at) { return (static_cast<unsigned char>(utf8[at]) & 0xC0U) == 0x80U; };
@@ -69,8 +87,7 @@ QStringList elidedLines(const QString& text, const QFont& font, int width, int m
         const qsizetype end = start + line.textLength();
         if (lines.size() + 1 == mostLines && end < shown.size()) {
             const qsizetype nextBreak = shown.indexOf(QChar::LineSeparator, start);
-            const QString rest = shown.mid(start, nextBreak < 0 ? -1 : nextBreak - start).trimmed() + ELLIPSIS;
-            lines.append(QFontMetricsF(font).elidedText(rest, Qt::ElideRight, width));
+            lines.append(elided(shown.mid(start, nextBreak < 0 ? -1 : nextBreak - start), font, width));
             break;
         }
         QString piece = shown.mid(start, line.textLength());

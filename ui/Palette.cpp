@@ -49,8 +49,8 @@ Palette Palette::light(const QColor& userAccent) {
     Palette palette;
     palette.primary = black(0.88);
     palette.secondary = black(0.68);
-    palette.tertiary = black(0.61);
-    palette.quaternary = black(0.565);
+    palette.tertiary = black(0.62);
+    palette.quaternary = black(0.575);
     palette.tertiaryFill = black(0.06);
     palette.quinaryFill = black(0.05);
     palette.separator = black(0.14);
@@ -71,8 +71,8 @@ Palette Palette::dark(const QColor& userAccent) {
     palette.isDark = true;
     palette.primary = white(0.94);
     palette.secondary = white(0.70);
-    palette.tertiary = white(0.59);
-    palette.quaternary = white(0.52);
+    palette.tertiary = white(0.61);
+    palette.quaternary = white(0.545);
     palette.tertiaryFill = white(0.10);
     palette.quinaryFill = white(0.075);
     palette.separator = white(0.16);

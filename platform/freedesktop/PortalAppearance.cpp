@@ -94,10 +94,8 @@ QColor PortalAppearance::accentColor() const {
 }
 
 bool PortalAppearance::reducedMotion() const {
-    if (m_portalReducesMotion.value_or(false)) {
-        return true;
-    }
-    return !m_desktopAnimates.value_or(QApplication::isEffectEnabled(Qt::UI_General));
+    // Qt's own word for it is no help: without a desktop environment it has all effects off, though nobody asked.
+    return m_portalReducesMotion.value_or(false) || !m_desktopAnimates.value_or(true);
 }
 
 void PortalAppearance::setChangedHandler(std::function<void()> handler) {

@@ -47,4 +47,14 @@ void QtApplication::terminate() {
     QCoreApplication::quit();
 }
 
+void QtApplication::setShowRequestedHandler(std::function<void()> handler) {
+    m_showRequested = std::move(handler);
+}
+
+void QtApplication::requestShow() const {
+    if (m_showRequested) {
+        m_showRequested();
+    }
+}
+
 } // namespace zamber

@@ -16,12 +16,17 @@ public:
     /// `activateWindow` asks the window manager to bring one of our windows to the front.
     explicit QtApplication(std::function<void(WId)> activateWindow);
 
+    /// Another start asks for the program.
+    void requestShow() const;
+
     void setAccessoryPolicy() override;
     void activate() override;
     void terminate() override;
+    void setShowRequestedHandler(std::function<void()> handler) override;
 
 private:
     std::function<void(WId)> m_activateWindow;
+    std::function<void()> m_showRequested;
 };
 
 } // namespace zamber

@@ -5,6 +5,8 @@
 #include "platform/Application.h"
 #include "tests/fakes/Journal.h"
 
+#include <utility>
+
 namespace zamber {
 
 class FakeApplication final : public Application {
@@ -19,10 +21,20 @@ public:
         isTerminated = true;
     }
 
+    void setShowRequestedHandler(std::function<void()> handler) override { m_showRequested = std::move(handler); }
+
+    /// The user starts the program once more.
+    void startAgain() {
+        if (m_showRequested) {
+            m_showRequested();
+        }
+    }
+
     bool isTerminated = false;
 
 private:
     Journal& m_journal;
+    std::function<void()> m_showRequested;
 };
 
 } // namespace zamber

@@ -197,6 +197,16 @@ TEST_F(ClipboardManagerTest, PinnedEntriesComeFirstThenTheNewest) {
     EXPECT_EQ(summary(), "b old* c new* a");
 }
 
+TEST_F(ClipboardManagerTest, EntriesOfOneMomentKeepTheirOrder) {
+    QList<ClipboardItem> items;
+    for (const char c : QByteArray("thequickbrownfoxjumps")) {
+        items.append({ClipboardContent::text(QByteArray(1, c)), 1});
+    }
+    save(items);
+    start();
+    EXPECT_EQ(found(), summary());
+}
+
 TEST_F(ClipboardManagerTest, ASearchForImageListsImagesAndTextsThatContainIt) {
     capture("My IMAGE");
     capture("something else");

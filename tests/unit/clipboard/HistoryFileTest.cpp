@@ -122,13 +122,20 @@ TEST_F(HistoryFileTest, APipeInItsPlaceNeitherHangsNorCrashes) {
     EXPECT_EQ(file.read(), std::nullopt);
     file.write(texts({"a"}));
 
-    const int reader = ::open(path.c_str(), O_RDWR | O_NONBLOCK);
-    ASSERT_GE(reader, 0);
+    const int writer = ::open(path.c_str(), O_RDWR | O_NONBLOCK);
+    ASSERT_GE(writer, 0);
     EXPECT_EQ(file.read(), std::nullopt);
     file.write(texts({"a"}));
     char byte = 0;
-    EXPECT_EQ(::read(reader, &byte, 1), -1);
-    ::close(reader);
+    EXPECT_EQ(::read(writer, &byte, 1), -1);
+
+    // One that has been filled and left: it would read to its end.
+    const int source = ::open(path.c_str(), O_RDONLY | O_NONBLOCK);
+    ASSERT_EQ(::write(writer, "[]", 2), 2);
+    ::close(writer);
+    EXPECT_EQ(file.read(), std::nullopt);
+    EXPECT_EQ(::read(source, &byte, 1), 1);
+    ::close(source);
     EXPECT_TRUE(std::filesystem::is_fifo(path));
 }
 

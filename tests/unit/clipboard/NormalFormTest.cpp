@@ -85,6 +85,8 @@ TEST(CanonicalEquivalence, ComposedAndDecomposedAreEqualOtherFormsAreNot) {
     expectEqual("가", "\u1100\u1161", "");
     expectEqual("q\u0323\u0307", "q\u0307\u0323", "");
     expectEqual("", "", "");
+    expectEqual("a\u0301\u0316\u0300\u0323", "a\u0301\u0300\u0316\u0323", "");
+    expectEqual("a\u0316é\u0323", "a\u0316ẹ\u0301", "");
     EXPECT_FALSE(canonicallyEqual("cafe", "café"));
     EXPECT_FALSE(canonicallyEqual("cafe", "cafe\u0301"));
     EXPECT_FALSE(canonicallyEqual("ﬁ", "fi"));

@@ -168,6 +168,7 @@ int main(int argc, char** argv) {
             shown.view->findChild<QAbstractButton*>(u"clearButton"_s)->click();
         };
         camera.shoot(*mixed, u"clear"_s);
+        camera.prepare = [](PopoverStage&) {};
         mixed->defaults.setString(keys::popoverSize.name, u"compact"_s);
         camera.shoot(*mixed, u"compact"_s);
         mixed.reset();

@@ -1,0 +1,223 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/freedesktop/PopoverPlacement.h"
+#include "platform/freedesktop/PopoverWindow.h"
+#include "tests/contracts/PopoverHostContract.h"
+#include "tests/fakes/FakeAppearance.h"
+#include "tests/fakes/FakePopoverHost.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QWindow>
+
+namespace zamber {
+
+namespace {
+
+struct FakePopoverHostRig {
+    FakePopoverHost fake;
+
+    PopoverHost& host() { return fake; }
+    QSize contentSize() { return fake.contentSize; }
+    void giveContent() {}
+    void pressOutside() { fake.pressOutside(); }
+};
+
+void pressIn(QWindow* window, QPoint position) {
+    QMouseEvent press(QEvent::MouseButtonPress, position, window->mapToGlobal(position), Qt::LeftButton, Qt::LeftButton,
+                      {});
+    QCoreApplication::sendEvent(window, &press);
+}
+
+struct PopoverWindowRig {
+    bool isComposited = true;
+    QList<WId> activated;
+    FakeAppearance appearance;
+    QWidget content;
+    PopoverWindow real;
+
+    PopoverWindowRig()
+        : real(appearance, {.isComposited = [this] { return isComposited; },
+                            .activateWindow = [this](WId window) { activated.append(window); }}) {}
+
+    PopoverHost& host() { return real; }
+    QSize contentSize() { return content.size(); }
+    void giveContent() { real.setContent(&content); }
+    void pressOutside() { real.pressedOutside(QPoint(-4000, 4000)); }
+};
+
+class PopoverWindowTest : public testing::Test {
+protected:
+    PopoverWindowTest() {
+        rig.giveContent();
+        popover.setContentSize({300, 200});
+    }
+
+    void show() { popover.show({QRect(400, 0, 24, 24)}, PopoverEdge::MinY); }
+    QWidget* window() { return rig.content.window(); }
+
+    PopoverWindowRig rig;
+    PopoverWindow& popover = rig.real;
+};
+
+} // namespace
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Fake, PopoverHostContract, FakePopoverHostRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(Window, PopoverHostContract, PopoverWindowRig);
+
+TEST(PopoverPlacement, ItHangsBelowTheAnchorAndCentredOnIt) {
+    EXPECT_EQ(popoverPlacement({500, 0, 24, 24}, {440, 420}, PopoverEdge::MinY, {0, 0, 1280, 800}),
+              QRect(292, 24 + POPOVER_GAP, 440, 420));
+}
+
+TEST(PopoverPlacement, ItStandsAboveAnAnchorAtTheBottom) {
+    EXPECT_EQ(popoverPlacement({500, 776, 24, 24}, {440, 420}, PopoverEdge::MinY, {0, 0, 1280, 776}),
+              QRect(292, 776 - POPOVER_GAP - 420, 440, 420));
+}
+
+TEST(PopoverPlacement, TheOtherPreferenceIsKeptWhereThereIsRoom) {
+    EXPECT_EQ(popoverPlacement({500, 600, 24, 24}, {440, 420}, PopoverEdge::MaxY, {0, 0, 1280, 1200}).y(),
+              600 - POPOVER_GAP - 420);
+    EXPECT_EQ(popoverPlacement({500, 100, 24, 24}, {440, 420}, PopoverEdge::MaxY, {0, 0, 1280, 800}).y(),
+              124 + POPOVER_GAP);
+}
+
+TEST(PopoverPlacement, ItIsAlwaysWholeInsideTheWorkArea) {
+    const QRect workAreas[] = {{0, 0, 1280, 800}, {0, 30, 1280, 770}, {-1920, 200, 1920, 1050}, {1280, -300, 600, 500}};
+    for (const QRect& workArea : workAreas) {
+        for (int x = workArea.left() - 200; x < workArea.right() + 200; x += 97) {
+            for (int y = workArea.top() - 200; y < workArea.bottom() + 200; y += 89) {
+                for (const PopoverEdge edge : {PopoverEdge::MinY, PopoverEdge::MaxY}) {
+                    const QRect placed = popoverPlacement({x, y, 24, 24}, {440, 420}, edge, workArea);
+                    EXPECT_EQ(placed.size(), QSize(440, 420));
+                    EXPECT_TRUE(workArea.contains(placed)) << x << ',' << y;
+                }
+            }
+        }
+    }
+}
+
+TEST(PopoverPlacement, OneThatIsTooLargeShowsItsUpperLeftCorner) {
+    EXPECT_EQ(popoverPlacement({500, 0, 24, 24}, {440, 420}, PopoverEdge::MinY, {100, 50, 320, 240}).topLeft(),
+              QPoint(100, 50));
+}
+
+TEST_F(PopoverWindowTest, ItIsAToolWindowAndNeverAPopup) {
+    EXPECT_EQ(window()->windowType(), Qt::Tool);
+    EXPECT_TRUE(window()->windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_TRUE(window()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_EQ(window()->windowTitle(), QStringLiteral("Zamber"));
+    EXPECT_NE(window()->windowHandle(), nullptr) << "the window is there before it is first shown";
+    EXPECT_FALSE(window()->isVisible());
+}
+
+TEST_F(PopoverWindowTest, ItTellsWhenItOpensAndCloses) {
+    const QSignalSpy shown(&popover, &PopoverWindow::shown);
+    const QSignalSpy closed(&popover, &PopoverWindow::closed);
+    show();
+    show();
+    EXPECT_EQ(shown.count(), 1);
+    popover.performClose();
+    popover.performClose();
+    EXPECT_EQ(closed.count(), 1);
+}
+
+TEST_F(PopoverWindowTest, ItAsksForTheFocusAtEachShowing) {
+    show();
+    EXPECT_EQ(rig.activated, QList<WId>{window()->winId()});
+    show();
+    EXPECT_EQ(rig.activated.size(), 2);
+}
+
+TEST_F(PopoverWindowTest, TheVisibleFrameIsPlacedNotItsShadow) {
+    const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect placed = popoverPlacement({400, 0, 24, 24}, {300, 200}, PopoverEdge::MinY, workArea);
+    show();
+    EXPECT_EQ(popover.frameRectangle(), placed);
+    EXPECT_TRUE(window()->geometry().contains(placed.adjusted(-10, -10, 10, 10)));
+    EXPECT_EQ(rig.content.mapToGlobal(QPoint(0, 0)), placed.topLeft());
+    popover.performClose();
+
+    rig.isComposited = false;
+    show();
+    EXPECT_EQ(popover.frameRectangle(), placed);
+    EXPECT_EQ(window()->geometry(), placed) << "no shadow without a compositor";
+}
+
+TEST_F(PopoverWindowTest, AnAnchorBeyondAllScreensEndsUpOnTheNearestOne) {
+    const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
+    popover.show({QRect(workArea.right() + 5000, -3000, 24, 24)}, PopoverEdge::MinY);
+    EXPECT_TRUE(workArea.contains(popover.frameRectangle()));
+}
+
+TEST_F(PopoverWindowTest, ACompositedWindowHasRoundCornersAndASolidMiddle) {
+    rig.content.setAutoFillBackground(true);
+    show();
+    const QImage picture = window()->grab().toImage();
+    const QRect inner = QRect(rig.content.pos(), rig.content.size());
+    EXPECT_LT(picture.pixelColor(inner.topLeft()).alpha(), 128);
+    EXPECT_LT(picture.pixelColor(inner.bottomRight()).alpha(), 160);
+    EXPECT_EQ(picture.pixelColor(inner.center()).alpha(), 255);
+    EXPECT_EQ(picture.pixelColor(inner.topLeft() + QPoint(6, 6)).alpha(), 255);
+    EXPECT_GT(picture.pixelColor(inner.center().x(), inner.bottom() + 4).alpha(), 10) << "the shadow";
+    EXPECT_LT(picture.pixelColor(0, 0).alpha(), 4);
+}
+
+TEST_F(PopoverWindowTest, APressInsideKeepsItAndAPressOnItsShadowClosesIt) {
+    show();
+    pressIn(window()->windowHandle(), rig.content.geometry().center());
+    EXPECT_TRUE(popover.isShown());
+    popover.pressedOutside(popover.frameRectangle().center());
+    EXPECT_TRUE(popover.isShown()) << "the position counts, not the name";
+    pressIn(window()->windowHandle(), QPoint(2, 2));
+    EXPECT_FALSE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, APressInAnotherWindowOfOursClosesItButNotOneInItsOwnMenu) {
+    QWidget settings;
+    settings.show();
+    show();
+    QMenu menu(&rig.content);
+    menu.addAction(QStringLiteral("Copy"));
+    menu.popup(QPoint(10, 10));
+    pressIn(menu.windowHandle(), QPoint(3, 3));
+    EXPECT_TRUE(popover.isShown());
+    menu.close();
+    pressIn(settings.windowHandle(), QPoint(3, 3));
+    EXPECT_FALSE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, ItClosesWhenAnotherProgramComesToTheFrontButNotForAWindowOfOurs) {
+    show();
+    QWidget own;
+    own.show();
+    QApplication::setActiveWindow(&own);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(popover.isShown());
+
+    QApplication::setActiveWindow(window());
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_TRUE(popover.isShown()) << "a turn of the main loop shows who follows";
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, TheContentStaysTheCallers) {
+    auto content = std::make_unique<QWidget>();
+    {
+        FakeAppearance appearance;
+        PopoverWindow other(appearance, {.isComposited = [] { return false; }, .activateWindow = [](WId) {}});
+        other.setContent(content.get());
+        EXPECT_NE(content->window(), content.get());
+    }
+    EXPECT_EQ(content->parent(), nullptr);
+    popover.setContent(content.get());
+    content.reset();
+    show();
+    EXPECT_TRUE(popover.isShown()) << "even without a content";
+}
+
+} // namespace zamber

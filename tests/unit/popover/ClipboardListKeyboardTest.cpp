@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "tests/unit/popover/ClipboardListViewFixture.h"
+
+namespace zamber {
+
+using ClipboardListKeyboardTest = ClipboardListViewTest;
+
+TEST_F(ClipboardListKeyboardTest, UpAndDownStopAtTheEnds) {
+    stage.copyTexts(3);
+    open();
+    press(HardwareKey::UpArrow);
+    EXPECT_EQ(stage.view->selectedIndex(), 0);
+    press(HardwareKey::DownArrow, 7);
+    EXPECT_EQ(stage.view->selectedIndex(), 2);
+    EXPECT_EQ(highlightedRows(), QList<int>{2});
+    press(HardwareKey::UpArrow);
+    EXPECT_EQ(stage.view->selectedIndex(), 1);
+}
+
+TEST_F(ClipboardListKeyboardTest, DownBeyondTheVisibleAreaScrollsTheSelectedRowToTheCentre) {
+    stage.copyTexts(20);
+    open();
+    press(HardwareKey::DownArrow, 10);
+    EXPECT_NEAR(stage.list().rowRectangle(10).center().y(), stage.list().rect().center().y(), 2);
+    press(HardwareKey::DownArrow, 30);
+    EXPECT_LE(stage.list().rowRectangle(19).bottom(), stage.list().rect().bottom());
+    EXPECT_GE(stage.list().rowRectangle(19).top(), 0);
+}
+
+TEST_F(ClipboardListKeyboardTest, ReturnCopiesTheSelectedEntryAndThenPastes) {
+    stage.copyTexts(3);
+    open();
+    press(HardwareKey::DownArrow);
+    std::optional<QByteArray> onTheClipboardWhenPasting;
+    stage.manager->onPaste = [&] { onTheClipboardWhenPasting = pasted(); };
+    press(HardwareKey::Return);
+    EXPECT_EQ(onTheClipboardWhenPasting, "text 1");
+}
+
+TEST_F(ClipboardListKeyboardTest, EscapeClosesThePopover) {
+    open();
+    press(HardwareKey::Escape);
+    EXPECT_EQ(stage.closed, 1);
+}
+
+TEST_F(ClipboardListKeyboardTest, TheFourKeysAreSwallowedInAnEmptyListAndOthersPassOn) {
+    open();
+    press(HardwareKey::UpArrow);
+    press(HardwareKey::DownArrow);
+    press(HardwareKey::Return);
+    EXPECT_EQ(stage.view->selectedIndex(), 0);
+    EXPECT_EQ(stage.pastes, 0);
+    EXPECT_EQ(stage.keyMonitor.press(HardwareKey::Other), KeyDisposition::PassOn);
+}
+
+TEST_F(ClipboardListKeyboardTest, ASelectionBeyondAShrunkenListIsStale) {
+    stage.copyTexts(10);
+    open();
+    press(HardwareKey::DownArrow, 6);
+    stage.manager->setSearchText(u"text 3"_s);
+    ASSERT_EQ(stage.list().items().size(), 1);
+    EXPECT_EQ(stage.view->selectedIndex(), 6);
+    EXPECT_EQ(highlightedRows(), QList<int>{});
+    press(HardwareKey::Return);
+    EXPECT_EQ(stage.pastes, 0);
+    press(HardwareKey::UpArrow);
+    EXPECT_EQ(stage.view->selectedIndex(), 5);
+    press(HardwareKey::DownArrow);
+    EXPECT_EQ(stage.view->selectedIndex(), 0);
+    press(HardwareKey::Return);
+    EXPECT_EQ(pasted(), "text 3");
+}
+
+TEST_F(ClipboardListKeyboardTest, TheKeysAreWatchedOnlyWhileTheViewIsShown) {
+    stage.copyTexts(3);
+    stage.makeView();
+    EXPECT_EQ(stage.keyMonitor.handlerCount(), 0U);
+    stage.view->show();
+    EXPECT_EQ(stage.keyMonitor.handlerCount(), 1U);
+    press(HardwareKey::DownArrow, 2);
+    stage.view->hide();
+    EXPECT_EQ(stage.keyMonitor.handlerCount(), 0U);
+    stage.view->show();
+    EXPECT_EQ(stage.keyMonitor.handlerCount(), 1U);
+    EXPECT_EQ(stage.view->selectedIndex(), 0) << "each opening starts at the top";
+    EXPECT_EQ(highlightedRows(), QList<int>{0});
+}
+
+TEST_F(ClipboardListKeyboardTest, TypingGoesToTheSearchFieldAndFiltersAtOnce) {
+    stage.copyText("apple");
+    stage.copyText("banana");
+    open();
+    QTest::keyClicks(stage.view->focusWidget(), u"ban"_s);
+    EXPECT_EQ(stage.manager->searchText(), u"ban"_s);
+    ASSERT_EQ(stage.list().items().size(), 1);
+    EXPECT_EQ(textOfRow(0), u"banana"_s);
+}
+
+TEST_F(ClipboardListKeyboardTest, TheClearSearchButtonIsThereWhileThereIsText) {
+    stage.copyTexts(2);
+    open();
+    EXPECT_EQ(visible<QAbstractButton>(u"Clear search"_s), nullptr);
+    stage.manager->setSearchText(u" "_s);
+    EXPECT_EQ(visible<QLineEdit>(u"Search clipboard…"_s)->text(), u" "_s);
+    visible<QAbstractButton>(u"Clear search"_s)->click();
+    EXPECT_EQ(stage.manager->searchText(), QString());
+    EXPECT_EQ(visible<QAbstractButton>(u"Clear search"_s), nullptr);
+    EXPECT_EQ(stage.list().items().size(), 2);
+}
+
+TEST_F(ClipboardListKeyboardTest, TheSearchTextSurvivesClosing) {
+    stage.copyTexts(3);
+    open();
+    stage.manager->setSearchText(u"2"_s);
+    stage.view->hide();
+    stage.view->show();
+    EXPECT_EQ(stage.list().items().size(), 1);
+}
+
+TEST_F(ClipboardListKeyboardTest, TheHighlightAndTheScrollMoveUnlessMotionIsReduced) {
+    stage.copyTexts(20);
+    stage.appearance.setReducedMotion(false);
+    open();
+    press(HardwareKey::DownArrow, 10);
+    EXPECT_LT(stage.list().scrollOffset(), 50) << "it has only begun to scroll";
+    const auto isCentred = [&] {
+        return std::abs(stage.list().rowRectangle(10).center().y() - stage.list().rect().center().y()) <= 2;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isCentred, 5000));
+}
+
+} // namespace zamber

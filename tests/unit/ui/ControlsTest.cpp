@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "tests/fakes/FakeSymbols.h"
+#include "ui/Badge.h"
+#include "ui/ConfirmationSheet.h"
+#include "ui/PlainButton.h"
+#include "ui/SearchField.h"
+
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace zamber {
+
+using namespace Qt::StringLiterals;
+
+TEST(PlainButton, ItIsPressedAndNeverTakesTheFocus) {
+    const FakeSymbols symbols;
+    QWidget window;
+    auto* field = new QLineEdit(&window);
+    auto* button = new PlainButton(symbols, {.symbol = u"trash"_s, .text = u"Clear"_s}, &window);
+    const QSignalSpy clicked(button, &PlainButton::clicked);
+    button->resize(button->sizeHint());
+    window.show();
+    field->setFocus();
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_EQ(window.focusWidget(), field);
+    EXPECT_EQ(button->cursor().shape(), Qt::PointingHandCursor);
+}
+
+TEST(PlainButton, HoveringChangesItsLook) {
+    const FakeSymbols symbols;
+    PlainButton button(symbols, {.symbol = u"trash"_s, .symbolPoints = 10});
+    button.setColors(Qt::gray, Palette::light(Qt::blue));
+    button.resize(button.sizeHint());
+    button.show();
+    const QImage still = button.grab().toImage();
+    button.setAttribute(Qt::WA_UnderMouse);
+    EXPECT_NE(button.grab().toImage(), still);
+}
+
+TEST(Badge, ItIsAsWideAsItsText) {
+    CapsuleBadge badge;
+    badge.setText(u"1/20"_s);
+    const int narrow = badge.sizeHint().width();
+    badge.setText(u"100/100"_s);
+    EXPECT_GT(badge.sizeHint().width(), narrow);
+    EXPECT_EQ(badge.accessibleName(), u"100/100"_s);
+}
+
+TEST(SearchField, ItTellsEveryChangeAndItsButtonEmptiesIt) {
+    const FakeSymbols symbols;
+    SearchField field(symbols, u"Search clipboard…"_s);
+    const QSignalSpy changed(&field, &SearchField::textChanged);
+    field.show();
+    field.setText(u"a"_s);
+    field.setText(u"a"_s);
+    EXPECT_EQ(changed.count(), 1);
+    auto* clear = field.findChild<QAbstractButton*>();
+    ASSERT_TRUE(clear->isVisible());
+    clear->click();
+    EXPECT_EQ(field.text(), QString());
+    EXPECT_FALSE(clear->isVisible());
+}
+
+TEST(ConfirmationSheet, ItCoversItsViewAndKeepsTheMouseFromIt) {
+    QWidget view;
+    view.resize(360, 340);
+    auto* sheet = new ConfirmationSheet({u"Sure?"_s, u"It is gone then."_s, u"Clear All"_s}, &view);
+    view.show();
+    sheet->show();
+    view.resize(440, 420);
+    EXPECT_EQ(sheet->geometry(), view.rect());
+    EXPECT_EQ(view.childAt(5, 5), sheet);
+}
+
+TEST(ConfirmationSheet, OnlyTheDestructiveButtonConfirms) {
+    QWidget view;
+    auto* sheet = new ConfirmationSheet({u"Sure?"_s, u"It is gone then."_s, u"Clear All"_s}, &view);
+    const QSignalSpy confirmed(sheet, &ConfirmationSheet::confirmed);
+    const QSignalSpy dismissed(sheet, &ConfirmationSheet::dismissed);
+    view.show();
+    sheet->show();
+    const auto buttons = sheet->findChildren<QAbstractButton*>();
+    ASSERT_EQ(buttons.size(), 2);
+    EXPECT_EQ(buttons[0]->text(), u"Clear All"_s);
+    EXPECT_EQ(buttons[1]->text(), u"Cancel"_s);
+    EXPECT_EQ(view.focusWidget(), buttons[1]) << "the harmless one has the focus";
+    buttons[1]->click();
+    EXPECT_EQ(confirmed.count(), 0);
+    EXPECT_EQ(dismissed.count(), 1);
+    buttons[0]->click();
+    EXPECT_EQ(confirmed.count(), 1);
+    EXPECT_EQ(dismissed.count(), 2);
+}
+
+} // namespace zamber

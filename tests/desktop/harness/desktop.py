@@ -184,6 +184,8 @@ class PrivateDesktop:
         self.display = self.connect()
         self.keyboard = Keyboard(self.display, self.display_name, self._authority)
         self.mouse = Mouse(self.display)
+        # With its first key a keyboard announces its layout to everybody, as if it had just been plugged in.
+        self.keyboard.tap("Shift_L")
         self.clipboard = Clipboard(self)
         self.primary = Clipboard(self, "primary")
 

@@ -97,6 +97,17 @@ bool isAscii(char byte) {
     return static_cast<unsigned char>(byte) < 0x80U;
 }
 
+/// The ASCII characters at the start, up to the last one that has ASCII behind it.
+CharacterRun asciiStart(std::string_view text, std::size_t limit) {
+    CharacterRun run;
+    auto& at = run.bytes;
+    while (at + 1 < text.size() && run.count < limit && isAscii(text[at]) && isAscii(text[at + 1])) {
+        at += text[at] == '\r' && text[at + 1] == '\n' ? 2 : 1;
+        ++run.count;
+    }
+    return run;
+}
+
 bool isSpaceOrTab(char32_t c) {
     return c == '\t' || c == ' ' || c == 0xA0 || c == 0x1680 || (c >= 0x2000 && c <= 0x200A) || c == 0x202F ||
            c == 0x205F || c == 0x3000;
@@ -112,9 +123,9 @@ CharacterRun countCharacters(std::string_view text, std::size_t limit) {
     CharacterRun run;
     auto& at = run.bytes;
     while (at < text.size() && run.count < limit) {
-        if (at + 1 < text.size() && isAscii(text[at]) && isAscii(text[at + 1])) {
-            at += text[at] == '\r' && text[at + 1] == '\n' ? 2 : 1;
-            ++run.count;
+        if (const auto ascii = asciiStart(text.substr(at), limit - run.count); ascii.count > 0) {
+            at += ascii.bytes;
+            run.count += ascii.count;
             continue;
         }
         if (const auto end = plainCharacterEnd(text, at)) {

@@ -14,6 +14,7 @@
 #include <string>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 namespace zamber {
 
@@ -54,17 +55,24 @@ void ClipboardManager::setSearchText(const QString& text) {
 }
 
 QList<ClipboardItem> ClipboardManager::filteredItems() const {
-    auto result = m_items;
-    if (!m_searchText.isEmpty()) {
-        const auto folding = userCaseFolding();
-        const auto searched = makeSearchKey(m_searchText.toUtf8(), folding);
-        result.removeIf([&](const ClipboardItem& item) {
-            return !searchKeyContains(view(item.content.searchKey(folding)), view(searched));
-        });
+    const auto folding = userCaseFolding();
+    const auto searched = makeSearchKey(m_searchText.toUtf8(), folding);
+    std::vector<const ClipboardItem*> found;
+    for (const auto& item : m_items) {
+        if (searched.isEmpty() || searchKeyContains(view(item.content.searchKey(folding)), view(searched))) {
+            found.push_back(&item);
+        }
     }
-    std::ranges::stable_sort(result, [](const ClipboardItem& left, const ClipboardItem& right) {
-        return std::tuple(left.isPinned, left.timestamp) > std::tuple(right.isPinned, right.timestamp);
+    std::ranges::sort(found, [](const ClipboardItem* left, const ClipboardItem* right) {
+        // The place in the history decides last, so that entries of one moment never swap.
+        return std::tuple(right->isPinned, right->timestamp, left) < std::tuple(left->isPinned, left->timestamp, right);
     });
+
+    QList<ClipboardItem> result;
+    result.reserve(static_cast<qsizetype>(found.size()));
+    for (const auto* item : found) {
+        result.append(*item);
+    }
     return result;
 }
 

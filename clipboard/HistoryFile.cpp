@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/HistoryFile.h"
 
+#include <QDir>
 #include <QFile>
 #include <QStandardPaths>
 
@@ -90,7 +91,10 @@ HistoryFile::HistoryFile(std::filesystem::path path)
     : m_path(std::move(path)) {}
 
 std::filesystem::path HistoryFile::defaultPath() {
-    const auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (QDir::isRelativePath(folder)) { // from a variable that is to be ignored then
+        folder = QDir::homePath() + QStringLiteral("/.local/share");
+    }
     return std::filesystem::path(QFile::encodeName(folder).toStdString()) / FOLDER_NAME / FILE_NAME;
 }
 

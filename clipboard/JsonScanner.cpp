@@ -23,6 +23,19 @@ bool isUtf8(std::string_view text, std::size_t& at) {
     return nextCodePoint(text, at) != 0xFFFD || text.substr(start, at - start) == "\uFFFD";
 }
 
+/// How many bytes from there on stand for themselves in a string.
+std::size_t plainLength(std::string_view text, std::size_t from) {
+    const auto isPlain = [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte >= 0x20 && byte < 0x80 && byte != '"' && byte != '\\';
+    };
+    auto at = from;
+    while (at < text.size() && isPlain(text[at])) {
+        ++at;
+    }
+    return at - from;
+}
+
 /// The four hexadecimal digits of an escape, or nothing.
 std::optional<char32_t> hexUnit(std::string_view digits) {
     unsigned unit = 0;
@@ -123,7 +136,7 @@ std::optional<JsonValue> JsonScanner::scalar() {
 }
 
 bool JsonScanner::skipString() {
-    while (m_at < m_text.size()) {
+    while ((m_at += plainLength(m_text, m_at)) < m_text.size()) {
         const auto byte = static_cast<unsigned char>(m_text[m_at]);
         if (byte == '"') {
             ++m_at;
@@ -137,8 +150,6 @@ bool JsonScanner::skipString() {
             if (!isUtf8(m_text, m_at)) {
                 return false;
             }
-        } else if (byte >= 0x20) {
-            ++m_at;
         } else {
             return false;
         }
@@ -241,7 +252,7 @@ void appendJsonString(QByteArray& output, std::string_view text) {
     const auto flush = [&](std::size_t upTo) {
         output.append(text.data() + written, static_cast<qsizetype>(upTo - written));
     };
-    for (std::size_t at = 0; at < text.size();) {
+    for (std::size_t at = 0; (at += plainLength(text, at)) < text.size();) {
         const auto start = at;
         const auto byte = static_cast<unsigned char>(text[at]);
         if (byte >= 0x80) {
@@ -252,9 +263,6 @@ void appendJsonString(QByteArray& output, std::string_view text) {
             output.append("\uFFFD");
         } else {
             ++at;
-            if (byte >= 0x20 && byte != '"' && byte != '\\') {
-                continue;
-            }
             flush(start);
             if (byte >= 0x20) {
                 output.append('\\').append(static_cast<char>(byte));

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/SensitiveContent.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -50,7 +49,9 @@ struct Automaton {
         }
         addFallbacks();
         for (auto& row : next) {
-            std::ranges::copy_n(row.begin() + 'a', 26, row.begin() + 'A');
+            for (std::size_t letter = 'a'; letter <= 'z'; ++letter) {
+                row[letter - 'a' + 'A'] = row[letter];
+            }
         }
     }
 

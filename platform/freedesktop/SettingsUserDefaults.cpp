@@ -92,8 +92,11 @@ SettingsUserDefaults::SettingsUserDefaults(const QString& path)
 }
 
 QString SettingsUserDefaults::defaultPath() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/Zamber/Zamber.conf");
+    auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    if (QDir::isRelativePath(folder)) { // from a variable that is to be ignored then
+        folder = QDir::homePath() + QStringLiteral("/.config");
+    }
+    return folder + QStringLiteral("/Zamber/Zamber.conf");
 }
 
 std::optional<QString> SettingsUserDefaults::string(const QString& key) const {

@@ -138,6 +138,8 @@ TEST(SettingsUserDefaults, TheFileIsInTheUsersConfigurationFolder) {
     const auto before = qgetenv("XDG_CONFIG_HOME");
     qputenv("XDG_CONFIG_HOME", "/somewhere/config");
     EXPECT_EQ(SettingsUserDefaults::defaultPath(), QStringLiteral("/somewhere/config/Zamber/Zamber.conf"));
+    qputenv("XDG_CONFIG_HOME", "relative");
+    EXPECT_EQ(SettingsUserDefaults::defaultPath(), QDir::homePath() + QStringLiteral("/.config/Zamber/Zamber.conf"));
     qputenv("XDG_CONFIG_HOME", before);
     if (before.isNull()) {
         qunsetenv("XDG_CONFIG_HOME");

@@ -1,0 +1,205 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "clipboard/HistoryFile.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+
+namespace zamber {
+
+namespace {
+
+class HistoryFileTest : public testing::Test {
+protected:
+    QTemporaryDir home;
+    std::filesystem::path path = home.filePath(QStringLiteral("data/Zamber/clipboard_history.json")).toStdString();
+    HistoryFile file{path};
+
+    void put(const QByteArray& bytes) const {
+        std::filesystem::create_directories(path.parent_path());
+        QFile raw(path);
+        ASSERT_TRUE(raw.open(QIODevice::WriteOnly) && raw.write(bytes) == bytes.size());
+    }
+
+    QByteArray bytes() const {
+        QFile raw(path);
+        return raw.open(QIODevice::ReadOnly) ? raw.readAll() : QByteArray("(none)");
+    }
+
+    static mode_t modeOf(const std::filesystem::path& entry) {
+        struct stat status{};
+        EXPECT_EQ(::stat(entry.c_str(), &status), 0);
+        return status.st_mode & 07777;
+    }
+};
+
+QList<ClipboardItem> texts(const QList<QByteArray>& values) {
+    QList<ClipboardItem> items;
+    for (const auto& value : values) {
+        items.append({ClipboardContent::text(value), 1});
+    }
+    return items;
+}
+
+TEST_F(HistoryFileTest, SavingThenLoadingKeepsEverythingButTheIds) {
+    QByteArray image;
+    for (int i = 0; i < 1000; ++i) {
+        image += static_cast<char>(i);
+    }
+    const QList<ClipboardItem> items = {
+        {ClipboardContent::text("  two\nlines \"é\" 🙂\\ "), 1767323045.123456},
+        {ClipboardContent::image(image), 1767323044.1, true},
+        {ClipboardContent::text("e\u0301 é"), 12.5},
+        {ClipboardContent::image({}), 0},
+    };
+    file.write(items);
+    const auto loaded = file.read();
+    ASSERT_TRUE(loaded && loaded->size() == items.size());
+    for (qsizetype i = 0; i < items.size(); ++i) {
+        EXPECT_EQ(loaded->at(i).content.isImage(), items[i].content.isImage());
+        EXPECT_EQ(loaded->at(i).content.bytes(), items[i].content.bytes());
+        EXPECT_EQ(loaded->at(i).timestamp, items[i].timestamp);
+        EXPECT_EQ(loaded->at(i).isPinned, items[i].isPinned);
+        EXPECT_NE(loaded->at(i).id, items[i].id);
+    }
+}
+
+TEST_F(HistoryFileTest, ALongerAndAShorterHistoryReplaceTheOldOneWhole) {
+    file.write(texts({"middling", "history"}));
+    const auto longer = texts({QByteArray(100'000, 'x'), "middling", "history"});
+    file.write(longer);
+    EXPECT_EQ(bytes(), historyToJson(longer));
+    file.write(texts({"s"}));
+    EXPECT_EQ(bytes(), historyToJson(texts({"s"})));
+    file.write({});
+    EXPECT_EQ(bytes(), "[]");
+}
+
+TEST_F(HistoryFileTest, TheFileAndItsFoldersAreForTheirOwnerAlone) {
+    const auto before = ::umask(0);
+    file.write({});
+    ::umask(before);
+    EXPECT_EQ(modeOf(path), 0600U);
+    EXPECT_EQ(modeOf(path.parent_path()), 0700U);
+    EXPECT_EQ(modeOf(path.parent_path().parent_path()), 0700U);
+}
+
+TEST_F(HistoryFileTest, AFileThatOthersCouldReadIsClosedToThem) {
+    put("[]");
+    std::filesystem::permissions(path, std::filesystem::perms{0644});
+    file.write({});
+    EXPECT_EQ(modeOf(path), 0600U);
+}
+
+TEST_F(HistoryFileTest, TheFileIsWrittenInPlace) {
+    put("[]");
+    std::filesystem::create_hard_link(path, path.string() + ".link");
+    file.write(texts({"seen through the link"}));
+    QFile link(QString::fromStdString(path.string() + ".link"));
+    ASSERT_TRUE(link.open(QIODevice::ReadOnly));
+    EXPECT_EQ(link.readAll(), bytes());
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(path.parent_path()), {}), 2);
+}
+
+TEST_F(HistoryFileTest, AMissingFileIsNoHistoryAndItsFolderIsMade) {
+    EXPECT_EQ(file.read(), std::nullopt);
+    EXPECT_TRUE(std::filesystem::is_directory(path.parent_path()));
+    EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST_F(HistoryFileTest, APipeInItsPlaceNeitherHangsNorCrashes) {
+    std::filesystem::create_directories(path.parent_path());
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    EXPECT_EQ(file.read(), std::nullopt);
+    file.write(texts({"a"}));
+
+    const int writer = ::open(path.c_str(), O_RDWR | O_NONBLOCK);
+    ASSERT_GE(writer, 0);
+    EXPECT_EQ(file.read(), std::nullopt);
+    file.write(texts({"a"}));
+    char byte = 0;
+    EXPECT_EQ(::read(writer, &byte, 1), -1);
+
+    // One that has been filled and left: it would read to its end.
+    const int source = ::open(path.c_str(), O_RDONLY | O_NONBLOCK);
+    ASSERT_EQ(::write(writer, "[]", 2), 2);
+    ::close(writer);
+    EXPECT_EQ(file.read(), std::nullopt);
+    EXPECT_EQ(::read(source, &byte, 1), 1);
+    ::close(source);
+    EXPECT_TRUE(std::filesystem::is_fifo(path));
+}
+
+TEST_F(HistoryFileTest, AFolderInItsPlaceNeitherHangsNorCrashes) {
+    std::filesystem::create_directories(path);
+    EXPECT_EQ(file.read(), std::nullopt);
+    file.write(texts({"a"}));
+    EXPECT_TRUE(std::filesystem::is_empty(path));
+}
+
+TEST_F(HistoryFileTest, AFileInPlaceOfTheFolderIsIgnored) {
+    put("[]");
+    const HistoryFile below(path / "Zamber" / "clipboard_history.json");
+    EXPECT_EQ(below.read(), std::nullopt);
+    below.write(texts({"a"}));
+    EXPECT_EQ(bytes(), "[]");
+}
+
+TEST_F(HistoryFileTest, WhatIsNotJsonIsNoHistory) {
+    put("{\"type\":\"text\"}");
+    EXPECT_EQ(file.read(), std::nullopt);
+    put("");
+    EXPECT_EQ(file.read(), std::nullopt);
+}
+
+TEST_F(HistoryFileTest, AHistoryThatCannotBeWrittenLeavesTheFileAlone) {
+    file.write(texts({"old"}));
+    const auto old = bytes();
+    file.write({{ClipboardContent::text("x"), HUGE_VAL}});
+    EXPECT_EQ(bytes(), old);
+}
+
+TEST_F(HistoryFileTest, WhereThereIsNoSpaceTheOldHistoryStays) {
+    file.write(texts({"old", "history"}));
+    const auto old = bytes();
+
+    // A limit on the size of files stands in for a full disk: writing beyond it writes a part, then fails.
+    struct rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    auto full = before;
+    full.rlim_cur = 4096;
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &full), 0);
+    file.write(texts({QByteArray(10'000, 'n'), "old", "history"}));
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, oldHandler);
+
+    EXPECT_EQ(bytes(), old);
+}
+
+TEST_F(HistoryFileTest, TheDefaultPlaceIsTheUsersDataFolder) {
+    const auto before = qgetenv("XDG_DATA_HOME");
+    const auto homeBefore = qgetenv("HOME");
+    qputenv("XDG_DATA_HOME", "/somewhere/data");
+    EXPECT_EQ(HistoryFile::defaultPath(), "/somewhere/data/Zamber/clipboard_history.json");
+    qunsetenv("XDG_DATA_HOME");
+    qputenv("HOME", "/home/somebody");
+    EXPECT_EQ(HistoryFile::defaultPath(), "/home/somebody/.local/share/Zamber/clipboard_history.json");
+    qputenv("XDG_DATA_HOME", "relative/path");
+    EXPECT_EQ(HistoryFile::defaultPath(), "/home/somebody/.local/share/Zamber/clipboard_history.json");
+    qputenv("HOME", homeBefore);
+    before.isNull() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", before);
+}
+
+} // namespace
+
+} // namespace zamber

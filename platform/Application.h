@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
+
 namespace zamber {
 
 /// The running program as the desktop sees it.
@@ -17,6 +19,9 @@ public:
 
     /// Ends the event loop, and with it the process. Nothing is saved on the way.
     virtual void terminate() = 0;
+
+    /// Called when the user starts the program while it runs: there is one a session, and it is asked to show itself.
+    virtual void setShowRequestedHandler(std::function<void()> handler) = 0;
 };
 
 } // namespace zamber

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "clipboard/ClipboardManager.h"
+#include "platform/AccessibilityTrust.h"
+#include "platform/KeystrokePoster.h"
+#include "platform/Log.h"
+#include "platform/PopoverHost.h"
+#include "platform/Scheduler.h"
+#include "platform/Workspace.h"
+
+#include <chrono>
+
+namespace zamber {
+
+namespace {
+
+/// Time for the previous application to come to the front.
+constexpr std::chrono::milliseconds DELAY_AFTER_ACTIVATION{350};
+
+/// Time for the clipboard to have the entry; the target is in front already.
+constexpr std::chrono::milliseconds DELAY_AFTER_COPY{150};
+
+} // namespace
+
+void AppDelegate::pasteToActiveApp() {
+    m_desktop.popover.performClose();
+    if (!m_previousApp) {
+        logLine("❌ No previous app to paste into");
+        return;
+    }
+    const QString name = m_previousApp->localizedName.value_or(QStringLiteral("unknown"));
+    logLine("🔵 Pasting into: " + name.toStdString());
+    m_desktop.workspace.activate(*m_previousApp);
+    m_desktop.scheduler.after(DELAY_AFTER_ACTIVATION, [self = shared_from_this()] {
+        if (self->m_desktop.trust.isTrusted()) {
+            self->cgEventPaste(self->m_previousApp);
+            return;
+        }
+        logLine("❌ Accessibility NOT granted. Clipboard is set — press ⌘+V manually.");
+        logLine("💡 To fix: System Settings → Privacy → Accessibility → add Xcode (or Zamber)");
+        logLine("💡 Then REMOVE it and RE-ADD it, then restart the app.");
+    });
+}
+
+void AppDelegate::quickPaste(int index) {
+    const QList<ClipboardItem> items = clipboardManager->filteredItems();
+    if (index >= items.size()) {
+        return;
+    }
+    m_previousApp = m_desktop.workspace.frontmostApplication();
+    clipboardManager->copyToClipboard(items[index]);
+    m_desktop.scheduler.after(DELAY_AFTER_COPY, [weakSelf = weak_from_this(), &trust = m_desktop.trust] {
+        const bool isTrusted = trust.isTrusted();
+        if (const auto self = weakSelf.lock(); self && isTrusted) {
+            self->cgEventPaste(self->m_previousApp);
+        }
+    });
+}
+
+void AppDelegate::cgEventPaste(const std::optional<RunningApplication>& target) {
+    m_desktop.keystrokes.postPaste(target, [] { logLine("✅ Pasted via CGEvent"); });
+}
+
+} // namespace zamber

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+#include "platform/Appearance.h"
+#include "platform/Application.h"
+#include "platform/PopoverHost.h"
+#include "platform/Scheduler.h"
+#include "popover/ClipboardListView.h"
+#include "settings/keys/PreferenceKeys.h"
+
+namespace zamber {
+
+void AppDelegate::createPopover() {
+    updatePopoverSize();
+    m_listView = std::make_unique<ClipboardListView>(
+        m_desktop.keyMonitor, m_desktop.appearance, m_desktop.symbols, m_desktop.userDefaults, m_desktop.scheduler,
+        clipboardManager,
+        ClipboardListView::Callbacks{.openSettings = {}, .closePopover = [this] { m_desktop.popover.performClose(); }});
+    m_desktop.popover.setContent(m_listView.get());
+    m_desktop.appearance.setChangedHandler([this] {
+        updatePopoverAppearance();
+        m_listView->updateAppearance();
+    });
+}
+
+void AppDelegate::observePreferences() {
+    // Not at once: the change comes in the middle of the write that causes it.
+    m_desktop.userDefaults.addObserver(keys::popoverSize.name, [this] {
+        m_desktop.scheduler.soon([self = shared_from_this()] { self->updatePopoverSize(); });
+    });
+    m_desktop.userDefaults.addObserver(keys::appTheme.name, [this] {
+        m_desktop.scheduler.soon([self = shared_from_this()] { self->updatePopoverAppearance(); });
+    });
+}
+
+void AppDelegate::showPopover() {
+    const std::optional<Anchor> button = m_desktop.statusItem.button();
+    if (!button) {
+        return;
+    }
+    // Before anything of ours changes the focus.
+    m_previousApp = m_desktop.workspace.frontmostApplication();
+    m_desktop.popover.show(*button, PopoverEdge::MinY);
+    m_desktop.application.activate();
+}
+
+void AppDelegate::updatePopoverSize() {
+    const QString size = read(m_desktop.userDefaults, keys::popoverSize);
+    if (size == QStringLiteral("compact")) {
+        m_desktop.popover.setContentSize({360, 340});
+    } else if (size == QStringLiteral("large")) {
+        m_desktop.popover.setContentSize({500, 520});
+    } else {
+        m_desktop.popover.setContentSize({440, 420});
+    }
+}
+
+void AppDelegate::updatePopoverAppearance() {
+    const QString theme = read(m_desktop.userDefaults, keys::appTheme);
+    if (theme == QStringLiteral("light")) {
+        m_desktop.popover.setAppearance(PopoverAppearance::Light);
+    } else if (theme == QStringLiteral("dark")) {
+        m_desktop.popover.setAppearance(PopoverAppearance::Dark);
+    } else {
+        m_desktop.popover.setAppearance(PopoverAppearance::System);
+    }
+}
+
+} // namespace zamber

@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "X11Desktop.h"
+
+#include "platform/freedesktop/ApplicationNames.h"
+#include "platform/freedesktop/BootstrapSymbols.h"
+#include "platform/freedesktop/PopoverWindow.h"
+#include "platform/freedesktop/PortalAppearance.h"
+#include "platform/freedesktop/QtApplication.h"
+#include "platform/freedesktop/QtKeyMonitor.h"
+#include "platform/freedesktop/QtScheduler.h"
+#include "platform/freedesktop/QtStatusItem.h"
+#include "platform/freedesktop/SettingsUserDefaults.h"
+#include "platform/x11/ButtonPresses.h"
+#include "platform/x11/Connection.h"
+#include "platform/x11/Keyboard.h"
+#include "platform/x11/Windows.h"
+#include "platform/x11/X11AccessibilityTrust.h"
+#include "platform/x11/X11HotKeyCenter.h"
+#include "platform/x11/X11KeystrokePoster.h"
+#include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11Workspace.h"
+
+#include <QCursor>
+
+#include <utility>
+
+namespace zamber {
+
+using Connections = std::pair<std::unique_ptr<x11::Connection>, std::unique_ptr<x11::Connection>>;
+
+/// The pasteboard has a connection to itself, so that a large transfer does not stand before a hot key.
+struct X11Desktop::Adapters {
+    explicit Adapters(Connections connections)
+        : clipboardConnection(std::move(connections.first))
+        , inputConnection(std::move(connections.second)) {
+        QObject::connect(&popover, &PopoverWindow::shown, &presses,
+                         [this] { presses.setListening(x11::ButtonPresses::Listening::On); });
+        QObject::connect(&popover, &PopoverWindow::closed, &presses,
+                         [this] { presses.setListening(x11::ButtonPresses::Listening::Off); });
+        QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover,
+                         [this] { handlePress(QCursor::pos()); });
+    }
+
+    void handlePress(QPoint position) {
+        // A press on the status item is the first half of a click that toggles the popover.
+        if (!statusItem.isInTray() || !statusItem.button()->screenRectangle.contains(position)) {
+            popover.pressedOutside(position);
+        }
+    }
+
+    std::unique_ptr<x11::Connection> clipboardConnection;
+    std::unique_ptr<x11::Connection> inputConnection;
+
+    QtScheduler scheduler;
+    SettingsUserDefaults userDefaults{SettingsUserDefaults::defaultPath()};
+    x11::X11Pasteboard pasteboard{*clipboardConnection};
+    x11::Keyboard keyboard{*inputConnection};
+    x11::Windows windows{*inputConnection};
+    x11::ButtonPresses presses{*inputConnection};
+    x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard};
+    x11::X11Workspace workspace{*inputConnection, windows, applicationNameOfClass};
+    x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, workspace, pasteboard};
+    x11::X11AccessibilityTrust trust{*inputConnection};
+
+    QtApplication application{[this](WId window) { windows.activate(static_cast<xcb_window_t>(window)); }};
+    QtKeyMonitor keyMonitor;
+    PortalAppearance appearance;
+    BootstrapSymbols symbols;
+    QtStatusItem statusItem{symbols};
+    PopoverWindow popover{appearance,
+                          {.isComposited = [this] { return windows.isComposited(); },
+                           .activateWindow = [this](WId id) { windows.activate(static_cast<xcb_window_t>(id)); }}};
+};
+
+std::expected<std::unique_ptr<X11Desktop>, std::string> X11Desktop::create() {
+    auto clipboard = x11::Connection::open();
+    auto input = x11::Connection::open();
+    if (!clipboard || !input) {
+        return std::unexpected((clipboard ? input : clipboard).error());
+    }
+    auto adapters = std::make_unique<Adapters>(Connections(std::move(*clipboard), std::move(*input)));
+    return std::unique_ptr<X11Desktop>(new X11Desktop(std::move(adapters)));
+}
+
+X11Desktop::X11Desktop(std::unique_ptr<Adapters> adapters)
+    : m_adapters(std::move(adapters)) {}
+
+X11Desktop::~X11Desktop() = default;
+
+void X11Desktop::requestShow() {
+    m_adapters->application.requestShow();
+}
+
+Desktop X11Desktop::ports() {
+    return {.application = m_adapters->application,
+            .pasteboard = m_adapters->pasteboard,
+            .workspace = m_adapters->workspace,
+            .hotKeys = m_adapters->hotKeys,
+            .keystrokes = m_adapters->keystrokes,
+            .keyMonitor = m_adapters->keyMonitor,
+            .trust = m_adapters->trust,
+            .statusItem = m_adapters->statusItem,
+            .popover = m_adapters->popover,
+            .appearance = m_adapters->appearance,
+            .symbols = m_adapters->symbols,
+            .userDefaults = m_adapters->userDefaults,
+            .scheduler = m_adapters->scheduler};
+}
+
+} // namespace zamber

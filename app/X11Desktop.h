@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Desktop.h"
+
+#include <expected>
+#include <memory>
+#include <string>
+
+namespace zamber {
+
+/// The adapters for an X11 desktop, made in the order in which they need each other. The application object comes
+/// before them and goes after them.
+class X11Desktop final {
+public:
+    /// The error is a sentence for people.
+    static std::expected<std::unique_ptr<X11Desktop>, std::string> create();
+
+    ~X11Desktop();
+
+    Desktop ports();
+
+    /// Another start asks for the program.
+    void requestShow();
+
+private:
+    struct Adapters;
+
+    explicit X11Desktop(std::unique_ptr<Adapters> adapters);
+
+    std::unique_ptr<Adapters> m_adapters;
+};
+
+} // namespace zamber

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/freedesktop/QtApplication.h"
+
+#include <QApplication>
+#include <QWidget>
+
+#include <utility>
+
+namespace zamber {
+
+namespace {
+
+/// The window that a person would say is in front: a question first, then the window that was shown last.
+QWidget* frontWindow() {
+    if (QWidget* const question = QApplication::activeModalWidget()) {
+        return question;
+    }
+    QWidget* front = nullptr;
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        const bool isOrdinary = window->windowType() == Qt::Window || window->windowType() == Qt::Dialog ||
+                                window->windowType() == Qt::Tool;
+        if (window->isVisible() && isOrdinary && (front == nullptr || window->windowType() == Qt::Tool)) {
+            front = window;
+        }
+    }
+    return front;
+}
+
+} // namespace
+
+QtApplication::QtApplication(std::function<void(WId)> activateWindow)
+    : m_activateWindow(std::move(activateWindow)) {}
+
+void QtApplication::setAccessoryPolicy() {
+    // The windows themselves keep out of the taskbar; what is left is not to end with the last of them.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+}
+
+void QtApplication::activate() {
+    if (const QWidget* const window = frontWindow()) {
+        m_activateWindow(window->winId());
+    }
+}
+
+void QtApplication::terminate() {
+    QCoreApplication::quit();
+}
+
+void QtApplication::setShowRequestedHandler(std::function<void()> handler) {
+    m_showRequested = std::move(handler);
+}
+
+void QtApplication::requestShow() const {
+    if (m_showRequested) {
+        m_showRequested();
+    }
+}
+
+} // namespace zamber

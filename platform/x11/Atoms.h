@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+namespace zamber::x11 {
+
+/// The atoms that the adapters use, interned together when a connection opens.
+enum class Atom : std::size_t {
+    // Selections and how they are spoken about (ICCCM, section 2)
+    Clipboard,
+    ClipboardManager,
+    Manager,
+    Targets,
+    Multiple,
+    Timestamp,
+    Incr,
+    AtomPair,
+    Null,
+    SaveTargets,
+    // Texts
+    Utf8String,
+    Text,
+    TextPlain,
+    TextPlainUtf8,
+    TextPlainUtf8Capitals,
+    // Images
+    ImagePng,
+    ImageTiff,
+    ImageJpeg,
+    ImageWebp,
+    ImageBmp,
+    ImageXBmp,
+    ImageXMsBmp,
+    // What password managers mark their copies with
+    PasswordManagerHint,
+    // Windows (EWMH)
+    NetActiveWindow,
+    NetSupportingWmCheck,
+    NetWmPid,
+    // The property of ours that a request's answer arrives in
+    ZamberAnswer,
+};
+
+inline constexpr std::array ATOM_NAMES{
+    "CLIPBOARD",
+    "CLIPBOARD_MANAGER",
+    "MANAGER",
+    "TARGETS",
+    "MULTIPLE",
+    "TIMESTAMP",
+    "INCR",
+    "ATOM_PAIR",
+    "NULL",
+    "SAVE_TARGETS",
+    "UTF8_STRING",
+    "TEXT",
+    "text/plain",
+    "text/plain;charset=utf-8",
+    "text/plain;charset=UTF-8",
+    "image/png",
+    "image/tiff",
+    "image/jpeg",
+    "image/webp",
+    "image/bmp",
+    "image/x-bmp",
+    "image/x-MS-bmp",
+    "x-kde-passwordManagerHint",
+    "_NET_ACTIVE_WINDOW",
+    "_NET_SUPPORTING_WM_CHECK",
+    "_NET_WM_PID",
+    "ZAMBER_ANSWER",
+};
+
+static_assert(ATOM_NAMES.size() == static_cast<std::size_t>(Atom::ZamberAnswer) + 1);
+
+} // namespace zamber::x11

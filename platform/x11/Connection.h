@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/x11/Atoms.h"
+
+#include <QByteArray>
+#include <QObject>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <deque>
+#include <expected>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+class QSocketNotifier;
+
+namespace zamber::x11 {
+
+struct Free {
+    void operator()(void* memory) const { std::free(memory); }
+};
+
+/// What xcb hands out with malloc: replies, events, errors.
+template <class T> using Owned = std::unique_ptr<T, Free>;
+
+/// The value of a window's property.
+struct Property {
+    xcb_atom_t type = XCB_ATOM_NONE;
+    int format = 0; ///< bits an element: 8, 16 or 32; 0 when the property does not exist
+    QByteArray bytes;
+};
+
+/// A connection to the X server of our own, served by Qt's event loop and idle when nothing happens.
+///
+/// Being apart from Qt's connection, it sees its events whatever Qt does with its own: an open menu's grab, a modal
+/// dialog, a busy paint. Waiting for a reply here is waiting for the X server alone, never for another program.
+class Connection final : public QObject {
+    Q_OBJECT
+
+public:
+    using EventHandler = std::function<void(const xcb_generic_event_t&)>;
+    using TimestampHandler = std::function<void(xcb_timestamp_t)>;
+
+    /// Connects to the display of the environment. The error is a sentence for people.
+    static std::expected<std::unique_ptr<Connection>, std::string> open();
+
+    ~Connection() override;
+
+    xcb_connection_t* raw() const { return m_connection; }
+    xcb_window_t root() const { return m_screen->root; }
+    int screenNumber() const { return m_screenNumber; }
+    xcb_atom_t atom(Atom atom) const { return m_atoms[static_cast<std::size_t>(atom)]; }
+
+    /// Interns a name at once, by a round trip to the server.
+    xcb_atom_t intern(std::string_view name) const;
+
+    /// Every event goes to every handler, in the order of their adding; they live as long as the connection.
+    void addEventHandler(EventHandler handler);
+
+    /// An invisible window of ours that can hold properties. The caller destroys it.
+    xcb_window_t createWindow(std::uint32_t eventMask) const;
+
+    /// Reads a property by one round trip; optionally deletes it in the same step.
+    enum class Afterwards { Keep, Delete };
+    Property readProperty(xcb_window_t window, xcb_atom_t property, Afterwards afterwards) const;
+
+    /// Asks for events of a window of another program: structure or property changes. Each call is undone by one
+    /// of `unwatch`; the masks of all callers add up.
+    void watch(xcb_window_t window, xcb_event_mask_t mask);
+    void unwatch(xcb_window_t window, xcb_event_mask_t mask);
+
+    /// Learns the server's time without waiting in place (ICCCM, section 2.1: a zero-length append).
+    void requestTimestamp(TimestampHandler handler);
+
+    /// The time of the newest event that carried one, in the server's milliseconds.
+    xcb_timestamp_t lastTimestamp() const { return m_lastTimestamp; }
+    void noteTimestamp(xcb_timestamp_t time) { m_lastTimestamp = time; }
+
+    void flush() const { xcb_flush(m_connection); }
+
+private:
+    Connection(xcb_connection_t* connection, int screenNumber);
+    void internAtoms();
+    void dispatchEvents();
+    void dispatchQueuedEvents();
+    void dispatch(const xcb_generic_event_t& event);
+    void applyWatch(xcb_window_t window) const;
+
+    xcb_connection_t* m_connection;
+    xcb_screen_t* m_screen = nullptr;
+    int m_screenNumber;
+    std::array<xcb_atom_t, ATOM_NAMES.size()> m_atoms{};
+    std::vector<EventHandler> m_handlers;
+    std::map<xcb_window_t, std::map<std::uint32_t, int>> m_watches; // window → mask → number of callers
+    xcb_window_t m_clockWindow = XCB_WINDOW_NONE;
+    std::deque<TimestampHandler> m_timestampHandlers; // in the order of their requests
+    xcb_timestamp_t m_lastTimestamp = XCB_CURRENT_TIME;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};
+
+/// An event as the type that its code says it is.
+template <class T> const T& as(const xcb_generic_event_t& event) {
+    return reinterpret_cast<const T&>(event);
+}
+
+/// The code of an event, without the bit that tells who sent it.
+inline std::uint8_t codeOf(const xcb_generic_event_t& event) {
+    return event.response_type & 0x7f;
+}
+
+} // namespace zamber::x11

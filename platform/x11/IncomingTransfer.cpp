@@ -1,0 +1,184 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/x11/IncomingTransfer.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zamber::x11 {
+
+namespace {
+
+/// An INCR answer begins with a lower bound of the size, which spares us growing step by step; but it is the
+/// owner's word, so that no more than this is reserved on it.
+constexpr qint64 MOST_RESERVED_BYTES = qint64{256} << 20;
+
+qint64 announcedSize(const Property& incr) {
+    if (incr.format != 32 || incr.bytes.size() < 4) {
+        return 0;
+    }
+    std::uint32_t size = 0;
+    std::copy_n(incr.bytes.constData(), sizeof size, reinterpret_cast<char*>(&size));
+    return std::min<qint64>(size, MOST_RESERVED_BYTES);
+}
+
+} // namespace
+
+IncomingTransfer::IncomingTransfer(Connection& connection, const SelectionQuery& query, Done done)
+    : m_connection(connection)
+    , m_query(query)
+    , m_done(std::move(done))
+    , m_window(connection.createWindow(XCB_EVENT_MASK_PROPERTY_CHANGE)) {
+    m_age.start();
+    m_patience.setSingleShot(true);
+    m_patience.callOnTimeout([this] { report(std::nullopt); });
+    m_patience.start(PATIENCE);
+    xcb_convert_selection(m_connection.raw(), m_window, query.selection, query.target,
+                          m_connection.atom(Atom::ZamberAnswer), query.time);
+    m_connection.flush();
+}
+
+IncomingTransfer::~IncomingTransfer() {
+    xcb_destroy_window(m_connection.raw(), m_window);
+}
+
+void IncomingTransfer::abandon() {
+    m_done = nullptr;
+    m_pieces = {};
+    m_patience.stop();
+    m_age.restart();
+}
+
+void IncomingTransfer::handleEvent(const xcb_generic_event_t& event) {
+    switch (codeOf(event)) {
+    case XCB_SELECTION_NOTIFY: {
+        const auto& notify = as<xcb_selection_notify_event_t>(event);
+        if (notify.requestor == m_window && m_step == Step::AwaitingAnswer && notify.target == m_query.target &&
+            notify.selection == m_query.selection) {
+            handleAnswer(notify);
+        }
+        break;
+    }
+    case XCB_PROPERTY_NOTIFY: {
+        const auto& notify = as<xcb_property_notify_event_t>(event);
+        if (notify.window == m_window && m_step == Step::Receiving && notify.state == XCB_PROPERTY_NEW_VALUE &&
+            notify.atom == m_connection.atom(Atom::ZamberAnswer)) {
+            handlePiece();
+        }
+        break;
+    }
+    case XCB_DESTROY_NOTIFY:
+        if (as<xcb_destroy_notify_event_t>(event).window == m_query.owner) {
+            finish(std::nullopt);
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+void IncomingTransfer::handleAnswer(const xcb_selection_notify_event_t& notify) {
+    if (notify.property == XCB_ATOM_NONE) {
+        finish(std::nullopt);
+        return;
+    }
+    // Deleting the property tells an INCR owner to begin, so it is done also for an answer that is not wanted any
+    // more: an owner that is left waiting serves nobody else meanwhile.
+    Property answer = m_connection.readProperty(m_window, notify.property, Connection::Afterwards::Delete);
+    if (answer.type != m_connection.atom(Atom::Incr)) {
+        finish(answer.type == XCB_ATOM_NONE ? std::nullopt : std::optional(std::move(answer)));
+        return;
+    }
+    m_step = Step::Receiving;
+    if (m_done) {
+        m_pieces.bytes.reserve(announcedSize(answer));
+        m_patience.start(PATIENCE);
+    }
+}
+
+void IncomingTransfer::handlePiece() {
+    if (!m_done) {
+        drainPiece();
+        return;
+    }
+    if (m_age.hasExpired(std::chrono::milliseconds(LONGEST).count())) {
+        report(std::nullopt);
+        return;
+    }
+    const Property piece = m_connection.readProperty(m_window, m_connection.atom(Atom::ZamberAnswer),
+                                                     Connection::Afterwards::Delete);
+    if (piece.type == XCB_ATOM_NONE) {
+        return;
+    }
+    if (piece.bytes.isEmpty()) {
+        finish(std::move(m_pieces));
+        return;
+    }
+    if (m_pieces.bytes.size() + piece.bytes.size() > LARGEST) {
+        report(std::nullopt);
+        return;
+    }
+    m_pieces.type = piece.type;
+    m_pieces.format = piece.format;
+    m_pieces.bytes += piece.bytes;
+    m_patience.start(PATIENCE);
+}
+
+void IncomingTransfer::drainPiece() {
+    if (m_age.hasExpired(std::chrono::milliseconds(DRAINING).count())) {
+        return; // the next piece is not asked for: the owner's own patience ends it
+    }
+    const auto cookie = xcb_get_property(m_connection.raw(), 0, m_window, m_connection.atom(Atom::ZamberAnswer),
+                                         XCB_GET_PROPERTY_TYPE_ANY, 0, 0);
+    const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection.raw(), cookie, nullptr));
+    xcb_delete_property(m_connection.raw(), m_window, m_connection.atom(Atom::ZamberAnswer));
+    if (reply && reply->bytes_after == 0) {
+        finish(std::nullopt);
+    }
+}
+
+void IncomingTransfer::finish(std::optional<Property> answer) {
+    m_step = Step::Over;
+    m_patience.stop();
+    report(std::move(answer));
+}
+
+void IncomingTransfer::report(std::optional<Property> answer) {
+    m_pieces = {};
+    m_age.restart();
+    if (const Done done = std::exchange(m_done, nullptr)) {
+        done(std::move(answer));
+    }
+}
+
+IncomingTransfers::IncomingTransfers(Connection& connection)
+    : m_connection(connection) {
+    connection.addEventHandler([this](const xcb_generic_event_t& event) { handleEvent(event); });
+}
+
+IncomingTransfer& IncomingTransfers::ask(const SelectionQuery& query, IncomingTransfer::Done done) {
+    m_connection.watch(query.owner, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    return *m_transfers.emplace_back(std::make_unique<IncomingTransfer>(m_connection, query, std::move(done)));
+}
+
+void IncomingTransfers::handleEvent(const xcb_generic_event_t& event) {
+    // By index: an answer makes its reader ask the next question, which adds to the list.
+    for (std::size_t i = 0; i < m_transfers.size(); ++i) {
+        m_transfers[i]->handleEvent(event);
+    }
+    dropFinished();
+}
+
+void IncomingTransfers::dropFinished() {
+    std::size_t surplus = m_transfers.size() > MOST_KEPT ? m_transfers.size() - MOST_KEPT : 0;
+    std::erase_if(m_transfers, [this, &surplus](const std::unique_ptr<IncomingTransfer>& transfer) {
+        if (!transfer->isOver() && surplus == 0) {
+            return false;
+        }
+        surplus -= surplus > 0 ? 1 : 0;
+        m_connection.unwatch(transfer->owner(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+        return true;
+    });
+}
+
+} // namespace zamber::x11

@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/x11/Connection.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace zamber::x11 {
+
+/// What a selection's owner is asked for.
+struct SelectionQuery {
+    xcb_atom_t selection = XCB_ATOM_NONE;
+    xcb_atom_t target = XCB_ATOM_NONE;
+    xcb_timestamp_t time = XCB_CURRENT_TIME; ///< of the event that made us ask (ICCCM, section 2.4)
+    xcb_window_t owner = XCB_WINDOW_NONE;
+};
+
+/// One answer of a selection's owner, from the request to the last piece (ICCCM, sections 2.4 and 2.7.2).
+///
+/// It has a window of its own to receive in, and never waits in place. Each step of the owner has to come within
+/// `PATIENCE`, the whole within `LONGEST`, and the bytes within `LARGEST`; otherwise there is no answer.
+class IncomingTransfer final {
+public:
+    static constexpr std::chrono::seconds PATIENCE{10};
+    static constexpr std::chrono::seconds LONGEST{120};
+    static constexpr qint64 LARGEST = qint64{1} << 30; // bytes
+
+    /// So long an answer that is not wanted any more is still taken from its owner, which serves nobody else meanwhile.
+    static constexpr std::chrono::seconds DRAINING{10};
+
+    /// Told once: the property as the owner gave it, or nothing when it refused or did not keep to the rules.
+    using Done = std::function<void(std::optional<Property>)>;
+
+    IncomingTransfer(Connection& connection, const SelectionQuery& query, Done done);
+    ~IncomingTransfer();
+    IncomingTransfer(const IncomingTransfer&) = delete;
+    IncomingTransfer& operator=(const IncomingTransfer&) = delete;
+
+    /// The answer is not wanted any more, and `done` will not be called. The window stays as long as the owner may
+    /// still write to it: a program that writes to a window that has vanished may die of the error.
+    void abandon();
+
+    /// The owner is done with the window (or has gone), so that this object may be destroyed.
+    bool isOver() const { return m_step == Step::Over; }
+
+    xcb_window_t owner() const { return m_query.owner; }
+
+    void handleEvent(const xcb_generic_event_t& event);
+
+private:
+    enum class Step {
+        AwaitingAnswer,
+        Receiving, ///< INCR: pieces come one by one, each asked for by deleting the one before
+        Over,
+    };
+
+    void handleAnswer(const xcb_selection_notify_event_t& notify);
+    void handlePiece();
+    void finish(std::optional<Property> answer);
+    void report(std::optional<Property> answer);
+    void drainPiece();
+
+    Connection& m_connection;
+    SelectionQuery m_query;
+    Done m_done;
+    Step m_step = Step::AwaitingAnswer;
+    xcb_window_t m_window;
+    Property m_pieces;
+    QTimer m_patience;
+    QElapsedTimer m_age; // of the transfer, or since its answer is not wanted any more
+};
+
+/// The transfers under way and those that were given up but whose owners may still write.
+class IncomingTransfers final {
+public:
+    explicit IncomingTransfers(Connection& connection);
+
+    /// Asks, and keeps the transfer until it is over. The reference is good until `done` was called or the transfer
+    /// was abandoned.
+    IncomingTransfer& ask(const SelectionQuery& query, IncomingTransfer::Done done);
+
+private:
+    /// More windows than this are not kept for owners that owe an answer. An owner that hangs cannot come to own the
+    /// selection again, so that each one costs a single window.
+    static constexpr std::size_t MOST_KEPT = 64;
+
+    void handleEvent(const xcb_generic_event_t& event);
+    void dropFinished();
+
+    Connection& m_connection;
+    std::vector<std::unique_ptr<IncomingTransfer>> m_transfers;
+};
+
+} // namespace zamber::x11

@@ -1,0 +1,238 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/x11/SelectionServer.h"
+
+#include "platform/x11/OutgoingTransfers.h"
+#include "platform/x11/SelectionText.h"
+
+#include <cstring>
+#include <utility>
+
+namespace zamber::x11 {
+
+/// A request under way; MULTIPLE has a list of pairs and is answered when the last of them is.
+struct SelectionServer::Request {
+    xcb_selection_request_event_t event;
+    std::vector<xcb_atom_t> pairs; // target, property, target, property, …
+    std::size_t open = 0;
+};
+
+SelectionServer::SelectionServer(Connection& connection, OutgoingTransfers& transfers, xcb_atom_t selection)
+    : m_connection(connection)
+    , m_transfers(transfers)
+    , m_selection(selection)
+    , m_window(connection.createWindow(XCB_EVENT_MASK_NO_EVENT)) {
+    connection.addEventHandler([this](const xcb_generic_event_t& event) { handleEvent(event); });
+}
+
+SelectionServer::~SelectionServer() {
+    xcb_destroy_window(m_connection.raw(), m_window);
+}
+
+bool SelectionServer::acquire(const SelectionContent& content, xcb_timestamp_t time) {
+    xcb_set_selection_owner(m_connection.raw(), m_window, m_selection, time);
+    const auto cookie = xcb_get_selection_owner(m_connection.raw(), m_selection);
+    const Owned<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(m_connection.raw(), cookie, nullptr));
+    if (!reply || reply->owner != m_window) {
+        return false; // somebody has taken it at a later time than ours
+    }
+    m_content = content;
+    m_acquiredAt = time;
+    return true;
+}
+
+void SelectionServer::setSideEffect(xcb_atom_t target, SideEffect effect) {
+    m_sideEffectTarget = target;
+    m_sideEffect = std::move(effect);
+}
+
+void SelectionServer::handleEvent(const xcb_generic_event_t& event) {
+    switch (codeOf(event)) {
+    case XCB_SELECTION_REQUEST:
+        if (const auto& request = as<xcb_selection_request_event_t>(event); request.owner == m_window) {
+            handleRequest(request);
+        }
+        break;
+    case XCB_SELECTION_CLEAR:
+        if (const auto& clear = as<xcb_selection_clear_event_t>(event); clear.owner == m_window) {
+            m_acquiredAt.reset();
+            m_content = {};
+            Q_EMIT lost();
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+void SelectionServer::handleRequest(const xcb_selection_request_event_t& event) {
+    auto request = std::make_shared<Request>(Request{.event = event, .pairs = {}, .open = 0});
+    if (request->event.property == XCB_ATOM_NONE) {
+        request->event.property = event.target; // an obsolete requestor (ICCCM, section 2.2)
+    }
+    const bool isOutOfDate = event.time != XCB_CURRENT_TIME && m_acquiredAt &&
+                             static_cast<std::int32_t>(event.time - *m_acquiredAt) < 0;
+    if (!m_acquiredAt || isOutOfDate) {
+        notify(request->event, false);
+        return;
+    }
+    if (event.target == m_connection.atom(Atom::Multiple)) {
+        handleMultiple(request);
+        return;
+    }
+    convert(event.requestor, request->event.property, event.target,
+            [this, request](bool succeeded) { notify(request->event, succeeded); });
+}
+
+void SelectionServer::handleMultiple(const std::shared_ptr<Request>& request) {
+    const Property list =
+        m_connection.readProperty(request->event.requestor, request->event.property, Connection::Afterwards::Keep);
+    if (request->event.property == m_connection.atom(Atom::Multiple) || list.format != 32 || list.bytes.size() < 8) {
+        notify(request->event, false);
+        return;
+    }
+    request->pairs.resize(static_cast<std::size_t>(list.bytes.size()) / sizeof(xcb_atom_t) / 2 * 2);
+    std::memcpy(request->pairs.data(), list.bytes.constData(), request->pairs.size() * sizeof(xcb_atom_t));
+    request->open = request->pairs.size() / 2;
+    for (std::size_t i = 0; i + 1 < request->pairs.size(); i += 2) {
+        const auto answered = [this, request, i](bool succeeded) {
+            if (!succeeded) {
+                request->pairs[i] = XCB_ATOM_NONE;
+            }
+            if (--request->open > 0) {
+                return;
+            }
+            xcb_change_property(m_connection.raw(), XCB_PROP_MODE_REPLACE, request->event.requestor,
+                                request->event.property, m_connection.atom(Atom::AtomPair), 32,
+                                static_cast<std::uint32_t>(request->pairs.size()), request->pairs.data());
+            notify(request->event, true);
+        };
+        if (request->pairs[i + 1] == XCB_ATOM_NONE || request->pairs[i] == m_connection.atom(Atom::Multiple)) {
+            answered(false);
+        } else {
+            convert(request->event.requestor, request->pairs[i + 1], request->pairs[i], answered);
+        }
+    }
+}
+
+void SelectionServer::convert(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t target,
+                              const std::function<void(bool)>& done) {
+    if (target == m_connection.atom(Atom::Targets)) {
+        sendTargets(requestor, property);
+        done(true);
+    } else if (target == m_connection.atom(Atom::Timestamp)) {
+        const std::uint32_t time = *m_acquiredAt;
+        xcb_change_property(m_connection.raw(), XCB_PROP_MODE_REPLACE, requestor, property, XCB_ATOM_INTEGER, 32, 1,
+                            &time);
+        done(true);
+    } else if (m_sideEffect && target == m_sideEffectTarget) {
+        m_sideEffect(target, [this, requestor, property, done](bool succeeded) {
+            if (succeeded) {
+                m_transfers.send({.requestor = requestor, .property = property}, m_connection.atom(Atom::Null), {});
+            }
+            done(succeeded);
+        });
+    } else if (!convertImageTarget(requestor, property, target, done)) {
+        done(convertText(requestor, property, target));
+    }
+}
+
+bool SelectionServer::convertText(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t target) {
+    if (!m_content.text) {
+        return false;
+    }
+    const Destination destination{.requestor = requestor, .property = property};
+    if (target == XCB_ATOM_STRING) {
+        m_transfers.send(destination, XCB_ATOM_STRING, latin1FromUtf8(*m_content.text));
+        return true;
+    }
+    // TEXT leaves the encoding to the owner, who tells it by the type of the answer.
+    if (target == m_connection.atom(Atom::Utf8String) || target == m_connection.atom(Atom::Text)) {
+        m_transfers.send(destination, m_connection.atom(Atom::Utf8String), *m_content.text);
+        return true;
+    }
+    for (const Atom plain : {Atom::TextPlainUtf8, Atom::TextPlainUtf8Capitals, Atom::TextPlain}) {
+        if (target == m_connection.atom(plain)) {
+            m_transfers.send(destination, target, *m_content.text);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool SelectionServer::convertImageTarget(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t target,
+                                         const std::function<void(bool)>& done) {
+    if (!m_content.image) {
+        return false;
+    }
+    std::optional<ImageFormat> format;
+    if (target == m_connection.atom(Atom::ImagePng)) {
+        format = ImageFormat::Png;
+    } else if (target == m_connection.atom(Atom::ImageTiff)) {
+        format = ImageFormat::Tiff;
+    } else if (target == m_connection.atom(Atom::ImageBmp)) {
+        format = ImageFormat::Bmp;
+    } else {
+        return false;
+    }
+    const Destination destination{.requestor = requestor, .property = property};
+    if (*format == m_content.imageLabel || hasFormat(*m_content.image, *format)) {
+        m_transfers.send(destination, target, *m_content.image);
+        done(true);
+        return true;
+    }
+    convertImage(*m_content.image, *format, this, [this, destination, target, done](const QByteArray& converted) {
+        if (!converted.isEmpty()) {
+            m_transfers.send(destination, target, converted);
+        }
+        done(!converted.isEmpty());
+    });
+    return true;
+}
+
+void SelectionServer::sendTargets(xcb_window_t requestor, xcb_atom_t property) {
+    const std::vector<xcb_atom_t> list = targets();
+    xcb_change_property(m_connection.raw(), XCB_PROP_MODE_REPLACE, requestor, property, XCB_ATOM_ATOM, 32,
+                        static_cast<std::uint32_t>(list.size()), list.data());
+}
+
+std::vector<xcb_atom_t> SelectionServer::targets() const {
+    std::vector<xcb_atom_t> list{m_connection.atom(Atom::Targets), m_connection.atom(Atom::Timestamp),
+                                 m_connection.atom(Atom::Multiple)};
+    if (m_sideEffect) {
+        list.push_back(m_sideEffectTarget);
+    }
+    if (m_content.image) {
+        // PNG first: many programs take the first image type that they know.
+        for (const Atom image : {Atom::ImagePng, Atom::ImageTiff, Atom::ImageBmp}) {
+            list.push_back(m_connection.atom(image));
+        }
+    }
+    if (m_content.text) {
+        for (const Atom text : {Atom::Utf8String, Atom::TextPlainUtf8, Atom::TextPlainUtf8Capitals, Atom::TextPlain,
+                                Atom::Text}) {
+            list.push_back(m_connection.atom(text));
+        }
+        list.push_back(XCB_ATOM_STRING);
+    }
+    return list;
+}
+
+void SelectionServer::notify(const xcb_selection_request_event_t& request, bool succeeded) {
+    // The protocol sends 32 bytes of every event, whatever its structure's size.
+    union {
+        xcb_selection_notify_event_t notify;
+        std::array<char, 32> bytes;
+    } event{.bytes = {}};
+    event.notify.response_type = XCB_SELECTION_NOTIFY;
+    event.notify.time = request.time;
+    event.notify.requestor = request.requestor;
+    event.notify.selection = request.selection;
+    event.notify.target = request.target;
+    event.notify.property = succeeded ? request.property : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+    xcb_send_event(m_connection.raw(), 0, request.requestor, XCB_EVENT_MASK_NO_EVENT, event.bytes.data());
+    m_connection.flush();
+}
+
+} // namespace zamber::x11

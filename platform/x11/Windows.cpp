@@ -1,0 +1,135 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/x11/Windows.h"
+
+#include <xcb/xcb_icccm.h>
+
+#include <cstring>
+#include <string>
+
+namespace zamber::x11 {
+
+namespace {
+
+std::optional<std::uint32_t> firstNumber(const Property& property) {
+    if (property.format != 32 || property.bytes.size() < 4) {
+        return std::nullopt;
+    }
+    std::uint32_t number = 0;
+    std::memcpy(&number, property.bytes.constData(), sizeof number);
+    return number;
+}
+
+} // namespace
+
+Windows::Windows(Connection& connection)
+    : m_connection(connection)
+    , m_compositorSelection(connection.intern("_NET_WM_CM_S" + std::to_string(connection.screenNumber()))) {
+    connection.watch(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
+    connection.addEventHandler([this](const xcb_generic_event_t& event) {
+        if (codeOf(event) != XCB_PROPERTY_NOTIFY) {
+            return;
+        }
+        const auto& notify = as<xcb_property_notify_event_t>(event);
+        if (notify.window == m_connection.root() && notify.atom == m_connection.atom(Atom::NetActiveWindow)) {
+            Q_EMIT activeWindowChanged();
+        }
+    });
+}
+
+std::optional<xcb_window_t> Windows::activeWindow() const {
+    const Property property = m_connection.readProperty(m_connection.root(), m_connection.atom(Atom::NetActiveWindow),
+                                                        Connection::Afterwards::Keep);
+    if (const std::optional<std::uint32_t> window = firstNumber(property)) {
+        // Openbox lets the last window's number stand when that window has gone.
+        return isMapped(*window) ? window : std::nullopt;
+    }
+    // A window manager that tells has nothing to tell yet; the focus is at some window of its own.
+    return hasWindowManager() ? std::nullopt : focusedTopLevel();
+}
+
+bool Windows::hasWindowManager() const {
+    const auto check = [this](xcb_window_t window) {
+        return firstNumber(m_connection.readProperty(window, m_connection.atom(Atom::NetSupportingWmCheck),
+                                                     Connection::Afterwards::Keep));
+    };
+    // The property outlives a window manager that ended; the window that it names does not (EWMH).
+    const std::optional<std::uint32_t> window = check(m_connection.root());
+    return window && check(*window) == window;
+}
+
+std::optional<std::int64_t> Windows::processId(xcb_window_t window) const {
+    return firstNumber(
+        m_connection.readProperty(window, m_connection.atom(Atom::NetWmPid), Connection::Afterwards::Keep));
+}
+
+QString Windows::windowClass(xcb_window_t window) const {
+    const QByteArray words =
+        m_connection.readProperty(window, XCB_ATOM_WM_CLASS, Connection::Afterwards::Keep).bytes;
+    const qsizetype end = words.indexOf('\0');
+    return end < 0 ? QString() : QString::fromLatin1(words.constData() + end + 1);
+}
+
+void Windows::activate(xcb_window_t window) const {
+    constexpr std::uint32_t SOURCE_PAGER = 2; // taken as the user's own wish by every window manager
+    xcb_client_message_event_t message{}; // 32 bytes, as an event is sent
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = m_connection.atom(Atom::NetActiveWindow);
+    message.data.data32[0] = SOURCE_PAGER;
+    message.data.data32[1] = m_connection.lastTimestamp();
+    xcb_send_event(m_connection.raw(), 0, m_connection.root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    if (!hasWindowManager()) {
+        const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+        xcb_configure_window(m_connection.raw(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+        xcb_set_input_focus(m_connection.raw(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+    }
+    m_connection.flush();
+}
+
+bool Windows::hasFocus(xcb_window_t window) const {
+    for (xcb_window_t focus = focusWindow(); focus > XCB_INPUT_FOCUS_POINTER_ROOT; focus = parentOf(focus)) {
+        if (focus == window) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool Windows::isMapped(xcb_window_t window) const {
+    const Owned<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+        m_connection.raw(), xcb_get_window_attributes(m_connection.raw(), window), nullptr));
+    return reply && reply->map_state != XCB_MAP_STATE_UNMAPPED;
+}
+
+bool Windows::isComposited() const {
+    const Owned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+        m_connection.raw(), xcb_get_selection_owner(m_connection.raw(), m_compositorSelection), nullptr));
+    return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
+xcb_window_t Windows::focusWindow() const {
+    const Owned<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(m_connection.raw(), xcb_get_input_focus(m_connection.raw()), nullptr));
+    return reply ? reply->focus : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+}
+
+xcb_window_t Windows::parentOf(xcb_window_t window) const {
+    const Owned<xcb_query_tree_reply_t> reply(
+        xcb_query_tree_reply(m_connection.raw(), xcb_query_tree(m_connection.raw(), window), nullptr));
+    return reply ? reply->parent : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+}
+
+std::optional<xcb_window_t> Windows::focusedTopLevel() const {
+    std::optional<xcb_window_t> topLevel;
+    for (xcb_window_t window = focusWindow();
+         window > XCB_INPUT_FOCUS_POINTER_ROOT && window != m_connection.root(); window = parentOf(window)) {
+        topLevel = window;
+    }
+    return topLevel;
+}
+
+} // namespace zamber::x11

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/x11/Connection.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+namespace zamber::x11 {
+
+/// The windows of the desktop, asked and told by the window manager's conventions (EWMH), or by the X server alone where
+/// there is no window manager.
+class Windows final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Windows(Connection& connection);
+
+    /// The window that has the keyboard: `_NET_ACTIVE_WINDOW`, or the top-level window with the input focus where the
+    /// window manager does not tell. Nothing on an empty desktop.
+    std::optional<xcb_window_t> activeWindow() const;
+
+    /// `_NET_WM_PID`; nothing where the program does not tell.
+    std::optional<std::int64_t> processId(xcb_window_t window) const;
+
+    /// The class of `WM_CLASS` (its second word), or empty.
+    QString windowClass(xcb_window_t window) const;
+
+    /// Asks for the window to come to the front with the keyboard, as a pager does (EWMH, `_NET_ACTIVE_WINDOW`).
+    void activate(xcb_window_t window) const;
+
+    /// Whether the input focus is at that window or at one inside it.
+    bool hasFocus(xcb_window_t window) const;
+
+    /// Whether the window is there and not hidden.
+    bool isMapped(xcb_window_t window) const;
+
+    /// Whether a compositing manager draws the screen, so that windows may be translucent (EWMH, `_NET_WM_CM_Sn`).
+    bool isComposited() const;
+
+Q_SIGNALS:
+    void activeWindowChanged();
+
+private:
+    bool hasWindowManager() const;
+    xcb_window_t focusWindow() const;
+    xcb_window_t parentOf(xcb_window_t window) const;
+    std::optional<xcb_window_t> focusedTopLevel() const;
+
+    Connection& m_connection;
+    xcb_atom_t m_compositorSelection;
+};
+
+} // namespace zamber::x11

@@ -1,0 +1,155 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/x11/X11HotKeyCenter.h"
+
+#include "platform/x11/Keyboard.h"
+
+#include <cstdio>
+
+namespace zamber::x11 {
+
+namespace {
+
+constexpr xcb_timestamp_t LONGEST_REPEAT_INTERVAL_MS = 1000;
+
+xcb_keycode_t keyCodeOf(PhysicalKey key) {
+    switch (key) {
+    case PhysicalKey::V:
+        return 55;
+    case PhysicalKey::Digit2:
+        return 11;
+    case PhysicalKey::Digit3:
+        return 12;
+    }
+    return 0;
+}
+
+const char* nameOf(xcb_keycode_t key) {
+    switch (key) {
+    case 55:
+        return "V";
+    case 11:
+        return "2";
+    default:
+        return "3";
+    }
+}
+
+/// Every set of bits within the mask, the empty one included.
+std::vector<std::uint16_t> subsetsOf(std::uint16_t mask) {
+    std::vector<std::uint16_t> subsets;
+    std::uint16_t subset = mask;
+    while (true) {
+        subsets.push_back(subset);
+        if (subset == 0) {
+            return subsets;
+        }
+        subset = static_cast<std::uint16_t>((subset - 1) & mask);
+    }
+}
+
+} // namespace
+
+X11HotKeyCenter::X11HotKeyCenter(Connection& connection, Keyboard& keyboard)
+    : m_connection(connection)
+    , m_keyboard(keyboard) {
+    connection.addEventHandler([this](const xcb_generic_event_t& event) { handleEvent(event); });
+    connect(&keyboard, &Keyboard::mappingChanged, this, &X11HotKeyCenter::grabAgain);
+}
+
+std::optional<HotKeyRef> X11HotKeyCenter::registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) {
+    Registration& registration =
+        m_registrations.emplace_back(keyCodeOf(key), modifiers, id.id, std::uint16_t{0}, std::vector<std::uint16_t>{});
+    if (grab(registration) == Outcome::Taken) {
+        std::fprintf(stderr, "zamber: the hot key %s%s%s is held by another program\n",
+                     modifiers.command ? "Super+" : "", modifiers.shift ? "Shift+" : "", nameOf(registration.key));
+        m_registrations.pop_back();
+        return std::nullopt;
+    }
+    return HotKeyRef{.id = id.id};
+}
+
+void X11HotKeyCenter::setPressedHandler(PressedHandler handler) {
+    m_handler = std::move(handler);
+}
+
+std::uint16_t X11HotKeyCenter::maskOf(HotKeyModifiers modifiers) const {
+    std::uint16_t mask = 0;
+    if (modifiers.command) {
+        mask |= m_keyboard.superModifier();
+    }
+    if (modifiers.shift) {
+        mask |= XCB_MOD_MASK_SHIFT;
+    }
+    return mask;
+}
+
+X11HotKeyCenter::Outcome X11HotKeyCenter::grab(Registration& registration) const {
+    registration.grabbedMask = maskOf(registration.modifiers);
+    std::vector<std::pair<std::uint16_t, xcb_void_cookie_t>> requests;
+    for (const std::uint16_t locks : subsetsOf(m_keyboard.lockModifiers())) {
+        requests.emplace_back(locks,
+                              xcb_grab_key_checked(m_connection.raw(), 0, m_connection.root(),
+                                                   registration.grabbedMask | locks, registration.key,
+                                                   XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+    }
+    registration.grabbedLocks.clear();
+    for (const auto& [locks, cookie] : requests) {
+        const Owned<xcb_generic_error_t> error(xcb_request_check(m_connection.raw(), cookie));
+        if (!error) {
+            registration.grabbedLocks.push_back(locks);
+        }
+    }
+    if (registration.grabbedLocks.size() == requests.size()) {
+        return Outcome::Grabbed;
+    }
+    release(registration); // working with some locks only would be worse than not at all
+    return Outcome::Taken;
+}
+
+void X11HotKeyCenter::release(Registration& registration) const {
+    for (const std::uint16_t locks : registration.grabbedLocks) {
+        xcb_ungrab_key(m_connection.raw(), registration.key, m_connection.root(), registration.grabbedMask | locks);
+    }
+    registration.grabbedLocks.clear();
+}
+
+void X11HotKeyCenter::grabAgain() {
+    for (Registration& registration : m_registrations) {
+        release(registration);
+        grab(registration);
+    }
+}
+
+void X11HotKeyCenter::handleEvent(const xcb_generic_event_t& event) {
+    if (codeOf(event) != XCB_KEY_PRESS && codeOf(event) != XCB_KEY_RELEASE) {
+        return;
+    }
+    const auto& press = as<xcb_key_press_event_t>(event);
+    m_connection.noteTimestamp(press.time);
+    if (codeOf(event) == XCB_KEY_RELEASE) {
+        m_downKey = 0;
+        return;
+    }
+    if (isRepeat(press)) {
+        return;
+    }
+    constexpr std::uint16_t KEY_MODIFIERS = 0xff; // above them are the layout and the mouse buttons
+    const auto pressed = static_cast<std::uint16_t>(press.state & KEY_MODIFIERS & ~m_keyboard.lockModifiers());
+    for (const Registration& registration : m_registrations) {
+        if (registration.key == press.detail && registration.grabbedMask == pressed && m_handler) {
+            m_handler(registration.id);
+            return;
+        }
+    }
+}
+
+bool X11HotKeyCenter::isRepeat(const xcb_key_press_event_t& press) {
+    // The release of a key may be lost with its grab; what comes so late is no repetition.
+    const bool isRepeat = press.detail == m_downKey && press.time - m_downTime < LONGEST_REPEAT_INTERVAL_MS;
+    m_downKey = press.detail;
+    m_downTime = press.time;
+    return isRepeat;
+}
+
+} // namespace zamber::x11

@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Pasteboard.h"
+#include "platform/x11/IncomingTransfer.h"
+#include "platform/x11/OutgoingTransfers.h"
+#include "platform/x11/SelectionReader.h"
+#include "platform/x11/SelectionServer.h"
+
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace zamber::x11 {
+
+/// The CLIPBOARD selection as a pasteboard: a change counts when its content is completely here, and what was copied
+/// outlives the program that it was copied from.
+///
+/// It is the clipboard manager of the session, too, where there is none: programs that quit hand it what they hold
+/// (CLIPBOARD_MANAGER and SAVE_TARGETS, freedesktop.org's clipboard manager protocol).
+class X11Pasteboard final : public QObject, public Pasteboard {
+    Q_OBJECT
+
+public:
+    explicit X11Pasteboard(Connection& connection);
+    ~X11Pasteboard() override;
+
+    int changeCount() const override { return m_changeCount; }
+    std::optional<QByteArray> data(ImageType type) const override;
+    std::optional<QByteArray> string() const override { return m_content.text; }
+    void clearContents() override;
+    void setString(const QByteArray& text) override;
+    void setData(ImageType type, const QByteArray& bytes) override;
+
+    /// Whether the last write by this program has become what every other program gets; false from the write until
+    /// the server has confirmed it, and when somebody else has copied since.
+    bool ownsClipboard() const { return !m_isAcquiring && m_clipboard.isOwner(); }
+
+    /// Offers the clipboard's content, which is ours, as the PRIMARY selection too, for programs that paste only that.
+    /// Calls back when it is there.
+    void offerAsPrimary(std::function<void()> done);
+
+Q_SIGNALS:
+    /// `ownsClipboard` may have changed.
+    void ownershipChanged();
+
+private:
+    /// Where the content that we hold stands, which decides whether we may take over when its owner goes away.
+    enum class Source { Nothing, Ourselves, Foreign, Secret };
+
+    void handleOwnerChange(const xcb_generic_event_t& event);
+    void handleManagerChange(xcb_window_t owner);
+    void readInitialContent();
+    void startReading(xcb_window_t owner, xcb_timestamp_t time, bool countsAsChange);
+    void handleReading(const SelectionReader::Outcome& outcome, bool countsAsChange);
+    void stopReading();
+    void write(const SelectionContent& content);
+    void acquire();
+    void handleLoss();
+    void takeOver();
+    void becomeManager();
+    void saveTargets(std::function<void(bool)> done);
+    void answerSavers();
+
+    Connection& m_connection;
+    IncomingTransfers m_incoming;
+    OutgoingTransfers m_outgoing;
+    SelectionServer m_clipboard;
+    SelectionServer m_primary;
+    SelectionServer m_manager;
+    std::uint8_t m_xfixesEvent = 0;
+
+    int m_changeCount = 0;
+    SelectionContent m_content;
+    Source m_source = Source::Nothing;
+    bool m_isAcquiring = false;
+    std::unique_ptr<SelectionReader> m_reader;
+    QTimer m_takeOverDelay;
+    std::vector<std::function<void(bool)>> m_savers;
+};
+
+} // namespace zamber::x11

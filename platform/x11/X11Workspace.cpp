@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/x11/X11Workspace.h"
+
+#include <utility>
+
+namespace zamber::x11 {
+
+X11Workspace::X11Workspace(Connection& connection, Windows& windows, NameOfClass nameOfClass)
+    : m_connection(connection)
+    , m_windows(windows)
+    , m_nameOfClass(std::move(nameOfClass)) {
+    connection.addEventHandler([this](const xcb_generic_event_t& event) {
+        if (codeOf(event) == XCB_DESTROY_NOTIFY) {
+            m_handles.erase(as<xcb_destroy_notify_event_t>(event).window);
+        }
+    });
+}
+
+std::optional<RunningApplication> X11Workspace::frontmostApplication() {
+    const std::optional<xcb_window_t> window = m_windows.activeWindow();
+    if (!window) {
+        return std::nullopt;
+    }
+    auto found = m_handles.find(*window);
+    if (found == m_handles.end()) {
+        m_connection.watch(*window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+        found = m_handles.emplace(*window, ++m_lastHandle).first;
+    }
+    return RunningApplication{.handle = found->second,
+                              .processId = m_windows.processId(*window).value_or(0),
+                              .localizedName = m_nameOfClass(m_windows.windowClass(*window))};
+}
+
+void X11Workspace::activate(const RunningApplication& application) {
+    if (const std::optional<xcb_window_t> window = windowOf(application)) {
+        m_windows.activate(*window);
+    }
+}
+
+std::optional<xcb_window_t> X11Workspace::windowOf(const RunningApplication& application) const {
+    for (const auto& [window, handle] : m_handles) {
+        if (handle == application.handle) {
+            return window;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace zamber::x11

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Workspace.h"
+#include "platform/x11/Windows.h"
+
+#include <functional>
+#include <map>
+#include <optional>
+
+namespace zamber::x11 {
+
+/// Applications are the windows that were seen in front. One is forgotten as soon as its window is destroyed.
+class X11Workspace final : public Workspace {
+public:
+    /// Gives the name that people know the program of a window class by, where the desktop has one.
+    using NameOfClass = std::function<std::optional<QString>(const QString& windowClass)>;
+
+    X11Workspace(Connection& connection, Windows& windows, NameOfClass nameOfClass);
+
+    std::optional<RunningApplication> frontmostApplication() override;
+    void activate(const RunningApplication& application) override;
+
+    /// The window of an application that is still there.
+    std::optional<xcb_window_t> windowOf(const RunningApplication& application) const;
+
+private:
+    Connection& m_connection;
+    Windows& m_windows;
+    NameOfClass m_nameOfClass;
+    std::map<xcb_window_t, std::uint64_t> m_handles;
+    std::uint64_t m_lastHandle = 0;
+};
+
+} // namespace zamber::x11

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/KeystrokePoster.h"
+
+#include <gtest/gtest.h>
+
+#include <concepts>
+#include <functional>
+
+namespace zamber {
+
+/// What the suite needs around a keystroke poster. The rest is the desktop:
+/// - `openApplication`: a program opens a window, which comes to the front; the answer is how it is remembered;
+/// - `closeApplication`: it quits;
+/// - `writeClipboard`: this program writes the clipboard; `copyElsewhere`: another program does, after that;
+/// - `pastesReceived`: how often that application has been told to paste;
+/// - `waitUntil`: lets the main loop run until the condition holds; false when it gives up.
+template <class Rig>
+concept KeystrokePosterRig =
+    std::default_initializable<Rig> && requires(Rig rig, RunningApplication application, std::function<bool()> condition) {
+        { rig.poster() } -> std::same_as<KeystrokePoster&>;
+        { rig.openApplication() } -> std::same_as<RunningApplication>;
+        rig.closeApplication(application);
+        rig.writeClipboard();
+        rig.copyElsewhere();
+        { rig.pastesReceived(application) } -> std::same_as<int>;
+        { rig.waitUntil(condition) } -> std::same_as<bool>;
+    };
+
+template <KeystrokePosterRig Rig>
+class KeystrokePosterContract : public testing::Test {
+protected:
+    bool postAndWait(const std::optional<RunningApplication>& target) {
+        int done = 0;
+        poster.postPaste(target, [&done] { ++done; });
+        const bool ended = rig.waitUntil([&done] { return done > 0; });
+        EXPECT_EQ(done, ended ? 1 : 0);
+        return ended;
+    }
+
+    Rig rig;
+    KeystrokePoster& poster = rig.poster();
+};
+
+TYPED_TEST_SUITE_P(KeystrokePosterContract);
+
+TYPED_TEST_P(KeystrokePosterContract, TheTargetInFrontIsToldToPasteOnce) {
+    const RunningApplication editor = this->rig.openApplication();
+    this->rig.writeClipboard();
+    ASSERT_TRUE(this->postAndWait(editor));
+    EXPECT_TRUE(this->rig.waitUntil([&] { return this->rig.pastesReceived(editor) == 1; }));
+}
+
+TYPED_TEST_P(KeystrokePosterContract, WithoutATargetWhoeverIsInFrontIsTold) {
+    const RunningApplication editor = this->rig.openApplication();
+    this->rig.writeClipboard();
+    ASSERT_TRUE(this->postAndWait(std::nullopt));
+    EXPECT_TRUE(this->rig.waitUntil([&] { return this->rig.pastesReceived(editor) == 1; }));
+}
+
+TYPED_TEST_P(KeystrokePosterContract, ATargetThatHasQuitLeavesItToWhoeverIsInFront) {
+    const RunningApplication gone = this->rig.openApplication();
+    this->rig.closeApplication(gone);
+    const RunningApplication editor = this->rig.openApplication();
+    this->rig.writeClipboard();
+    ASSERT_TRUE(this->postAndWait(gone));
+    EXPECT_TRUE(this->rig.waitUntil([&] { return this->rig.pastesReceived(editor) == 1; }));
+}
+
+TYPED_TEST_P(KeystrokePosterContract, NothingIsPostedOnceTheClipboardIsSomebodyElses) {
+    const RunningApplication editor = this->rig.openApplication();
+    this->rig.writeClipboard();
+    this->rig.copyElsewhere();
+    ASSERT_TRUE(this->postAndWait(editor));
+    EXPECT_FALSE(this->rig.waitUntil([&] { return this->rig.pastesReceived(editor) > 0; }));
+}
+
+TYPED_TEST_P(KeystrokePosterContract, CallsAreCarriedOutOneAfterTheOther) {
+    const RunningApplication editor = this->rig.openApplication();
+    this->rig.writeClipboard();
+    std::vector<int> done;
+    for (const int call : {1, 2, 3}) {
+        this->poster.postPaste(editor, [&done, call] { done.push_back(call); });
+    }
+    ASSERT_TRUE(this->rig.waitUntil([&] { return done.size() == 3; }));
+    EXPECT_EQ(done, (std::vector<int>{1, 2, 3}));
+    EXPECT_TRUE(this->rig.waitUntil([&] { return this->rig.pastesReceived(editor) == 3; }));
+}
+
+REGISTER_TYPED_TEST_SUITE_P(KeystrokePosterContract, TheTargetInFrontIsToldToPasteOnce,
+                            WithoutATargetWhoeverIsInFrontIsTold, ATargetThatHasQuitLeavesItToWhoeverIsInFront,
+                            NothingIsPostedOnceTheClipboardIsSomebodyElses, CallsAreCarriedOutOneAfterTheOther);
+
+} // namespace zamber

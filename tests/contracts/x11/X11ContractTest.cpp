@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/freedesktop/ApplicationNames.h"
+#include "platform/freedesktop/BootstrapSymbols.h"
+#include "platform/freedesktop/QtApplication.h"
+#include "platform/freedesktop/QtStatusItem.h"
+#include "platform/x11/Connection.h"
+#include "platform/x11/Keyboard.h"
+#include "platform/x11/Windows.h"
+#include "platform/x11/X11AccessibilityTrust.h"
+#include "platform/x11/X11HotKeyCenter.h"
+#include "platform/x11/X11KeystrokePoster.h"
+#include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11Workspace.h"
+#include "tests/contracts/AccessibilityTrustContract.h"
+#include "tests/contracts/ApplicationContract.h"
+#include "tests/contracts/HotKeyCenterContract.h"
+#include "tests/contracts/KeystrokePosterContract.h"
+#include "tests/contracts/PasteboardContract.h"
+#include "tests/contracts/StatusItemContract.h"
+#include "tests/contracts/WorkspaceContract.h"
+#include "tests/contracts/x11/X11Partner.h"
+
+#include <QApplication>
+#include <QTimer>
+
+namespace zamber {
+
+namespace {
+
+// Where the keys lie on every PC keyboard.
+constexpr xcb_keycode_t SUPER_KEY = 133;
+constexpr xcb_keycode_t SHIFT_KEY = 50;
+constexpr xcb_keycode_t CAPS_LOCK_KEY = 66;
+constexpr xcb_keycode_t NUM_LOCK_KEY = 77;
+
+xcb_keycode_t keyCodeOf(PhysicalKey key) {
+    return key == PhysicalKey::V ? 55 : key == PhysicalKey::Digit2 ? 11 : 12;
+}
+
+struct X11Rig {
+    X11Partner partner;
+    std::unique_ptr<x11::Connection> connection = *x11::Connection::open();
+
+    bool waitUntil(const std::function<bool()>& condition) { return partner.waitUntil(condition); }
+};
+
+struct X11PasteboardRig : X11Rig {
+    x11::X11Pasteboard adapter{*connection};
+
+    X11PasteboardRig() { settle(); }
+
+    Pasteboard& pasteboard() { return adapter; }
+    void copyText(const QByteArray& text) { partner.copy({{"UTF8_STRING", text}, {"STRING", "not this one"}}); }
+    void copyImage(ImageType type, const QByteArray& bytes) { partner.copy({{nameOf(type), bytes}}); }
+    void copyImageWithText(ImageType type, const QByteArray& bytes, const QByteArray& text) {
+        partner.copy({{"UTF8_STRING", text}, {nameOf(type), bytes}});
+    }
+    void copyNothing() { partner.copy({{"text/uri-list-of-another-kind", "x"}}); }
+    std::optional<QByteArray> pastedText() { return pasted("UTF8_STRING"); }
+    std::optional<QByteArray> pastedImage(ImageType type) { return pasted(nameOf(type)); }
+
+    void settle() {
+        // Nothing more is under way when our ownership is confirmed and a while has passed without an event.
+        partner.waitUntil([] { return false; }, 150);
+    }
+
+private:
+    static const char* nameOf(ImageType type) { return type == ImageType::Png ? "image/png" : "image/tiff"; }
+
+    std::optional<QByteArray> pasted(const char* target) {
+        settle();
+        partner.requestPaste(target);
+        EXPECT_TRUE(waitUntil([this] { return partner.pasted().has_value(); })) << "no answer for " << target;
+        return partner.pasted().value_or(std::nullopt);
+    }
+};
+
+struct X11WorkspaceRig : X11Rig {
+    x11::Windows windows{*connection};
+    x11::X11Workspace adapter{*connection, windows, applicationNameOfClass};
+    std::vector<xcb_window_t> opened;
+
+    Workspace& workspace() { return adapter; }
+    int openApplication(const char* name) {
+        opened.push_back(partner.openWindow(name));
+        return static_cast<int>(opened.size()) - 1;
+    }
+    void closeApplication(int number) { partner.closeWindow(opened[number]); }
+    void bringToFront(int number) { partner.activateWindow(opened[number]); }
+    bool isInFront(int number) { return partner.activeWindow() == opened[number]; }
+};
+
+struct X11HotKeyCenterRig : X11Rig {
+    x11::Keyboard keyboard{*connection};
+    x11::X11HotKeyCenter adapter{*connection, keyboard};
+
+    HotKeyCenter& center() { return adapter; }
+    void press(PhysicalKey key) { partner.pressKey(keyCodeOf(key), {SUPER_KEY, SHIFT_KEY}); }
+    void pressWithLocks(PhysicalKey key) {
+        partner.pressKey(CAPS_LOCK_KEY, {});
+        partner.pressKey(NUM_LOCK_KEY, {});
+        press(key);
+        partner.pressKey(NUM_LOCK_KEY, {});
+        partner.pressKey(CAPS_LOCK_KEY, {});
+    }
+    void pressAlone(PhysicalKey key) { partner.pressKey(keyCodeOf(key), {}); }
+    void takeElsewhere(PhysicalKey key) {
+        partner.grabKey(keyCodeOf(key), XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT);
+    }
+};
+
+struct X11KeystrokePosterRig : X11Rig {
+    x11::X11Pasteboard pasteboard{*connection};
+    x11::Keyboard keyboard{*connection};
+    x11::Windows windows{*connection};
+    x11::X11Workspace workspace{*connection, windows, applicationNameOfClass};
+    x11::X11KeystrokePoster adapter{*connection, keyboard, windows, workspace, pasteboard};
+    std::map<std::uint64_t, xcb_window_t> opened;
+
+    KeystrokePoster& poster() { return adapter; }
+    RunningApplication openApplication() {
+        const xcb_window_t window = partner.openWindow("Editor");
+        const auto application = workspace.frontmostApplication();
+        EXPECT_TRUE(application);
+        opened[application->handle] = window;
+        return *application;
+    }
+    void closeApplication(const RunningApplication& application) { partner.closeWindow(opened[application.handle]); }
+    void writeClipboard() {
+        pasteboard.clearContents();
+        pasteboard.setString("ours");
+    }
+    void copyElsewhere() {
+        EXPECT_TRUE(waitUntil([this] { return pasteboard.ownsClipboard(); }));
+        partner.copy({{"UTF8_STRING", "theirs"}});
+        EXPECT_TRUE(waitUntil([this] { return !pasteboard.ownsClipboard(); }));
+    }
+    int pastesReceived(const RunningApplication& application) {
+        return partner.pastesReceived(opened[application.handle]);
+    }
+};
+
+struct X11AccessibilityTrustRig : X11Rig {
+    x11::X11AccessibilityTrust adapter{*connection};
+
+    AccessibilityTrust& trust() { return adapter; }
+    bool canPost() {
+        // A hot key of ours is pressed by the adapter's own means: it comes if the server lets key events through.
+        x11::Keyboard keyboard{*connection};
+        x11::X11HotKeyCenter center{*connection, keyboard};
+        bool isPressed = false;
+        center.setPressedHandler([&isPressed](std::uint32_t) { isPressed = true; });
+        EXPECT_TRUE(center.registerHotKey(PhysicalKey::Digit3, {}, {1, 1}));
+        partner.pressKey(keyCodeOf(PhysicalKey::Digit3), {});
+        return waitUntil([&isPressed] { return isPressed; });
+    }
+};
+
+struct QtApplicationRig {
+    QtApplication adapter{[](WId) {}};
+
+    Application& application() { return adapter; }
+    static bool run(const std::function<void()>& first) {
+        constexpr int GIVEN_UP = 99;
+        QTimer bound;
+        bound.setSingleShot(true);
+        bound.callOnTimeout([] { QCoreApplication::exit(GIVEN_UP); });
+        bound.start(3000);
+        QTimer::singleShot(0, qApp, first);
+        return QCoreApplication::exec() != GIVEN_UP;
+    }
+};
+
+struct QtStatusItemRig : X11Rig {
+    BootstrapSymbols symbols;
+    QtStatusItem adapter{symbols};
+
+    StatusItem& item() { return adapter; }
+    void click(MouseButton button) {
+        // The tray takes the icon in when it gets to it, and moves it to its place after that.
+        EXPECT_TRUE(waitUntil([this] { return adapter.isInTray(); }));
+        partner.waitUntil([] { return false; }, 200);
+        partner.click(adapter.button()->screenRectangle.center(), button == MouseButton::Left ? 1 : 3);
+    }
+    void chooseFirst() {
+        const auto* const menu = QApplication::activePopupWidget();
+        ASSERT_NE(menu, nullptr);
+        partner.click(menu->mapToGlobal(QPoint(menu->width() / 2, 12)), 1);
+    }
+    bool isMenuOpen() const { return QApplication::activePopupWidget() != nullptr; }
+};
+
+} // namespace
+
+INSTANTIATE_TYPED_TEST_SUITE_P(X11, PasteboardContract, X11PasteboardRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(X11, WorkspaceContract, X11WorkspaceRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(X11, HotKeyCenterContract, X11HotKeyCenterRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(X11, KeystrokePosterContract, X11KeystrokePosterRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(X11, AccessibilityTrustContract, X11AccessibilityTrustRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(Qt, ApplicationContract, QtApplicationRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(Qt, StatusItemContract, QtStatusItemRig);
+
+} // namespace zamber
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

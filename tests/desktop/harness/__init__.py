@@ -1,0 +1,36 @@
+# SPDX-FileCopyrightText: 2026 The Zamber project
+# SPDX-License-Identifier: MIT
+"""Private desktops to try desktop programs on.
+
+A `PrivateDesktop` is an X server of its own with session bus, accessibility bus, window manager, tray and folders;
+it shares nothing with whoever is logged in, and leaves nothing behind. `Zamber` is the program inside it. Works with
+Debian's own Python and python3-xlib; needs no test framework.
+
+    from harness import PrivateDesktop, Zamber
+
+    with PrivateDesktop(compositor="picom") as desktop:
+        zamber = Zamber(desktop)
+        zamber.write_history("first", "second")
+        zamber.start()
+        zamber.open_popover()
+        desktop.screenshot("popover.png")
+
+From a shell, with this folder's parent as working directory: python3 -m harness [options] -- COMMAND …
+"""
+
+from .clipboard import PARTNERS, Clipboard, SelectionOwner
+from .desktop import PrivateDesktop
+from .keyboard import ALT, CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER
+from .partners import Editor, Mousepad, Partner, Terminal
+from .processes import Child
+from .recorder import KeyEvent, Recorder
+from .screen import convert, pixels, png_bytes
+from .waiting import WaitTimeout, holds_for, wait_until
+from .windows import Window
+from .zamber import Zamber, default_binary
+
+__all__ = [
+    "ALT", "CONTROL", "Child", "Clipboard", "Editor", "KEY_CODES", "KeyEvent", "LOCK", "Mousepad", "NUM",
+    "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT", "SUPER", "SelectionOwner", "Terminal", "WaitTimeout", "Window", "Zamber", "convert", "default_binary",
+    "holds_for", "pixels", "png_bytes", "wait_until",
+]

@@ -1,0 +1,103 @@
+# SPDX-FileCopyrightText: 2026 The Zamber project
+# SPDX-License-Identifier: MIT
+"""The programs that a user would be working in, each with a way to see what reached it."""
+
+import itertools
+import json
+import pathlib
+
+from .clipboard import PARTNERS
+from .waiting import wait_until
+
+PYTHON = "/usr/bin/python3"
+START_SECONDS = 10.0
+
+_numbers = itertools.count(1)
+
+
+class Partner:
+    """A program with one window, which is active and has the keyboard once it has been started."""
+
+    def __init__(self, desktop, name, command):
+        self._desktop = desktop
+        self.child = desktop.start(name, command)
+        self.window = wait_until(
+            lambda: desktop.window(pid=self.child.pid), START_SECONDS, lambda: f"{name}: {self.child.stderr()}"
+        )
+        if desktop.window_manager == "none":
+            desktop.activate(self.window)
+        else:
+            desktop.wait_until_active(self.window)
+
+    def activate(self):
+        self._desktop.activate(self.window)
+
+    def quit(self):
+        """Ends the program; its window is gone when this returns."""
+        self.child.stop()
+        wait_until(lambda: self._desktop.window(pid=self.child.pid) is None, what="the window to be gone")
+
+
+class Editor(Partner):
+    def __init__(self, desktop, title="Editor", *, class_name="Editor", geometry="480x300+40+80"):
+        folder = desktop.directory / f"editor-{next(_numbers)}"
+        folder.mkdir()
+        self._text_file, self._key_log, self._image_file = folder / "text", folder / "keys", folder / "image"
+        super().__init__(desktop, title.lower(), [
+            PYTHON, PARTNERS / "editor.py", "--title", title, "--class-name", class_name, "--geometry", geometry,
+            "--text-file", self._text_file, "--key-log", self._key_log, "--image-file", self._image_file,
+        ])
+
+    def text(self):
+        return self._text_file.read_bytes().decode()
+
+    def keys(self):
+        """The key events that the window received, oldest first."""
+        return [json.loads(line) for line in self._key_log.read_text().splitlines()]
+
+    def image(self):
+        """The bytes of the picture that was pasted last, or None."""
+        return self._image_file.read_bytes() if self._image_file.exists() else None
+
+    def wait_for_text(self, expected, timeout=6.0):
+        wait_until(lambda: self.text() == expected, timeout, lambda: f"{expected!r}; the editor holds {self.text()!r}")
+
+    def wait_for_image(self, expected, timeout=6.0):
+        wait_until(lambda: self.image() == expected, timeout,
+                   lambda: f"a picture of {len(expected)} bytes; the editor has {self.image()!r:.80}")
+
+
+class Mousepad(Partner):
+    """A real editor, which tells what it holds only by saving it."""
+
+    def __init__(self, desktop):
+        self.path = desktop.home / f"mousepad-{next(_numbers)}.txt"
+        self.path.touch()
+        super().__init__(desktop, "mousepad", ["mousepad", "--disable-server", self.path])
+
+    def wait_for_saved_text(self, expected, timeout=6.0):
+        def saved():
+            self._desktop.keyboard.chord("Control_L", "s")
+            return self.path.read_text() == expected
+
+        self._desktop.wait_until_active(self.window)
+        wait_until(saved, timeout, lambda: f"{expected!r}; mousepad saved {self.path.read_text()!r}")
+
+
+class Terminal(Partner):
+    """An xterm in which every byte that arrives is written to a file."""
+
+    def __init__(self, desktop):
+        self._path = pathlib.Path(desktop.directory) / f"terminal-{next(_numbers)}"
+        super().__init__(desktop, "xterm", [
+            "xterm", "-fa", "DejaVu Sans Mono", "-fs", "10", "-geometry", "60x15+60+120",
+            "-e", PYTHON, PARTNERS / "terminal_reader.py", self._path,
+        ])
+        wait_until(self._path.exists, START_SECONDS, "the reader in the terminal")
+
+    def received(self):
+        return self._path.read_bytes()
+
+    def wait_for(self, expected, timeout=6.0):
+        wait_until(lambda: self.received() == expected, timeout,
+                   lambda: f"{expected!r}; the terminal sent {self.received()!r}")

@@ -1,0 +1,50 @@
+# SPDX-FileCopyrightText: 2026 The Zamber project
+# SPDX-License-Identifier: MIT
+"""Pictures: of the screen, to be copied, and to be compared."""
+
+import struct
+import subprocess
+import zlib
+
+TOOL_SECONDS = 20.0
+
+
+def screenshot(desktop, path):
+    """What a user sees, the compositor's work included, as a picture file of the type that the name ends in."""
+    subprocess.run(
+        ["/usr/bin/import", "-window", "root", str(path)], env=desktop.environment, stdin=subprocess.DEVNULL,
+        capture_output=True, timeout=TOOL_SECONDS, check=True,
+    )
+    return path
+
+
+def png_bytes(width=24, height=16, *, seed=1, compression=6):
+    """A picture that is no other's: opaque RGB, a different pattern for every seed; large when not compressed (0)."""
+    rows = b"".join(
+        b"\0" + bytes(
+            value for column in range(width)
+            for value in ((column * 10 + seed) % 256, (row * 16 + 3 * seed) % 256, (seed * 37 + row * column) % 256)
+        )
+        for row in range(height)
+    )
+
+    def chunk(kind, data):
+        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+
+    header = struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0)
+    return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(rows, compression)) + chunk(b"IEND", b"")
+
+
+def convert(data, kind, to):
+    """The same picture in another format, by ImageMagick. Without a kind it goes by what the bytes themselves say;
+    `to` may be "rgba" for bare pixels."""
+    answer = subprocess.run(
+        ["/usr/bin/convert", f"{kind}:-" if kind else "-", "-depth", "8", f"{to}:-"], input=data, capture_output=True,
+        timeout=TOOL_SECONDS, check=True,
+    )
+    return answer.stdout
+
+
+def pixels(data, kind=None):
+    """Eight-bit red, green, blue and opacity of every pixel, row by row."""
+    return convert(data, kind, "rgba")

@@ -1,0 +1,151 @@
+# SPDX-FileCopyrightText: 2026 The Zamber project
+# SPDX-License-Identifier: MIT
+"""The program under test, and what can be seen of it from outside."""
+
+import base64
+import json
+import os
+import pathlib
+import time
+
+from .waiting import wait_until
+from .windows import active_window, focused_window, top_level_windows
+
+READY_LINE = "✅ Accessibility: trusted"
+START_SECONDS = 10.0
+SANITIZER_VARIABLES = ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
+
+
+def default_binary():
+    """ZAMBER_BINARY where it is set, else the release build of this source tree."""
+    built = pathlib.Path(__file__).resolve().parents[3] / "build" / "release" / "zamber"
+    return pathlib.Path(os.environ.get("ZAMBER_BINARY") or built)
+
+
+class Zamber:
+    def __init__(self, desktop, binary=None):
+        self._desktop = desktop
+        self.binary = pathlib.Path(binary or default_binary())
+        if not self.binary.is_file():
+            raise FileNotFoundError(f"no program at {self.binary}: build it, or set ZAMBER_BINARY")
+        self.child = None
+
+    @property
+    def data_folder(self):
+        return self._desktop.data_home / "Zamber"
+
+    @property
+    def history_path(self):
+        return self.data_folder / "clipboard_history.json"
+
+    @property
+    def preferences_path(self):
+        return self._desktop.config_home / "Zamber" / "Zamber.conf"
+
+    def write_preferences(self, **values):
+        """Replaces the preferences: write_preferences(quickPasteEnabled=True, maxItems=50)."""
+        self.preferences_path.parent.mkdir(parents=True, exist_ok=True)
+        lines = [f"{key}={str(value).lower() if isinstance(value, bool) else value}" for key, value in values.items()]
+        self.preferences_path.write_text("\n".join(["[General]", *lines, ""]))
+
+    def write_history(self, *contents, pinned=()):
+        """A history file, newest first: texts as str, images as bytes. `pinned` holds the positions of pinned ones.
+        The entries are a minute apart, the first of them a minute old."""
+        self.data_folder.mkdir(parents=True, exist_ok=True, mode=0o700)
+        now = time.time()
+        records = [
+            {
+                "type": "text" if isinstance(content, str) else "image",
+                "value": content if isinstance(content, str) else base64.b64encode(content).decode(),
+                "timestamp": now - 60.0 * (index + 1),
+                "isPinned": index in pinned,
+            }
+            for index, content in enumerate(contents)
+        ]
+        self.history_path.write_text(json.dumps(records, ensure_ascii=False))
+
+    def start(self):
+        environment = dict(self._desktop.environment, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        environment.update({name: os.environ[name] for name in SANITIZER_VARIABLES if name in os.environ})
+        self.child = self._desktop.start("zamber", [self.binary], environment=environment)
+        wait_until(
+            lambda: READY_LINE in self.stdout_lines() or not self.is_running(), START_SECONDS,
+            lambda: f"{READY_LINE!r}; so far {self.stdout_lines()}, {self.stderr_lines()}",
+        )
+        if not self.is_running():
+            raise RuntimeError(f"ended at once with {self.child.process.returncode}: {self.stderr_lines()}")
+        return self
+
+    def stop(self):
+        return self.child.stop()
+
+    def is_running(self):
+        return self.child is not None and self.child.is_running()
+
+    @property
+    def pid(self):
+        return self.child.pid
+
+    def stdout_lines(self):
+        return self.child.stdout_lines()
+
+    def stderr_lines(self):
+        return self.child.stderr_lines()
+
+    def records(self):
+        """The history file's records, newest first; empty while there is none or it is just being written."""
+        try:
+            return json.loads(self.history_path.read_text())
+        except (FileNotFoundError, json.JSONDecodeError):
+            return []
+
+    def history(self):
+        """The entries in the history file, newest first: texts as str, images as bytes."""
+        return [record["value"] if record["type"] == "text" else base64.b64decode(record["value"])
+                for record in self.records()]
+
+    def wait_for_history(self, expected, timeout=6.0):
+        """Waits until the file, which is written a second after the last change, holds just these entries."""
+        wait_until(lambda: self.history() == expected, timeout,
+                   lambda: f"the history {expected!r}; it is {self.history()!r}")
+
+    def windows(self):
+        return [window for window in top_level_windows(self._desktop.display)
+                if window.pid == self.pid and window.visible]
+
+    def popover(self):
+        """The popover's window while it is shown, else None."""
+        return next((window for window in self.windows() if window.title == "Zamber" and window.width > 100), None)
+
+    def press_hot_key(self):
+        self._desktop.keyboard.chord("Super_L", "Shift_L", "v")
+
+    def wait_for_popover(self, timeout=5.0):
+        """The popover, once it is shown and takes the keys."""
+
+        def ready():
+            popover = self.popover()
+            focus = focused_window(self._desktop.display)
+            return popover if popover and focus and focus.id == popover.id else None
+
+        def seen():
+            display = self._desktop.display
+            return (f"the popover with the focus; shown {self.popover()}, focus {focused_window(display)}, "
+                    f"active {active_window(display)}, stderr {self.stderr_lines()}")
+
+        return wait_until(ready, timeout, seen)
+
+    def open_popover(self):
+        self.press_hot_key()
+        return self.wait_for_popover()
+
+    def wait_until_closed(self, timeout=5.0):
+        wait_until(lambda: self.popover() is None, timeout, "the popover to be gone")
+
+    def tree(self, timeout=5.0):
+        """The accessibility tree of the program."""
+        return wait_until(lambda: self._desktop.accessibility.tree(self.pid), timeout, "an accessibility tree")
+
+    def act(self, node, action):
+        if not self._desktop.accessibility.act(self.pid, node, action):
+            raise AssertionError(f"no action {action} on {node.role} {node.name!r}")

@@ -1,0 +1,234 @@
+# SPDX-FileCopyrightText: 2026 The Zamber project
+# SPDX-License-Identifier: MIT
+"""The way back: which keys are pressed, when, and in which window."""
+
+from case import NO_PREVIOUS_LINE, PASTED_LINE, PASTING_LINE, DesktopTestCase
+from harness import CONTROL, KEY_CODES, SHIFT, Editor, Terminal, holds_for, wait_until
+
+# How long held modifiers are waited for before they are lifted, and the delay before that.
+BOUND_MILLISECONDS = 2000
+MODIFIER_CODES = [KEY_CODES[key] for key in ("Super_L", "Super_R", "Shift_L", "Shift_R", "Control_L", "Alt_L")]
+
+
+class PasteTest(DesktopTestCase):
+    history = ("first", "second", "third")
+
+    def test_return_pastes_the_newest_entry_into_the_window_that_was_active(self):
+        self.zamber.open_popover()
+        mark = self.keys.mark()
+        self.choose()
+        self.expect_paste()
+        self.editor.wait_for_text("first")
+        down = self.assert_pasted_by("v", CONTROL, mark)
+        self.assertEqual(down.held & set(KEY_CODES.values()), {KEY_CODES["Control_L"]}, self.keys.text(mark))
+        self.zamber.wait_until_closed()
+        self.desktop.wait_until_active(self.editor.window)
+
+    def test_the_keystroke_comes_no_sooner_than_the_window_has_had_time_to_come_to_the_front(self):
+        self.zamber.open_popover()
+        mark = self.keys.mark()
+        self.choose()
+        self.expect_paste()
+        self.editor.wait_for_text("first")
+        chosen = self.keys.presses(KEY_CODES["Return"], mark)[0]
+        pasted = self.keys.presses(KEY_CODES["v"], mark)[0]
+        self.assertGreaterEqual(pasted.time - chosen.time, 350)
+        self.assertLess(pasted.time - chosen.time, 1000)
+
+    def test_arrows_choose_another_entry(self):
+        self.zamber.open_popover()
+        self.keyboard.tap("Down", "Down", "Down", "Down", "Up", "Return")
+        self.expect_paste()
+        self.editor.wait_for_text("second")
+
+    def test_one_paste_after_another_each_arrives_once(self):
+        held = ""
+        for position in (0, 1, 2, 0, 2):
+            self.paste_entry(position)
+            held += self.history[position]
+            self.editor.wait_for_text(held)
+
+    def test_the_paste_goes_to_whichever_window_was_active(self):
+        self.bystander_may_get_keys = True
+        self.bystander.activate()
+        self.zamber.open_popover()
+        mark = self.keys.mark()
+        self.choose(1)
+        self.expect_paste()
+        self.bystander.wait_for_text("second")
+        self.assert_pasted_by("v", CONTROL, mark, self.bystander.window)
+        self.assertEqual(self.editor.keys(), [])
+
+    def test_modifiers_still_held_are_waited_for(self):
+        for pair in (("Super_L", "Shift_L"), ("Super_R", "Shift_R")):
+            with self.subTest(pair):
+                held = self.editor.text()
+                self.keyboard.press(*pair)
+                self.keyboard.tap("v")
+                self.zamber.wait_for_popover()
+                mark = self.keys.mark()
+                self.choose()
+                self.expect_paste()
+                holds_for(lambda: not self.keys.presses(KEY_CODES["v"], mark), 0.8, "no keystroke is sent")
+                self.keyboard.release(*pair)
+                self.editor.wait_for_text(held + "first")
+                pasted = self.assert_pasted_by("v", CONTROL, mark)
+                released = [event for event in self.keys.since(mark) if event.code in map(KEY_CODES.get, pair)]
+                self.assertEqual([event.pressed for event in released], [False, False], self.keys.text(mark))
+                self.assertLessEqual(max(event.time for event in released), pasted.time)
+
+    def test_modifiers_held_for_long_are_lifted_and_not_pressed_again(self):
+        self.keyboard.press("Super_L", "Shift_L")
+        self.keyboard.tap("v")
+        self.zamber.wait_for_popover()
+        mark = self.keys.mark()
+        self.choose()
+        self.expect_paste()
+        self.editor.wait_for_text("first")
+        pasted = self.assert_pasted_by("v", CONTROL, mark)
+        chosen = self.keys.presses(KEY_CODES["Return"], mark)[0]
+        self.assertGreaterEqual(pasted.time - chosen.time, BOUND_MILLISECONDS)
+        self.assertLess(pasted.time - chosen.time, BOUND_MILLISECONDS + 1500)
+        self.wait_for_expected_lines()
+        for key in ("Super_L", "Shift_L"):
+            events = [event for event in self.keys.since(mark) if event.code == KEY_CODES[key]]
+            self.assertEqual([event.pressed for event in events], [False], self.keys.text(mark))
+            self.assertLessEqual(events[0].time, pasted.time)
+        self.keyboard.release("Shift_L", "Super_L")
+
+    def test_return_still_down_does_no_harm(self):
+        self.zamber.open_popover()
+        self.keyboard.press("Return")
+        self.expect_paste()
+        self.editor.wait_for_text("first")
+        self.keyboard.release("Return")
+        self.wait_for_expected_lines()
+        self.assertEqual(self.editor.text(), "first")
+
+    def test_a_terminal_that_knows_no_other_paste_gets_shift_insert_and_the_primary_selection(self):
+        terminal = Terminal(self.desktop)
+        self.zamber.open_popover()
+        mark = self.keys.mark()
+        self.choose(1)
+        self.expect_paste()
+        terminal.wait_for(b"second")
+        self.assert_pasted_by("Insert", SHIFT, mark, terminal.window)
+        self.assertEqual(self.keys.presses(KEY_CODES["v"], mark), [])
+        self.assertEqual(self.desktop.primary.text(), "second")
+        self.assertEqual(self.clipboard.text(), "second")
+
+    def test_a_terminal_that_keeps_control_v_for_itself_gets_it_with_shift(self):
+        terminal = Editor(self.desktop, "Terminal", class_name="Gnome-terminal")
+        self.zamber.open_popover()
+        mark = self.keys.mark()
+        self.choose()
+        self.expect_paste()
+        self.assert_pasted_by("v", CONTROL | SHIFT, mark, terminal.window)
+
+    def test_a_window_that_is_gone_leaves_the_keystroke_to_the_next(self):
+        self.bystander_may_get_keys = True
+        self.zamber.open_popover()
+        self.editor.quit()
+        mark = self.keys.mark()
+        self.choose()
+        self.expect_paste()
+        self.bystander.wait_for_text("first")
+        self.assert_pasted_by("v", CONTROL, mark, self.bystander.window)
+
+    def test_no_keystroke_goes_to_the_program_itself(self):
+        self.bystander.quit()
+        self.zamber.open_popover()
+        self.editor.quit()
+        mark = self.keys.mark()
+        self.choose()
+        self.expected_lines.append(PASTING_LINE)
+        self.zamber.wait_until_closed()
+        # It may press the keys for nobody or press none; both are told by this line after at most the bound.
+        self.expected_lines.append(PASTED_LINE)
+        self.wait_for_expected_lines()
+        for event in self.keys.presses(KEY_CODES["v"], mark):
+            self.assertNotEqual(event.focus and event.focus.pid, self.zamber.pid, self.keys.text(mark))
+        self.assertEqual(self.clipboard.text(), "first")
+
+    def test_without_a_window_to_return_to_the_entry_is_on_the_clipboard(self):
+        self.editor.quit()
+        self.bystander.quit()
+        self.zamber.open_popover()
+        mark = self.keys.mark()
+        self.choose(1)
+        self.expected_lines.append(NO_PREVIOUS_LINE)
+        self.zamber.wait_until_closed()
+        wait_until(lambda: self.clipboard.text() == "second", what="the entry on the clipboard")
+        holds_for(lambda: not self.keys.presses(KEY_CODES["v"], mark), 0.6, "no keystroke is sent")
+
+    def test_a_copy_made_meanwhile_is_not_pasted(self):
+        self.zamber.open_popover()
+        mark = self.keys.mark()
+        self.keyboard.press("Super_L")
+        self.choose()
+        self.expected_lines += [PASTING_LINE, PASTED_LINE]
+        wait_until(lambda: self.clipboard.text() == "first", what="the entry on the clipboard")
+        self.clipboard.copy_text("somebody else's")
+        self.keyboard.release("Super_L")
+        self.wait_for_expected_lines()
+        self.assertEqual(self.keys.presses(KEY_CODES["v"], mark), [])
+        self.assertEqual(self.editor.text(), "")
+
+
+class QuickPasteTest(DesktopTestCase):
+    history = ("first", "second", "third")
+    preferences = {"quickPasteEnabled": True}
+
+    def quick_paste(self, digit, expected, held=""):
+        mark = self.keys.mark()
+        self.keyboard.chord("Super_L", "Shift_L", digit)
+        self.expected_lines.append(PASTED_LINE)
+        self.editor.wait_for_text(held + expected)
+        self.assert_pasted_by("v", CONTROL, mark)
+        self.assertIsNone(self.zamber.popover())
+
+    def test_the_second_and_the_third_entry(self):
+        self.quick_paste("2", "second")
+        self.quick_paste("3", "third", held="second")
+        self.quick_paste("2", "second", held="secondthird")
+
+    def test_modifiers_still_held_are_waited_for(self):
+        mark = self.keys.mark()
+        self.keyboard.press("Super_L", "Shift_L")
+        self.keyboard.tap("2")
+        self.expected_lines.append(PASTED_LINE)
+        holds_for(lambda: not self.keys.presses(KEY_CODES["v"], mark), 0.8, "no keystroke is sent")
+        self.keyboard.release("Shift_L", "Super_L")
+        self.editor.wait_for_text("second")
+        self.assert_pasted_by("v", CONTROL, mark)
+
+    def test_a_search_that_was_typed_counts(self):
+        self.zamber.open_popover()
+        self.keyboard.type_text("ir")
+        wait_until(lambda: len(self.zamber.tree().all(role="list item")) == 2, what="first and third")
+        self.keyboard.tap("Escape")
+        self.zamber.wait_until_closed()
+        self.desktop.wait_until_active(self.editor.window)
+        self.quick_paste("2", "third")
+
+
+class QuickPasteOfShortHistoryTest(DesktopTestCase):
+    history = ("first", "second")
+    preferences = {"quickPasteEnabled": True}
+
+    def test_an_entry_that_is_not_there_changes_nothing(self):
+        before = self.clipboard.owner()
+        self.keyboard.chord("Super_L", "Shift_L", "3")
+        holds_for(lambda: not self.keys.presses(KEY_CODES["v"]), 0.6, "no keystroke is sent")
+        self.assertEqual(self.clipboard.owner(), before)
+
+
+class QuickPasteOffTest(DesktopTestCase):
+    history = ("first", "second", "third")
+
+    def test_the_keys_do_nothing_until_it_is_switched_on(self):
+        before = self.clipboard.owner()
+        self.keyboard.chord("Super_L", "Shift_L", "2")
+        holds_for(lambda: not self.keys.presses(KEY_CODES["v"]), 0.6, "no keystroke is sent")
+        self.assertEqual(self.clipboard.owner(), before)
+        self.assertEqual(self.editor.text(), "")

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/KeystrokePoster.h"
+#include "tests/fakes/FakeWorkspace.h"
+#include "tests/fakes/Journal.h"
+
+#include <vector>
+
+namespace zamber {
+
+/// Posts at once to whoever would have got the keystroke, and remembers them.
+class FakeKeystrokePoster final : public KeystrokePoster {
+public:
+    FakeKeystrokePoster(Journal& journal, FakeWorkspace& workspace)
+        : m_journal(journal)
+        , m_workspace(workspace) {}
+
+    void postPaste(const std::optional<RunningApplication>& target, std::function<void()> done) override {
+        m_journal.note("post paste");
+        asked.push_back(target);
+        const auto front = target && m_workspace.isRunning(*target) ? target : m_workspace.front();
+        if (clipboardIsOurs && front) {
+            received.push_back(*front);
+        }
+        done();
+    }
+
+    bool clipboardIsOurs = true;
+    std::vector<std::optional<RunningApplication>> asked;
+    std::vector<RunningApplication> received;
+
+private:
+    Journal& m_journal;
+    FakeWorkspace& m_workspace;
+};
+
+} // namespace zamber

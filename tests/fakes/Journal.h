@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zamber {
+
+/// What several fakes were asked, in the order in which it happened.
+class Journal {
+public:
+    void note(std::string entry) { m_entries.push_back(std::move(entry)); }
+    const std::vector<std::string>& entries() const { return m_entries; }
+    void clear() { m_entries.clear(); }
+
+private:
+    std::vector<std::string> m_entries;
+};
+
+} // namespace zamber

@@ -1,0 +1,140 @@
+# shellcheck shell=bash
+# SPDX-FileCopyrightText: 2026 The Zamber project
+# SPDX-License-Identifier: MIT
+#
+# What ./run and ./test share: packages, configuring, building. Sourced by them with `root` set; kept to what the
+# bash 3.2 of macOS understands.
+
+# Homebrew's names for the group "run" and for the tests.
+brew_run="cmake ninja pkg-config qt icu4c"
+brew_test="googletest"
+
+step() { printf '\n== %s\n' "$*"; }
+
+die() {
+    printf '%s: %s\n' "$(basename "$0")" "$1" >&2
+    shift
+    [ $# -eq 0 ] || printf '    %s\n' "$@" >&2
+    exit 1
+}
+
+# rows <group>…: the rows of the package list that belong to these groups, as "package probe".
+rows() {
+    awk -v groups=" $* " 'index($1, "#") != 1 && NF && index(groups, " " $1 " ") { print $2, $3 }' \
+        "$root/tools/packages.txt"
+}
+
+# require <group>…: whatever these groups name is installed afterwards, or we have stopped and said what is missing.
+require() {
+    if command -v dpkg-query >/dev/null && command -v apt-get >/dev/null; then
+        require_debian "$@"
+    elif [ "$(uname -s)" = Darwin ]; then
+        require_brew "$@"
+    else
+        require_elsewhere "$@"
+    fi
+}
+
+require_debian() {
+    local wanted missing
+    wanted=$(rows "$@" | cut -d ' ' -f 1 | sort -u)
+    missing=$(missing_packages "$wanted")
+    [ -n "$missing" ] || return 0
+
+    step "Installing:" $missing
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || die "these packages are missing, and there is no sudo to install them with." \
+            "As root: apt-get update && apt-get install --no-install-recommends" $missing
+        as_root=(sudo)
+    fi
+    # env, because sudo does not hand variables on.
+    local apt=(${as_root[@]+"${as_root[@]}"} env DEBIAN_FRONTEND=noninteractive apt-get -q -y
+        -o DPkg::Lock::Timeout=600 -o Acquire::Retries=3)
+    "${apt[@]}" update || printf 'The package lists could not all be renewed; going on with what there is.\n' >&2
+    # shellcheck disable=SC2086 # a list of words
+    "${apt[@]}" install --no-install-recommends $missing </dev/null || die "the packages could not be installed" \
+        "(see above). What is missing:" $missing
+    missing=$(missing_packages "$wanted")
+    [ -z "$missing" ] || die "still missing after the installation:" $missing
+}
+
+missing_packages() {
+    local installed
+    # shellcheck disable=SC2086
+    installed=$(dpkg-query --show --showformat '${db:Status-Abbrev}${Package}\n' $1 2>/dev/null | sed -n 's/^.i //p')
+    printf '%s\n%s\n' "$installed" "$1" | sort | uniq -u
+}
+
+require_brew() {
+    local wanted=$brew_run missing="" name group
+    for group in "$@"; do
+        [ "$group" != test ] || wanted="$wanted $brew_test"
+    done
+    command -v brew >/dev/null || die "Homebrew is missing; with it: brew install $wanted"
+    for name in $wanted; do
+        brew --prefix --installed "$name" >/dev/null 2>&1 || missing="$missing $name"
+    done
+    [ -z "$missing" ] || die "missing here; install it with: brew install$missing"
+}
+
+require_elsewhere() {
+    local missing="" package probe
+    while read -r package probe; do
+        is_there "$probe" || missing="$missing${missing:+
+}${probe/:/ } (Debian: $package)"
+    done <<ROWS
+$(rows "$@")
+ROWS
+    [ -z "$missing" ] && return 0
+    printf '%s: this is no Debian, so nothing is installed by itself. Missing here:\n' "$(basename "$0")" >&2
+    printf '%s\n' "$missing" | sed 's/^/    /' >&2
+    exit 1
+}
+
+is_there() {
+    case $1 in
+    command:*) command -v "${1#*:}" >/dev/null ;;
+    pkg-config:*) pkg-config --exists "${1#*:}" 2>/dev/null ;;
+    file:*) [ -e "${1#*:}" ] ;;
+    python:*) /usr/bin/python3 -c "import ${1#*:}" 2>/dev/null ;;
+    *) true ;;
+    esac
+}
+
+# configure <preset> <ON or OFF>: configured with at least that; the tests, once on, stay on, so that ./run and ./test
+# do not undo each other's work. Ninja itself configures again when a CMake file has changed.
+configure() {
+    local folder="$root/build/$1" tests=$2 options=()
+    local cache="$folder/CMakeCache.txt" stamp="$folder/configured"
+    if [ -f "$folder/build.ninja" ] && [ -f "$cache" ]; then
+        local home
+        home=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$cache")
+        if [ "$home" != "$root" ]; then
+            options+=(--fresh) # the folder was moved or copied here
+        else
+            ! grep -q '^ZAMBER_TESTS:BOOL=ON' "$cache" || tests=ON
+            if [ "$root/CMakePresets.json" -ot "$stamp" ] && grep -q "^ZAMBER_TESTS:BOOL=$tests" "$cache"; then
+                return 0
+            fi
+        fi
+    fi
+    if [ -z "${CMAKE_CXX_COMPILER_LAUNCHER-}" ] && command -v ccache >/dev/null; then
+        export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+    fi
+    step "Configuring ($1)"
+    (cd "$root" && cmake --preset "$1" -D ZAMBER_TESTS="$tests" ${options[@]+"${options[@]}"}) ||
+        die "configuring failed (see above)"
+    touch "$stamp"
+}
+
+# build <preset> [<target>]: quiet when there is nothing to do.
+build() {
+    export CCACHE_BASEDIR="${CCACHE_BASEDIR-$root}" CCACHE_NOHASHDIR="${CCACHE_NOHASHDIR-1}"
+    [ -z "${2-}" ] || set -- "$1" --target "$2"
+    local preset=$1
+    shift
+    (cd "$root" && cmake --build --preset "$preset" --parallel "$(processors)" "$@")
+}
+
+processors() { getconf _NPROCESSORS_ONLN 2>/dev/null || echo 2; }

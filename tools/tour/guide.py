@@ -1,0 +1,59 @@
+# SPDX-FileCopyrightText: 2026 The Zamber project
+# SPDX-License-Identifier: MIT
+"""Leads through the stages of a tour: says what happens, says what was checked, takes a picture of each."""
+
+import contextlib
+import sys
+import textwrap
+import time
+import traceback
+
+# What is drawn cannot be asked for; this is how long a compositor has had time for it in every run so far, many times over.
+DRAWING_SECONDS = 0.35
+INDENTATION = " " * 4
+
+
+class TourFailed(Exception):
+    """A stage has failed; it has been said and pictured."""
+
+
+class Guide:
+    def __init__(self, desktop, folder):
+        self._desktop = desktop
+        self._folder = folder
+        self.stages = 0
+
+    @contextlib.contextmanager
+    def stage(self, name, text):
+        """One stage. The picture is taken when its block is done, and also when it has failed."""
+        self.stages += 1
+        say(f"\n{self.stages:2}. {text}")
+        picture = self._folder / f"{self.stages:02}-{name}.png"
+        try:
+            yield
+            time.sleep(DRAWING_SECONDS)
+            self._desktop.screenshot(picture)
+        except Exception as failure:
+            say(f"FAILED: {failure or type(failure).__name__}", INDENTATION)
+            if not isinstance(failure, AssertionError):
+                traceback.print_exc(file=sys.stdout)
+            with contextlib.suppress(Exception):
+                self._desktop.screenshot(self._folder / f"{self.stages:02}-{name}-FAILED.png")
+            raise TourFailed from failure
+
+    def ok(self, text):
+        """What was found to be as it should be, in the words of somebody who looked."""
+        say(f"ok: {text}", INDENTATION)
+
+
+def say(text, indentation=""):
+    further = " " * (len(text) - len(text.lstrip())) + INDENTATION
+    for line in text.split("\n"):
+        print(textwrap.fill(line, 110, initial_indent=indentation, subsequent_indent=indentation or further),
+              flush=True)
+
+
+def check(claim, otherwise):
+    """Fails the stage when the claim does not hold."""
+    if not claim:
+        raise AssertionError(otherwise)

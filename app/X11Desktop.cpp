@@ -41,6 +41,11 @@ struct X11Desktop::Adapters {
         QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover, [this] { handlePress(QCursor::pos()); });
     }
 
+    void presentPopover(xcb_window_t window) const {
+        windows.keepOutOfTaskbar(window);
+        windows.activate(window);
+    }
+
     void handlePress(QPoint position) {
         // A press on the status item is the first half of a click that toggles the popover.
         if (!statusItem.isInTray() || !statusItem.button()->screenRectangle.contains(position)) {
@@ -69,7 +74,7 @@ struct X11Desktop::Adapters {
     QtStatusItem statusItem{symbols};
     PopoverWindow popover{appearance,
                           {.isComposited = [this] { return windows.isComposited(); },
-                           .activateWindow = [this](WId id) { windows.activate(static_cast<xcb_window_t>(id)); }}};
+                           .activateWindow = [this](WId id) { presentPopover(static_cast<xcb_window_t>(id)); }}};
 };
 
 std::expected<std::unique_ptr<X11Desktop>, std::string> X11Desktop::create() {

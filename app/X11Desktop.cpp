@@ -38,8 +38,7 @@ struct X11Desktop::Adapters {
                          [this] { presses.setListening(x11::ButtonPresses::Listening::On); });
         QObject::connect(&popover, &PopoverWindow::closed, &presses,
                          [this] { presses.setListening(x11::ButtonPresses::Listening::Off); });
-        QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover,
-                         [this] { handlePress(QCursor::pos()); });
+        QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover, [this] { handlePress(QCursor::pos()); });
     }
 
     void handlePress(QPoint position) {

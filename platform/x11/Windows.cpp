@@ -64,15 +64,14 @@ std::optional<std::int64_t> Windows::processId(xcb_window_t window) const {
 }
 
 QString Windows::windowClass(xcb_window_t window) const {
-    const QByteArray words =
-        m_connection.readProperty(window, XCB_ATOM_WM_CLASS, Connection::Afterwards::Keep).bytes;
+    const QByteArray words = m_connection.readProperty(window, XCB_ATOM_WM_CLASS, Connection::Afterwards::Keep).bytes;
     const qsizetype end = words.indexOf('\0');
     return end < 0 ? QString() : QString::fromLatin1(words.constData() + end + 1);
 }
 
 void Windows::activate(xcb_window_t window) const {
     constexpr std::uint32_t SOURCE_PAGER = 2; // taken as the user's own wish by every window manager
-    xcb_client_message_event_t message{}; // 32 bytes, as an event is sent
+    xcb_client_message_event_t message{};     // 32 bytes, as an event is sent
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = window;
@@ -125,8 +124,8 @@ xcb_window_t Windows::parentOf(xcb_window_t window) const {
 
 std::optional<xcb_window_t> Windows::focusedTopLevel() const {
     std::optional<xcb_window_t> topLevel;
-    for (xcb_window_t window = focusWindow();
-         window > XCB_INPUT_FOCUS_POINTER_ROOT && window != m_connection.root(); window = parentOf(window)) {
+    for (xcb_window_t window = focusWindow(); window > XCB_INPUT_FOCUS_POINTER_ROOT && window != m_connection.root();
+         window = parentOf(window)) {
         topLevel = window;
     }
     return topLevel;

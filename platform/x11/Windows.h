@@ -11,8 +11,8 @@
 
 namespace zamber::x11 {
 
-/// The windows of the desktop, asked and told by the window manager's conventions (EWMH), or by the X server alone where
-/// there is no window manager.
+/// The windows of the desktop, asked and told by the window manager's conventions (EWMH), or by the X server alone
+/// where there is no window manager.
 class Windows final : public QObject {
     Q_OBJECT
 

@@ -6,6 +6,7 @@ import os
 import pathlib
 import select
 import shutil
+import socket
 import subprocess
 import tempfile
 
@@ -30,6 +31,11 @@ KEPT_VARIABLES = ("LD_LIBRARY_PATH", "XDG_DATA_DIRS")
 WINDOW_MANAGERS = ("openbox", "xfwm4", "none")
 TRAYS = ("tint2", "none")
 COMPOSITORS = ("none", "picom")
+
+
+def _listens(socket_path):
+    with socket.socket(socket.AF_UNIX) as probe:
+        return probe.connect_ex(str(socket_path)) == 0
 
 
 class PrivateDesktop:
@@ -203,7 +209,7 @@ class PrivateDesktop:
         socket_path = self.runtime_folder / "bus"
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket_path}"
         bus = self.start("dbus-daemon", ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile"])
-        wait_until(socket_path.exists, START_SECONDS, lambda: f"the session bus: {bus.stderr()}")
+        wait_until(lambda: _listens(socket_path), START_SECONDS, lambda: f"the session bus: {bus.stderr()}")
 
     def _start_accessibility_bus(self):
         # It has to be there before the first program is: one that starts earlier never shows up on it.

@@ -115,9 +115,14 @@ void X11HotKeyCenter::release(Registration& registration) const {
 }
 
 void X11HotKeyCenter::grabAgain() {
+    // Grabs are by key code and stay, unless the modifiers have moved to other bits. Most changes are a change of
+    // layout or of the device that types; letting go of the grabs then would lose a press.
+    const std::vector<std::uint16_t> locks = subsetsOf(m_keyboard.lockModifiers());
     for (Registration& registration : m_registrations) {
-        release(registration);
-        grab(registration);
+        if (registration.grabbedMask != maskOf(registration.modifiers) || registration.grabbedLocks != locks) {
+            release(registration);
+            grab(registration);
+        }
     }
 }
 

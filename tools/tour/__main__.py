@@ -42,8 +42,8 @@ class Tour:
         desktop.mouse.move(700, 440)
         self.zamber.write_history(*EARLIER, pinned=(PINNED,))
 
-        with guide.stage("tray-icon", "A desktop with a window manager, a panel and nothing else. Zamber starts, with "
-                                      "three entries from an earlier day in its history."):
+        with guide.stage("tray-icon", "A desktop with a window manager, a panel and nothing else. Zamber starts; "
+                                      "three entries from earlier are in its history."):
             self.zamber.start()
             icon = wait_until(lambda: desktop.tray_icon(self.zamber.pid), 5.0, "Zamber's icon in the tray")
             guide.ok(f"its log says that it is ready, and its icon is in the panel's tray at {icon.x}, {icon.y}")
@@ -78,7 +78,8 @@ class Tour:
             self.expect_history(self.picture, COMMAND_TEXT, NOTE, *EARLIER)
             guide.ok(f"all {len(self.picture)} bytes of the picture are in the history, unchanged")
 
-        with guide.stage("popover", "In a new text in the editor, the hot key is pressed: Super+Shift+V."):
+        with guide.stage("popover", "Back in the editor, a new line is begun and the hot key is pressed: "
+                                    "Super+Shift+V."):
             self.editor.activate()
             self.keyboard.tap("End", "Return")
             self.zamber.open_popover()

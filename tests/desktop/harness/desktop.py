@@ -33,9 +33,14 @@ TRAYS = ("tint2", "none")
 COMPOSITORS = ("none", "picom")
 
 
-def _listens(socket_path):
-    with socket.socket(socket.AF_UNIX) as probe:
-        return probe.connect_ex(str(socket_path)) == 0
+def _is_listening(socket_path):
+    # The socket's file is there a moment before anybody answers behind it.
+    with socket.socket(socket.AF_UNIX) as caller:
+        try:
+            caller.connect(str(socket_path))
+        except OSError:
+            return False
+        return True
 
 
 class PrivateDesktop:
@@ -209,7 +214,7 @@ class PrivateDesktop:
         socket_path = self.runtime_folder / "bus"
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket_path}"
         bus = self.start("dbus-daemon", ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile"])
-        wait_until(lambda: _listens(socket_path), START_SECONDS, lambda: f"the session bus: {bus.stderr()}")
+        wait_until(lambda: _is_listening(socket_path), START_SECONDS, lambda: f"the session bus: {bus.stderr()}")
 
     def _start_accessibility_bus(self):
         # It has to be there before the first program is: one that starts earlier never shows up on it.

@@ -476,7 +476,6 @@ TEST_F(AppDelegateTest, WithASearchTextTypedQuickPasteTakesTheSecondEntryOfTheFi
 
 int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen"); // also where the cases are only listed
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

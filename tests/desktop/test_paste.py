@@ -30,8 +30,8 @@ class PasteTest(DesktopTestCase):
         self.choose()
         self.expect_paste()
         self.editor.wait_for_text("first")
+        pasted = self.assert_pasted_by("v", CONTROL, mark)
         chosen = self.keys.presses(KEY_CODES["Return"], mark)[0]
-        pasted = self.keys.presses(KEY_CODES["v"], mark)[0]
         self.assertGreaterEqual(pasted.time - chosen.time, 350)
         self.assertLess(pasted.time - chosen.time, 1000)
 

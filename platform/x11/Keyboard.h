@@ -47,7 +47,8 @@ private:
         void operator()(xkb_keymap* keymap) const { xkb_keymap_unref(keymap); }
         void operator()(xkb_state* state) const { xkb_state_unref(state); }
     };
-    template <class T> using Referenced = std::unique_ptr<T, Unreference>;
+    template <class T>
+    using Referenced = std::unique_ptr<T, Unreference>;
 
     void selectEvents();
     void handleEvent(const xcb_generic_event_t& event);

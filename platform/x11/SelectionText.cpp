@@ -15,7 +15,7 @@ namespace zamber::x11 {
 namespace {
 
 struct Character {
-    UChar32 value; ///< negative where the bytes are broken
+    UChar32 value;       ///< negative where the bytes are broken
     std::int32_t length; ///< of the character, or of the broken sequence
 };
 

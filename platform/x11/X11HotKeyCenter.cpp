@@ -88,10 +88,9 @@ X11HotKeyCenter::Outcome X11HotKeyCenter::grab(Registration& registration) const
     registration.grabbedMask = maskOf(registration.modifiers);
     std::vector<std::pair<std::uint16_t, xcb_void_cookie_t>> requests;
     for (const std::uint16_t locks : subsetsOf(m_keyboard.lockModifiers())) {
-        requests.emplace_back(locks,
-                              xcb_grab_key_checked(m_connection.raw(), 0, m_connection.root(),
-                                                   registration.grabbedMask | locks, registration.key,
-                                                   XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+        requests.emplace_back(locks, xcb_grab_key_checked(m_connection.raw(), 0, m_connection.root(),
+                                                          registration.grabbedMask | locks, registration.key,
+                                                          XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
     }
     registration.grabbedLocks.clear();
     for (const auto& [locks, cookie] : requests) {

@@ -33,9 +33,10 @@ protected:
         item.setClickedHandler([this](MouseButton button) {
             clicks.push_back(button);
             if (button == MouseButton::Right) {
-                item.showMenuOnce({{.title = QStringLiteral("First"), .keyEquivalent = {}, .action = [this] { ++chosen; }},
-                                   {},
-                                   {.title = QStringLiteral("Last"), .keyEquivalent = {}, .action = [] {}}});
+                item.showMenuOnce(
+                    {{.title = QStringLiteral("First"), .keyEquivalent = {}, .action = [this] { ++chosen; }},
+                     {},
+                     {.title = QStringLiteral("Last"), .keyEquivalent = {}, .action = [] {}}});
             }
         });
         item.showSymbol(QStringLiteral("doc.on.clipboard"), QStringLiteral("Test"));

@@ -27,7 +27,8 @@ class Guide:
     def stage(self, name, text):
         """One stage. The picture is taken when its block is done, and also when it has failed."""
         self.stages += 1
-        print(f"\n{textwrap.fill(text, 110, initial_indent=f'{self.stages:2}. ', subsequent_indent=INDENTATION)}", flush=True)
+        lines = textwrap.fill(text, 110, initial_indent=f"{self.stages:2}. ", subsequent_indent=INDENTATION)
+        print(f"\n{lines}", flush=True)
         picture = self._folder / f"{self.stages:02}-{name}.png"
         try:
             yield

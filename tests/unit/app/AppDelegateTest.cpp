@@ -37,21 +37,20 @@ class AppDelegateTest : public testing::Test {
 protected:
     AppDelegateTest() {
         UserDefaults::setStandard(&defaults);
-        delegate = std::make_shared<AppDelegate>(
-            Desktop{.application = application,
-                    .pasteboard = pasteboard,
-                    .workspace = workspace,
-                    .hotKeys = hotKeys,
-                    .keystrokes = keystrokes,
-                    .keyMonitor = keyMonitor,
-                    .trust = trust,
-                    .statusItem = statusItem,
-                    .popover = popover,
-                    .appearance = appearance,
-                    .symbols = symbols,
-                    .userDefaults = defaults,
-                    .scheduler = scheduler},
-            folder.filePath(QStringLiteral("history.json")).toStdString());
+        delegate = std::make_shared<AppDelegate>(Desktop{.application = application,
+                                                         .pasteboard = pasteboard,
+                                                         .workspace = workspace,
+                                                         .hotKeys = hotKeys,
+                                                         .keystrokes = keystrokes,
+                                                         .keyMonitor = keyMonitor,
+                                                         .trust = trust,
+                                                         .statusItem = statusItem,
+                                                         .popover = popover,
+                                                         .appearance = appearance,
+                                                         .symbols = symbols,
+                                                         .userDefaults = defaults,
+                                                         .scheduler = scheduler},
+                                                 folder.filePath(QStringLiteral("history.json")).toStdString());
     }
 
     ~AppDelegateTest() override { UserDefaults::setStandard(nullptr); }
@@ -227,13 +226,11 @@ TEST_P(PopoverThemeTest, FollowsThePreference) {
     EXPECT_EQ(popover.appearance, GetParam().appearance);
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, PopoverThemeTest,
-                         testing::Values(ThemeCase{std::nullopt, PopoverAppearance::System},
-                                         ThemeCase{"auto", PopoverAppearance::System},
-                                         ThemeCase{"light", PopoverAppearance::Light},
-                                         ThemeCase{"dark", PopoverAppearance::Dark},
-                                         ThemeCase{"Dark", PopoverAppearance::System},
-                                         ThemeCase{"sepia", PopoverAppearance::System}));
+INSTANTIATE_TEST_SUITE_P(
+    Values, PopoverThemeTest,
+    testing::Values(ThemeCase{std::nullopt, PopoverAppearance::System}, ThemeCase{"auto", PopoverAppearance::System},
+                    ThemeCase{"light", PopoverAppearance::Light}, ThemeCase{"dark", PopoverAppearance::Dark},
+                    ThemeCase{"Dark", PopoverAppearance::System}, ThemeCase{"sepia", PopoverAppearance::System}));
 
 TEST_F(AppDelegateTest, SizeAndThemeChangeWhileThePopoverIsOpenButNotInTheMiddleOfTheWrite) {
     launch();

@@ -55,6 +55,7 @@ class DesktopTestCase(unittest.TestCase):
     def start_zamber(self):
         if self.zamber.history_path.exists():
             self.expected_lines.append(f"📋 Loaded {len(self.zamber.records())} items from disk")
+        self.expected_lines.append(READY_LINE)
         self.zamber.start()
 
     # What users do
@@ -91,7 +92,7 @@ class DesktopTestCase(unittest.TestCase):
     def tearDown(self):
         self.wait_for_expected_lines()
         with self.subTest("the log says what it should and nothing else"):
-            self.assert_lines(self.log_lines(), self.expected_lines)
+            self.assert_lines(self.zamber.stdout_lines(), self.expected_lines)
         with self.subTest("no errors, of X or otherwise"):
             self.assert_lines(self.zamber.stderr_lines(), self.expected_errors)
         with self.subTest("the program runs"):
@@ -108,14 +109,10 @@ class DesktopTestCase(unittest.TestCase):
                 self.assertEqual(self.bystander.text(), "")
         self._scene = self._describe_scene()
 
-    def log_lines(self):
-        """The log without the line that starting up ends with, which has a case of its own."""
-        return [line for line in self.zamber.stdout_lines() if line != READY_LINE]
-
     def wait_for_expected_lines(self):
         """The last line of a paste comes after the key that the test has seen the effect of."""
         try:
-            wait_until(lambda: len(self.log_lines()) >= len(self.expected_lines), 4.0)
+            wait_until(lambda: len(self.zamber.stdout_lines()) >= len(self.expected_lines), 4.0)
         except AssertionError:
             pass  # assert_lines says it better
 

@@ -92,10 +92,6 @@ class OwnersTest(DesktopTestCase):
 class StartTest(DesktopTestCase):
     history = ("first",)
 
-    def test_it_says_what_it_has_loaded_and_that_it_may_press_keys(self):
-        lines = ["📋 Loaded 1 items from disk", "✅ Accessibility: trusted"]
-        wait_until(lambda: self.zamber.stdout_lines() == lines, 3.0, lambda: f"{lines}; {self.zamber.stdout_lines()}")
-
     def test_a_second_start_shows_the_popover_of_the_first(self):
         second = self.desktop.start("second", [self.zamber.binary])
         self.assertEqual(second.wait(5), 0)

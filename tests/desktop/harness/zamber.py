@@ -69,18 +69,12 @@ class Zamber:
         environment.update({name: os.environ[name] for name in SANITIZER_VARIABLES if name in os.environ})
         self.child = self._desktop.start("zamber", [self.binary], environment=environment)
         wait_until(
-            lambda: not self.is_running() or self._is_ready(), START_SECONDS,
+            lambda: not self.is_running() or READY_LINE in self.stdout_lines(), START_SECONDS,
             lambda: f"{READY_LINE!r}; so far {self.stdout_lines()}, {self.stderr_lines()}",
         )
         if not self.is_running():
             raise RuntimeError(f"ended at once with {self.child.process.returncode}: {self.stderr_lines()}")
         return self
-
-    def _is_ready(self):
-        # The line is the last thing that starting up does; assistive technology is answered only after that, too.
-        if READY_LINE in self.stdout_lines():
-            return True
-        return self._desktop.accessibility is not None and self._desktop.accessibility.tree(self.pid) is not None
 
     def stop(self):
         return self.child.stop()

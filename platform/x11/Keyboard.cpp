@@ -8,7 +8,7 @@
 #include <span>
 
 // The header names a structure's member by a word of C++.
-#define explicit explicit_
+#define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
 #include <xcb/xkb.h>
 #undef explicit
 
@@ -18,14 +18,21 @@ namespace {
 
 constexpr int MODIFIERS = 8; // Shift, Lock, Control, Mod1 to Mod5
 
+/// Returns the code that all of the extension's events have.
+std::uint8_t setUpExtension(const Connection& connection) {
+    std::uint8_t firstEvent = 0;
+    xkb_x11_setup_xkb_extension(connection.raw(), XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
+                                XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, &firstEvent, nullptr);
+    return firstEvent;
+}
+
 } // namespace
 
 Keyboard::Keyboard(Connection& connection)
     : m_connection(connection)
+    , m_xkbEvent(setUpExtension(connection))
+    , m_device(xkb_x11_get_core_keyboard_device_id(connection.raw()))
     , m_context(xkb_context_new(XKB_CONTEXT_NO_FLAGS)) {
-    xkb_x11_setup_xkb_extension(connection.raw(), XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
-                                XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, &m_xkbEvent, nullptr);
-    m_device = xkb_x11_get_core_keyboard_device_id(connection.raw());
     // A key held down then comes as presses without releases between them, told from one pressed again.
     xcb_discard_reply(connection.raw(),
                       xcb_xkb_per_client_flags(connection.raw(), static_cast<xcb_xkb_device_spec_t>(m_device),

@@ -42,7 +42,7 @@ protected:
         item.showSymbol(QStringLiteral("doc.on.clipboard"), QStringLiteral("Test"));
     }
 
-    bool isTold(std::vector<MouseButton> expected) {
+    bool isTold(const std::vector<MouseButton>& expected) {
         return rig.waitUntil([&] { return clicks.size() >= expected.size(); }) && clicks == expected;
     }
 

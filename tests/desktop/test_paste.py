@@ -151,9 +151,10 @@ class PasteTest(DesktopTestCase):
         self.zamber.open_popover()
         self.choose()
         self.expect_paste()
-        self.zamber.press_hot_key()
-        self.zamber.wait_for_popover()
+        self.zamber.wait_until_closed()
+        self.desktop.wait_until_active(self.editor.window)
         mark = self.keys.mark()
+        self.zamber.open_popover()
         self.wait_for_expected_lines()
         self.assert_no_keystroke_into_the_program(mark)
         self.assertEqual([node.text for node in self.zamber.tree().all(role="text") if node.text], [])
@@ -161,7 +162,7 @@ class PasteTest(DesktopTestCase):
     def assert_no_keystroke_into_the_program(self, mark):
         def nothing_came():
             return all(event.focus is None or event.focus.pid != self.zamber.pid
-                       for event in self.keys.presses(KEY_CODES["v"], mark))
+                       for event in self.keys.paste_strokes(KEY_CODES["v"], CONTROL, mark))
 
         holds_for(nothing_came, 0.3, lambda: f"no keystroke goes to the program:\n{self.keys.text(mark)}")
 

@@ -48,12 +48,14 @@ public:
         , m_instance(instance) {}
 
 public slots:
+    // NOLINTBEGIN(readability-identifier-naming): the names are the interface's
     void Activate(const QVariantMap& /*platformData*/) { emit m_instance->showRequested(); }
     void Open(const QStringList& /*addresses*/, const QVariantMap& /*platformData*/) {
         emit m_instance->showRequested();
     }
     void ActivateAction(const QString& /*action*/, const QVariantList& /*parameter*/,
                         const QVariantMap& /*platformData*/) {}
+    // NOLINTEND(readability-identifier-naming)
 
 private:
     SingleInstance* m_instance;

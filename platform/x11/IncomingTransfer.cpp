@@ -163,7 +163,7 @@ IncomingTransfer& IncomingTransfers::ask(const SelectionQuery& query, IncomingTr
 
 void IncomingTransfers::handleEvent(const xcb_generic_event_t& event) {
     // By index: an answer makes its reader ask the next question, which adds to the list.
-    for (std::size_t i = 0; i < m_transfers.size(); ++i) {
+    for (std::size_t i = 0; i < m_transfers.size(); ++i) { // NOLINT(modernize-loop-convert)
         m_transfers[i]->handleEvent(event);
     }
     dropFinished();

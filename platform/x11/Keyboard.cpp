@@ -2,15 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/Keyboard.h"
 
+#include "platform/x11/XkbProtocol.h"
+
 #include <xkbcommon/xkbcommon-x11.h>
 
 #include <algorithm>
 #include <span>
-
-// The header names a structure's member by a word of C++.
-#define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
-#include <xcb/xkb.h>
-#undef explicit
 
 namespace zamber::x11 {
 

@@ -36,7 +36,7 @@ public:
 private:
     struct Transfer {
         Destination destination;
-        xcb_atom_t type;
+        xcb_atom_t type = XCB_ATOM_NONE;
         QByteArray bytes;
         qsizetype sent = 0;
         QTimer patience;

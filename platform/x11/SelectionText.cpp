@@ -50,7 +50,7 @@ QByteArray repairedUtf8(const QByteArray& bytes) {
 
 QByteArray utf8FromLatin1(const QByteArray& bytes) {
     const auto isAscii = [](char byte) { return static_cast<signed char>(byte) >= 0; };
-    if (std::all_of(bytes.begin(), bytes.end(), isAscii)) {
+    if (std::ranges::all_of(bytes, isAscii)) {
         return bytes;
     }
     return QString::fromLatin1(bytes).toUtf8();

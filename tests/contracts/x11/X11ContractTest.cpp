@@ -23,6 +23,9 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <QWindow>
+
+#include <algorithm>
 
 namespace zamber {
 
@@ -177,7 +180,14 @@ struct QtStatusItemRig : X11Rig {
     StatusItem& item() { return adapter; }
     void click(MouseButton button) {
         // The tray takes the icon in when it gets to it, and moves it to its place after that.
-        EXPECT_TRUE(waitUntil([this] { return adapter.isInTray(); }));
+        EXPECT_TRUE(waitUntil([this] {
+            const auto windows = QGuiApplication::topLevelWindows();
+            const auto icon = std::ranges::find_if(windows, [](const QWindow* window) {
+                return window->objectName().startsWith(QStringLiteral("QSystemTrayIconSys"));
+            });
+            return adapter.isInTray() && icon != windows.end() &&
+                   partner.isViewable(static_cast<xcb_window_t>((*icon)->winId()));
+        }));
         partner.waitUntil([] { return false; }, 200);
         partner.click(adapter.button()->screenRectangle.center(), button == MouseButton::Left ? 1 : 3);
     }

@@ -109,6 +109,12 @@ xcb_window_t X11Partner::activeWindow() const {
     return there && there->map_state != XCB_MAP_STATE_UNMAPPED ? window : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
 }
 
+bool X11Partner::isViewable(xcb_window_t window) const {
+    const Owned<xcb_get_window_attributes_reply_t> reply(
+        xcb_get_window_attributes_reply(m_connection, xcb_get_window_attributes(m_connection, window), nullptr));
+    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
 int X11Partner::pastesReceived(xcb_window_t window) const {
     const auto found = m_pastes.find(window);
     return found == m_pastes.end() ? 0 : found->second;

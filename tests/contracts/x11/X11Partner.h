@@ -32,6 +32,8 @@ public:
     void closeWindow(xcb_window_t window);
     void activateWindow(xcb_window_t window);
     xcb_window_t activeWindow() const;
+    /// Whether the window and all that it lies in are on the screen.
+    bool isViewable(xcb_window_t window) const;
     /// How often Ctrl and the V key were pressed in that window.
     int pastesReceived(xcb_window_t window) const;
 

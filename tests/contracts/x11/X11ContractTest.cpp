@@ -23,7 +23,7 @@
 
 #include <QApplication>
 #include <QTimer>
-#include <QWindow>
+#include <QWidget>
 
 #include <algorithm>
 
@@ -181,11 +181,10 @@ struct QtStatusItemRig : X11Rig {
     void click(MouseButton button) {
         // The tray takes the icon in when it gets to it, and moves it to its place after that.
         EXPECT_TRUE(waitUntil([this] {
-            const auto windows = QGuiApplication::topLevelWindows();
-            const auto icon = std::ranges::find_if(windows, [](const QWindow* window) {
-                return window->objectName().startsWith(QStringLiteral("QSystemTrayIconSys"));
-            });
-            return adapter.isInTray() && icon != windows.end() &&
+            const auto widgets = QApplication::topLevelWidgets();
+            const auto icon = std::ranges::find_if(
+                widgets, [](const QWidget* widget) { return widget->inherits("QSystemTrayIconSys"); });
+            return adapter.isInTray() && icon != widgets.end() &&
                    partner.isViewable(static_cast<xcb_window_t>((*icon)->winId()));
         }));
         partner.waitUntil([] { return false; }, 200);

@@ -93,7 +93,7 @@ void OutgoingTransfers::sendPiece(Transfer& transfer) {
     transfer.patience.start(PATIENCE);
 }
 
-void OutgoingTransfers::drop(const Destination& destination) {
+void OutgoingTransfers::drop(Destination destination) {
     const auto dropped =
         std::erase_if(m_transfers, [&destination](const auto& t) { return t->destination == destination; });
     if (dropped > 0) {

@@ -3,9 +3,11 @@
 #include "platform/x11/Connection.h"
 
 #include <QAbstractEventDispatcher>
+#include <QElapsedTimer>
 #include <QSocketNotifier>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace zamber::x11 {
@@ -15,6 +17,16 @@ namespace {
 /// Errors of requests about windows of other programs, which may vanish at any moment, are part of life here: the
 /// requests whose outcome matters are checked where they are made.
 constexpr std::uint8_t ERROR_CODE = 0;
+
+/// Partners can keep us busy for as long as they like; the user is served in between.
+constexpr std::chrono::milliseconds LONGEST_TURN{5};
+
+/// Programs send each other answers and messages; that they send what only the server can know is a lie.
+bool isForged(const xcb_generic_event_t& event) {
+    constexpr std::uint8_t SENT = 0x80;
+    const std::uint8_t code = codeOf(event);
+    return (event.response_type & SENT) != 0 && code != XCB_SELECTION_NOTIFY && code != XCB_CLIENT_MESSAGE;
+}
 
 } // namespace
 
@@ -134,9 +146,7 @@ void Connection::requestTimestamp(TimestampHandler handler) {
 }
 
 void Connection::dispatchEvents() {
-    while (const Owned<xcb_generic_event_t> event{xcb_poll_for_event(m_connection)}) {
-        dispatch(*event);
-    }
+    dispatchUntilEmpty(xcb_poll_for_event);
     if (xcb_connection_has_error(m_connection) != 0) {
         m_notifier->setEnabled(false); // the server has gone; Qt's own connection ends the program
         return;
@@ -145,21 +155,34 @@ void Connection::dispatchEvents() {
 }
 
 void Connection::dispatchQueuedEvents() {
-    while (const Owned<xcb_generic_event_t> event{xcb_poll_for_queued_event(m_connection)}) {
-        dispatch(*event);
-    }
+    dispatchUntilEmpty(xcb_poll_for_queued_event);
     flush();
+}
+
+void Connection::dispatchUntilEmpty(xcb_generic_event_t* (*poll)(xcb_connection_t*)) {
+    QElapsedTimer turn;
+    turn.start();
+    while (const Owned<xcb_generic_event_t> event{poll(m_connection)}) {
+        dispatch(*event);
+        if (turn.hasExpired(LONGEST_TURN.count())) {
+            QAbstractEventDispatcher::instance()->wakeUp(); // the rest after what others have to do
+            return;
+        }
+    }
 }
 
 void Connection::dispatch(const xcb_generic_event_t& event) {
     const std::uint8_t code = codeOf(event);
-    if (code == ERROR_CODE) {
+    if (code == ERROR_CODE || isForged(event)) {
         return;
     }
     if (code == XCB_PROPERTY_NOTIFY) {
         const auto& notify = as<xcb_property_notify_event_t>(event);
         m_lastTimestamp = notify.time;
         if (notify.window == m_clockWindow) {
+            if (m_timestampHandlers.empty()) {
+                return; // somebody else has written there
+            }
             const TimestampHandler handler = std::move(m_timestampHandlers.front());
             m_timestampHandlers.pop_front();
             handler(notify.time);

@@ -90,6 +90,7 @@ private:
     void internAtoms();
     void dispatchEvents();
     void dispatchQueuedEvents();
+    void dispatchUntilEmpty(xcb_generic_event_t* (*poll)(xcb_connection_t*));
     void dispatch(const xcb_generic_event_t& event);
     void applyWatch(xcb_window_t window) const;
 

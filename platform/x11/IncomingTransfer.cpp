@@ -38,10 +38,6 @@ IncomingTransfer::IncomingTransfer(Connection& connection, const SelectionQuery&
     m_connection.flush();
 }
 
-IncomingTransfer::~IncomingTransfer() {
-    xcb_destroy_window(m_connection.raw(), m_window);
-}
-
 void IncomingTransfer::abandon() {
     m_done = nullptr;
     m_pieces = {};
@@ -90,6 +86,7 @@ void IncomingTransfer::handleAnswer(const xcb_selection_notify_event_t& notify) 
         return;
     }
     m_step = Step::Receiving;
+    m_age.restart();
     if (m_done) {
         m_pieces.bytes.reserve(announcedSize(answer));
         m_patience.start(PATIENCE);
@@ -154,6 +151,9 @@ void IncomingTransfer::report(std::optional<Property> answer) {
 IncomingTransfers::IncomingTransfers(Connection& connection)
     : m_connection(connection) {
     connection.addEventHandler([this](const xcb_generic_event_t& event) { handleEvent(event); });
+    m_sweep.setSingleShot(true);
+    m_sweep.setInterval(AFTERMATH);
+    m_sweep.callOnTimeout([this] { sweep(); });
 }
 
 IncomingTransfer& IncomingTransfers::ask(const SelectionQuery& query, IncomingTransfer::Done done) {
@@ -177,8 +177,23 @@ void IncomingTransfers::dropFinished() {
         }
         surplus -= surplus > 0 ? 1 : 0;
         m_connection.unwatch(transfer->owner(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+        m_left.push_back(transfer->window());
         return true;
     });
+    if (!m_left.empty() && !m_sweep.isActive()) {
+        m_sweep.start();
+    }
+}
+
+void IncomingTransfers::sweep() {
+    for (const xcb_window_t window : m_leftLongAgo) {
+        xcb_destroy_window(m_connection.raw(), window);
+    }
+    m_connection.flush();
+    m_leftLongAgo = std::exchange(m_left, {});
+    if (!m_leftLongAgo.empty()) {
+        m_sweep.start();
+    }
 }
 
 } // namespace zamber::x11

@@ -40,18 +40,19 @@ public:
     using Done = std::function<void(std::optional<Property>)>;
 
     IncomingTransfer(Connection& connection, const SelectionQuery& query, Done done);
-    ~IncomingTransfer();
     IncomingTransfer(const IncomingTransfer&) = delete;
     IncomingTransfer& operator=(const IncomingTransfer&) = delete;
 
-    /// The answer is not wanted any more, and `done` will not be called. The window stays as long as the owner may
-    /// still write to it: a program that writes to a window that has vanished may die of the error.
+    /// The answer is not wanted any more, and `done` will not be called.
     void abandon();
 
     /// The owner is done with the window (or has gone), so that this object may be destroyed.
     bool isOver() const { return m_step == Step::Over; }
 
     xcb_window_t owner() const { return m_query.owner; }
+
+    /// Where the answer arrives. It outlives this object, and is left to the caller to destroy.
+    xcb_window_t window() const { return m_window; }
 
     void handleEvent(const xcb_generic_event_t& event);
 
@@ -78,7 +79,8 @@ private:
     QElapsedTimer m_age; // of the transfer, or since its answer is not wanted any more
 };
 
-/// The transfers under way and those that were given up but whose owners may still write.
+/// The transfers under way and those that were given up but whose owners may still write, with the windows of both:
+/// a program that does anything to a window that has vanished may die of the error.
 class IncomingTransfers final {
 public:
     explicit IncomingTransfers(Connection& connection);
@@ -89,14 +91,21 @@ public:
 
 private:
     /// More windows than this are not kept for owners that owe an answer. An owner that hangs cannot come to own the
-    /// selection again, so that each one costs a single window.
-    static constexpr std::size_t MOST_KEPT = 64;
+    /// selection again, so that each one costs a single window; one that copies faster than it answers costs more.
+    static constexpr std::size_t MOST_KEPT = 2048;
+
+    /// Owners listen to the window of a transfer in pieces, and some stop to do so only a while after its end.
+    static constexpr std::chrono::seconds AFTERMATH{5};
 
     void handleEvent(const xcb_generic_event_t& event);
     void dropFinished();
+    void sweep();
 
     Connection& m_connection;
     std::vector<std::unique_ptr<IncomingTransfer>> m_transfers;
+    std::vector<xcb_window_t> m_left;        // by transfers that are over
+    std::vector<xcb_window_t> m_leftLongAgo; // at least one sweep before
+    QTimer m_sweep;
 };
 
 } // namespace zamber::x11

@@ -46,7 +46,7 @@ private:
     void begin(const Destination& destination, xcb_atom_t type, const QByteArray& bytes);
     void handleEvent(const xcb_generic_event_t& event);
     void sendPiece(Transfer& transfer);
-    void drop(const Destination& destination);
+    void drop(Destination destination);
 
     Connection& m_connection;
     std::vector<std::unique_ptr<Transfer>> m_transfers;

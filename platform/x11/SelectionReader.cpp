@@ -4,6 +4,8 @@
 
 #include "platform/x11/SelectionText.h"
 
+#include <QTimer>
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -35,7 +37,8 @@ SelectionReader::SelectionReader(Connection& connection, IncomingTransfers& tran
     , m_transfers(transfers)
     , m_change(change)
     , m_done(std::move(done)) {
-    ask(connection.atom(Atom::Targets), &SelectionReader::handleTargets);
+    // Not at once: of the changes that come in one go only the last is worth a request.
+    QTimer::singleShot(0, this, [this] { ask(m_connection.atom(Atom::Targets), &SelectionReader::handleTargets); });
 }
 
 SelectionReader::~SelectionReader() {

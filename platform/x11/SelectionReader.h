@@ -25,7 +25,7 @@ public:
     using Outcome = std::variant<SelectionContent, Secret, Failed>;
     using Done = std::function<void(const Outcome&)>;
 
-    /// Asks for the targets at once; `done` is called later, and not after this object has gone.
+    /// Asks for the targets in the next turn of the loop; `done` is called later, and not after this object has gone.
     SelectionReader(Connection& connection, IncomingTransfers& transfers, const SelectionQuery& change, Done done);
     ~SelectionReader() override;
 

@@ -17,6 +17,11 @@ struct SelectionServer::Request {
     std::size_t open = 0;
 };
 
+/// An image on its way into another format, and those who wait for it.
+struct SelectionServer::Conversion {
+    std::vector<std::function<void(const QByteArray&)>> waiting;
+};
+
 SelectionServer::SelectionServer(Connection& connection, OutgoingTransfers& transfers, xcb_atom_t selection)
     : m_connection(connection)
     , m_transfers(transfers)
@@ -31,15 +36,25 @@ SelectionServer::~SelectionServer() {
 
 bool SelectionServer::acquire(const SelectionContent& content, xcb_timestamp_t time) {
     xcb_set_selection_owner(m_connection.raw(), m_window, m_selection, time);
+    if (!isOwnerOnServer()) {
+        return false; // somebody has taken it at a later time than ours
+    }
+    setContent(content);
+    m_acquiredAt = time;
+    return true;
+}
+
+bool SelectionServer::isOwnerOnServer() const {
     const auto cookie = xcb_get_selection_owner(m_connection.raw(), m_selection);
     const Owned<xcb_get_selection_owner_reply_t> reply(
         xcb_get_selection_owner_reply(m_connection.raw(), cookie, nullptr));
-    if (!reply || reply->owner != m_window) {
-        return false; // somebody has taken it at a later time than ours
-    }
+    return reply && reply->owner == m_window;
+}
+
+void SelectionServer::setContent(const SelectionContent& content) {
     m_content = content;
-    m_acquiredAt = time;
-    return true;
+    m_latin1.reset();
+    m_conversions.clear(); // those who wait for one still get it
 }
 
 void SelectionServer::setSideEffect(xcb_atom_t target, SideEffect effect) {
@@ -55,9 +70,10 @@ void SelectionServer::handleEvent(const xcb_generic_event_t& event) {
         }
         break;
     case XCB_SELECTION_CLEAR:
-        if (const auto& clear = as<xcb_selection_clear_event_t>(event); clear.owner == m_window) {
+        // It may have been lost just before we took it again.
+        if (as<xcb_selection_clear_event_t>(event).owner == m_window && !isOwnerOnServer()) {
             m_acquiredAt.reset();
-            m_content = {};
+            setContent({});
             Q_EMIT lost();
         }
         break;
@@ -144,7 +160,10 @@ bool SelectionServer::convertText(xcb_window_t requestor, xcb_atom_t property, x
     }
     const Destination destination{.requestor = requestor, .property = property};
     if (target == XCB_ATOM_STRING) {
-        m_transfers.send(destination, XCB_ATOM_STRING, latin1FromUtf8(*m_content.text));
+        if (!m_latin1) {
+            m_latin1 = latin1FromUtf8(*m_content.text);
+        }
+        m_transfers.send(destination, XCB_ATOM_STRING, *m_latin1);
         return true;
     }
     // TEXT leaves the encoding to the owner, who tells it by the type of the answer.
@@ -182,13 +201,32 @@ bool SelectionServer::convertImageTarget(xcb_window_t requestor, xcb_atom_t prop
         done(true);
         return true;
     }
-    convertImage(*m_content.image, *format, this, [this, destination, target, done](const QByteArray& converted) {
+    convertImageOnce(*format, [this, destination, target, done](const QByteArray& converted) {
         if (!converted.isEmpty()) {
             m_transfers.send(destination, target, converted);
         }
         done(!converted.isEmpty());
     });
     return true;
+}
+
+void SelectionServer::convertImageOnce(ImageFormat format, std::function<void(const QByteArray&)> done) {
+    std::shared_ptr<Conversion>& conversion = m_conversions[format];
+    if (conversion) {
+        conversion->waiting.push_back(std::move(done));
+        return;
+    }
+    conversion = std::make_shared<Conversion>();
+    conversion->waiting.push_back(std::move(done));
+    convertImage(*m_content.image, format, this, [this, format, conversion](const QByteArray& converted) {
+        if (const auto found = m_conversions.find(format);
+            found != m_conversions.end() && found->second == conversion) {
+            m_conversions.erase(found);
+        }
+        for (const auto& waiting : std::exchange(conversion->waiting, {})) {
+            waiting(converted);
+        }
+    });
 }
 
 void SelectionServer::sendTargets(xcb_window_t requestor, xcb_atom_t property) {

@@ -8,6 +8,7 @@
 #include <QByteArray>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -50,14 +51,18 @@ Q_SIGNALS:
 
 private:
     struct Request;
+    struct Conversion;
 
     void handleEvent(const xcb_generic_event_t& event);
     void handleRequest(const xcb_selection_request_event_t& event);
+    bool isOwnerOnServer() const;
     void handleMultiple(const std::shared_ptr<Request>& request);
     void convert(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t target, const std::function<void(bool)>& done);
     bool convertText(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t target);
     bool convertImageTarget(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t target,
                             const std::function<void(bool)>& done);
+    void convertImageOnce(ImageFormat format, std::function<void(const QByteArray&)> done);
+    void setContent(const SelectionContent& content);
     void sendTargets(xcb_window_t requestor, xcb_atom_t property);
     std::vector<xcb_atom_t> targets() const;
     void notify(const xcb_selection_request_event_t& request, bool succeeded);
@@ -67,6 +72,8 @@ private:
     xcb_atom_t m_selection;
     xcb_window_t m_window;
     SelectionContent m_content;
+    std::optional<QByteArray> m_latin1;                               // the text, once it was asked for so
+    std::map<ImageFormat, std::shared_ptr<Conversion>> m_conversions; // of the content, under way
     std::optional<xcb_timestamp_t> m_acquiredAt;
     xcb_atom_t m_sideEffectTarget = XCB_ATOM_NONE;
     SideEffect m_sideEffect;

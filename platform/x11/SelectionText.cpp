@@ -29,6 +29,10 @@ Character nextCharacter(const char* text, std::int32_t left) {
     return {character, length};
 }
 
+bool isAscii(const QByteArray& bytes) {
+    return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return static_cast<signed char>(byte) >= 0; });
+}
+
 } // namespace
 
 QByteArray repairedUtf8(const QByteArray& bytes) {
@@ -49,26 +53,29 @@ QByteArray repairedUtf8(const QByteArray& bytes) {
 }
 
 QByteArray utf8FromLatin1(const QByteArray& bytes) {
-    const auto isAscii = [](char byte) { return static_cast<signed char>(byte) >= 0; };
-    if (std::ranges::all_of(bytes, isAscii)) {
+    if (isAscii(bytes)) {
         return bytes;
     }
     return QString::fromLatin1(bytes).toUtf8();
 }
 
 QByteArray latin1FromUtf8(const QByteArray& text) {
-    QByteArray converted;
-    converted.reserve(text.size());
+    if (isAscii(text)) {
+        return text;
+    }
+    QByteArray converted(text.size(), Qt::Uninitialized);
+    char* end = converted.data();
     for (qsizetype i = 0; i < text.size(); ++i) {
         const auto byte = static_cast<unsigned char>(text[i]);
         if (byte < 0x80) {
-            converted += text[i];
+            *end++ = text[i];
         } else if ((byte == 0xc2 || byte == 0xc3) && i + 1 < text.size()) {
-            converted += static_cast<char>(((byte & 0x03) << 6) | (static_cast<unsigned char>(text[++i]) & 0x3f));
+            *end++ = static_cast<char>(((byte & 0x03) << 6) | (static_cast<unsigned char>(text[++i]) & 0x3f));
         } else if ((byte & 0xc0) != 0x80) {
-            converted += '?'; // once a character: its following bytes are passed over
+            *end++ = '?'; // once a character: its following bytes are passed over
         }
     }
+    converted.truncate(end - converted.constData());
     return converted;
 }
 

@@ -76,6 +76,7 @@ void X11Pasteboard::write(const SelectionContent& content) {
     m_takeOverDelay.stop();
     m_content = content;
     m_source = Source::Ourselves;
+    answerSavers();
     ++m_changeCount;
     // The clear and the setter that follows it come in one turn: one acquisition serves both.
     if (!std::exchange(m_isAcquiring, true)) {
@@ -108,7 +109,15 @@ void X11Pasteboard::handleOwnerChange(const xcb_generic_event_t& event) {
         handleManagerChange(change.owner);
         return;
     }
-    if (change.selection != m_connection.atom(Atom::Clipboard) || change.owner == m_clipboard.window()) {
+    if (change.selection != m_connection.atom(Atom::Clipboard)) {
+        return;
+    }
+    if (change.owner == m_clipboard.window()) {
+        // Our own write, which is not to be read again; somebody who came just before it has lost.
+        if (m_clipboard.isOwner()) {
+            stopReading();
+            m_source = Source::Ourselves;
+        }
         return;
     }
     m_takeOverDelay.stop();

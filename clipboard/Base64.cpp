@@ -2,94 +2,80 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/Base64.h"
 
+#include <modp_b64.h>
+
+#include <algorithm>
 #include <array>
-#include <cstddef>
-#include <cstdint>
+#include <cstring>
 
 namespace zamber {
 
 namespace {
 
-constexpr std::string_view ALPHABET = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-constexpr std::uint32_t INVALID = 0xFF000000;
+constexpr std::size_t FAILED = static_cast<std::size_t>(-1);
+/// The decoder asks for up to so many bytes more than it fills.
+constexpr std::size_t DECODER_SLACK = 2;
 
-constexpr auto VALUES = [] {
-    std::array<std::uint32_t, 256> values{};
-    values.fill(INVALID);
-    for (std::size_t i = 0; i < ALPHABET.size(); ++i) {
-        values[static_cast<unsigned char>(ALPHABET[i])] = static_cast<std::uint32_t>(i);
+/// Decodes a text that comes in pieces.
+class Decoder {
+public:
+    explicit Decoder(std::size_t longestText)
+        : m_bytes(static_cast<qsizetype>(longestText / 4 * 3 + DECODER_SLACK), Qt::Uninitialized)
+        , m_to(m_bytes.data()) {}
+
+    bool add(std::string_view text) {
+        const auto length = modp_b64_decode(m_to, text.data(), text.size());
+        m_to += length == FAILED ? 0 : length;
+        return length != FAILED;
     }
-    return values;
-}();
 
-std::uint32_t valueOf(char c) {
-    return VALUES[static_cast<unsigned char>(c)];
-}
+    QByteArray bytes() && {
+        m_bytes.truncate(m_to - m_bytes.constData());
+        return std::move(m_bytes);
+    }
 
-char byteOf(std::uint32_t bits, unsigned shift) {
-    return static_cast<char>((bits >> shift) & 0xFFU);
-}
+private:
+    QByteArray m_bytes;
+    char* m_to;
+};
 
 } // namespace
 
-void appendBase64(QByteArray& output, const QByteArray& bytes) {
-    const auto oldSize = output.size();
-    output.resize(oldSize + (bytes.size() + 2) / 3 * 4);
-    char* to = output.data() + oldSize;
-    const auto* from = reinterpret_cast<const unsigned char*>(bytes.constData());
-    const auto encode = [&to](std::uint32_t bits, int characters) {
-        for (int i = 0; i < 4; ++i) {
-            *to++ = i < characters ? ALPHABET[(bits >> (18 - 6 * i)) & 0x3FU] : '=';
-        }
-    };
-    auto left = bytes.size();
-    for (; left >= 3; left -= 3, from += 3) {
-        encode(static_cast<std::uint32_t>(from[0] << 16 | from[1] << 8 | from[2]), 4);
-    }
-    if (left == 2) {
-        encode(static_cast<std::uint32_t>(from[0] << 16 | from[1] << 8), 3);
-    } else if (left == 1) {
-        encode(static_cast<std::uint32_t>(from[0] << 16), 2);
-    }
+void encodeBase64(char* output, std::string_view bytes) {
+    modp_b64_encode(output, bytes.data(), bytes.size());
 }
 
 std::optional<QByteArray> fromBase64(std::string_view text) {
-    if (text.size() % 4 != 0) {
-        return std::nullopt;
-    }
-    std::size_t padding = 0;
-    while (padding < 2 && padding < text.size() && text[text.size() - 1 - padding] == '=') {
-        ++padding;
-    }
-    text.remove_suffix(padding);
+    Decoder decoder(text.size());
+    return decoder.add(text) ? std::optional(std::move(decoder).bytes()) : std::nullopt;
+}
 
-    QByteArray bytes(static_cast<qsizetype>(text.size() * 3 / 4), Qt::Uninitialized);
-    char* to = bytes.data();
-    std::uint32_t seen = 0;
-    std::size_t at = 0;
-    for (; at + 4 <= text.size(); at += 4) {
-        const auto a = valueOf(text[at]);
-        const auto b = valueOf(text[at + 1]);
-        const auto c = valueOf(text[at + 2]);
-        const auto d = valueOf(text[at + 3]);
-        seen |= a | b | c | d;
-        const auto bits = a << 18U | b << 12U | c << 6U | d;
-        *to++ = byteOf(bits, 16);
-        *to++ = byteOf(bits, 8);
-        *to++ = byteOf(bits, 0);
+std::optional<QByteArray> fromSlashEscapedBase64(std::string_view text) {
+    Decoder decoder(text.size());
+    std::array<char, std::size_t{1} << 15> piece; // NOLINT(cppcoreguidelines-pro-type-member-init): written before read
+    std::size_t filled = 0;
+    while (!text.empty()) {
+        const auto* backslash = static_cast<const char*>(std::memchr(text.data(), '\\', text.size()));
+        const auto plain = backslash != nullptr ? static_cast<std::size_t>(backslash - text.data()) : text.size();
+        const auto taken = std::min(plain, piece.size() - filled);
+        std::memcpy(piece.data() + filled, text.data(), taken);
+        filled += taken;
+        text.remove_prefix(taken);
+        if (taken == plain && backslash != nullptr) {
+            text.remove_prefix(1);
+            if (!text.starts_with('/')) {
+                return std::nullopt;
+            }
+        }
+        if (filled == piece.size()) {
+            // Padding is for the end alone.
+            if ((piece.back() == '=' && !text.empty()) || !decoder.add({piece.data(), filled})) {
+                return std::nullopt;
+            }
+            filled = 0;
+        }
     }
-    std::uint32_t bits = 0;
-    for (unsigned shift = 18; at < text.size(); ++at, shift -= 6) {
-        seen |= valueOf(text[at]);
-        bits |= valueOf(text[at]) << shift;
-    }
-    for (unsigned shift = 16; to != bytes.data() + bytes.size(); shift -= 8) {
-        *to++ = byteOf(bits, shift);
-    }
-    if ((seen & INVALID) != 0) {
-        return std::nullopt;
-    }
-    return bytes;
+    return decoder.add({piece.data(), filled}) ? std::optional(std::move(decoder).bytes()) : std::nullopt;
 }
 
 } // namespace zamber

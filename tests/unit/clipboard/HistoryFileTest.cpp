@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/HistoryFile.h"
 
+#include "HistoryText.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "clipboard/HistoryFile.h"
+#include "HistoryText.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -7,6 +7,7 @@
 #include <QSize>
 #include <QString>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -60,13 +61,19 @@ public:
     const QByteArray& searchKey(CaseFolding folding) const;
 
     /// Texts are equal when they are canonically equivalent, images when their bytes are.
-    friend bool operator==(const ClipboardContent& left, const ClipboardContent& right);
+    friend bool operator==(const ClipboardContent& left, const ClipboardContent& right) {
+        return left.m_fingerprint == right.m_fingerprint && left.hasSameContent(right);
+    }
 
 private:
     struct Payload;
-    explicit ClipboardContent(std::shared_ptr<const Payload> payload);
+    ClipboardContent(std::shared_ptr<const Payload> payload, std::uint64_t fingerprint);
+
+    bool hasSameContent(const ClipboardContent& other) const;
 
     std::shared_ptr<const Payload> m_payload;
+    /// Equal for equal contents, and at hand without going to the payload: most contents differ here already.
+    std::uint64_t m_fingerprint;
 };
 
 } // namespace zamber

@@ -22,6 +22,7 @@ using Kind = JsonValue::Kind;
 constexpr std::size_t BLOCK_BYTES = std::size_t{4} << 20;
 /// Multiples of three encode without padding.
 constexpr std::size_t ENCODED_AT_ONCE_BYTES = std::size_t{3} << 14;
+constexpr std::size_t ESCAPED_AT_ONCE_BYTES = std::size_t{1} << 12;
 
 struct Record {
     std::optional<JsonValue> type;
@@ -102,6 +103,7 @@ struct Measure {
     std::int64_t size = 0;
 
     void put(std::string_view text) { size += static_cast<std::int64_t>(text.size()); }
+    void putText(std::string_view text) { size += static_cast<std::int64_t>(jsonStringLength(text)); }
     void putBase64(std::string_view bytes) { size += static_cast<std::int64_t>(base64Length(bytes.size())); }
 };
 
@@ -118,6 +120,15 @@ public:
             std::memcpy(m_block.data() + m_filled, text.data(), length);
             m_filled += length;
             text.remove_prefix(length);
+        }
+    }
+
+    void putText(std::string_view text) {
+        while (!text.empty() && m_goesOn) {
+            const auto piece = text.substr(0, ESCAPED_AT_ONCE_BYTES);
+            makeRoom(piece.size() * LONGEST_JSON_ESCAPE_BYTES);
+            m_filled = static_cast<std::size_t>(writeJsonString(m_block.data() + m_filled, piece) - m_block.data());
+            text.remove_prefix(piece.size());
         }
     }
 
@@ -168,16 +179,14 @@ void putHistory(Output& output, const QList<ClipboardItem>& items) {
     for (const auto& item : items) {
         output.put(opening);
         opening = ",{";
-        const auto bytes = view(item.content.bytes());
         if (item.content.isImage()) {
             output.put(R"("type":"image","value":")");
-            output.putBase64(bytes);
-            output.put("\"");
+            output.putBase64(view(item.content.bytes()));
         } else {
-            output.put(R"("type":"text","value":)");
-            writeJsonString(bytes, [&](std::string_view piece) { output.put(piece); });
+            output.put(R"("type":"text","value":")");
+            output.putText(view(repairedUtf8(item.content.bytes())));
         }
-        output.put(R"(,"timestamp":)");
+        output.put(R"(","timestamp":)");
         putNumber(output, item.timestamp);
         output.put(item.isPinned ? R"(,"isPinned":true})" : R"(,"isPinned":false})");
     }

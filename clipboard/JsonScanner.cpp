@@ -3,7 +3,6 @@
 #include "clipboard/JsonScanner.h"
 
 #include "clipboard/ByteBlocks.h"
-#include "clipboard/CodePoints.h"
 
 #include <algorithm>
 #include <charconv>
@@ -32,17 +31,6 @@ bool isSpecial(unsigned char byte) {
 bool isUtf8(std::string_view text) {
     return asciiLength(text) == text.size() ||
            QByteArrayView(text.data(), static_cast<qsizetype>(text.size())).isValidUtf8();
-}
-
-/// The four hexadecimal digits of an escape, or nothing.
-std::optional<char32_t> hexUnit(std::string_view digits) {
-    unsigned unit = 0;
-    const auto* end = digits.data() + digits.size();
-    const auto [parsedEnd, error] = std::from_chars(digits.data(), end, unit, 16);
-    if (digits.size() != 4 || error != std::errc{} || parsedEnd != end) {
-        return std::nullopt;
-    }
-    return unit;
 }
 
 } // namespace
@@ -251,40 +239,6 @@ bool JsonScanner::skipNumber() {
         return skipDigits();
     }
     return true;
-}
-
-QByteArray jsonText(std::string_view rawString) {
-    QByteArray text;
-    text.reserve(static_cast<qsizetype>(rawString.size()));
-    while (!rawString.empty()) {
-        const auto plain = rawString.substr(0, rawString.find('\\'));
-        text.append(plain.data(), static_cast<qsizetype>(plain.size()));
-        rawString.remove_prefix(plain.size());
-        if (rawString.empty()) {
-            break;
-        }
-        const char escape = rawString[1];
-        if (escape != 'u') {
-            constexpr std::string_view NAMES = "bfnrt";
-            constexpr std::string_view CONTROLS = "\b\f\n\r\t";
-            const auto index = NAMES.find(escape);
-            text.append(index == std::string_view::npos ? escape : CONTROLS[index]);
-            rawString.remove_prefix(2);
-            continue;
-        }
-        char32_t codePoint = hexUnit(rawString.substr(2, 4)).value_or(0xFFFD);
-        rawString.remove_prefix(6);
-        if (codePoint >= 0xD800 && codePoint <= 0xDBFF && rawString.starts_with("\\u")) {
-            const char32_t low = hexUnit(rawString.substr(2, 4)).value_or(0);
-            if (low >= 0xDC00 && low <= 0xDFFF) {
-                codePoint = 0x10000 + ((codePoint - 0xD800) << 10U) + (low - 0xDC00);
-                rawString.remove_prefix(6);
-            }
-        }
-        const bool isSurrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-        appendCodePoint(text, isSurrogate ? 0xFFFD : codePoint);
-    }
-    return text;
 }
 
 std::optional<double> jsonNumber(std::string_view rawNumber) {

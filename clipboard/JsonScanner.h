@@ -65,9 +65,6 @@ private:
     std::size_t m_needed = 0;
 };
 
-/// The characters (UTF-8) that the string stands for. Half a surrogate pair becomes U+FFFD.
-QByteArray jsonText(std::string_view rawString);
-
 /// The value of a number as the nearest double, or nothing when it is too large or too small for one.
 std::optional<double> jsonNumber(std::string_view rawNumber);
 

@@ -36,7 +36,7 @@ TEST(HistoryJson, HasTheFourKeysOfEachEntryInOrder) {
         {ClipboardContent::text(" a\n"), 1700000000.25},
         {ClipboardContent::image("\xFF\xFE"), 3, true},
     };
-    EXPECT_EQ(historyToJson(items), R"([{"type":"text","value":" a\u000a","timestamp":1700000000.25,"isPinned":false},)"
+    EXPECT_EQ(historyToJson(items), R"([{"type":"text","value":" a\n","timestamp":1700000000.25,"isPinned":false},)"
                                     R"({"type":"image","value":"//4=","timestamp":3,"isPinned":true}])");
     EXPECT_EQ(historyToJson({}), "[]");
 }

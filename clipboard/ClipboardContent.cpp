@@ -4,6 +4,7 @@
 
 #include "clipboard/Characters.h"
 #include "clipboard/Images.h"
+#include "clipboard/JsonString.h"
 #include "clipboard/NormalForm.h"
 #include "clipboard/Search.h"
 #include "clipboard/SensitiveContent.h"
@@ -69,6 +70,7 @@ struct ClipboardContent::Payload {
     Lazy<bool> isSensitive;
     Lazy<qsizetype> lineCount;
     Lazy<qsizetype> charCount;
+    Lazy<QByteArray> utf8;
     Lazy<QByteArray> searchKey;
     Lazy<QByteArray> turkicSearchKey;
     mutable std::mutex thumbnailMutex;
@@ -147,6 +149,10 @@ std::optional<QByteArray> ClipboardContent::textValue() const {
 
 const QByteArray& ClipboardContent::bytes() const {
     return m_payload->bytes;
+}
+
+QByteArray ClipboardContent::utf8() const {
+    return m_payload->utf8.get([this] { return isImage() ? QByteArray() : repairedUtf8(bytes()); });
 }
 
 const QByteArray& ClipboardContent::searchKey(CaseFolding folding) const {

@@ -56,6 +56,8 @@ public:
     std::optional<QByteArray> textValue() const;
     /// The text in UTF-8 or the bytes of the image.
     const QByteArray& bytes() const;
+    /// The text as a file may hold it: with U+FFFD in place of whatever in it is not UTF-8. Empty for an image.
+    QByteArray utf8() const;
 
     /// The text made ready for searching (see Search.h); "image" for an image.
     const QByteArray& searchKey(CaseFolding folding) const;

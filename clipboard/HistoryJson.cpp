@@ -184,7 +184,7 @@ void putHistory(Output& output, const QList<ClipboardItem>& items) {
             output.putBase64(view(item.content.bytes()));
         } else {
             output.put(R"("type":"text","value":")");
-            output.putText(view(repairedUtf8(item.content.bytes())));
+            output.putText(view(item.content.utf8()));
         }
         output.put(R"(","timestamp":)");
         putNumber(output, item.timestamp);

@@ -38,8 +38,12 @@ struct X11Desktop::Adapters {
                          [this] { presses.setListening(x11::ButtonPresses::Listening::On); });
         QObject::connect(&popover, &PopoverWindow::closed, &presses,
                          [this] { presses.setListening(x11::ButtonPresses::Listening::Off); });
-        QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover,
-                         [this] { handlePress(QCursor::pos()); });
+        QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover, [this] { handlePress(QCursor::pos()); });
+    }
+
+    void presentPopover(xcb_window_t window) const {
+        windows.keepOutOfTaskbar(window);
+        windows.activate(window);
     }
 
     void handlePress(QPoint position) {
@@ -70,7 +74,7 @@ struct X11Desktop::Adapters {
     QtStatusItem statusItem{symbols};
     PopoverWindow popover{appearance,
                           {.isComposited = [this] { return windows.isComposited(); },
-                           .activateWindow = [this](WId id) { windows.activate(static_cast<xcb_window_t>(id)); }}};
+                           .activateWindow = [this](WId id) { presentPopover(static_cast<xcb_window_t>(id)); }}};
 };
 
 std::expected<std::unique_ptr<X11Desktop>, std::string> X11Desktop::create() {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "X11Desktop.h"
+
 #include "app/AppDelegate.h"
 #include "clipboard/HistoryFile.h"
 #include "platform/UserDefaults.h"

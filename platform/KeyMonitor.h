@@ -25,8 +25,8 @@ public:
 
     virtual ~KeyMonitor() = default;
 
-    /// Installs a handler. Modifiers are not looked at. Several handlers are asked in the order of their coming until one
-    /// swallows.
+    /// Installs a handler. Modifiers are not looked at. Several handlers are asked in the order of their coming until
+    /// one swallows.
     virtual Token addHandler(Handler handler) = 0;
 
     /// Removes a handler; a token that names none is ignored.

@@ -41,22 +41,23 @@ require_debian() {
     missing=$(missing_packages "$wanted")
     [ -n "$missing" ] || return 0
 
-    step "Installing:" $missing
+    missing=$(echo $missing) # on one line
     local as_root=()
     if [ "$(id -u)" -ne 0 ]; then
-        command -v sudo >/dev/null || die "these packages are missing, and there is no sudo to install them with." \
-            "As root: apt-get update && apt-get install --no-install-recommends" $missing
+        command -v sudo >/dev/null || die "packages are missing, and there is no sudo to install them with. As root:" \
+            "apt-get update && apt-get install --no-install-recommends $missing"
         as_root=(sudo)
     fi
+    step "Installing: $missing"
     # env, because sudo does not hand variables on.
     local apt=(${as_root[@]+"${as_root[@]}"} env DEBIAN_FRONTEND=noninteractive apt-get -q -y
         -o DPkg::Lock::Timeout=600 -o Acquire::Retries=3)
     "${apt[@]}" update || printf 'The package lists could not all be renewed; going on with what there is.\n' >&2
     # shellcheck disable=SC2086 # a list of words
-    "${apt[@]}" install --no-install-recommends $missing </dev/null || die "the packages could not be installed" \
-        "(see above). What is missing:" $missing
+    "${apt[@]}" install --no-install-recommends $missing </dev/null || die "these packages could not be installed (see above):" \
+        "$missing"
     missing=$(missing_packages "$wanted")
-    [ -z "$missing" ] || die "still missing after the installation:" $missing
+    [ -z "$missing" ] || die "still missing after the installation:" "$missing"
 }
 
 missing_packages() {

@@ -7,6 +7,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
 
@@ -63,6 +64,7 @@ void QtStatusItem::showSymbol(const QString& symbol, const QString& accessibilit
             m_handler(MouseButton::Right);
         }
     });
+    m_menu->installEventFilter(this);
     m_icon->show();
 }
 
@@ -94,6 +96,21 @@ void QtStatusItem::showMenuOnce(const QList<MenuItem>& menu) {
         }
         connect(action, &QAction::triggered, this, [run = item.action] { run(); });
     }
+}
+
+bool QtStatusItem::eventFilter(QObject* watched, QEvent* event) {
+    // A menu shows an action's shortcut but leaves it to the window that it hangs from, and there is none.
+    if (watched == m_menu.get() && event->type() == QEvent::KeyPress) {
+        const QKeySequence pressed(static_cast<QKeyEvent*>(event)->key());
+        for (QAction* const action : m_menu->actions()) {
+            if (!action->shortcut().isEmpty() && action->shortcut() == pressed) {
+                m_menu->close();
+                action->trigger();
+                return true;
+            }
+        }
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void QtStatusItem::handleActivation(QSystemTrayIcon::ActivationReason reason) {

@@ -34,6 +34,9 @@ public:
     /// Whether a tray has taken the icon in and tells where it lies.
     bool isInTray() const { return m_icon && !m_icon->geometry().isEmpty(); }
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void handleActivation(QSystemTrayIcon::ActivationReason reason);
 

@@ -28,9 +28,8 @@ SingleInstance::SingleInstance(const QString& applicationId, const QDBusConnecti
 }
 
 void SingleInstance::askOtherToShow() const {
-    QDBusMessage call = QDBusMessage::createMethodCall(m_applicationId, m_path,
-                                                       QStringLiteral("org.freedesktop.Application"),
-                                                       QStringLiteral("Activate"));
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        m_applicationId, m_path, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
     call << QVariantMap();
     m_bus.call(call, QDBus::Block, LONGEST_ANSWER_MS);
 }

@@ -19,8 +19,7 @@ class SingleInstance final : public QObject {
 public:
     /// Takes the application id on the bus. The object is there before the name is, so that nobody who finds the name
     /// finds nothing behind it.
-    explicit SingleInstance(const QString& applicationId,
-                            const QDBusConnection& bus = QDBusConnection::sessionBus());
+    explicit SingleInstance(const QString& applicationId, const QDBusConnection& bus = QDBusConnection::sessionBus());
 
     bool isOnlyOne() const { return m_isOnlyOne; }
 

@@ -12,7 +12,6 @@ enum class Atom : std::size_t {
     // Selections and how they are spoken about (ICCCM, section 2)
     Clipboard,
     ClipboardManager,
-    Manager,
     Targets,
     Multiple,
     Timestamp,
@@ -40,6 +39,9 @@ enum class Atom : std::size_t {
     NetActiveWindow,
     NetSupportingWmCheck,
     NetWmPid,
+    NetWmState,
+    NetWmStateSkipPager,
+    NetWmStateSkipTaskbar,
     // The property of ours that a request's answer arrives in
     ZamberAnswer,
 };
@@ -47,7 +49,6 @@ enum class Atom : std::size_t {
 inline constexpr std::array ATOM_NAMES{
     "CLIPBOARD",
     "CLIPBOARD_MANAGER",
-    "MANAGER",
     "TARGETS",
     "MULTIPLE",
     "TIMESTAMP",
@@ -71,6 +72,9 @@ inline constexpr std::array ATOM_NAMES{
     "_NET_ACTIVE_WINDOW",
     "_NET_SUPPORTING_WM_CHECK",
     "_NET_WM_PID",
+    "_NET_WM_STATE",
+    "_NET_WM_STATE_SKIP_PAGER",
+    "_NET_WM_STATE_SKIP_TASKBAR",
     "ZAMBER_ANSWER",
 };
 

@@ -27,7 +27,8 @@ struct Free {
 };
 
 /// What xcb hands out with malloc: replies, events, errors.
-template <class T> using Owned = std::unique_ptr<T, Free>;
+template <class T>
+using Owned = std::unique_ptr<T, Free>;
 
 /// The value of a window's property.
 struct Property {
@@ -105,7 +106,8 @@ private:
 };
 
 /// An event as the type that its code says it is.
-template <class T> const T& as(const xcb_generic_event_t& event) {
+template <class T>
+const T& as(const xcb_generic_event_t& event) {
     return reinterpret_cast<const T&>(event);
 }
 

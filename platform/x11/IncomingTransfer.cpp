@@ -105,8 +105,8 @@ void IncomingTransfer::handlePiece() {
         report(std::nullopt);
         return;
     }
-    const Property piece = m_connection.readProperty(m_window, m_connection.atom(Atom::ZamberAnswer),
-                                                     Connection::Afterwards::Delete);
+    const Property piece =
+        m_connection.readProperty(m_window, m_connection.atom(Atom::ZamberAnswer), Connection::Afterwards::Delete);
     if (piece.type == XCB_ATOM_NONE) {
         return;
     }

@@ -8,7 +8,7 @@
 #include <span>
 
 // The header names a structure's member by a word of C++.
-#define explicit explicit_
+#define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
 #include <xcb/xkb.h>
 #undef explicit
 
@@ -18,14 +18,21 @@ namespace {
 
 constexpr int MODIFIERS = 8; // Shift, Lock, Control, Mod1 to Mod5
 
+/// Returns the code that all of the extension's events have.
+std::uint8_t setUpExtension(const Connection& connection) {
+    std::uint8_t firstEvent = 0;
+    xkb_x11_setup_xkb_extension(connection.raw(), XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
+                                XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, &firstEvent, nullptr);
+    return firstEvent;
+}
+
 } // namespace
 
 Keyboard::Keyboard(Connection& connection)
     : m_connection(connection)
+    , m_xkbEvent(setUpExtension(connection))
+    , m_device(xkb_x11_get_core_keyboard_device_id(connection.raw()))
     , m_context(xkb_context_new(XKB_CONTEXT_NO_FLAGS)) {
-    xkb_x11_setup_xkb_extension(connection.raw(), XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
-                                XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, &m_xkbEvent, nullptr);
-    m_device = xkb_x11_get_core_keyboard_device_id(connection.raw());
     // A key held down then comes as presses without releases between them, told from one pressed again.
     xcb_discard_reply(connection.raw(),
                       xcb_xkb_per_client_flags(connection.raw(), static_cast<xcb_xkb_device_spec_t>(m_device),
@@ -37,8 +44,8 @@ Keyboard::Keyboard(Connection& connection)
 }
 
 void Keyboard::selectEvents() {
-    constexpr std::uint16_t EVENTS = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY |
-                                     XCB_XKB_EVENT_TYPE_STATE_NOTIFY;
+    constexpr std::uint16_t EVENTS =
+        XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY | XCB_XKB_EVENT_TYPE_STATE_NOTIFY;
     constexpr std::uint16_t MAP_PARTS = XCB_XKB_MAP_PART_KEY_TYPES | XCB_XKB_MAP_PART_KEY_SYMS |
                                         XCB_XKB_MAP_PART_MODIFIER_MAP | XCB_XKB_MAP_PART_VIRTUAL_MODS;
     xcb_xkb_select_events_details_t details{};
@@ -47,8 +54,8 @@ void Keyboard::selectEvents() {
     // Only changes of what is held: typing and locks need not wake us.
     details.affectState = XCB_XKB_STATE_PART_MODIFIER_BASE;
     details.stateDetails = XCB_XKB_STATE_PART_MODIFIER_BASE;
-    xcb_xkb_select_events_aux(m_connection.raw(), static_cast<xcb_xkb_device_spec_t>(m_device), EVENTS, 0, 0,
-                              MAP_PARTS, MAP_PARTS, &details);
+    xcb_xkb_select_events_aux(m_connection.raw(), static_cast<xcb_xkb_device_spec_t>(m_device), EVENTS, 0, 0, MAP_PARTS,
+                              MAP_PARTS, &details);
 }
 
 void Keyboard::handleEvent(const xcb_generic_event_t& event) {
@@ -78,12 +85,12 @@ void Keyboard::handleEvent(const xcb_generic_event_t& event) {
 
 void Keyboard::readMappings() const {
     if (!m_keymap) {
-        m_keymap.reset(xkb_x11_keymap_new_from_device(m_context.get(), m_connection.raw(), m_device,
-                                                      XKB_KEYMAP_COMPILE_NO_FLAGS));
+        m_keymap.reset(
+            xkb_x11_keymap_new_from_device(m_context.get(), m_connection.raw(), m_device, XKB_KEYMAP_COMPILE_NO_FLAGS));
     }
     if (!m_modifierMap) {
-        m_modifierMap.reset(xcb_get_modifier_mapping_reply(
-            m_connection.raw(), xcb_get_modifier_mapping(m_connection.raw()), nullptr));
+        m_modifierMap.reset(
+            xcb_get_modifier_mapping_reply(m_connection.raw(), xcb_get_modifier_mapping(m_connection.raw()), nullptr));
     }
 }
 
@@ -122,8 +129,7 @@ std::optional<xcb_keycode_t> Keyboard::keyFor(xkb_keysym_t symbol) const {
     if (!m_keymap) {
         return std::nullopt;
     }
-    const Referenced<xkb_state> state(
-        xkb_x11_state_new_from_device(m_keymap.get(), m_connection.raw(), m_device));
+    const Referenced<xkb_state> state(xkb_x11_state_new_from_device(m_keymap.get(), m_connection.raw(), m_device));
     const auto gives = [&](xkb_keycode_t key, xkb_layout_index_t layout) {
         const xkb_keysym_t* found = nullptr;
         return xkb_keymap_key_get_syms_by_level(m_keymap.get(), key, layout, 0, &found) == 1 && *found == symbol;

@@ -47,7 +47,8 @@ private:
         void operator()(xkb_keymap* keymap) const { xkb_keymap_unref(keymap); }
         void operator()(xkb_state* state) const { xkb_state_unref(state); }
     };
-    template <class T> using Referenced = std::unique_ptr<T, Unreference>;
+    template <class T>
+    using Referenced = std::unique_ptr<T, Unreference>;
 
     void selectEvents();
     void handleEvent(const xcb_generic_event_t& event);
@@ -56,8 +57,8 @@ private:
     bool isSymbolOf(xcb_keycode_t key, std::initializer_list<xkb_keysym_t> symbols) const;
 
     Connection& m_connection;
-    std::uint8_t m_xkbEvent = 0;
-    std::int32_t m_device = -1;
+    std::uint8_t m_xkbEvent;
+    std::int32_t m_device;
     Referenced<xkb_context> m_context;
     // Read when first asked for after a change: programs that install layouts cause bursts of changes.
     mutable Referenced<xkb_keymap> m_keymap;

@@ -81,8 +81,7 @@ void OutgoingTransfers::handleEvent(const xcb_generic_event_t& event) {
 }
 
 void OutgoingTransfers::sendPiece(Transfer& transfer) {
-    const qsizetype size =
-        std::min({transfer.bytes.size() - transfer.sent, largestPiece(), LARGEST_INCR_PIECE_BYTES});
+    const qsizetype size = std::min({transfer.bytes.size() - transfer.sent, largestPiece(), LARGEST_INCR_PIECE_BYTES});
     xcb_change_property(m_connection.raw(), XCB_PROP_MODE_REPLACE, transfer.destination.requestor,
                         transfer.destination.property, transfer.type, 8, static_cast<std::uint32_t>(size),
                         transfer.bytes.constData() + transfer.sent);

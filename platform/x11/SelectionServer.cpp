@@ -71,8 +71,8 @@ void SelectionServer::handleRequest(const xcb_selection_request_event_t& event) 
     if (request->event.property == XCB_ATOM_NONE) {
         request->event.property = event.target; // an obsolete requestor (ICCCM, section 2.2)
     }
-    const bool isOutOfDate = event.time != XCB_CURRENT_TIME && m_acquiredAt &&
-                             static_cast<std::int32_t>(event.time - *m_acquiredAt) < 0;
+    const bool isOutOfDate =
+        event.time != XCB_CURRENT_TIME && m_acquiredAt && static_cast<std::int32_t>(event.time - *m_acquiredAt) < 0;
     if (!m_acquiredAt || isOutOfDate) {
         notify(request->event, false);
         return;
@@ -210,8 +210,8 @@ std::vector<xcb_atom_t> SelectionServer::targets() const {
         }
     }
     if (m_content.text) {
-        for (const Atom text : {Atom::Utf8String, Atom::TextPlainUtf8, Atom::TextPlainUtf8Capitals, Atom::TextPlain,
-                                Atom::Text}) {
+        for (const Atom text :
+             {Atom::Utf8String, Atom::TextPlainUtf8, Atom::TextPlainUtf8Capitals, Atom::TextPlain, Atom::Text}) {
             list.push_back(m_connection.atom(text));
         }
         list.push_back(XCB_ATOM_STRING);

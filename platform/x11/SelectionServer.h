@@ -18,8 +18,8 @@ class OutgoingTransfers;
 
 /// What a selection of ours holds: a text, image bytes, or nothing.
 struct SelectionContent {
-    std::optional<QByteArray> text;  ///< UTF-8
-    std::optional<QByteArray> image; ///< in whatever format they came
+    std::optional<QByteArray> text;             ///< UTF-8
+    std::optional<QByteArray> image;            ///< in whatever format they came
     ImageFormat imageLabel = ImageFormat::Tiff; ///< what the bytes are offered as, unchanged
 
     bool isEmpty() const { return !text && !image; }

@@ -4,12 +4,17 @@
 
 #include <xcb/xcb_icccm.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 
 namespace zamber::x11 {
 
 namespace {
+
+// Who sends a message to the window manager. A pager's is taken as the user's own wish by every one of them.
+constexpr std::uint32_t SOURCE_APPLICATION = 1;
+constexpr std::uint32_t SOURCE_PAGER = 2;
 
 std::optional<std::uint32_t> firstNumber(const Property& property) {
     if (property.format != 32 || property.bytes.size() < 4) {
@@ -64,24 +69,34 @@ std::optional<std::int64_t> Windows::processId(xcb_window_t window) const {
 }
 
 QString Windows::windowClass(xcb_window_t window) const {
-    const QByteArray words =
-        m_connection.readProperty(window, XCB_ATOM_WM_CLASS, Connection::Afterwards::Keep).bytes;
+    const QByteArray words = m_connection.readProperty(window, XCB_ATOM_WM_CLASS, Connection::Afterwards::Keep).bytes;
     const qsizetype end = words.indexOf('\0');
     return end < 0 ? QString() : QString::fromLatin1(words.constData() + end + 1);
 }
 
-void Windows::activate(xcb_window_t window) const {
-    constexpr std::uint32_t SOURCE_PAGER = 2; // taken as the user's own wish by every window manager
+void Windows::tellWindowManager(xcb_window_t window, xcb_atom_t type, const std::array<std::uint32_t, 5>& data) const {
     xcb_client_message_event_t message{}; // 32 bytes, as an event is sent
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = window;
-    message.type = m_connection.atom(Atom::NetActiveWindow);
-    message.data.data32[0] = SOURCE_PAGER;
-    message.data.data32[1] = m_connection.lastTimestamp();
+    message.type = type;
+    std::ranges::copy(data, message.data.data32);
     xcb_send_event(m_connection.raw(), 0, m_connection.root(),
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&message));
+    m_connection.flush();
+}
+
+void Windows::keepOutOfTaskbar(xcb_window_t window) const {
+    constexpr std::uint32_t ADD = 1;
+    tellWindowManager(window, m_connection.atom(Atom::NetWmState),
+                      {ADD, m_connection.atom(Atom::NetWmStateSkipTaskbar),
+                       m_connection.atom(Atom::NetWmStateSkipPager), SOURCE_APPLICATION, 0});
+}
+
+void Windows::activate(xcb_window_t window) const {
+    tellWindowManager(window, m_connection.atom(Atom::NetActiveWindow),
+                      {SOURCE_PAGER, m_connection.lastTimestamp(), XCB_WINDOW_NONE, 0, 0});
     if (!hasWindowManager()) {
         const std::uint32_t above = XCB_STACK_MODE_ABOVE;
         xcb_configure_window(m_connection.raw(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
@@ -125,8 +140,8 @@ xcb_window_t Windows::parentOf(xcb_window_t window) const {
 
 std::optional<xcb_window_t> Windows::focusedTopLevel() const {
     std::optional<xcb_window_t> topLevel;
-    for (xcb_window_t window = focusWindow();
-         window > XCB_INPUT_FOCUS_POINTER_ROOT && window != m_connection.root(); window = parentOf(window)) {
+    for (xcb_window_t window = focusWindow(); window > XCB_INPUT_FOCUS_POINTER_ROOT && window != m_connection.root();
+         window = parentOf(window)) {
         topLevel = window;
     }
     return topLevel;

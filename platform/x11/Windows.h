@@ -6,13 +6,14 @@
 
 #include <QString>
 
+#include <array>
 #include <cstdint>
 #include <optional>
 
 namespace zamber::x11 {
 
-/// The windows of the desktop, asked and told by the window manager's conventions (EWMH), or by the X server alone where
-/// there is no window manager.
+/// The windows of the desktop, asked and told by the window manager's conventions (EWMH), or by the X server alone
+/// where there is no window manager.
 class Windows final : public QObject {
     Q_OBJECT
 
@@ -32,6 +33,9 @@ public:
     /// Asks for the window to come to the front with the keyboard, as a pager does (EWMH, `_NET_ACTIVE_WINDOW`).
     void activate(xcb_window_t window) const;
 
+    /// Asks for a window of ours, which is shown, to stay out of the taskbar and the pager (EWMH, `_NET_WM_STATE`).
+    void keepOutOfTaskbar(xcb_window_t window) const;
+
     /// Whether the input focus is at that window or at one inside it.
     bool hasFocus(xcb_window_t window) const;
 
@@ -45,6 +49,7 @@ Q_SIGNALS:
     void activeWindowChanged();
 
 private:
+    void tellWindowManager(xcb_window_t window, xcb_atom_t type, const std::array<std::uint32_t, 5>& data) const;
     bool hasWindowManager() const;
     xcb_window_t focusWindow() const;
     xcb_window_t parentOf(xcb_window_t window) const;

@@ -88,10 +88,9 @@ X11HotKeyCenter::Outcome X11HotKeyCenter::grab(Registration& registration) const
     registration.grabbedMask = maskOf(registration.modifiers);
     std::vector<std::pair<std::uint16_t, xcb_void_cookie_t>> requests;
     for (const std::uint16_t locks : subsetsOf(m_keyboard.lockModifiers())) {
-        requests.emplace_back(locks,
-                              xcb_grab_key_checked(m_connection.raw(), 0, m_connection.root(),
-                                                   registration.grabbedMask | locks, registration.key,
-                                                   XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+        requests.emplace_back(locks, xcb_grab_key_checked(m_connection.raw(), 0, m_connection.root(),
+                                                          registration.grabbedMask | locks, registration.key,
+                                                          XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
     }
     registration.grabbedLocks.clear();
     for (const auto& [locks, cookie] : requests) {
@@ -115,9 +114,14 @@ void X11HotKeyCenter::release(Registration& registration) const {
 }
 
 void X11HotKeyCenter::grabAgain() {
+    // Grabs are by key code and stay, unless the modifiers have moved to other bits. Most changes are a change of
+    // layout or of the device that types; letting go of the grabs then would lose a press.
+    const std::vector<std::uint16_t> locks = subsetsOf(m_keyboard.lockModifiers());
     for (Registration& registration : m_registrations) {
-        release(registration);
-        grab(registration);
+        if (registration.grabbedMask != maskOf(registration.modifiers) || registration.grabbedLocks != locks) {
+            release(registration);
+            grab(registration);
+        }
     }
 }
 

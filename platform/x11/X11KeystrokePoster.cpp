@@ -7,9 +7,8 @@
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11Workspace.h"
 
-#include <xcb/xtest.h>
-
 #include <unistd.h>
+#include <xcb/xtest.h>
 
 #include <utility>
 #include <vector>

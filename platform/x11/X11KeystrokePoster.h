@@ -53,7 +53,7 @@ private:
     Windows& m_windows;
     X11Workspace& m_workspace;
     X11Pasteboard& m_pasteboard;
-    std::deque<Paste> m_pastes; // the first one is under way
+    std::deque<Paste> m_pastes;            // the first one is under way
     std::optional<xcb_window_t> m_watched; // for the focus to come to it
     bool m_isWaiting = false;
     QTimer m_bound;

@@ -17,7 +17,8 @@ concept AccessibilityTrustRig = std::default_initializable<Rig> && requires(Rig 
     { rig.canPost() } -> std::same_as<bool>;
 };
 
-template <AccessibilityTrustRig Rig> class AccessibilityTrustContract : public testing::Test {
+template <AccessibilityTrustRig Rig>
+class AccessibilityTrustContract : public testing::Test {
 protected:
     Rig rig;
 };

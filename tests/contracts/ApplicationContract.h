@@ -20,7 +20,8 @@ concept ApplicationRig = std::default_initializable<Rig> && requires(Rig rig, st
     { rig.run(first) } -> std::same_as<bool>;
 };
 
-template <ApplicationRig Rig> class ApplicationContract : public testing::Test {
+template <ApplicationRig Rig>
+class ApplicationContract : public testing::Test {
 protected:
     Rig rig;
 };

@@ -18,16 +18,16 @@ namespace zamber {
 /// - `pastesReceived`: how often that application has been told to paste;
 /// - `waitUntil`: lets the main loop run until the condition holds; false when it gives up.
 template <class Rig>
-concept KeystrokePosterRig =
-    std::default_initializable<Rig> && requires(Rig rig, RunningApplication application, std::function<bool()> condition) {
-        { rig.poster() } -> std::same_as<KeystrokePoster&>;
-        { rig.openApplication() } -> std::same_as<RunningApplication>;
-        rig.closeApplication(application);
-        rig.writeClipboard();
-        rig.copyElsewhere();
-        { rig.pastesReceived(application) } -> std::same_as<int>;
-        { rig.waitUntil(condition) } -> std::same_as<bool>;
-    };
+concept KeystrokePosterRig = std::default_initializable<Rig> &&
+                             requires(Rig rig, RunningApplication application, std::function<bool()> condition) {
+                                 { rig.poster() } -> std::same_as<KeystrokePoster&>;
+                                 { rig.openApplication() } -> std::same_as<RunningApplication>;
+                                 rig.closeApplication(application);
+                                 rig.writeClipboard();
+                                 rig.copyElsewhere();
+                                 { rig.pastesReceived(application) } -> std::same_as<int>;
+                                 { rig.waitUntil(condition) } -> std::same_as<bool>;
+                             };
 
 template <KeystrokePosterRig Rig>
 class KeystrokePosterContract : public testing::Test {

@@ -33,15 +33,16 @@ protected:
         item.setClickedHandler([this](MouseButton button) {
             clicks.push_back(button);
             if (button == MouseButton::Right) {
-                item.showMenuOnce({{.title = QStringLiteral("First"), .keyEquivalent = {}, .action = [this] { ++chosen; }},
-                                   {},
-                                   {.title = QStringLiteral("Last"), .keyEquivalent = {}, .action = [] {}}});
+                item.showMenuOnce(
+                    {{.title = QStringLiteral("First"), .keyEquivalent = {}, .action = [this] { ++chosen; }},
+                     {},
+                     {.title = QStringLiteral("Last"), .keyEquivalent = {}, .action = [] {}}});
             }
         });
         item.showSymbol(QStringLiteral("doc.on.clipboard"), QStringLiteral("Test"));
     }
 
-    bool isTold(std::vector<MouseButton> expected) {
+    bool isTold(const std::vector<MouseButton>& expected) {
         return rig.waitUntil([&] { return clicks.size() >= expected.size(); }) && clicks == expected;
     }
 

@@ -17,15 +17,15 @@ namespace zamber {
 /// - `isInFront`: whether the desktop has it in front;
 /// - `waitUntil`: lets the main loop run until the condition holds; false when it gives up.
 template <class Rig>
-concept WorkspaceRig = std::default_initializable<Rig> && requires(Rig rig, const char* name, int number,
-                                                                   std::function<bool()> condition) {
-    { rig.workspace() } -> std::same_as<Workspace&>;
-    { rig.openApplication(name) } -> std::same_as<int>;
-    rig.closeApplication(number);
-    rig.bringToFront(number);
-    { rig.isInFront(number) } -> std::same_as<bool>;
-    { rig.waitUntil(condition) } -> std::same_as<bool>;
-};
+concept WorkspaceRig = std::default_initializable<Rig> &&
+                       requires(Rig rig, const char* name, int number, std::function<bool()> condition) {
+                           { rig.workspace() } -> std::same_as<Workspace&>;
+                           { rig.openApplication(name) } -> std::same_as<int>;
+                           rig.closeApplication(number);
+                           rig.bringToFront(number);
+                           { rig.isInFront(number) } -> std::same_as<bool>;
+                           { rig.waitUntil(condition) } -> std::same_as<bool>;
+                       };
 
 template <WorkspaceRig Rig>
 class WorkspaceContract : public testing::Test {

@@ -73,7 +73,8 @@ class HarnessTest(unittest.TestCase):
         self.assertEqual((down.modifiers, up.modifiers), (CONTROL, CONTROL))
         self.assertEqual(down.held, {KEY_CODES["Control_L"]})
         self.assertEqual(down.focus.id, editor.window.id)
-        self.assertEqual([(event.pressed, event.code) for event in keys.since(mark)[:4]],
+        wait_until(lambda: len(keys.since(mark)) == 4, what="all four events")
+        self.assertEqual([(event.pressed, event.code) for event in keys.since(mark)],
                          [(True, 37), (True, 55), (False, 55), (False, 37)])
 
     def test_held_keys_and_locks_are_seen(self):

@@ -5,6 +5,8 @@
 from case import DesktopTestCase
 from harness import Editor, holds_for, wait_until
 
+# Longer than two clicks of a double click are apart.
+DOUBLE_CLICK_SECONDS = 0.6
 HISTORY = ("apple tart", "banana bread", "cherry cake")
 
 
@@ -143,16 +145,29 @@ class EmptyHistoryTest(DesktopTestCase):
 class TrayTest(DesktopTestCase):
     history = HISTORY
 
-    def test_a_click_opens_it_under_the_icon_and_another_closes_it(self):
+    def test_a_click_opens_it_under_the_icon(self):
         icon = self.click_tray_icon()
         popover = self.zamber.wait_for_popover()
         self.assertGreaterEqual(popover.y, icon.y)
         self.assertLess(popover.y, icon.y + 120)
-        self.click_tray_icon()
-        self.zamber.wait_until_closed()
-        holds_for(lambda: self.zamber.popover() is None, 0.5, "the popover stays closed")
-        self.click_tray_icon()
-        self.zamber.wait_for_popover()
+        holds_for(lambda: self.zamber.popover() is not None, DOUBLE_CLICK_SECONDS, "the popover stays open")
+
+    def test_the_next_click_closes_it_and_does_not_open_it_again(self):
+        for _ in range(4):
+            self.click_tray_icon()
+            self.zamber.wait_for_popover()
+            holds_for(lambda: self.zamber.popover() is not None, DOUBLE_CLICK_SECONDS, "the popover stays open")
+            self.click_tray_icon()
+            self.zamber.wait_until_closed()
+            holds_for(lambda: self.zamber.popover() is None, DOUBLE_CLICK_SECONDS, "the popover stays closed")
+
+    def test_two_clicks_in_quick_succession_are_two_clicks(self):
+        for _ in range(4):
+            self.click_tray_icon()
+            self.zamber.wait_for_popover()
+            self.click_tray_icon()
+            self.zamber.wait_until_closed()
+            holds_for(lambda: self.zamber.popover() is None, DOUBLE_CLICK_SECONDS, "the popover stays closed")
 
     def test_a_click_remembers_the_window_that_was_active(self):
         self.click_tray_icon()
@@ -161,17 +176,30 @@ class TrayTest(DesktopTestCase):
         self.expect_paste()
         self.editor.wait_for_text("banana bread")
 
-    def test_a_right_click_offers_to_quit(self):
+    def open_menu(self):
         self.click_tray_icon(button=3)
-        quit_item = wait_until(self.quit_item, 5.0, lambda: self.zamber.tree().outline())
+        menu = wait_until(self.zamber.menu, 5.0, "the menu")
         self.assertIsNone(self.zamber.popover())
+        return menu
+
+    def test_the_last_entry_of_the_menu_quits(self):
+        menu = self.open_menu()
         self.zamber_has_ended = True
-        self.desktop.mouse.click(*quit_item.centre)
+        self.desktop.mouse.click(menu.x + menu.width // 2, menu.y + menu.height - 10)
         self.assertEqual(self.zamber.child.wait(5), 0)
 
-    def quit_item(self):
-        items = self.zamber.tree().all(role="menu item", name="Quit Zamber", states=["showing"])
-        return items[0] if items else None
+    def test_q_quits_while_the_menu_is_open(self):
+        self.open_menu()
+        self.zamber_has_ended = True
+        self.keyboard.type_text("q")
+        self.assertEqual(self.zamber.child.wait(5), 0)
+
+    def test_after_the_menu_a_click_opens_the_popover_again(self):
+        self.open_menu()
+        self.keyboard.tap("Escape")
+        wait_until(lambda: self.zamber.menu() is None, what="the menu to be gone")
+        self.click_tray_icon()
+        self.zamber.wait_for_popover()
 
     def test_the_tray_may_go_and_come_back(self):
         self.desktop.tray_host.stop()

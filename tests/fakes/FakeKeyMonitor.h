@@ -26,8 +26,7 @@ public:
     KeyDisposition press(HardwareKey key) {
         const auto handlers = m_handlers; // a handler may remove itself and others
         for (const auto& [id, handler] : handlers) {
-            const bool isThere =
-                std::any_of(m_handlers.begin(), m_handlers.end(), [&](const auto& entry) { return entry.first == id; });
+            const bool isThere = std::ranges::any_of(m_handlers, [&](const auto& entry) { return entry.first == id; });
             if (isThere && handler(key) == KeyDisposition::Swallow) {
                 return KeyDisposition::Swallow;
             }

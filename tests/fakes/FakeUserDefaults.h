@@ -90,12 +90,12 @@ private:
         return skip(u"YyTt123456789");
     }
 
-    void set(const QString& key, Value value) {
+    void set(const QString& key, const Value& value) {
         const auto found = values.find(key);
         if (found != values.end() && *found == value) {
             return;
         }
-        values.insert(key, std::move(value));
+        values.insert(key, value);
         const auto observers = m_observers; // an observer may remove itself and others
         for (const auto& [id, observation] : observers) {
             if (observation.first == key && m_observers.contains(id)) {

@@ -20,8 +20,9 @@ public:
         : m_journal(journal) {}
 
     RunningApplication launch(std::optional<QString> name) {
-        const RunningApplication application{
-            .handle = ++m_lastHandle, .processId = 1000 + static_cast<std::int64_t>(m_lastHandle), .localizedName = std::move(name)};
+        const RunningApplication application{.handle = ++m_lastHandle,
+                                             .processId = 1000 + static_cast<std::int64_t>(m_lastHandle),
+                                             .localizedName = std::move(name)};
         m_running.push_back(application);
         return application;
     }

@@ -18,6 +18,7 @@ from Xlib import Xatom  # noqa: E402
 from harness import Mousepad, Partner, PrivateDesktop, Zamber, default_binary, holds_for, wait_until  # noqa: E402
 from guide import Guide, TourFailed, check, say  # noqa: E402
 
+PICTURE_BOARD = pathlib.Path(__file__).with_name("picture_board.py")
 PICTURES = ROOT / "build" / "tour"
 BACKGROUND = ((0x3A, 0x6E, 0x8F), (0x1D, 0x3A, 0x55))  # from top to bottom
 EARLIER = ("ssh deploy@staging.example.org", "Meeting moved to Thursday, 14:30", "https://zamber.example/handbook")
@@ -42,8 +43,8 @@ class Tour:
         desktop.mouse.move(700, 440)
         self.zamber.write_history(*EARLIER, pinned=(PINNED,))
 
-        with guide.stage("tray-icon", "A desktop with a window manager, a panel and nothing else. Zamber starts, with "
-                                      "three entries from an earlier day in its history."):
+        with guide.stage("tray-icon", "A desktop with a window manager, a panel and nothing else. Zamber starts; "
+                                      "three entries from earlier are in its history."):
             self.zamber.start()
             icon = wait_until(lambda: desktop.tray_icon(self.zamber.pid), 5.0, "Zamber's icon in the tray")
             guide.ok(f"its log says that it is ready, and its icon is in the panel's tray at {icon.x}, {icon.y}")
@@ -74,16 +75,18 @@ class Tour:
             path = self.paint_picture()
             self.picture = path.read_bytes()
             self.shell(f"xclip -selection clipboard -t image/png {path.name}")
-            wait_until(lambda: self.clipboard.read("image/png") == self.picture, what="the clipboard to hold the picture")
+            wait_until(lambda: self.clipboard.read("image/png") == self.picture,
+                       what="the clipboard to hold the picture")
             self.expect_history(self.picture, COMMAND_TEXT, NOTE, *EARLIER)
             guide.ok(f"all {len(self.picture)} bytes of the picture are in the history, unchanged")
 
-        with guide.stage("popover", "In a new text in the editor, the hot key is pressed: Super+Shift+V."):
+        with guide.stage("popover", "Back in the editor, a new line is begun and the hot key is pressed: "
+                                    "Super+Shift+V."):
             self.editor.activate()
             self.keyboard.tap("End", "Return")
             self.zamber.open_popover()
             self.expect_shown(EARLIER[PINNED], IMAGE_PREVIEW, COMMAND_TEXT, NOTE, *EARLIER[1:])
-            guide.ok("the popover has the keyboard; it lists the pinned entry first, then the five others, newest first")
+            guide.ok("the popover has the keyboard; it lists the pinned entry, then the five others, newest first")
 
         with guide.stage("search", f"“{SEARCH}” is typed into the popover."):
             self.keyboard.type_text(SEARCH)
@@ -109,9 +112,9 @@ class Tour:
             check(self.clipboard.text() == COMMAND_TEXT, f"the clipboard holds {self.clipboard.text()!r}")
             guide.ok("the editor saves the note and, below it, the text; the clipboard holds it too")
 
-        with guide.stage("picture-found", "For a window that shows pictures, the picture is searched by the word image."):
+        with guide.stage("picture-found", "For a window that shows pictures, the picture is looked for: “image”."):
             pasted = desktop.home / "pasted.png"
-            board = Partner(desktop, "picture-board", ["/usr/bin/python3", ROOT / "tools/tour/picture_board.py", pasted])
+            board = Partner(desktop, "picture-board", ["/usr/bin/python3", PICTURE_BOARD, pasted])
             self.place(board, 730, 490, 420, 280)
             self.zamber.open_popover()
             self.keyboard.chord("Control_L", "a")
@@ -126,14 +129,14 @@ class Tour:
             wait_until(pasted.exists, 6.0, "the picture to arrive")
             check(pasted.read_bytes() == self.picture, "what arrived is not what was copied")
             check(self.clipboard.read("image/png") == self.picture, "xclip gets other bytes than were copied")
-            guide.ok(f"the window and xclip both get the {len(self.picture)} bytes that were copied, every one the same")
+            guide.ok(f"the window and xclip both get the {len(self.picture)} bytes that were copied, each the same")
 
         with guide.stage("popover-from-the-tray", "A click on the icon in the tray opens the popover as well."):
             self.editor.activate()
             self.click(icon)
             self.zamber.wait_for_popover()
             (field,) = self.zamber.tree().all(role="text", states=("focused",))
-            check(field.extents[1] > icon.y + icon.height, f"the popover covers the icon: its field is at {field.extents}")
+            check(field.extents[1] > icon.y + icon.height, f"the popover's field at {field.extents} covers the icon")
             guide.ok("it hangs below the icon and has the keyboard")
 
         with guide.stage("closed-from-the-tray", "Another click on the icon closes it."):
@@ -166,9 +169,10 @@ class Tour:
 
     def paint_picture(self):
         path = self.desktop.home / "picture.png"
+        hills = "path 'M 0,170 C 60,120 120,150 180,165 S 300,140 360,160 L 360,220 L 0,220 Z'"
         self.desktop.run([
-            "convert", "-size", "360x220", "gradient:#355c7d-#f8b195", "-fill", "#ffe9c9", "-draw", "circle 250,120 250,78",
-            "-fill", "#2a3d55", "-draw", "path 'M 0,170 C 60,120 120,150 180,165 S 300,140 360,160 L 360,220 L 0,220 Z'", path,
+            "convert", "-size", "360x220", "gradient:#355c7d-#f8b195", "-fill", "#ffe9c9",
+            "-draw", "circle 250,120 250,78", "-fill", "#2a3d55", "-draw", hills, path,
         ])
         return path
 

@@ -8,7 +8,7 @@ import textwrap
 import time
 import traceback
 
-# What is drawn cannot be asked for; this is how long a compositor has had time for it in every run so far, many times over.
+# What is on the glass cannot be asked for; a compositor needs a small part of this. No check depends on it.
 DRAWING_SECONDS = 0.35
 INDENTATION = " " * 4
 
@@ -27,7 +27,8 @@ class Guide:
     def stage(self, name, text):
         """One stage. The picture is taken when its block is done, and also when it has failed."""
         self.stages += 1
-        say(f"\n{self.stages:2}. {text}")
+        lines = textwrap.fill(text, 110, initial_indent=f"{self.stages:2}. ", subsequent_indent=INDENTATION)
+        print(f"\n{lines}", flush=True)
         picture = self._folder / f"{self.stages:02}-{name}.png"
         try:
             yield
@@ -47,10 +48,8 @@ class Guide:
 
 
 def say(text, indentation=""):
-    further = " " * (len(text) - len(text.lstrip())) + INDENTATION
     for line in text.split("\n"):
-        print(textwrap.fill(line, 110, initial_indent=indentation, subsequent_indent=indentation or further),
-              flush=True)
+        print(textwrap.fill(line, 110, initial_indent=indentation, subsequent_indent=indentation), flush=True)
 
 
 def check(claim, otherwise):

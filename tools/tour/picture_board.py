@@ -15,6 +15,7 @@ from gi.repository import Gdk, GdkPixbuf, GLib, Gtk  # noqa: E402
 PNG = Gdk.Atom.intern("image/png", False)
 picture_file = sys.argv[1]
 
+GLib.set_prgname("picture-board")
 window = Gtk.Window(title="Picture board")
 image = Gtk.Image()
 hint = Gtk.Label(label="Ctrl+V shows a picture here")

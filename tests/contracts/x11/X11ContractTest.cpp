@@ -105,9 +105,7 @@ struct X11HotKeyCenterRig : X11Rig {
         partner.pressKey(CAPS_LOCK_KEY, {});
     }
     void pressAlone(PhysicalKey key) { partner.pressKey(keyCodeOf(key), {}); }
-    void takeElsewhere(PhysicalKey key) {
-        partner.grabKey(keyCodeOf(key), XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT);
-    }
+    void takeElsewhere(PhysicalKey key) { partner.grabKey(keyCodeOf(key), XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT); }
 };
 
 struct X11KeystrokePosterRig : X11Rig {

@@ -20,13 +20,15 @@ namespace {
 struct Free {
     void operator()(void* memory) const { std::free(memory); }
 };
-template <class T> using Owned = std::unique_ptr<T, Free>;
+template <class T>
+using Owned = std::unique_ptr<T, Free>;
 
 constexpr qsizetype PIECE_BYTES = 60000;
 constexpr xcb_keycode_t V_KEY = 55;
 constexpr std::int64_t PARTNER_PID = 4242;
 
-template <class T> const T& as(const xcb_generic_event_t& event) {
+template <class T>
+const T& as(const xcb_generic_event_t& event) {
     return reinterpret_cast<const T&>(event);
 }
 
@@ -48,7 +50,8 @@ X11Partner::~X11Partner() {
 
 xcb_atom_t X11Partner::atom(const std::string& name) const {
     const Owned<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
-        m_connection, xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.c_str()), nullptr));
+        m_connection, xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.c_str()),
+        nullptr));
     return reply->atom;
 }
 
@@ -87,8 +90,7 @@ void X11Partner::activateWindow(xcb_window_t window) {
     message.window = window;
     message.type = atom("_NET_ACTIVE_WINDOW");
     message.data.data32[0] = 2;
-    xcb_send_event(m_connection, 0, m_root,
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+    xcb_send_event(m_connection, 0, m_root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&message));
     waitUntil([&] { return activeWindow() == window; });
 }
@@ -205,9 +207,8 @@ void X11Partner::handle(const xcb_generic_event_t& event) {
                    notify.state == XCB_PROPERTY_NEW_VALUE) {
             takePaste({});
         } else if (notify.state == XCB_PROPERTY_DELETE) {
-            const auto sending = std::ranges::find_if(m_sending, [&](const Sending& s) {
-                return s.requestor == notify.window && s.property == notify.atom;
-            });
+            const auto sending = std::ranges::find_if(
+                m_sending, [&](const Sending& s) { return s.requestor == notify.window && s.property == notify.atom; });
             if (sending != m_sending.end()) {
                 const QByteArray piece = sending->rest.left(PIECE_BYTES);
                 sending->rest.remove(0, piece.size());
@@ -227,8 +228,8 @@ void X11Partner::handle(const xcb_generic_event_t& event) {
 
 void X11Partner::answer(const xcb_selection_request_event_t& request) {
     bool isAnswered = true;
-    const auto offer =
-        std::ranges::find_if(m_offers, [&](const Offer& candidate) { return atom(candidate.target) == request.target; });
+    const auto offer = std::ranges::find_if(
+        m_offers, [&](const Offer& candidate) { return atom(candidate.target) == request.target; });
     if (request.target == atom("TARGETS")) {
         std::vector<xcb_atom_t> targets{request.target};
         for (const Offer& each : m_offers) {
@@ -268,8 +269,8 @@ void X11Partner::takePaste(const xcb_selection_notify_event_t& notify) {
         m_pasted.emplace(std::nullopt);
         return;
     }
-    const auto cookie = xcb_get_property(m_connection, 1, m_helper, atom("PARTNER_PASTE"), XCB_GET_PROPERTY_TYPE_ANY, 0,
-                                         0x1fffffff);
+    const auto cookie =
+        xcb_get_property(m_connection, 1, m_helper, atom("PARTNER_PASTE"), XCB_GET_PROPERTY_TYPE_ANY, 0, 0x1fffffff);
     const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection, cookie, nullptr));
     const QByteArray bytes(static_cast<const char*>(xcb_get_property_value(reply.get())),
                            xcb_get_property_value_length(reply.get()));

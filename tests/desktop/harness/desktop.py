@@ -6,6 +6,7 @@ import os
 import pathlib
 import select
 import shutil
+import socket
 import subprocess
 import tempfile
 
@@ -30,6 +31,16 @@ KEPT_VARIABLES = ("LD_LIBRARY_PATH", "XDG_DATA_DIRS")
 WINDOW_MANAGERS = ("openbox", "xfwm4", "none")
 TRAYS = ("tint2", "none")
 COMPOSITORS = ("none", "picom")
+
+
+def _is_listening(socket_path):
+    # The socket's file is there a moment before anybody answers behind it.
+    with socket.socket(socket.AF_UNIX) as caller:
+        try:
+            caller.connect(str(socket_path))
+        except OSError:
+            return False
+        return True
 
 
 class PrivateDesktop:
@@ -173,6 +184,8 @@ class PrivateDesktop:
         self.display = self.connect()
         self.keyboard = Keyboard(self.display, self.display_name, self._authority)
         self.mouse = Mouse(self.display)
+        # With its first key a keyboard announces its layout to everybody, as if it had just been plugged in.
+        self.keyboard.tap("Shift_L")
         self.clipboard = Clipboard(self)
         self.primary = Clipboard(self, "primary")
 
@@ -201,7 +214,7 @@ class PrivateDesktop:
         socket_path = self.runtime_folder / "bus"
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket_path}"
         bus = self.start("dbus-daemon", ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile"])
-        wait_until(socket_path.exists, START_SECONDS, lambda: f"the session bus: {bus.stderr()}")
+        wait_until(lambda: _is_listening(socket_path), START_SECONDS, lambda: f"the session bus: {bus.stderr()}")
 
     def _start_accessibility_bus(self):
         # It has to be there before the first program is: one that starts earlier never shows up on it.

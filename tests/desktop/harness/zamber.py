@@ -69,7 +69,7 @@ class Zamber:
         environment.update({name: os.environ[name] for name in SANITIZER_VARIABLES if name in os.environ})
         self.child = self._desktop.start("zamber", [self.binary], environment=environment)
         wait_until(
-            lambda: READY_LINE in self.stdout_lines() or not self.is_running(), START_SECONDS,
+            lambda: not self.is_running() or READY_LINE in self.stdout_lines(), START_SECONDS,
             lambda: f"{READY_LINE!r}; so far {self.stdout_lines()}, {self.stderr_lines()}",
         )
         if not self.is_running():
@@ -115,7 +115,11 @@ class Zamber:
 
     def popover(self):
         """The popover's window while it is shown, else None."""
-        return next((window for window in self.windows() if window.title == "Zamber" and window.width > 100), None)
+        return next((window for window in self.windows() if window.title == "Zamber" and window.width > 300), None)
+
+    def menu(self):
+        """The tray icon's menu while it is open, else None; assistive technology is not shown it by Qt."""
+        return next((window for window in self.windows() if 60 < window.width <= 300), None)
 
     def press_hot_key(self):
         self._desktop.keyboard.chord("Super_L", "Shift_L", "v")

@@ -3,6 +3,9 @@
 #include "settings/keys/PreferenceKeys.h"
 #include "tests/unit/popover/ClipboardListViewFixture.h"
 
+#include <QContextMenuEvent>
+#include <QMenu>
+
 namespace zamber {
 
 TEST_F(ClipboardListViewTest, AnEmptyHistoryInvitesToCopy) {
@@ -104,6 +107,47 @@ TEST_F(ClipboardListViewTest, TheSmallButtonsDoOnlyTheirOwn) {
     click(stage.list().actionRectangle(2, RowAction::Delete).center());
     EXPECT_EQ(stage.manager->items().size(), 2);
     EXPECT_EQ(stage.pastes, 0);
+}
+
+TEST_F(ClipboardListViewTest, TheRowMenuOffersTheSameActionsByName) {
+    stage.copyTexts(3);
+    pin(0);
+    open();
+    const auto openMenu = [&](int row) {
+        const QPoint at = stage.list().rowRectangle(row).center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, stage.list().mapToGlobal(at));
+        QCoreApplication::sendEvent(&stage.list(), &event);
+        return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    };
+    const auto titles = [](const QMenu& menu) {
+        QStringList found;
+        for (const QAction* action : menu.actions()) {
+            found.append(action->isSeparator() ? u"-"_s : action->text());
+        }
+        return found;
+    };
+
+    QMenu* menu = openMenu(0);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(titles(*menu), (QStringList{u"Copy"_s, u"-"_s, u"Unpin"_s, u"Delete"_s}));
+    menu->actions()[2]->trigger();
+    menu->close();
+    EXPECT_FALSE(stage.list().items()[0].isPinned);
+
+    menu = openMenu(2);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(titles(*menu), (QStringList{u"Copy"_s, u"-"_s, u"Pin"_s, u"Delete"_s}));
+    menu->actions()[3]->trigger();
+    menu->close();
+    EXPECT_EQ(stage.manager->items().size(), 2);
+
+    menu = openMenu(1);
+    ASSERT_NE(menu, nullptr);
+    menu->actions()[0]->trigger();
+    EXPECT_EQ(pasted(), "text 1");
+    EXPECT_EQ(stage.pastes, 1);
+    stage.view->hide();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
 TEST_F(ClipboardListViewTest, ClearAllKeepsPinnedEntriesAndCancelChangesNothing) {

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+
+// What a Qt program costs that does nothing but sit in the tray: the measure for x11_cost.py.
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QSvgRenderer>
+#include <QSystemTrayIcon>
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    QDBusConnection::sessionBus();
+    const QSvgRenderer renderer; // so that the module is loaded
+    QPixmap square(22, 22);
+    square.fill(Qt::white);
+    QSystemTrayIcon icon{QIcon(square)};
+    icon.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,240 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "AppDelegateFixture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace zamber {
+
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+// Hot keys
+
+TEST_F(AppDelegateTest, TheThreeHotKeysAreCommandShiftOnPhysicalKeysUnderOneSignature) {
+    launch();
+    ASSERT_EQ(hotKeys.registrations.size(), 3U);
+    const PhysicalKey keys[] = {PhysicalKey::V, PhysicalKey::Digit2, PhysicalKey::Digit3};
+    for (std::uint32_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(hotKeys.registrations[i].key, keys[i]);
+        EXPECT_TRUE(hotKeys.registrations[i].modifiers.command);
+        EXPECT_TRUE(hotKeys.registrations[i].modifiers.shift);
+        EXPECT_EQ(hotKeys.registrations[i].id.id, i + 1);
+        EXPECT_EQ(hotKeys.registrations[i].id.signature, 0x5A4D4252U); // "ZMBR"
+    }
+}
+
+TEST_F(AppDelegateTest, TheMainHotKeyOpensThePopoverAfterTheHandlerHasReturned) {
+    launch();
+    hotKeys.press(PhysicalKey::V);
+    EXPECT_FALSE(popover.isShown());
+    scheduler.advance(0ms);
+    EXPECT_TRUE(popover.isShown());
+}
+
+TEST_F(AppDelegateTest, TheMainHotKeyKeepsAnOpenPopoverOpenAndShowsItAgain) {
+    launch();
+    for (int i = 0; i < 2; ++i) {
+        hotKeys.press(PhysicalKey::V);
+        scheduler.advance(0ms);
+    }
+    EXPECT_TRUE(popover.isShown());
+    EXPECT_EQ(popover.showings.size(), 2);
+}
+
+TEST_F(AppDelegateTest, WithQuickPasteNeverWrittenItsKeysAreRegisteredAndDoNothing) {
+    launch();
+    capture("one");
+    capture("two");
+    capture("three");
+    openInFront("Editor");
+    hotKeys.press(PhysicalKey::Digit2);
+    hotKeys.press(PhysicalKey::Digit3);
+    scheduler.advance(1s);
+    EXPECT_THAT(keystrokes.asked, IsEmpty());
+    EXPECT_THAT(pasteboard.writes, IsEmpty());
+}
+
+TEST_F(AppDelegateTest, QuickPasteIsReadAtEachPress) {
+    launch();
+    capture("one");
+    capture("two");
+    const auto editor = openInFront("Editor");
+    write(defaults, keys::quickPasteEnabled, true);
+    hotKeys.press(PhysicalKey::Digit2);
+    scheduler.advance(1s);
+    EXPECT_THAT(keystrokes.received, ElementsAre(editor));
+    EXPECT_EQ(pasteboard.writes.last().bytes, "one");
+
+    write(defaults, keys::quickPasteEnabled, false);
+    hotKeys.press(PhysicalKey::Digit2);
+    scheduler.advance(1s);
+    EXPECT_EQ(keystrokes.received.size(), 1U);
+}
+
+TEST_F(AppDelegateTest, WithOneEntryQuickPasteDoesNothingAndWithTwoOnlyTheSecondIsThere) {
+    launch();
+    write(defaults, keys::quickPasteEnabled, true);
+    openInFront("Editor");
+    capture("one");
+    journal.clear();
+    hotKeys.press(PhysicalKey::Digit2);
+    scheduler.advance(1s);
+    EXPECT_THAT(journal.entries(), IsEmpty());
+    EXPECT_THAT(pasteboard.writes, IsEmpty());
+
+    capture("two");
+    hotKeys.press(PhysicalKey::Digit3);
+    scheduler.advance(1s);
+    EXPECT_THAT(keystrokes.asked, IsEmpty());
+    hotKeys.press(PhysicalKey::Digit2);
+    scheduler.advance(1s);
+    EXPECT_EQ(keystrokes.asked.size(), 1U);
+}
+
+// Paste
+
+TEST_F(AppDelegateTest, APasteClosesThePopoverActivatesAndTypesAfter350Milliseconds) {
+    launch();
+    capture("chosen");
+    const auto editor = openInFront("Editor");
+    delegate->showPopover();
+    workspace.bringToFront(std::nullopt);
+    journal.clear();
+    testing::internal::CaptureStdout();
+    choose(0);
+    EXPECT_FALSE(popover.isShown());
+    EXPECT_THAT(journal.entries(), ElementsAre("activate Editor"));
+    scheduler.advance(349ms);
+    EXPECT_THAT(keystrokes.asked, IsEmpty());
+    scheduler.advance(1ms);
+    EXPECT_THAT(keystrokes.received, ElementsAre(editor));
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "🔵 Pasting into: Editor\n✅ Pasted via CGEvent\n");
+}
+
+TEST_F(AppDelegateTest, WithoutAPreviousApplicationThePopoverClosesAndTheLogSaysSo) {
+    launch();
+    capture("chosen");
+    delegate->showPopover();
+    testing::internal::CaptureStdout();
+    choose(0);
+    scheduler.advance(1s);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "❌ No previous app to paste into\n");
+    EXPECT_FALSE(popover.isShown());
+    EXPECT_THAT(keystrokes.asked, IsEmpty());
+    EXPECT_EQ(pasteboard.string(), "chosen");
+}
+
+TEST_F(AppDelegateTest, AnApplicationWithoutANameIsLoggedAsUnknown) {
+    launch();
+    capture("chosen");
+    workspace.bringToFront(workspace.launch(std::nullopt));
+    delegate->showPopover();
+    testing::internal::CaptureStdout();
+    choose(0);
+    EXPECT_THAT(testing::internal::GetCapturedStdout(), HasSubstr("🔵 Pasting into: unknown\n"));
+}
+
+TEST_F(AppDelegateTest, WithoutPermissionTheApplicationComesBackAndTheLogSaysHowToGrantIt) {
+    launch();
+    capture("chosen");
+    openInFront("Editor");
+    delegate->showPopover();
+    trust.isGranted = false;
+    testing::internal::CaptureStdout();
+    choose(0);
+    scheduler.advance(350ms);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "🔵 Pasting into: Editor\n"
+              "❌ Accessibility NOT granted. Clipboard is set — press ⌘+V manually.\n"
+              "💡 To fix: System Settings → Privacy → Accessibility → add Xcode (or Zamber)\n"
+              "💡 Then REMOVE it and RE-ADD it, then restart the app.\n");
+    EXPECT_THAT(keystrokes.asked, IsEmpty());
+}
+
+TEST_F(AppDelegateTest, TwoPastesInARowWithoutReopeningGoToTheSameApplication) {
+    launch();
+    capture("one");
+    capture("two");
+    const auto editor = openInFront("Editor");
+    delegate->showPopover();
+    choose(0);
+    scheduler.advance(350ms);
+    choose(1);
+    scheduler.advance(350ms);
+    EXPECT_THAT(keystrokes.received, ElementsAre(editor, editor));
+}
+
+TEST_F(AppDelegateTest, APreviousApplicationThatQuitLeavesTheKeystrokeToWhoeverIsInFront) {
+    launch();
+    capture("chosen");
+    const auto editor = openInFront("Editor");
+    delegate->showPopover();
+    workspace.quit(editor);
+    const auto browser = openInFront("Browser");
+    choose(0);
+    scheduler.advance(350ms);
+    EXPECT_THAT(keystrokes.received, ElementsAre(browser));
+}
+
+TEST_F(AppDelegateTest, QuickPasteTypes150MillisecondsAfterTheWriteAndLogsOnlyTheKeystroke) {
+    launch();
+    write(defaults, keys::quickPasteEnabled, true);
+    capture("one");
+    capture("two");
+    openInFront("Editor");
+    testing::internal::CaptureStdout();
+    delegate->quickPaste(1);
+    EXPECT_EQ(pasteboard.string(), "one");
+    scheduler.advance(149ms);
+    EXPECT_THAT(keystrokes.asked, IsEmpty());
+    scheduler.advance(1ms);
+    EXPECT_EQ(keystrokes.asked.size(), 1U);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "✅ Pasted via CGEvent\n");
+    EXPECT_THAT(popover.showings, IsEmpty());
+}
+
+TEST_F(AppDelegateTest, QuickPasteWithoutPermissionLeavesTheEntryOnTheClipboardInSilence) {
+    launch();
+    capture("one");
+    capture("two");
+    openInFront("Editor");
+    trust.isGranted = false;
+    testing::internal::CaptureStdout();
+    delegate->quickPaste(1);
+    scheduler.advance(1s);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(pasteboard.string(), "one");
+    EXPECT_THAT(keystrokes.asked, IsEmpty());
+}
+
+TEST_F(AppDelegateTest, QuickPasteHoldsTheDelegateWeakly) {
+    launch();
+    capture("one");
+    capture("two");
+    openInFront("Editor");
+    delegate->quickPaste(1);
+    delegate.reset();
+    scheduler.advance(1s);
+    EXPECT_THAT(keystrokes.asked, IsEmpty());
+}
+
+TEST_F(AppDelegateTest, WithASearchTextTypedQuickPasteTakesTheSecondEntryOfTheFilteredList) {
+    launch();
+    capture("apple pie");
+    capture("pear");
+    capture("apple juice");
+    openInFront("Editor");
+    delegate->clipboardManager->setSearchText(QStringLiteral("apple"));
+    delegate->quickPaste(1);
+    EXPECT_EQ(pasteboard.string(), "apple pie");
+}
+
+} // namespace
+
+} // namespace zamber

@@ -20,6 +20,7 @@ using Kind = JsonValue::Kind;
 
 /// Most histories fit, so that their file is written at one stroke.
 constexpr std::size_t BLOCK_BYTES = std::size_t{4} << 20;
+constexpr qsizetype FIRST_BLOCK_BYTES = qsizetype{1} << 12;
 /// Multiples of three encode without padding.
 constexpr std::size_t ENCODED_AT_ONCE_BYTES = std::size_t{3} << 14;
 constexpr std::size_t ESCAPED_AT_ONCE_BYTES = std::size_t{1} << 12;
@@ -111,12 +112,12 @@ class BlockWriter {
 public:
     explicit BlockWriter(const std::function<bool(std::string_view)>& take)
         : m_take(take)
-        , m_block(BLOCK_BYTES + 1, Qt::Uninitialized) {}
+        , m_block(FIRST_BLOCK_BYTES, Qt::Uninitialized) {}
 
     void put(std::string_view text) {
         while (!text.empty()) {
             makeRoom(1);
-            const auto length = std::min(text.size(), BLOCK_BYTES - m_filled);
+            const auto length = std::min(text.size(), room());
             std::memcpy(m_block.data() + m_filled, text.data(), length);
             m_filled += length;
             text.remove_prefix(length);
@@ -149,11 +150,19 @@ public:
     }
 
 private:
+    /// The Base64 coder writes one byte more than it is asked for.
+    std::size_t room() const { return static_cast<std::size_t>(m_block.size()) - m_filled - 1; }
+
     void makeRoom(std::size_t length) {
-        if (m_filled + length > BLOCK_BYTES) {
-            handOut();
+        while (room() < length) {
+            if (static_cast<std::size_t>(m_block.size()) < BLOCK_BYTES) {
+                m_block.resize(m_block.size() * 2);
+            } else {
+                handOut();
+            }
         }
     }
+
     void handOut() {
         m_goesOn = m_goesOn && m_take(view(m_block).substr(0, m_filled));
         m_filled = 0;

@@ -14,7 +14,6 @@ namespace zamber {
 
 namespace {
 
-constexpr std::string_view REPLACEMENT = "\uFFFD";
 constexpr std::string_view HEX_DIGITS = "0123456789abcdef";
 constexpr std::string_view ESCAPE_NAMES = "bfnrt";
 constexpr std::string_view ESCAPED_CONTROLS = "\b\f\n\r\t";

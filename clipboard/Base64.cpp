@@ -2,94 +2,98 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/Base64.h"
 
+#include "clipboard/ByteBlocks.h"
+
+#include <modp_b64.h>
+
 #include <array>
-#include <cstddef>
-#include <cstdint>
+#include <cstring>
 
 namespace zamber {
 
 namespace {
 
-constexpr std::string_view ALPHABET = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-constexpr std::uint32_t INVALID = 0xFF000000;
+constexpr std::size_t FAILED = static_cast<std::size_t>(-1);
+/// The decoder asks for up to so many bytes more than it fills.
+constexpr std::size_t DECODER_SLACK = 2;
+constexpr std::size_t PIECE_BYTES = std::size_t{1} << 15;
 
-constexpr auto VALUES = [] {
-    std::array<std::uint32_t, 256> values{};
-    values.fill(INVALID);
-    for (std::size_t i = 0; i < ALPHABET.size(); ++i) {
-        values[static_cast<unsigned char>(ALPHABET[i])] = static_cast<std::uint32_t>(i);
+/// Copies what stands before the first backslash, a block at most; how much that was.
+std::size_t plainStart(std::string_view text, char* to) {
+    const auto isBackslash = [](unsigned char byte) { return byte == '\\'; };
+    if (text.size() >= BYTE_BLOCK) {
+        std::memcpy(to, text.data(), BYTE_BLOCK); // more than needed costs less than to know how much is
+        return firstInBlock(text.data(), isBackslash);
     }
-    return values;
-}();
-
-std::uint32_t valueOf(char c) {
-    return VALUES[static_cast<unsigned char>(c)];
+    const auto length = findByte(text, 0, isBackslash);
+    std::memcpy(to, text.data(), length);
+    return length;
 }
 
-char byteOf(std::uint32_t bits, unsigned shift) {
-    return static_cast<char>((bits >> shift) & 0xFFU);
-}
+/// Decodes a text that comes in pieces.
+class Decoder {
+public:
+    explicit Decoder(std::size_t longestText)
+        : m_bytes(static_cast<qsizetype>(longestText / 4 * 3 + DECODER_SLACK), Qt::Uninitialized)
+        , m_to(m_bytes.data()) {}
+
+    bool add(std::string_view text) {
+        const auto length = modp_b64_decode(m_to, text.data(), text.size());
+        m_to += length == FAILED ? 0 : length;
+        return length != FAILED;
+    }
+
+    QByteArray bytes() && {
+        m_bytes.truncate(m_to - m_bytes.constData());
+        return std::move(m_bytes);
+    }
+
+private:
+    QByteArray m_bytes;
+    char* m_to;
+};
 
 } // namespace
 
-void appendBase64(QByteArray& output, const QByteArray& bytes) {
-    const auto oldSize = output.size();
-    output.resize(oldSize + (bytes.size() + 2) / 3 * 4);
-    char* to = output.data() + oldSize;
-    const auto* from = reinterpret_cast<const unsigned char*>(bytes.constData());
-    const auto encode = [&to](std::uint32_t bits, int characters) {
-        for (int i = 0; i < 4; ++i) {
-            *to++ = i < characters ? ALPHABET[(bits >> (18 - 6 * i)) & 0x3FU] : '=';
-        }
-    };
-    auto left = bytes.size();
-    for (; left >= 3; left -= 3, from += 3) {
-        encode(static_cast<std::uint32_t>(from[0] << 16 | from[1] << 8 | from[2]), 4);
-    }
-    if (left == 2) {
-        encode(static_cast<std::uint32_t>(from[0] << 16 | from[1] << 8), 3);
-    } else if (left == 1) {
-        encode(static_cast<std::uint32_t>(from[0] << 16), 2);
-    }
+void encodeBase64(char* output, std::string_view bytes) {
+    modp_b64_encode(output, bytes.data(), bytes.size());
 }
 
 std::optional<QByteArray> fromBase64(std::string_view text) {
-    if (text.size() % 4 != 0) {
-        return std::nullopt;
-    }
-    std::size_t padding = 0;
-    while (padding < 2 && padding < text.size() && text[text.size() - 1 - padding] == '=') {
-        ++padding;
-    }
-    text.remove_suffix(padding);
+    Decoder decoder(text.size());
+    return decoder.add(text) ? std::optional(std::move(decoder).bytes()) : std::nullopt;
+}
 
-    QByteArray bytes(static_cast<qsizetype>(text.size() * 3 / 4), Qt::Uninitialized);
-    char* to = bytes.data();
-    std::uint32_t seen = 0;
-    std::size_t at = 0;
-    for (; at + 4 <= text.size(); at += 4) {
-        const auto a = valueOf(text[at]);
-        const auto b = valueOf(text[at + 1]);
-        const auto c = valueOf(text[at + 2]);
-        const auto d = valueOf(text[at + 3]);
-        seen |= a | b | c | d;
-        const auto bits = a << 18U | b << 12U | c << 6U | d;
-        *to++ = byteOf(bits, 16);
-        *to++ = byteOf(bits, 8);
-        *to++ = byteOf(bits, 0);
+std::optional<QByteArray> fromSlashEscapedBase64(std::string_view text) {
+    Decoder decoder(text.size());
+    std::array<char, PIECE_BYTES + BYTE_BLOCK> piece; // NOLINT(cppcoreguidelines-pro-type-member-init): written first
+    std::size_t filled = 0;
+    const auto decodeFull = [&](bool isLast) {
+        // What does not fill four characters waits for the next piece. Padding is for the end alone.
+        const auto length = isLast ? filled : filled / 4 * 4;
+        const bool isWellPadded = isLast || length == 0 || piece[length - 1] != '=';
+        if (!isWellPadded || !decoder.add({piece.data(), length})) {
+            return false;
+        }
+        std::memmove(piece.data(), piece.data() + length, filled - length);
+        filled -= length;
+        return true;
+    };
+    while (!text.empty()) {
+        if (filled >= PIECE_BYTES && !decodeFull(false)) {
+            return std::nullopt;
+        }
+        const auto plain = plainStart(text, piece.data() + filled);
+        filled += plain;
+        text.remove_prefix(plain);
+        if (text.starts_with('\\')) {
+            text.remove_prefix(1);
+            if (!text.starts_with('/')) {
+                return std::nullopt;
+            }
+        }
     }
-    std::uint32_t bits = 0;
-    for (unsigned shift = 18; at < text.size(); ++at, shift -= 6) {
-        seen |= valueOf(text[at]);
-        bits |= valueOf(text[at]) << shift;
-    }
-    for (unsigned shift = 16; to != bytes.data() + bytes.size(); shift -= 8) {
-        *to++ = byteOf(bits, shift);
-    }
-    if ((seen & INVALID) != 0) {
-        return std::nullopt;
-    }
-    return bytes;
+    return decodeFull(true) ? std::optional(std::move(decoder).bytes()) : std::nullopt;
 }
 
 } // namespace zamber

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/Characters.h"
 
+#include "clipboard/ByteBlocks.h"
 #include "clipboard/CodePoints.h"
 
 #include <unicode/ubrk.h>
 #include <unicode/utext.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace zamber {
@@ -71,39 +73,65 @@ constexpr Range PLAIN_RANGES[] = {
     {0x30A0, 0x30FF}, {0x3400, 0x9FFF}, {0xAC00, 0xD7A3}, {0xFF01, 0xFF9D},
 };
 
+/// A bit for each character of the basic plane.
+constexpr auto PLAIN_BITS = [] {
+    std::array<std::uint64_t, 0x10000 / 64> bits{};
+    for (const auto& range : PLAIN_RANGES) {
+        for (auto c = range.first; c <= range.last; ++c) {
+            bits[c / 64] |= std::uint64_t{1} << (c % 64);
+        }
+    }
+    return bits;
+}();
+
 bool isPlain(char32_t c) {
-    const auto* range = std::ranges::find_if(PLAIN_RANGES, [c](const Range& r) { return c <= r.last; });
-    return range != std::end(PLAIN_RANGES) && c >= range->first;
+    return c < 0x10000 && (PLAIN_BITS[c / 64] >> (c % 64) & 1U) != 0;
 }
 
-/// The end of the character that starts here, when it can be told without ICU, else 0.
-std::size_t plainCharacterEnd(std::string_view text, std::size_t at) {
-    const char32_t first = nextCodePoint(text, at);
-    if (!isPlain(first)) {
-        return 0;
+/// The characters at the start that can be told without ICU.
+CharacterRun plainStart(std::string_view text, std::size_t limit) {
+    CharacterRun run;
+    std::size_t after = 0;
+    char32_t character = text.empty() ? 0 : nextCodePoint(text, after);
+    while (after > run.bytes && run.count < limit && isPlain(character)) {
+        auto end = after;
+        char32_t next = after < text.size() ? nextCodePoint(text, end) : 0;
+        if (character == '\r' && next == '\n' && end > after) {
+            after = end;
+            next = after < text.size() ? nextCodePoint(text, end) : 0;
+        } else if (!isPlain(next)) {
+            break; // it may belong to this one
+        }
+        ++run.count;
+        run.bytes = after;
+        after = end;
+        character = next;
     }
-    if (at == text.size()) {
-        return at;
-    }
-    std::size_t after = at;
-    const char32_t second = nextCodePoint(text, after);
-    if (first == '\r' && second == '\n') {
-        return after;
-    }
-    return isPlain(second) ? at : 0;
+    return run;
 }
 
-bool isAscii(char byte) {
-    return static_cast<unsigned char>(byte) < 0x80U;
-}
-
-/// The ASCII characters at the start, up to the last one that has ASCII behind it.
+/// The ASCII characters at the start, a block at a time, as long as there are more than so many bytes and ASCII
+/// comes behind.
 CharacterRun asciiStart(std::string_view text, std::size_t limit) {
     CharacterRun run;
-    auto& at = run.bytes;
-    while (at + 1 < text.size() && run.count < limit && isAscii(text[at]) && isAscii(text[at + 1])) {
-        at += text[at] == '\r' && text[at + 1] == '\n' ? 2 : 1;
-        ++run.count;
+    while (run.bytes + BYTE_BLOCK < text.size() && limit - run.count >= BYTE_BLOCK) {
+        const auto* bytes = reinterpret_cast<const unsigned char*>(text.data()) + run.bytes;
+        unsigned char seen = 0;
+        unsigned char pairs = 0;
+        for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+            seen |= bytes[i];
+            pairs = static_cast<unsigned char>(pairs + ((bytes[i] == '\r') & (bytes[i + 1] == '\n')));
+        }
+        // A pair that crosses the end is counted with its line feed, in the next block.
+        if (((seen | bytes[BYTE_BLOCK]) & 0x80U) != 0) {
+            break;
+        }
+        run.bytes += BYTE_BLOCK;
+        run.count += BYTE_BLOCK - pairs;
+    }
+    // Not between the two of a pair.
+    if (run.bytes > 0 && text[run.bytes - 1] == '\r' && text[run.bytes] == '\n') {
+        --run.bytes;
     }
     return run;
 }
@@ -123,14 +151,13 @@ CharacterRun countCharacters(std::string_view text, std::size_t limit) {
     CharacterRun run;
     auto& at = run.bytes;
     while (at < text.size() && run.count < limit) {
-        if (const auto ascii = asciiStart(text.substr(at), limit - run.count); ascii.count > 0) {
-            at += ascii.bytes;
-            run.count += ascii.count;
-            continue;
-        }
-        if (const auto end = plainCharacterEnd(text, at)) {
-            at = end;
-            ++run.count;
+        const auto ascii = asciiStart(text.substr(at), limit - run.count);
+        at += ascii.bytes;
+        run.count += ascii.count;
+        const auto plain = plainStart(text.substr(at), limit - run.count);
+        at += plain.bytes;
+        run.count += plain.count;
+        if (ascii.bytes + plain.bytes > 0) {
             continue;
         }
 
@@ -148,7 +175,7 @@ CharacterRun countCharacters(std::string_view text, std::size_t limit) {
             }
             at = start + end;
             ++run.count;
-        } while (at < text.size() && run.count < limit && plainCharacterEnd(text, at) == 0);
+        } while (at < text.size() && run.count < limit && plainStart(text.substr(at), 1).count == 0);
     }
     return run;
 }
@@ -184,15 +211,24 @@ std::string_view trimmed(std::string_view text) {
 }
 
 std::size_t countLines(std::string_view text) {
+    // The bytes that a newline starts with, or something else.
+    const auto mayBeNewline = [](unsigned char byte) {
+        return static_cast<unsigned char>(((byte >= '\n') & (byte <= '\r')) | (byte == 0xC2) | (byte == 0xE2));
+    };
     std::size_t lines = 0;
     bool isBlank = true;
     for (std::size_t at = 0; at < text.size();) {
         const auto c = nextCodePoint(text, at);
         if (isNewline(c)) {
             isBlank = true;
-        } else if (isBlank && !isSpaceOrTab(c)) {
+            continue;
+        }
+        if (isBlank && !isSpaceOrTab(c)) {
             isBlank = false;
             ++lines;
+        }
+        if (!isBlank) {
+            at = findByte(text, at, mayBeNewline);
         }
     }
     return lines;

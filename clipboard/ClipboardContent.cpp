@@ -4,12 +4,14 @@
 
 #include "clipboard/Characters.h"
 #include "clipboard/Images.h"
+#include "clipboard/JsonString.h"
 #include "clipboard/NormalForm.h"
 #include "clipboard/Search.h"
 #include "clipboard/SensitiveContent.h"
 #include "platform/UserDefaults.h"
 #include "settings/keys/PreferenceKeys.h"
 
+#include <algorithm>
 #include <mutex>
 #include <utility>
 
@@ -19,6 +21,8 @@ namespace {
 
 constexpr std::size_t PREVIEW_CHARACTERS = 150;
 constexpr qsizetype MASK_BULLETS = 12;
+/// How much of a content its fingerprint looks at, at either end.
+constexpr std::size_t FINGERPRINT_BYTES = 256;
 
 /// A value that is made when first asked for.
 template <class T>
@@ -37,6 +41,11 @@ private:
 
 std::string_view view(const QByteArray& bytes) {
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+std::uint64_t imageFingerprint(std::string_view bytes) {
+    const auto end = bytes.substr(bytes.size() - std::min(bytes.size(), FINGERPRINT_BYTES));
+    return byteHash(bytes.substr(0, FINGERPRINT_BYTES), byteHash(end, bytes.size()));
 }
 
 QString plainPreview(std::string_view text) {
@@ -61,6 +70,7 @@ struct ClipboardContent::Payload {
     Lazy<bool> isSensitive;
     Lazy<qsizetype> lineCount;
     Lazy<qsizetype> charCount;
+    Lazy<QByteArray> utf8;
     Lazy<QByteArray> searchKey;
     Lazy<QByteArray> turkicSearchKey;
     mutable std::mutex thumbnailMutex;
@@ -68,15 +78,18 @@ struct ClipboardContent::Payload {
     mutable QImage thumbnail;
 };
 
-ClipboardContent::ClipboardContent(std::shared_ptr<const Payload> payload)
-    : m_payload(std::move(payload)) {}
+ClipboardContent::ClipboardContent(std::shared_ptr<const Payload> payload, std::uint64_t fingerprint)
+    : m_payload(std::move(payload))
+    , m_fingerprint(fingerprint) {}
 
 ClipboardContent ClipboardContent::text(QByteArray utf8) {
-    return ClipboardContent(std::make_shared<const Payload>(false, std::move(utf8)));
+    const auto fingerprint = canonicalHash(view(utf8), FINGERPRINT_BYTES);
+    return {std::make_shared<const Payload>(false, std::move(utf8)), fingerprint};
 }
 
 ClipboardContent ClipboardContent::image(QByteArray bytes) {
-    return ClipboardContent(std::make_shared<const Payload>(true, std::move(bytes)));
+    const auto fingerprint = imageFingerprint(view(bytes));
+    return {std::make_shared<const Payload>(true, std::move(bytes)), fingerprint};
 }
 
 QByteArray ClipboardContent::id() const {
@@ -138,19 +151,23 @@ const QByteArray& ClipboardContent::bytes() const {
     return m_payload->bytes;
 }
 
+QByteArray ClipboardContent::utf8() const {
+    return m_payload->utf8.get([this] { return isImage() ? QByteArray() : repairedUtf8(bytes()); });
+}
+
 const QByteArray& ClipboardContent::searchKey(CaseFolding folding) const {
     const auto& key = folding == CaseFolding::Turkic ? m_payload->turkicSearchKey : m_payload->searchKey;
     return key.get([this, folding] { return isImage() ? QByteArray("image") : makeSearchKey(bytes(), folding); });
 }
 
-bool operator==(const ClipboardContent& left, const ClipboardContent& right) {
-    if (left.m_payload == right.m_payload) {
+bool ClipboardContent::hasSameContent(const ClipboardContent& other) const {
+    if (m_payload == other.m_payload) {
         return true;
     }
-    if (left.isImage() != right.isImage()) {
+    if (isImage() != other.isImage()) {
         return false;
     }
-    return left.isImage() ? left.bytes() == right.bytes() : canonicallyEqual(view(left.bytes()), view(right.bytes()));
+    return isImage() ? bytes() == other.bytes() : canonicallyEqual(view(bytes()), view(other.bytes()));
 }
 
 } // namespace zamber

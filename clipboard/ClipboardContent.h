@@ -7,6 +7,7 @@
 #include <QSize>
 #include <QString>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -55,18 +56,26 @@ public:
     std::optional<QByteArray> textValue() const;
     /// The text in UTF-8 or the bytes of the image.
     const QByteArray& bytes() const;
+    /// The text as a file may hold it: with U+FFFD in place of whatever in it is not UTF-8. Empty for an image.
+    QByteArray utf8() const;
 
     /// The text made ready for searching (see Search.h); "image" for an image.
     const QByteArray& searchKey(CaseFolding folding) const;
 
     /// Texts are equal when they are canonically equivalent, images when their bytes are.
-    friend bool operator==(const ClipboardContent& left, const ClipboardContent& right);
+    friend bool operator==(const ClipboardContent& left, const ClipboardContent& right) {
+        return left.m_fingerprint == right.m_fingerprint && left.hasSameContent(right);
+    }
 
 private:
     struct Payload;
-    explicit ClipboardContent(std::shared_ptr<const Payload> payload);
+    ClipboardContent(std::shared_ptr<const Payload> payload, std::uint64_t fingerprint);
+
+    bool hasSameContent(const ClipboardContent& other) const;
 
     std::shared_ptr<const Payload> m_payload;
+    /// Equal for equal contents, and at hand without going to the payload: most contents differ here already.
+    std::uint64_t m_fingerprint;
 };
 
 } // namespace zamber

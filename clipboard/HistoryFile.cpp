@@ -2,16 +2,20 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/HistoryFile.h"
 
+#include "clipboard/HistoryJson.h"
+
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <string_view>
 #include <utility>
 
 namespace zamber {
@@ -22,7 +26,7 @@ constexpr auto FILE_NAME = "clipboard_history.json";
 constexpr auto FOLDER_NAME = "Zamber";
 constexpr mode_t FILE_MODE = 0600;
 constexpr mode_t FOLDER_MODE = 0700;
-constexpr std::size_t READ_STEP_BYTES = std::size_t{1} << 20;
+constexpr qint64 ZEROS_AT_ONCE_BYTES = qint64{1} << 20;
 
 /// A regular file, open; anything else that has its name (a pipe, a folder, a device) is refused without waiting for
 /// it.
@@ -43,46 +47,70 @@ public:
     RegularFile& operator=(const RegularFile&) = delete;
 
     bool isUsable() const { return m_isUsable; }
-    qsizetype size() const { return m_size; }
 
-    std::optional<QByteArray> readAll() const {
-        QByteArray bytes;
-        bytes.reserve(m_size + 1);
-        while (true) {
-            const auto length = bytes.size();
-            bytes.resize(std::max<qsizetype>(bytes.capacity(), length + READ_STEP_BYTES));
-            const auto count = ::read(m_descriptor, bytes.data() + length, bytes.size() - length);
-            bytes.resize(length + std::max<ssize_t>(count, 0));
-            if (count == 0) {
-                return bytes;
-            }
-            if (count < 0 && errno != EINTR) {
-                return std::nullopt;
-            }
-        }
+    /// 0 at the end, and where reading fails.
+    std::size_t read(char* to, std::size_t size) const {
+        ssize_t count = 0;
+        do {
+            count = ::read(m_descriptor, to, size);
+        } while (count < 0 && errno == EINTR);
+        return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
     }
 
-    bool writeAt(qsizetype offset, const char* bytes, qsizetype length) const {
-        while (length > 0) {
-            const auto count = ::pwrite(m_descriptor, bytes, static_cast<std::size_t>(length), offset);
-            if (count < 0 && errno != EINTR) {
+    /// Sees to it that writing as far as `newSize` will not fail for want of space. Changes neither bytes nor size,
+    /// unless the file system has no other way than to write.
+    bool reserve(qint64 newSize) const {
+        struct rlimit limit{};
+        if (::getrlimit(RLIMIT_FSIZE, &limit) == 0 && static_cast<rlim_t>(newSize) > limit.rlim_cur) {
+            return false;
+        }
+        if (newSize <= m_size || preallocate(newSize)) {
+            return true;
+        }
+        if (errno != EOPNOTSUPP && errno != ENOSYS && errno != EINVAL) {
+            setSize(m_size); // lets go of what part of it there was
+            return false;
+        }
+        const QByteArray zeros(std::min<qint64>(newSize - m_size, ZEROS_AT_ONCE_BYTES), '\0');
+        for (auto end = m_size; end < newSize; end += zeros.size()) {
+            const auto length = static_cast<std::size_t>(std::min<qint64>(newSize - end, zeros.size()));
+            if (!writeAt(end, {zeros.constData(), length})) {
+                setSize(m_size);
                 return false;
             }
-            const auto written = std::max<ssize_t>(count, 0);
-            bytes += written;
-            offset += written;
-            length -= written;
         }
         return true;
     }
 
-    void setSize(qsizetype size) const { std::ignore = ::ftruncate(m_descriptor, size); }
+    bool writeAt(qint64 offset, std::string_view bytes) const {
+        while (!bytes.empty()) {
+            const auto count = ::pwrite(m_descriptor, bytes.data(), bytes.size(), offset);
+            if (count < 0 && errno != EINTR) {
+                return false;
+            }
+            const auto written = std::max<ssize_t>(count, 0);
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+            offset += written;
+        }
+        return true;
+    }
+
+    void setSize(qint64 size) const { std::ignore = ::ftruncate(m_descriptor, size); }
     void setPrivate() const { ::fchmod(m_descriptor, FILE_MODE); }
 
 private:
+    bool preallocate(qint64 newSize) const {
+#ifdef FALLOC_FL_KEEP_SIZE
+        return ::fallocate(m_descriptor, FALLOC_FL_KEEP_SIZE, 0, newSize) == 0;
+#else
+        errno = newSize > 0 ? ENOSYS : 0;
+        return false;
+#endif
+    }
+
     int m_descriptor;
     bool m_isUsable = false;
-    qsizetype m_size = 0;
+    qint64 m_size = 0;
 };
 
 } // namespace
@@ -108,14 +136,17 @@ void HistoryFile::createFolder() const {
 
 std::optional<QList<ClipboardItem>> HistoryFile::read() const {
     createFolder();
+    // Not mapped into memory: should somebody else shorten the file meanwhile, that would be the end of us.
     const RegularFile file(m_path, O_RDONLY);
-    const auto bytes = file.isUsable() ? file.readAll() : std::nullopt;
-    return bytes ? historyFromJson({bytes->constData(), static_cast<std::size_t>(bytes->size())}) : std::nullopt;
+    if (!file.isUsable()) {
+        return std::nullopt;
+    }
+    return readHistoryJson(JsonScanner([&](char* to, std::size_t size) { return file.read(to, size); }));
 }
 
 void HistoryFile::write(const QList<ClipboardItem>& items) const {
-    const auto json = historyToJson(items);
-    if (!json) {
+    const auto size = historyJsonSize(items);
+    if (!size) {
         return;
     }
     createFolder();
@@ -124,14 +155,16 @@ void HistoryFile::write(const QList<ClipboardItem>& items) const {
         return;
     }
     file.setPrivate();
-    // What reaches beyond the old end comes first: on a full disk that fails, and the old history is still whole.
-    const auto oldSize = std::min(file.size(), json->size());
-    if (!file.writeAt(oldSize, json->constData() + oldSize, json->size() - oldSize)) {
-        file.setSize(file.size());
+    if (!file.reserve(*size)) {
         return;
     }
-    if (file.writeAt(0, json->constData(), oldSize)) {
-        file.setSize(json->size());
+    qint64 offset = 0;
+    const bool isWhole = writeHistoryJson(items, [&](std::string_view block) {
+        const auto start = std::exchange(offset, offset + static_cast<qint64>(block.size()));
+        return file.writeAt(start, block);
+    });
+    if (isWhole) {
+        file.setSize(*size);
     }
 }
 

@@ -4,12 +4,10 @@
 
 #include "clipboard/ClipboardItem.h"
 
-#include <QByteArray>
 #include <QList>
 
 #include <filesystem>
 #include <optional>
-#include <string_view>
 
 namespace zamber {
 
@@ -33,7 +31,7 @@ public:
     std::optional<QList<ClipboardItem>> read() const;
 
     /// Writes the file in place, readable for its owner alone. Failures are ignored; where there is no space for a
-    /// longer history, the file stays as it was.
+    /// longer history, the file stays as it was. Who is killed while writing leaves a file that is not JSON.
     void write(const QList<ClipboardItem>& items) const;
 
 private:
@@ -41,11 +39,5 @@ private:
 
     std::filesystem::path m_path;
 };
-
-/// What `HistoryFile::read` finds in the text of a file.
-std::optional<QList<ClipboardItem>> historyFromJson(std::string_view json);
-
-/// The text of the file, or nothing when an entry has no time (not a number, infinite), which JSON cannot say.
-std::optional<QByteArray> historyToJson(const QList<ClipboardItem>& items);
 
 } // namespace zamber

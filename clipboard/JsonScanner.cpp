@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/JsonScanner.h"
 
-#include "clipboard/CodePoints.h"
+#include "clipboard/ByteBlocks.h"
 
+#include <algorithm>
 #include <charconv>
+#include <utility>
 #include <vector>
 
 namespace zamber {
@@ -13,58 +15,94 @@ namespace {
 
 constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 constexpr std::size_t DEEPEST_NESTING = 512;
+/// Small enough to be still in the processor's cache when it is looked at.
+constexpr std::size_t READ_STEP_BYTES = std::size_t{1} << 18;
+constexpr std::size_t BYTES_OF_HEX_ESCAPE = 6;
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-bool isUtf8(std::string_view text, std::size_t& at) {
-    const auto start = at;
-    return nextCodePoint(text, at) != 0xFFFD || text.substr(start, at - start) == "\uFFFD";
+/// Nothing that ends a string, starts an escape or must not stand in one.
+bool isSpecial(unsigned char byte) {
+    return (byte < 0x20) | (byte == '"') | (byte == '\\');
 }
 
-/// How many bytes from there on stand for themselves in a string.
-std::size_t plainLength(std::string_view text, std::size_t from) {
-    const auto isPlain = [](char c) {
-        const auto byte = static_cast<unsigned char>(c);
-        return byte >= 0x20 && byte < 0x80 && byte != '"' && byte != '\\';
-    };
-    auto at = from;
-    while (at < text.size() && isPlain(text[at])) {
-        ++at;
-    }
-    return at - from;
-}
-
-/// The four hexadecimal digits of an escape, or nothing.
-std::optional<char32_t> hexUnit(std::string_view digits) {
-    unsigned unit = 0;
-    const auto* end = digits.data() + digits.size();
-    const auto [parsedEnd, error] = std::from_chars(digits.data(), end, unit, 16);
-    if (digits.size() != 4 || error != std::errc{} || parsedEnd != end) {
-        return std::nullopt;
-    }
-    return unit;
+bool isUtf8(std::string_view text) {
+    return asciiLength(text) == text.size() ||
+           QByteArrayView(text.data(), static_cast<qsizetype>(text.size())).isValidUtf8();
 }
 
 } // namespace
 
+JsonScanner::JsonScanner(Read read)
+    : m_read(std::move(read)) {
+    skipWord(BYTE_ORDER_MARK);
+}
+
 JsonScanner::JsonScanner(std::string_view text)
     : m_text(text) {
-    if (m_text.starts_with(BYTE_ORDER_MARK)) {
-        m_at = BYTE_ORDER_MARK.size();
+    skipWord(BYTE_ORDER_MARK);
+}
+
+std::string_view JsonScanner::raw(const JsonValue& value) const {
+    return m_text.substr(value.start - m_textStart, value.length);
+}
+
+void JsonScanner::letGo() {
+    m_needed = m_at;
+}
+
+/// Is there a byte to look at? Reads on where need be.
+bool JsonScanner::hasMore() {
+    if (m_at < m_text.size()) {
+        return true;
     }
+    if (!m_read) {
+        return false;
+    }
+    // What is let go makes room; a value that is larger than the buffer makes it grow.
+    const auto kept = m_text.size() - m_needed;
+    if (m_needed > 0) {
+        std::copy(m_text.begin() + m_needed, m_text.end(), m_buffer.data());
+        m_textStart += m_needed;
+        m_at -= m_needed;
+        m_needed = 0;
+    }
+    if (kept + READ_STEP_BYTES > static_cast<std::size_t>(m_buffer.size())) {
+        m_buffer.resize(static_cast<qsizetype>(std::max(kept + READ_STEP_BYTES, kept + kept / 2)));
+    }
+    const auto count = m_read(m_buffer.data() + kept, READ_STEP_BYTES);
+    m_text = {m_buffer.constData(), kept + count};
+    return m_at < m_text.size();
+}
+
+bool JsonScanner::comesNext(std::string_view characters) {
+    return hasMore() && characters.find(m_text[m_at]) != std::string_view::npos;
+}
+
+/// Skips the word when it comes next, and nothing when it does not.
+bool JsonScanner::skipWord(std::string_view word) {
+    const auto start = m_textStart + m_at;
+    for (const char c : word) {
+        if (!hasMore() || m_text[m_at] != c) {
+            m_at = start - m_textStart;
+            return false;
+        }
+        ++m_at;
+    }
+    return true;
 }
 
 void JsonScanner::skipBlanks() {
-    while (m_at < m_text.size() && std::string_view(" \t\n\r").find(m_text[m_at]) != std::string_view::npos) {
+    while (comesNext(" \t\n\r")) {
         ++m_at;
     }
 }
 
 bool JsonScanner::take(char expected) {
     skipBlanks();
-    if (m_at == m_text.size() || m_text[m_at] != expected) {
+    if (!hasMore() || m_text[m_at] != expected) {
         return false;
     }
     ++m_at;
@@ -73,17 +111,22 @@ bool JsonScanner::take(char expected) {
 
 bool JsonScanner::atEnd() {
     skipBlanks();
-    return m_at == m_text.size();
+    return !hasMore();
 }
 
 std::optional<JsonValue> JsonScanner::value() {
     using Kind = JsonValue::Kind;
     skipBlanks();
-    const auto start = m_at;
+    const auto start = m_textStart + m_at;
+    auto kind = Kind::Null;
     std::vector<char> closers;
     while (true) {
-        if (closers.size() < DEEPEST_NESTING && (take('{') || take('['))) {
-            closers.push_back(m_text[m_at - 1] == '{' ? '}' : ']');
+        bool isFirst = false;
+        if (closers.size() < DEEPEST_NESTING && comesNext("{[")) {
+            const bool isObject = m_text[m_at++] == '{';
+            kind = closers.empty() ? (isObject ? Kind::Object : Kind::Array) : kind;
+            closers.push_back(isObject ? '}' : ']');
+            isFirst = true;
         } else if (const auto leaf = scalar()) {
             if (closers.empty()) {
                 return leaf;
@@ -92,13 +135,11 @@ std::optional<JsonValue> JsonScanner::value() {
             return std::nullopt;
         }
         // Behind an opening bracket or a member: up to where the next member's value starts.
-        bool isFirst = m_text[m_at - 1] == '{' || m_text[m_at - 1] == '[';
         while (take(closers.back())) {
             closers.pop_back();
             isFirst = false;
             if (closers.empty()) {
-                const auto kind = m_text[start] == '{' ? Kind::Object : Kind::Array;
-                return JsonValue{kind, m_text.substr(start, m_at - start)};
+                return JsonValue{kind, start, m_textStart + m_at - start};
             }
         }
         if (!isFirst && !take(',')) {
@@ -107,50 +148,45 @@ std::optional<JsonValue> JsonScanner::value() {
         if (closers.back() == '}' && !(take('"') && skipString() && take(':'))) {
             return std::nullopt;
         }
+        skipBlanks();
     }
 }
 
 std::optional<JsonValue> JsonScanner::scalar() {
     using Kind = JsonValue::Kind;
-    if (take('"')) {
-        const auto start = m_at;
-        if (!skipString()) {
-            return std::nullopt;
-        }
-        return JsonValue{Kind::String, m_text.substr(start, m_at - 1 - start)};
+    const auto start = m_textStart + m_at;
+    const auto valueOf = [&](Kind kind) { return JsonValue{kind, start, m_textStart + m_at - start}; };
+    if (comesNext("\"")) {
+        ++m_at;
+        return skipString() ? std::optional(JsonValue{Kind::String, start + 1, m_textStart + m_at - start - 2})
+                            : std::nullopt;
     }
-    const auto start = m_at;
-    const auto rest = m_text.substr(m_at);
-    if (rest.starts_with("null") || rest.starts_with("true")) {
-        m_at += 4;
-        return JsonValue{rest[0] == 'n' ? Kind::Null : Kind::True, m_text.substr(start, 4)};
+    if (skipWord("null")) {
+        return valueOf(Kind::Null);
     }
-    if (rest.starts_with("false")) {
-        m_at += 5;
-        return JsonValue{Kind::False, m_text.substr(start, 5)};
+    if (skipWord("true")) {
+        return valueOf(Kind::True);
     }
-    if (!skipNumber()) {
-        return std::nullopt;
+    if (skipWord("false")) {
+        return valueOf(Kind::False);
     }
-    return JsonValue{Kind::Number, m_text.substr(start, m_at - start)};
+    return skipNumber() ? std::optional(valueOf(Kind::Number)) : std::nullopt;
 }
 
+/// Behind the opening quote; up to behind the closing one.
 bool JsonScanner::skipString() {
-    while ((m_at += plainLength(m_text, m_at)) < m_text.size()) {
-        const auto byte = static_cast<unsigned char>(m_text[m_at]);
-        if (byte == '"') {
-            ++m_at;
-            return true;
+    const auto start = m_textStart + m_at;
+    while (hasMore()) {
+        m_at = findByte(m_text, m_at, isSpecial);
+        if (m_at == m_text.size()) {
+            continue;
         }
-        if (byte == '\\') {
-            if (!skipEscape()) {
-                return false;
-            }
-        } else if (byte >= 0x80) {
-            if (!isUtf8(m_text, m_at)) {
-                return false;
-            }
-        } else {
+        if (m_text[m_at] == '"') {
+            const auto length = m_textStart + m_at - start;
+            ++m_at;
+            return isUtf8(raw({JsonValue::Kind::String, start, length}));
+        }
+        if (m_text[m_at] != '\\' || !skipEscape()) {
             return false;
         }
     }
@@ -158,30 +194,37 @@ bool JsonScanner::skipString() {
 }
 
 bool JsonScanner::skipEscape() {
-    const auto escape = m_text.substr(m_at, 6);
-    if (escape.size() < 2) {
-        return false;
+    ++m_at;
+    if (m_at < m_text.size() && m_text[m_at] == '/') { // the one that images are full of
+        ++m_at;
+        return true;
     }
-    if (escape[1] == 'u') {
-        m_at += 6;
-        return hexUnit(escape.substr(2)).has_value();
+    if (!comesNext("u")) {
+        const bool isKnown = comesNext("\"\\/bfnrt");
+        m_at += isKnown ? 1 : 0;
+        return isKnown;
     }
-    m_at += 2;
-    return std::string_view("\"\\/bfnrt").find(escape[1]) != std::string_view::npos;
+    for (std::size_t i = 2; i < BYTES_OF_HEX_ESCAPE; ++i) {
+        ++m_at;
+        if (!comesNext("0123456789abcdefABCDEF")) {
+            return false;
+        }
+    }
+    ++m_at;
+    return true;
 }
 
 bool JsonScanner::skipDigits() {
-    const auto start = m_at;
-    while (m_at < m_text.size() && isDigit(m_text[m_at])) {
+    if (!comesNext("0123456789")) {
+        return false;
+    }
+    while (hasMore() && isDigit(m_text[m_at])) {
         ++m_at;
     }
-    return m_at > start;
+    return true;
 }
 
 bool JsonScanner::skipNumber() {
-    const auto comesNext = [this](std::string_view characters) {
-        return m_at < m_text.size() && characters.find(m_text[m_at]) != std::string_view::npos;
-    };
     m_at += comesNext("-") ? 1 : 0;
     if (comesNext("0")) {
         ++m_at;
@@ -202,40 +245,6 @@ bool JsonScanner::skipNumber() {
     return true;
 }
 
-QByteArray jsonText(std::string_view rawString) {
-    QByteArray text;
-    text.reserve(static_cast<qsizetype>(rawString.size()));
-    while (!rawString.empty()) {
-        const auto plain = rawString.substr(0, rawString.find('\\'));
-        text.append(plain.data(), static_cast<qsizetype>(plain.size()));
-        rawString.remove_prefix(plain.size());
-        if (rawString.empty()) {
-            break;
-        }
-        const char escape = rawString[1];
-        if (escape != 'u') {
-            constexpr std::string_view NAMES = "bfnrt";
-            constexpr std::string_view CONTROLS = "\b\f\n\r\t";
-            const auto index = NAMES.find(escape);
-            text.append(index == std::string_view::npos ? escape : CONTROLS[index]);
-            rawString.remove_prefix(2);
-            continue;
-        }
-        char32_t codePoint = hexUnit(rawString.substr(2, 4)).value_or(0xFFFD);
-        rawString.remove_prefix(6);
-        if (codePoint >= 0xD800 && codePoint <= 0xDBFF && rawString.starts_with("\\u")) {
-            const char32_t low = hexUnit(rawString.substr(2, 4)).value_or(0);
-            if (low >= 0xDC00 && low <= 0xDFFF) {
-                codePoint = 0x10000 + ((codePoint - 0xD800) << 10U) + (low - 0xDC00);
-                rawString.remove_prefix(6);
-            }
-        }
-        const bool isSurrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-        appendCodePoint(text, isSurrogate ? 0xFFFD : codePoint);
-    }
-    return text;
-}
-
 std::optional<double> jsonNumber(std::string_view rawNumber) {
     double number = 0;
     const auto* end = rawNumber.data() + rawNumber.size();
@@ -244,37 +253,6 @@ std::optional<double> jsonNumber(std::string_view rawNumber) {
         return std::nullopt;
     }
     return number;
-}
-
-void appendJsonString(QByteArray& output, std::string_view text) {
-    output.append('"');
-    std::size_t written = 0;
-    const auto flush = [&](std::size_t upTo) {
-        output.append(text.data() + written, static_cast<qsizetype>(upTo - written));
-    };
-    for (std::size_t at = 0; (at += plainLength(text, at)) < text.size();) {
-        const auto start = at;
-        const auto byte = static_cast<unsigned char>(text[at]);
-        if (byte >= 0x80) {
-            if (isUtf8(text, at)) {
-                continue;
-            }
-            flush(start);
-            output.append("\uFFFD");
-        } else {
-            ++at;
-            flush(start);
-            if (byte >= 0x20) {
-                output.append('\\').append(static_cast<char>(byte));
-            } else {
-                constexpr std::string_view HEX = "0123456789abcdef";
-                output.append("\\u00").append(HEX[byte >> 4U]).append(HEX[byte & 0xFU]);
-            }
-        }
-        written = at;
-    }
-    flush(text.size());
-    output.append('"');
 }
 
 } // namespace zamber

@@ -5,24 +5,32 @@
 #include <QByteArray>
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string_view>
 
 namespace zamber {
 
-/// One value of a JSON text, in place.
+/// One value of a JSON text, by its place.
 struct JsonValue {
     enum class Kind { Null, False, True, Number, String, Object, Array };
 
     Kind kind;
-    /// As it stands in the text; a string without its quotes.
-    std::string_view raw;
+    /// Byte offset from the start of the text; of a string, behind its opening quote.
+    std::size_t start;
+    /// In bytes; of a string, without its quotes.
+    std::size_t length;
 };
 
-/// Reads a JSON text (RFC 8259, UTF-8, a byte order mark tolerated) from front to back without copying it. Every
-/// value that it gives out is well formed.
+/// Reads a JSON text (RFC 8259, UTF-8, a byte order mark tolerated) from front to back, and of it no more at a time
+/// than what has not been let go. Every value that it gives out is well formed.
 class JsonScanner {
 public:
+    /// Fills up to `size` bytes and tells how many; 0 at the end of the text.
+    using Read = std::function<std::size_t(char* to, std::size_t size)>;
+
+    explicit JsonScanner(Read read);
+    /// The text must outlive the scanner.
     explicit JsonScanner(std::string_view text);
 
     /// Skips white space, and the character when it comes next. Was it there?
@@ -32,7 +40,15 @@ public:
     /// Does nothing but white space follow?
     bool atEnd();
 
+    /// A value as it stands in the text. Valid until the scanner goes on.
+    std::string_view raw(const JsonValue& value) const;
+    /// The values so far are not needed any more.
+    void letGo();
+
 private:
+    bool hasMore();
+    bool comesNext(std::string_view characters);
+    bool skipWord(std::string_view word);
     void skipBlanks();
     std::optional<JsonValue> scalar();
     bool skipString();
@@ -40,17 +56,16 @@ private:
     bool skipDigits();
     bool skipNumber();
 
+    Read m_read;
+    QByteArray m_buffer;
+    /// What is at hand of the text, which starts at this offset of it.
     std::string_view m_text;
+    std::size_t m_textStart = 0;
     std::size_t m_at = 0;
+    std::size_t m_needed = 0;
 };
-
-/// The characters (UTF-8) that the string stands for. Half a surrogate pair becomes U+FFFD.
-QByteArray jsonText(std::string_view rawString);
 
 /// The value of a number as the nearest double, or nothing when it is too large or too small for one.
 std::optional<double> jsonNumber(std::string_view rawNumber);
-
-/// Appends the text (UTF-8) as a JSON string, quotes included. What is not UTF-8 becomes U+FFFD.
-void appendJsonString(QByteArray& output, std::string_view text);
 
 } // namespace zamber

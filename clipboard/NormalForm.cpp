@@ -2,11 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/NormalForm.h"
 
+#include "clipboard/ByteBlocks.h"
 #include "clipboard/CodePoints.h"
+
+#include <QHash>
 
 #include <unicode/normalizer2.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace zamber {
@@ -15,13 +19,11 @@ namespace {
 
 /// Below this many bytes of ASCII, handing them to ICU with their neighbours costs less than a piece of their own.
 constexpr std::size_t SHORTEST_ASCII_PIECE = 64;
-constexpr std::size_t USUAL_PIECE = 1024;
+constexpr std::size_t USUAL_PIECE = 256;
+constexpr std::size_t COMPARED_AT_ONCE_BYTES = 1024;
 /// ICU sorts a run of combining marks in the square of its length.
 constexpr std::size_t LONGEST_PIECE = 2048;
-constexpr std::size_t LONGEST_ASCII_PIECE = std::size_t{1} << 20;
-
-constexpr std::uint64_t FNV_OFFSET = 14695981039346656037U;
-constexpr std::uint64_t FNV_PRIME = 1099511628211U;
+constexpr std::size_t LONGEST_ASCII_PIECE = std::size_t{1} << 12;
 
 const icu::Normalizer2* normalizer() {
     static const icu::Normalizer2* const nfd = [] {
@@ -33,20 +35,6 @@ const icu::Normalizer2* normalizer() {
 
 bool startsAnew(char32_t c) {
     return c < 0x80 || normalizer() == nullptr || normalizer()->hasBoundaryBefore(static_cast<UChar32>(c)) != 0;
-}
-
-std::size_t asciiLength(std::string_view text) {
-    std::size_t at = 0;
-    for (std::uint64_t word = 0; at + sizeof word <= text.size(); at += sizeof word) {
-        std::memcpy(&word, text.data() + at, sizeof word);
-        if ((word & 0x8080808080808080U) != 0) {
-            break;
-        }
-    }
-    while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80U) {
-        ++at;
-    }
-    return at;
 }
 
 /// The decomposition of a text, a piece at a time, in UTF-8.
@@ -73,8 +61,9 @@ private:
 std::size_t commonStart(std::string_view left, std::string_view right) {
     const auto length = std::min(left.size(), right.size());
     std::size_t at = 0;
-    while (at + USUAL_PIECE <= length && std::memcmp(left.data() + at, right.data() + at, USUAL_PIECE) == 0) {
-        at += USUAL_PIECE;
+    while (at + COMPARED_AT_ONCE_BYTES <= length &&
+           std::memcmp(left.data() + at, right.data() + at, COMPARED_AT_ONCE_BYTES) == 0) {
+        at += COMPARED_AT_ONCE_BYTES;
     }
     while (at < length && left[at] == right[at]) {
         ++at;
@@ -82,11 +71,34 @@ std::size_t commonStart(std::string_view left, std::string_view right) {
     return at;
 }
 
-void addToHash(std::uint64_t& hash, std::string_view bytes) {
-    for (const char byte : bytes) {
-        hash = (hash ^ static_cast<unsigned char>(byte)) * FNV_PRIME;
+/// Hashes bytes that come in pieces, the same whatever the pieces.
+class PieceHash {
+public:
+    void add(std::string_view bytes) {
+        while (!bytes.empty()) {
+            if (m_filled == 0 && bytes.size() >= m_block.size()) {
+                m_hash = byteHash(bytes.substr(0, m_block.size()), m_hash);
+                bytes.remove_prefix(m_block.size());
+                continue;
+            }
+            const auto length = std::min(bytes.size(), m_block.size() - m_filled);
+            std::memcpy(m_block.data() + m_filled, bytes.data(), length);
+            m_filled += length;
+            bytes.remove_prefix(length);
+            if (m_filled == m_block.size()) {
+                m_hash = byteHash({m_block.data(), m_filled}, m_hash);
+                m_filled = 0;
+            }
+        }
     }
-}
+
+    std::uint64_t finish() const { return byteHash({m_block.data(), m_filled}, m_hash); }
+
+private:
+    std::array<char, 1024> m_block; // NOLINT(cppcoreguidelines-pro-type-member-init): written before read
+    std::size_t m_filled = 0;
+    std::uint64_t m_hash = 0;
+};
 
 } // namespace
 
@@ -148,19 +160,19 @@ bool canonicallyEqual(std::string_view left, std::string_view right) {
     }
 }
 
-std::uint64_t canonicalHash(std::string_view text) {
-    std::uint64_t hash = FNV_OFFSET;
+std::uint64_t canonicalHash(std::string_view text, std::size_t limit) {
+    PieceHash hash;
     DecomposedPieces pieces(text);
-    for (auto piece = pieces.next(); !piece.empty(); piece = pieces.next()) {
-        addToHash(hash, piece);
+    for (auto piece = pieces.next(); !piece.empty() && limit > 0; piece = pieces.next()) {
+        const auto seen = piece.substr(0, limit);
+        hash.add(seen);
+        limit -= seen.size();
     }
-    return hash;
+    return hash.finish();
 }
 
-std::uint64_t byteHash(std::string_view bytes) {
-    std::uint64_t hash = FNV_OFFSET;
-    addToHash(hash, bytes);
-    return hash;
+std::uint64_t byteHash(std::string_view bytes, std::uint64_t seed) {
+    return qHashBits(bytes.data(), bytes.size(), QHashSeed::globalSeed() ^ seed);
 }
 
 } // namespace zamber

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -34,10 +35,11 @@ icu::UnicodeString decomposed(const icu::UnicodeString& piece);
 /// Are the two texts canonically equivalent? Looks no further than their first difference.
 bool canonicallyEqual(std::string_view left, std::string_view right);
 
-/// Equal for canonically equivalent texts.
-std::uint64_t canonicalHash(std::string_view text);
+/// Equal for canonically equivalent texts. Looks at so many bytes of the decomposed text at most. Not the same in the
+/// next run.
+std::uint64_t canonicalHash(std::string_view text, std::size_t limit = std::numeric_limits<std::size_t>::max());
 
-/// A hash of bytes as they are.
-std::uint64_t byteHash(std::string_view bytes);
+/// A hash of bytes as they are, going on from another one. Not the same in the next run.
+std::uint64_t byteHash(std::string_view bytes, std::uint64_t seed = 0);
 
 } // namespace zamber

@@ -2,16 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/Search.h"
 
+#include "clipboard/ByteBlocks.h"
 #include "clipboard/Characters.h"
 #include "clipboard/CodePoints.h"
+#include "clipboard/FoldedCharacters.h"
 #include "clipboard/NormalForm.h"
 
 #include <QLocale>
 
-#include <string.h> // NOLINT(modernize-deprecated-headers): memmem is POSIX's, not the language's
 #include <unicode/uchar.h>
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 
 namespace zamber {
 
@@ -47,22 +50,142 @@ icu::UnicodeString withTurkicI(const icu::UnicodeString& text) {
     return result;
 }
 
-void appendFolded(QByteArray& key, std::string_view piece, CaseFolding folding) {
-    const auto needsIcu =
-        !NormalPieces::isAscii(piece) || (folding == CaseFolding::Turkic && piece.find('I') != std::string_view::npos);
-    if (!needsIcu) {
-        const auto start = key.size();
-        key.append(piece.data(), static_cast<qsizetype>(piece.size()));
-        std::transform(key.begin() + start, key.end(), key.begin() + start,
-                       [](char c) { return isUpperCaseAscii(c) ? static_cast<char>(c + ('a' - 'A')) : c; });
-        return;
+/// Folds by ICU what hangs together.
+void appendFoldedByIcu(QByteArray& key, std::string_view text, CaseFolding folding) {
+    NormalPieces pieces(text);
+    for (auto piece = pieces.next(); !piece.empty(); piece = pieces.next()) {
+        auto apart = decomposed(icu::UnicodeString::fromUTF8(piece));
+        if (folding == CaseFolding::Turkic) {
+            apart = withTurkicI(apart);
+        }
+        apart.foldCase();
+        decomposed(apart).toUTF8String(key);
     }
-    auto text = decomposed(icu::UnicodeString::fromUTF8(piece));
-    if (folding == CaseFolding::Turkic) {
-        text = withTurkicI(text);
+}
+
+void appendLowerCaseAscii(QByteArray& key, std::string_view text) {
+    const auto start = key.size();
+    key.resize(start + static_cast<qsizetype>(text.size()));
+    char* to = key.data() + start;
+    const auto lowerCased = [](char c) { return static_cast<char>(c + (isUpperCaseAscii(c) ? 'a' - 'A' : 0)); };
+    std::size_t at = 0;
+    for (; at + BYTE_BLOCK <= text.size(); at += BYTE_BLOCK) {
+        for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+            to[at + i] = lowerCased(text[at + i]);
+        }
     }
-    text.foldCase();
-    decomposed(text).toUTF8String(key);
+    for (; at < text.size(); ++at) {
+        to[at] = lowerCased(text[at]);
+    }
+}
+
+/// How much ASCII the text starts with that needs nothing but lower case.
+std::size_t fastAsciiLength(std::string_view text, CaseFolding folding) {
+    const unsigned char entangled = folding == CaseFolding::Turkic ? 'I' : 0x80;
+    return findByte(text, 0, [entangled](unsigned char byte) {
+        return static_cast<unsigned char>((byte >= 0x80) | (byte == entangled));
+    });
+}
+
+bool isFastAsciiNext(std::string_view text, CaseFolding folding) {
+    return fastAsciiLength(text.substr(0, BYTE_BLOCK), folding) == BYTE_BLOCK;
+}
+
+/// The end of the plain characters from there on, which are appended folded, and where the last of them starts in the
+/// text and in the key. Ends before ASCII that goes faster, too.
+struct PlainRun {
+    std::size_t end;
+    std::size_t lastStart;
+    qsizetype keyOfLast;
+};
+PlainRun appendPlain(QByteArray& key, std::string_view text, std::size_t at, CaseFolding folding) {
+    auto& characters = FoldedCharacters::of(folding);
+    PlainRun run{at, at, key.size()};
+    // In blocks: growing the key for each character takes longer than folding it.
+    std::array<char, 1024> block; // NOLINT(cppcoreguidelines-pro-type-member-init): written before read
+    std::size_t filled = 0;
+    while (run.end < text.size()) {
+        if (text[run.end] == ' ' && isFastAsciiNext(text.substr(run.end), folding)) {
+            break;
+        }
+        auto after = run.end;
+        const auto folded = characters.plain(nextCodePoint(text, after));
+        if (folded.empty()) {
+            break;
+        }
+        if (filled + folded.size() > block.size()) {
+            key.append(block.data(), static_cast<qsizetype>(filled));
+            filled = 0;
+        }
+        run.lastStart = run.end;
+        run.keyOfLast = key.size() + static_cast<qsizetype>(filled);
+        folded.copy(block.data() + filled, folded.size());
+        filled += folded.size();
+        run.end = after;
+    }
+    key.append(block.data(), static_cast<qsizetype>(filled));
+    return run;
+}
+
+/// The end of what has to be folded together from a character on that is not plain.
+std::size_t endOfEntangled(std::string_view text, std::size_t at, FoldedCharacters& characters) {
+    while (at < text.size()) {
+        auto after = at;
+        if (!characters.plain(nextCodePoint(text, after)).empty()) {
+            break;
+        }
+        at = after;
+    }
+    return at;
+}
+
+/// How seldom bytes are in texts, roughly: the higher the rarer.
+int rarity(char c) {
+    constexpr std::string_view COMMON = " etaoinsrhldcumfpgwybv,.k\n-\"_'/:;()0123456789xjqz";
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte >= 0xC0) {
+        return 1; // the start of a letter of some script; in such texts, every second or third byte
+    }
+    const auto place = COMMON.find(c);
+    return place == std::string_view::npos ? static_cast<int>(COMMON.size()) : static_cast<int>(place);
+}
+
+/// Where the searched text, not empty, comes next from there on; the text's size when it does not.
+///
+/// Looks for two of its bytes at once, the rarest and another, and compares in full only where both are.
+std::size_t findText(std::string_view text, std::string_view searched, std::size_t from) {
+    if (searched.size() == 1) {
+        return std::min(text.find(searched[0], from), text.size());
+    }
+    if (text.size() < searched.size()) {
+        return text.size();
+    }
+    const auto rarest = static_cast<std::size_t>(std::ranges::max_element(searched, {}, rarity) - searched.begin());
+    const std::size_t other = rarest == 0 ? searched.size() - 1 : 0;
+    const char rareByte = searched[rarest];
+    const char otherByte = searched[other];
+    const auto end = text.size() - searched.size() + 1;
+    const auto isAt = [&](std::size_t at) {
+        return text[at + rarest] == rareByte && std::memcmp(text.data() + at, searched.data(), searched.size()) == 0;
+    };
+    auto at = from;
+    for (; at + BYTE_BLOCK <= end; at += BYTE_BLOCK) {
+        const char* rare = text.data() + at + rarest;
+        const char* others = text.data() + at + other;
+        unsigned char found = 0;
+        for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+            found |= static_cast<unsigned char>((rare[i] == rareByte) & (others[i] == otherByte));
+        }
+        for (std::size_t i = 0; found != 0 && i < BYTE_BLOCK; ++i) {
+            if (isAt(at + i)) {
+                return at + i;
+            }
+        }
+    }
+    while (at < end && !isAt(at)) {
+        ++at;
+    }
+    return at < end ? at : text.size();
 }
 
 bool joinsWithWhatFollows(char32_t c) {
@@ -95,15 +218,32 @@ CaseFolding userCaseFolding() {
 }
 
 QByteArray makeSearchKey(const QByteArray& text, CaseFolding folding) {
-    if (NormalPieces::isAscii(view(text)) && std::ranges::none_of(text, isUpperCaseAscii)) {
+    const auto needsFolding = [](unsigned char byte) {
+        return static_cast<unsigned char>((byte >= 0x80) | ((byte >= 'A') & (byte <= 'Z')));
+    };
+    if (findByte(view(text), 0, needsFolding) == view(text).size()) {
         return text;
     }
+    auto& characters = FoldedCharacters::of(folding);
     QByteArray key;
-    key.reserve(text.size());
-    NormalPieces pieces(view(text));
-    for (auto piece = pieces.next(); !piece.empty(); piece = pieces.next()) {
-        appendFolded(key, piece, folding);
+    key.reserve(text.size() + text.size() / 8);
+    const auto all = view(text);
+    for (std::size_t at = 0; at < all.size();) {
+        const auto ascii = fastAsciiLength(all.substr(at), folding);
+        if (ascii >= BYTE_BLOCK) {
+            appendLowerCaseAscii(key, all.substr(at, ascii - 1)); // a mark may follow the last one
+            at += ascii - 1;
+        }
+        const auto run = appendPlain(key, all, at, folding);
+        at = run.end;
+        if (const auto end = endOfEntangled(all, at, characters); end > at) {
+            // What is not plain may change the character before it.
+            key.truncate(run.keyOfLast);
+            at = end;
+            appendFoldedByIcu(key, all.substr(run.lastStart, at - run.lastStart), folding);
+        }
     }
+    key.squeeze();
     return key;
 }
 
@@ -113,17 +253,11 @@ bool searchKeyContains(std::string_view key, std::string_view searchedKey) {
     }
     auto lastAt = previousCodePoint(searchedKey, searchedKey.size());
     const char32_t last = nextCodePoint(searchedKey, lastAt);
-    for (std::size_t from = 0; from < key.size();) {
-        const auto* hit = static_cast<const char*>(
-            memmem(key.data() + from, key.size() - from, searchedKey.data(), searchedKey.size()));
-        if (hit == nullptr) {
-            return false;
-        }
-        const auto start = static_cast<std::size_t>(hit - key.data());
+    for (auto start = findText(key, searchedKey, 0); start < key.size();
+         start = findText(key, searchedKey, start + 1)) {
         if (endsCharacter(key, start + searchedKey.size(), last)) {
             return true;
         }
-        from = start + 1;
     }
     return false;
 }

@@ -9,10 +9,11 @@ namespace zamber {
 namespace {
 
 QByteArray encoded(const QByteArray& bytes) {
-    QByteArray output("before:");
-    appendBase64(output, bytes);
-    EXPECT_TRUE(output.startsWith("before:"));
-    return output.sliced(7);
+    const auto length = base64Length(static_cast<std::size_t>(bytes.size()));
+    QByteArray output(static_cast<qsizetype>(length) + 1, '?');
+    encodeBase64(output.data(), {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    output.chop(1);
+    return output;
 }
 
 TEST(Base64, EncodesTheVectorsOfTheStandard) {
@@ -57,6 +58,28 @@ TEST(Base64, PaddingStandsWhereItBelongsOrItIsInvalid) {
     for (const auto* text : {"Z", "Zg", "Zg=", "Zm8", "Z===", "====", "=", "==", "=Zm9", "Z=m9", "Zg==Zg==", "Zm8=Zm9v",
                              "Zm9v=", "Zm9v==", "Zm9v===", "Zm9v====", "Zg=v"}) {
         EXPECT_EQ(fromBase64(text), std::nullopt) << text;
+    }
+}
+
+TEST(Base64, SlashesMayBeEscapedAndNothingElse) {
+    QByteArray bytes;
+    for (int i = 0; i < 200'000; ++i) {
+        bytes += static_cast<char>(i % 7 == 0 ? 0xFF : i * i);
+    }
+    for (const qsizetype length : {0, 1, 2, 3, 24'574, 24'575, 24'576, 24'577, 24'578, 24'579, 200'000}) {
+        auto text = encoded(bytes.first(length));
+        text.replace("/", "\\/");
+        EXPECT_EQ(fromSlashEscapedBase64(text.toStdString()), bytes.first(length)) << length;
+    }
+    EXPECT_EQ(fromSlashEscapedBase64(R"(\/\/4=)"), "\xFF\xFE");
+    EXPECT_EQ(fromSlashEscapedBase64("//4="), "\xFF\xFE");
+    for (const auto* text :
+         {R"(Zm\9v)", R"(Zm9v\)", R"(\)", R"(\\//4=)", R"(\/\/)", R"(\/)", "Zg==Zg==", "Zm9v Zm9v"}) {
+        EXPECT_EQ(fromSlashEscapedBase64(text), std::nullopt) << text;
+    }
+    // Padding in the middle, also where the text is decoded in pieces.
+    for (const int before : {32'764, 32'768, 32'772}) {
+        EXPECT_EQ(fromSlashEscapedBase64(std::string(before - 4, 'A') + "Zg==" + "Zm9v"), std::nullopt) << before;
     }
 }
 

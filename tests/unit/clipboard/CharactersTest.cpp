@@ -125,6 +125,20 @@ TEST(Characters, FastWayAndIcuAgreeOnRandomTexts) {
     }
 }
 
+TEST(Characters, LineBreaksOfTwoCharactersCountOnceWhereverTheyStand) {
+    for (std::size_t before = 0; before < 70; ++before) {
+        for (const auto* after :
+             {"", "x", "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx", "\u0301", "é"}) {
+            const auto text = std::string(before, 'a') + "\r\n\r\r\n\n" + after + "\r\n";
+            const auto expected = expectedBoundaries(text);
+            ASSERT_EQ(countCharacters(text).count, expected.size()) << before << after;
+            for (std::size_t limit = 1; limit <= expected.size(); ++limit) {
+                ASSERT_EQ(countCharacters(text, limit).bytes, expected[limit - 1]) << before << after << limit;
+            }
+        }
+    }
+}
+
 TEST(Characters, EveryCodePointBetweenLettersCountsAsIcuCountsIt) {
     for (char32_t c = 1; c <= 0x10FFFF; ++c) {
         if (U_IS_SURROGATE(c)) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/HistoryFile.h"
 
+#include "HistoryText.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -11,8 +13,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <thread>
 
 namespace zamber {
 
@@ -49,6 +54,27 @@ QList<ClipboardItem> texts(const QList<QByteArray>& values) {
     }
     return items;
 }
+
+/// No file of this process may grow beyond that, as if the disk were full.
+class OnlySoLongFiles {
+public:
+    explicit OnlySoLongFiles(rlim_t bytes) {
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        auto limit = m_before;
+        limit.rlim_cur = bytes;
+        EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+    }
+    ~OnlySoLongFiles() {
+        ::setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    OnlySoLongFiles(const OnlySoLongFiles&) = delete;
+    OnlySoLongFiles& operator=(const OnlySoLongFiles&) = delete;
+
+private:
+    struct rlimit m_before{};
+    void (*m_handler)(int) = std::signal(SIGXFSZ, SIG_IGN);
+};
 
 TEST_F(HistoryFileTest, SavingThenLoadingKeepsEverythingButTheIds) {
     QByteArray image;
@@ -172,18 +198,75 @@ TEST_F(HistoryFileTest, WhereThereIsNoSpaceTheOldHistoryStays) {
     file.write(texts({"old", "history"}));
     const auto old = bytes();
 
-    // A limit on the size of files stands in for a full disk: writing beyond it writes a part, then fails.
-    struct rlimit before{};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    auto full = before;
-    full.rlim_cur = 4096;
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &full), 0);
+    const OnlySoLongFiles limit(4096);
     file.write(texts({QByteArray(10'000, 'n'), "old", "history"}));
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
-    std::signal(SIGXFSZ, oldHandler);
-
     EXPECT_EQ(bytes(), old);
+}
+
+TEST_F(HistoryFileTest, WhereThereIsNoSpaceThereIsNoFileOrAnEmptyOne) {
+    const OnlySoLongFiles limit(4096);
+    file.write(texts({QByteArray(10'000, 'n')}));
+    EXPECT_EQ(bytes(), "");
+    EXPECT_EQ(file.read(), std::nullopt);
+    file.write(texts({"short"}));
+    EXPECT_EQ(bytes(), historyToJson(texts({"short"})));
+}
+
+TEST_F(HistoryFileTest, SpaceIsSetAsideWithoutATraceInTheFile) {
+    // As long as the file says: nothing is left behind its end.
+    file.write(texts({QByteArray(3'000'000, 'x')}));
+    file.write(texts({"short"}));
+    struct stat status{};
+    ASSERT_EQ(::stat(path.c_str(), &status), 0);
+    EXPECT_LE(status.st_blocks * 512, 64 * 1024);
+}
+
+TEST_F(HistoryFileTest, GigabytesThatAreNoHistoryAreRefusedAtTheirFirstWrongByte) {
+    put(R"([{"type":"text","value":"a","timestamp":1}])");
+    std::filesystem::resize_file(path, std::uintmax_t{3} << 30); // a hole, read as zeros
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(file.read(), std::nullopt);
+    put("");
+    std::filesystem::resize_file(path, std::uintmax_t{3} << 30);
+    EXPECT_EQ(file.read(), std::nullopt);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+}
+
+TEST_F(HistoryFileTest, AFileThatGrowsOrShrinksWhileItIsReadDoesNoHarm) {
+    file.write(texts({QByteArray(20'000'000, 'x'), QByteArray(20'000'000, 'y')}));
+    const auto size = std::filesystem::file_size(path);
+    std::atomic<bool> isDone = false;
+    std::thread other([&] {
+        while (!isDone) {
+            std::filesystem::resize_file(path, 1000);
+            std::filesystem::resize_file(path, size);
+        }
+    });
+    for (int i = 0; i < 50; ++i) {
+        const auto items = file.read();
+        EXPECT_TRUE(!items || items->size() == 2);
+    }
+    isDone = true;
+    other.join();
+}
+
+TEST_F(HistoryFileTest, ALargeHistoryIsSavedAndLoadedWhole) {
+    QList<ClipboardItem> items;
+    for (int i = 0; i < 12; ++i) {
+        QByteArray image(1'999'998 + i, static_cast<char>(i));
+        image[i] = '\xFF';
+        items.append({ClipboardContent::image(image), 100.5 - i, i % 3 == 0});
+        items.append(
+            {ClipboardContent::text(QByteArray(300'000 + i, static_cast<char>('a' + i)) + "\n\"é"), 50.25 - i});
+    }
+    file.write(items);
+    const auto loaded = file.read();
+    ASSERT_TRUE(loaded && loaded->size() == items.size());
+    for (qsizetype i = 0; i < items.size(); ++i) {
+        EXPECT_TRUE(loaded->at(i).content.bytes() == items[i].content.bytes()) << i;
+        EXPECT_EQ(loaded->at(i).timestamp, items[i].timestamp);
+        EXPECT_EQ(loaded->at(i).isPinned, items[i].isPinned);
+    }
 }
 
 TEST_F(HistoryFileTest, TheDefaultPlaceIsTheUsersDataFolder) {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "clipboard/HistoryFile.h"
+#include "HistoryText.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -8,10 +8,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <limits>
+#include <random>
 #include <string>
+#include <vector>
 
 namespace zamber {
 
@@ -36,7 +39,7 @@ TEST(HistoryJson, HasTheFourKeysOfEachEntryInOrder) {
         {ClipboardContent::text(" a\n"), 1700000000.25},
         {ClipboardContent::image("\xFF\xFE"), 3, true},
     };
-    EXPECT_EQ(historyToJson(items), R"([{"type":"text","value":" a\u000a","timestamp":1700000000.25,"isPinned":false},)"
+    EXPECT_EQ(historyToJson(items), R"([{"type":"text","value":" a\n","timestamp":1700000000.25,"isPinned":false},)"
                                     R"({"type":"image","value":"//4=","timestamp":3,"isPinned":true}])");
     EXPECT_EQ(historyToJson({}), "[]");
 }
@@ -122,6 +125,148 @@ TEST(HistoryJson, UnknownKeysAndOrderDoNotMatterAndTheLastOfTwoCounts) {
     EXPECT_EQ(summary(R"([{"isPinned":true,"id":"x","more":{"type":"image","list":[1,{"a":2}]},"timestamp":1,
         "value":"first","value":"last","t\u0079pe":"text"}])"),
               "last* ");
+}
+
+TEST(HistoryJson, TheLastOfTwoKeysCountsAlsoWhenItIsTheWorseOne) {
+    EXPECT_EQ(summary(R"([{"type":"text","value":"a","timestamp":1,"timestamp":"1"},
+        {"type":"text","value":"b","timestamp":1,"value":null},
+        {"type":"file","type":"text","value":"c","timestamp":1,"isPinned":true,"isPinned":false}])"),
+              "c ");
+}
+
+TEST(HistoryJson, HalfASurrogatePairIsReplacedAndTheRecordLoads) {
+    EXPECT_EQ(summary(R"([{"type":"text","value":"a\uD83Db","timestamp":1},
+        {"type":"text","value":"\ude00","timestamp":1},
+        {"type":"text","value":"\uD83D\uDE00","timestamp":1}])"),
+              "a\uFFFDb \uFFFD 😀 ");
+    EXPECT_EQ(summary(R"([{"type":"te\uD83Dxt","value":"a","timestamp":1},
+        {"type":"image","value":"Zm9v\uD83D","timestamp":1},
+        {"type":"text","value":"b","timestamp":1,"\uDE00":1}])"),
+              "b ");
+}
+
+TEST(HistoryJson, AZeroByteIsPartOfATextWhenEscapedAndNoJsonWhenNot) {
+    const auto items = historyFromJson(R"([{"type":"text","value":"a\u0000b","timestamp":1}])");
+    ASSERT_TRUE(items && items->size() == 1);
+    EXPECT_EQ(items->first().content.bytes(), QByteArray("a\0b", 3));
+    EXPECT_EQ(historyFromJson(historyToJson(*items)->toStdString())->first().content.bytes(), QByteArray("a\0b", 3));
+    EXPECT_EQ(summary(R"([{"type":"te\u0000xt","value":"a","timestamp":1}])"), "");
+    const std::string good = R"([{"type":"text","value":"ab","timestamp":1}])";
+    for (std::size_t at = 0; at <= good.size(); ++at) {
+        auto broken = good;
+        broken.insert(at, 1, '\0');
+        EXPECT_EQ(historyFromJson(broken), std::nullopt) << at;
+    }
+}
+
+TEST(HistoryJson, WhatIsNotUtf8IsNoJsonWhereverItStands) {
+    for (const std::string broken : {"\xFF", "\xC3", "\xC0\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82"}) {
+        for (const auto& key : std::vector<std::string>{"value", "type", "unknown", "unk" + broken}) {
+            const auto value = key == "type" ? "text" + broken : "a" + broken;
+            const auto json = R"([{"type":"text","value":"a","timestamp":1,")" + key + R"(":")" + value + R"("}])";
+            EXPECT_EQ(historyFromJson(json), std::nullopt) << json;
+        }
+    }
+}
+
+TEST(HistoryJson, ValuesMayBeNestedTo512AndNoDeeper) {
+    const auto nested = [](int depth) {
+        return R"([{"type":"text","value":"a","timestamp":1,"more":)" + std::string(depth, '[') +
+               std::string(depth, ']') + "}]";
+    };
+    EXPECT_EQ(summary(nested(512)), "a ");
+    EXPECT_EQ(historyFromJson(nested(513)), std::nullopt);
+    EXPECT_EQ(historyFromJson(nested(5'000'000)), std::nullopt);
+}
+
+TEST(HistoryJson, AByteOrderMarkIsSkippedOnceAndAtTheStartAlone) {
+    EXPECT_EQ(summary("\xEF\xBB\xBF[]"), "");
+    EXPECT_EQ(historyFromJson("\xEF\xBB\xBF\xEF\xBB\xBF[]"), std::nullopt);
+    EXPECT_EQ(historyFromJson(" \xEF\xBB\xBF[]"), std::nullopt);
+    EXPECT_EQ(historyFromJson("\xEF\xBB[]"), std::nullopt);
+    EXPECT_EQ(historyFromJson(std::string_view("\xFF\xFE[\0]\0", 6)), std::nullopt);
+    EXPECT_EQ(historyFromJson(std::string_view("[\0]\0", 4)), std::nullopt);
+}
+
+TEST(HistoryJson, WhatFollowsTheArrayMayOnlyBeBlank) {
+    const std::string good = R"([{"type":"text","value":"a","timestamp":1}])";
+    EXPECT_EQ(summary(good + " \t\r\n"), "a ");
+    for (const auto* more : {"x", "[]", ",", "]", "\xC2\xA0", "\v", "//", "1"}) {
+        EXPECT_EQ(historyFromJson(good + more), std::nullopt) << more;
+    }
+    EXPECT_EQ(historyFromJson(good + std::string(1, '\0')), std::nullopt);
+}
+
+TEST(HistoryJson, AnyNumberIsATimestampAsTheNearestDouble) {
+    const std::pair<const char*, double> rows[] = {
+        {"0", 0.0},
+        {"-0", -0.0},
+        {"1767323045", 1767323045.0},
+        {"9007199254740993", 9007199254740992.0},
+        {"1e308", 1e308},
+        {"1E-3", 0.001},
+        {"0.1000000000000000055511151231257827", 0.1},
+        {"123456789012345678901234567890", 123456789012345678901234567890.0}};
+    for (const auto& [text, timestamp] : rows) {
+        const auto items = historyFromJson(std::string(R"([{"type":"text","value":"a","timestamp":)") + text + "}]");
+        ASSERT_TRUE(items && items->size() == 1) << text;
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(items->first().timestamp), std::bit_cast<std::uint64_t>(timestamp))
+            << text;
+    }
+}
+
+TEST(HistoryJson, RandomTimestampsComeBackBitForBit) {
+    std::mt19937_64 random(20260102);
+    for (int round = 0; round < 20'000; ++round) {
+        const auto timestamp = std::bit_cast<double>(random());
+        if (std::isfinite(timestamp)) {
+            const auto items =
+                historyFromJson(historyToJson({{ClipboardContent::text("x"), timestamp}})->toStdString());
+            ASSERT_TRUE(items && items->size() == 1);
+            ASSERT_EQ(std::bit_cast<std::uint64_t>(items->first().timestamp), std::bit_cast<std::uint64_t>(timestamp));
+        }
+    }
+}
+
+TEST(HistoryJson, ComesInBlocksOfSomeMegabytesAndStopsWhenTheTakerHasEnough) {
+    QByteArray text("\"\n\x01é");
+    while (text.size() < 3'000'000) {
+        text += text;
+    }
+    const QList<ClipboardItem> items = {{ClipboardContent::text(text), 1},
+                                        {ClipboardContent::image(QByteArray(10'000'001, '\xFF')), 2},
+                                        {ClipboardContent::text("\xFF" + text), 3}};
+    std::string json;
+    std::size_t largest = 0;
+    int blocks = 0;
+    EXPECT_TRUE(writeHistoryJson(items, [&](std::string_view block) {
+        largest = std::max(largest, block.size());
+        json += block;
+        ++blocks;
+        return true;
+    }));
+    EXPECT_GT(blocks, 3);
+    EXPECT_LE(largest, std::size_t{4} << 20);
+    EXPECT_EQ(historyJsonSize(items), static_cast<std::int64_t>(json.size()));
+    const auto loaded = historyFromJson(json);
+    ASSERT_TRUE(loaded && loaded->size() == 3);
+    EXPECT_TRUE(loaded->at(0).content.bytes() == text);
+    EXPECT_TRUE(loaded->at(1).content.bytes() == items[1].content.bytes());
+    EXPECT_TRUE(loaded->at(2).content.bytes() == "\uFFFD" + text);
+
+    int taken = 0;
+    EXPECT_FALSE(writeHistoryJson(items, [&](std::string_view) { return ++taken < 2; }));
+    EXPECT_EQ(taken, 2);
+}
+
+TEST(HistoryJson, ASmallHistoryIsOneBlock) {
+    QList<ClipboardItem> items;
+    for (int i = 0; i < 1000; ++i) {
+        items.append({ClipboardContent::text(QByteArray(1000, 'x')), 1.0 * i});
+    }
+    int blocks = 0;
+    writeHistoryJson(items, [&](std::string_view) { return ++blocks > 0; });
+    EXPECT_EQ(blocks, 1);
 }
 
 TEST(HistoryJson, WhatIsNoArrayOfObjectsIsRefused) {

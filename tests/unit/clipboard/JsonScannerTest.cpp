@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/JsonScanner.h"
 
+#include "clipboard/JsonString.h"
+
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 namespace zamber {
@@ -12,17 +15,37 @@ namespace {
 
 using Kind = JsonValue::Kind;
 
-/// The kind of the one value that the text holds, or nothing when it is not JSON.
-std::optional<Kind> kindOf(std::string_view text) {
-    JsonScanner json(text);
+std::optional<Kind> kindOfOnly(JsonScanner json) {
     const auto value = json.value();
     return value && json.atEnd() ? std::optional(value->kind) : std::nullopt;
 }
 
-QByteArray written(std::string_view text) {
-    QByteArray output;
-    appendJsonString(output, text);
-    return output;
+/// Gives out so many bytes of the text at a time.
+JsonScanner::Read inSteps(std::string_view text, std::size_t step) {
+    return [text, step](char* to, std::size_t size) mutable {
+        const auto piece = text.substr(0, std::min(step, size));
+        std::ranges::copy(piece, to);
+        text.remove_prefix(piece.size());
+        return piece.size();
+    };
+}
+
+/// The kind of the one value that the text holds, or nothing when it is not JSON; the same at once and bit by bit.
+std::optional<Kind> kindOf(std::string_view text) {
+    const auto kind = kindOfOnly(JsonScanner(text));
+    for (const std::size_t step : {1, 3, 64}) {
+        EXPECT_EQ(kindOfOnly(JsonScanner(inSteps(text, step))), kind) << text << " by " << step;
+    }
+    return kind;
+}
+
+/// The text as a JSON string, quotes included.
+QByteArray written(const QByteArray& text) {
+    const auto repaired = repairedUtf8(text).toStdString();
+    QByteArray output(static_cast<qsizetype>(repaired.size() * LONGEST_JSON_ESCAPE_BYTES), Qt::Uninitialized);
+    output.truncate(writeJsonString(output.data(), repaired) - output.constData());
+    EXPECT_EQ(static_cast<std::size_t>(output.size()), jsonStringLength(repaired));
+    return '"' + output + '"';
 }
 
 TEST(JsonScanner, TellsKindsApart) {
@@ -100,6 +123,51 @@ TEST(JsonScanner, ReadsStringsAsTheyMustBeWritten) {
     EXPECT_EQ(kindOf("\"\uFFFD\""), Kind::String);
 }
 
+TEST(JsonScanner, ValuesAreWhereTheyStandHoweverTheyAreRead) {
+    const std::string text =
+        R"([ "first\n" , -1.5e3 , {"a":[1, 2]},true,")" + std::string(1'000'000, 'x') + R"(", 7 ])";
+    const std::string expected[] = {R"(first\n)", "-1.5e3", R"({"a":[1, 2]})", "true", std::string(1'000'000, 'x'),
+                                    "7"};
+    for (const std::size_t step : {std::size_t{1}, std::size_t{1000}, text.size()}) {
+        JsonScanner json(inSteps(text, step));
+        ASSERT_TRUE(json.take('['));
+        for (const auto& raw : expected) {
+            json.letGo();
+            const auto value = json.value();
+            ASSERT_TRUE(value.has_value());
+            EXPECT_EQ(json.raw(*value), raw);
+            EXPECT_EQ(text.substr(value->start, value->length), raw);
+            EXPECT_TRUE(json.take(',') || raw == "7");
+        }
+        EXPECT_TRUE(json.take(']') && json.atEnd());
+    }
+}
+
+TEST(JsonScanner, HoldsNoMoreThanWhatHasNotBeenLetGo) {
+    // A long array of short values, each let go: the place that is read into stays near the start of the buffer.
+    int blocks = 100;
+    const char* lowest = nullptr;
+    const char* highest = nullptr;
+    std::size_t total = 0;
+    JsonScanner json([&](char* to, std::size_t size) {
+        lowest = lowest == nullptr ? to : std::min<const char*>(lowest, to);
+        highest = std::max<const char*>(highest, to + size);
+        for (std::size_t i = 0; i < size; ++i) {
+            to[i] = i % 2 == 0 ? '1' : ',';
+        }
+        total += blocks > 0 ? size : 0;
+        return blocks-- > 0 ? size / 2 * 2 : 0;
+    });
+    std::size_t values = 0;
+    while (json.value()) {
+        ++values;
+        json.take(',');
+        json.letGo();
+    }
+    EXPECT_EQ(values, total / 2);
+    EXPECT_LT(static_cast<std::size_t>(highest - lowest), total / 10);
+}
+
 TEST(JsonText, Unescapes) {
     EXPECT_EQ(jsonText(R"(a\"b\\c\/d\b\f\n\r\té)"), "a\"b\\c/d\b\f\n\r\té");
     EXPECT_EQ(jsonText(R"(\u00e9\u20AC\uD83D\uDE00\u0041)"), "é€😀A");
@@ -117,12 +185,12 @@ TEST(JsonText, HalfASurrogatePairBecomesAReplacementCharacter) {
 
 TEST(JsonText, IsWrittenSoThatItReadsBack) {
     EXPECT_EQ(written("plain é 🙂 / \x7F"), "\"plain é 🙂 / \x7F\"");
-    EXPECT_EQ(written("q\"b\\n\nt\t"), R"("q\"b\\n\u000at\u0009")");
+    EXPECT_EQ(written("q\"b\\n\nt\t"), R"("q\"b\\n\nt\t")");
     QByteArray all;
     for (char c = 0; c >= 0 && c < 127; ++c) {
         all += c;
     }
-    const auto json = written({all.constData(), static_cast<std::size_t>(all.size())});
+    const auto json = written(all);
     EXPECT_EQ(kindOf({json.constData(), static_cast<std::size_t>(json.size())}), Kind::String);
     EXPECT_EQ(jsonText({json.constData() + 1, static_cast<std::size_t>(json.size() - 2)}), all);
 }

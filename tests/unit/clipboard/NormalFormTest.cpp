@@ -66,7 +66,8 @@ TEST(CanonicalEquivalence, HoldsWhereverTheTextIsCutIntoPieces) {
     const auto cases = unicodeFormCases();
     for (std::size_t i = 0; i < cases.size(); i += 97) {
         const auto& c = cases[i].columns;
-        for (const std::size_t padding : {1, 63, 64, 1018, 1022, 1023, 1024, 1025, 2050}) {
+        for (const std::size_t padding :
+             {1, 63, 64, 250, 254, 255, 256, 257, 514, 1018, 1022, 1023, 1024, 1025, 2050}) {
             const std::string ascii(padding, 'e');
             std::string letters;
             while (letters.size() < padding) {

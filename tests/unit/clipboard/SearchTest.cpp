@@ -2,10 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/Search.h"
 
+#include "clipboard/CodePoints.h"
+
 #include <QLocale>
 
 #include <gtest/gtest.h>
+#include <unicode/normalizer2.h>
 
+#include <algorithm>
+#include <random>
 #include <string>
 
 namespace zamber {
@@ -110,6 +115,67 @@ TEST(Search, FindsAcrossPiecesOfALongText) {
     for (int padding = 1010; padding < 1030; ++padding) {
         const auto text = QByteArray("é") + QByteArray(padding, 'x') + "Straße" + QByteArray(6000, 'y');
         EXPECT_TRUE(finds("xxSTRASSEyy", text)) << padding;
+    }
+}
+
+/// The key as it is defined, of the whole text at once.
+QByteArray expectedKey(const QByteArray& text, CaseFolding folding) {
+    UErrorCode status = U_ZERO_ERROR;
+    const auto* nfd = icu::Normalizer2::getNFDInstance(status);
+    auto key = nfd->normalize(icu::UnicodeString::fromUTF8(text.toStdString()), status);
+    if (folding == CaseFolding::Turkic) {
+        key.findAndReplace(u"I\u0307", u"i").findAndReplace(u"I", u"ı");
+    }
+    std::string bytes;
+    nfd->normalize(key.foldCase(), status).toUTF8String(bytes);
+    return QByteArray::fromStdString(bytes);
+}
+
+TEST(Search, EveryCharacterAmongOthersIsFoldedAndDecomposed) {
+    for (char32_t c = 1; c <= 0x10FFFF; ++c) {
+        if (U_IS_SURROGATE(c)) {
+            continue;
+        }
+        QByteArray text("xY");
+        appendCodePoint(text, c);
+        text += "\u0323\u0301Zé";
+        appendCodePoint(text, c);
+        appendCodePoint(text, c);
+        text += "W";
+        ASSERT_EQ(makeSearchKey(text, CaseFolding::Common), expectedKey(text, CaseFolding::Common)) << std::hex << +c;
+        ASSERT_EQ(makeSearchKey(text, CaseFolding::Turkic), expectedKey(text, CaseFolding::Turkic)) << std::hex << +c;
+    }
+}
+
+TEST(Search, KeysOfRandomTextsAreFoldedAndDecomposed) {
+    const QByteArray parts[] = {"a",      "I",      "\u0307",  "\u0323",
+                                "é",      "É",      "ß",       "Σ",
+                                "ς",      "\u0345", "ᾳ",       "가",
+                                "\u1100", "\u1161", "İ",       "ı",
+                                "Í",      "文",     "😀",      "\u0F73",
+                                "Привет", " ",      "\n",      "Ǆ",
+                                "ŉ",      "ΐ",      "ﬃ",       "क्षि",
+                                "\u212A", "\u0344", "I\u0307", " PLAIN ASCII TEXT OF SOME LENGTH, AND MORE "};
+    std::mt19937 random(20260102);
+    for (int round = 0; round < 20'000; ++round) {
+        QByteArray text;
+        for (auto length = random() % 12; length > 0; --length) {
+            text += parts[random() % std::size(parts)];
+        }
+        for (const auto folding : {CaseFolding::Common, CaseFolding::Turkic}) {
+            ASSERT_EQ(makeSearchKey(text, folding), expectedKey(text, folding)) << text.toStdString();
+        }
+    }
+}
+
+TEST(Search, FindsWhatALetterByLetterSearchFinds) {
+    std::mt19937 random(20260102);
+    for (int round = 0; round < 50'000; ++round) {
+        std::string text(random() % 120, 'a');
+        std::ranges::generate(text, [&] { return "abz "[random() % 4]; });
+        std::string searched(1 + random() % 6, 'a');
+        std::ranges::generate(searched, [&] { return "abz "[random() % 4]; });
+        ASSERT_EQ(searchKeyContains(text, searched), text.contains(searched)) << text << '/' << searched;
     }
 }
 

@@ -1,0 +1,232 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "Measuring.h"
+
+#include "clipboard/ClipboardManager.h"
+#include "clipboard/HistoryFile.h"
+#include "settings/keys/PreferenceKeys.h"
+#include "tests/fakes/FakePasteboard.h"
+#include "tests/fakes/FakeScheduler.h"
+#include "tests/fakes/FakeUserDefaults.h"
+
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <memory>
+
+namespace zamber::bench {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Letters that every text has, words, two scripts, and what is nowhere.
+constexpr std::array<const char*, 10> SEARCHES = {"t",     "the", "CLIPBOARD", "window ret", "http", "function value",
+                                                  "größe", "е",   "zq",        "keeps whot"};
+constexpr const char* MISS = "keeps whot";
+
+/// A store over fakes, with its history loaded as at a start.
+class Store {
+public:
+    explicit Store(const QList<ClipboardItem>& items) {
+        UserDefaults::setStandard(&defaults);
+        write(defaults, keys::maxItems, 10'000);
+        const auto path = m_folder.filePath(QStringLiteral("history.json")).toStdString();
+        HistoryFile(path).write(items);
+        manager = ClipboardManager::create(pasteboard, defaults, scheduler, path);
+        manager->startMonitoring();
+    }
+    ~Store() { UserDefaults::setStandard(nullptr); }
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
+
+    qsizetype search(const char* text) const {
+        manager->setSearchText(QString::fromUtf8(text));
+        return manager->filteredItems().size();
+    }
+
+    /// What a capture costs, beside the fakes' own next to nothing.
+    void capture(const QByteArray& text) {
+        pasteboard.copyText(text);
+        scheduler.advance(500ms);
+    }
+
+    // GCC 12 takes its unset members for used when it can see them.
+    const std::unique_ptr<FakePasteboard> ownPasteboard = std::make_unique<FakePasteboard>();
+    FakePasteboard& pasteboard = *ownPasteboard;
+    FakeUserDefaults defaults;
+    FakeScheduler scheduler;
+    std::shared_ptr<ClipboardManager> manager;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+double microseconds(double seconds) {
+    return seconds * 1e6;
+}
+
+double seconds(auto action) {
+    return shortestTimes(1, action)[0];
+}
+
+/// The slowest of the searches, the keys being there.
+std::pair<double, const char*> slowestSearch(const Store& store) {
+    std::pair<double, const char*> slowest{0, ""};
+    for (const auto* text : SEARCHES) {
+        const auto time = shortestTimes(15, [&] { benchmark::DoNotOptimize(store.search(text)); })[0];
+        slowest = std::max(slowest, std::pair(time, text));
+    }
+    return slowest;
+}
+
+double slowestTypedLetter(const Store& store, const std::string& text) {
+    double slowest = 0;
+    for (std::size_t length = 1; length <= text.size(); ++length) {
+        const auto typed = text.substr(0, length);
+        slowest =
+            std::max(slowest, shortestTimes(5, [&] { benchmark::DoNotOptimize(store.search(typed.c_str())); })[0]);
+    }
+    return slowest;
+}
+
+void measureShortTexts(int count) {
+    const auto name = std::to_string(count) + " short texts: ";
+    Store store(textHistory(count, 50));
+    const auto cold = seconds([&] { benchmark::DoNotOptimize(store.search(MISS)); });
+    note(name + "first search", cold * 1000, "ms");
+    const auto [slowest, text] = slowestSearch(store);
+    const auto all = shortestTimes(15, [&] { benchmark::DoNotOptimize(store.search("")); })[0];
+    const auto typed = slowestTypedLetter(store, "keeps what");
+    const auto firstCapture = seconds([&] { store.capture("the first capture"); });
+    double capture = 1;
+    int number = 0;
+    for (int i = 0; i < 200; ++i) {
+        const auto copied = "captured " + QByteArray::number(++number);
+        store.pasteboard.copyText(copied);
+        capture = std::min(capture, seconds([&] { store.scheduler.advance(500ms); }));
+    }
+    const auto detail = std::string("slowest of ten: \"") + text + "\"";
+    if (count == 10'000) {
+        report(name + "filteredItems, a search", slowest * 1000, "ms", Bound::AtMost, 2.0, detail);
+        report(name + "filteredItems, no search", all * 1000, "ms", Bound::AtMost, 2.0);
+        report(name + "addItem", microseconds(capture), "us", Bound::AtMost, 100.0);
+    } else {
+        note(name + "filteredItems, a search", slowest * 1000, "ms", detail);
+        note(name + "filteredItems, no search", all * 1000, "ms");
+        note(name + "addItem", microseconds(capture), "us");
+    }
+    note(name + "addItem, the first", microseconds(firstCapture), "us");
+    note(name + "slowest letter typed of \"keeps what\"", typed * 1000, "ms");
+}
+
+void measureLongTexts(Letters letters) {
+    const std::string name = letters == Letters::Ascii ? "100 texts of 1 MB: " : "100 texts of 1 MB, many scripts: ";
+    const auto items = textHistory(100, 1'000'000, letters);
+    const double gigabytes = static_cast<double>(bytesOf(items)) / 1e9;
+    Store store(items);
+    const auto cold = seconds([&] { benchmark::DoNotOptimize(store.search(MISS)); });
+    note(name + "first search", gigabytes / cold, "GB/s");
+    for (const auto* text : SEARCHES) {
+        const auto found = store.search(text);
+        const auto time = shortestTimes(5, [&] { benchmark::DoNotOptimize(store.search(text)); })[0];
+        if (found == 0) { // else it ends early
+            report(name + "searching \"" + text + "\"", gigabytes / time, "GB/s", Bound::AtLeast, 3.0);
+        }
+    }
+    const auto pass = shortestTimes(5, [&] {
+        for (const auto& item : store.manager->items()) {
+            benchmark::DoNotOptimize(item.content.bytes().count('\0'));
+        }
+    })[0];
+    note(name + "one pass that looks for one byte", gigabytes / pass, "GB/s");
+
+    const auto& contents = store.manager->items();
+    const auto each = [&](auto member) {
+        return seconds([&] {
+            for (const auto& item : contents) {
+                benchmark::DoNotOptimize(member(item.content));
+            }
+        });
+    };
+    const auto counts = [&](const char* what, auto member) {
+        const auto first = each(member);
+        const auto second = each(member);
+        note(name + what, gigabytes / first, "GB/s",
+             "then " + std::to_string(second * 1e9 / static_cast<double>(contents.size())) + " ns each");
+    };
+    counts("lineCount", [](const ClipboardContent& content) { return content.lineCount(); });
+    counts("charCount", [](const ClipboardContent& content) { return content.charCount(); });
+    counts("isSensitive", [](const ClipboardContent& content) { return content.isSensitive(); });
+    const auto first = each([](const ClipboardContent& content) { return content.preview(); });
+    const auto second = each([](const ClipboardContent& content) { return content.preview(); });
+    note(name + "preview", microseconds(first) / 100, "us", "each, then " + std::to_string(second * 1e7) + " ns");
+    const auto captured = words(1'000'000, 1'000'000, letters);
+    const auto pinned = seconds([&] { store.capture(captured); });
+    note(name + "addItem of another", microseconds(pinned), "us");
+    const auto again = seconds([&] { store.capture(QByteArray(captured.constData(), captured.size())); });
+    note(name + "addItem of the same again", microseconds(again), "us");
+}
+
+void filteredItems(benchmark::State& state) {
+    const Store store(textHistory(static_cast<int>(state.range(0)), 50));
+    const auto* text = state.range(1) == 0 ? "" : MISS;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(store.search(text));
+    }
+}
+BENCHMARK(filteredItems)->ArgsProduct({{20, 100, 1000, 10'000}, {0, 1}})->ArgNames({"entries", "searching"});
+
+void addItem(benchmark::State& state) {
+    Store store(textHistory(static_cast<int>(state.range(0)), 50));
+    std::uint64_t number = 0;
+    for (auto _ : state) {
+        store.capture("captured " + QByteArray::number(static_cast<qulonglong>(++number)));
+    }
+}
+BENCHMARK(addItem)->Arg(20)->Arg(100)->Arg(1000)->Arg(10'000)->ArgName("entries");
+
+void derived(benchmark::State& state, auto member) {
+    const auto text = words(state.range(0), 1, state.range(1) == 0 ? Letters::Ascii : Letters::Mixed);
+    FakeUserDefaults defaults;
+    UserDefaults::setStandard(&defaults);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(member(ClipboardContent::text(text)));
+    }
+    state.SetBytesProcessed(state.iterations() * text.size());
+    UserDefaults::setStandard(nullptr);
+}
+void preview(benchmark::State& state) {
+    derived(state, [](const ClipboardContent& content) { return content.preview(); });
+}
+void lineCount(benchmark::State& state) {
+    derived(state, [](const ClipboardContent& content) { return content.lineCount(); });
+}
+void charCount(benchmark::State& state) {
+    derived(state, [](const ClipboardContent& content) { return content.charCount(); });
+}
+void searchKey(benchmark::State& state) {
+    derived(state, [](const ClipboardContent& content) { return content.searchKey(CaseFolding::Common).size(); });
+}
+void identity(benchmark::State& state) {
+    derived(state, [](const ClipboardContent& content) { return content.id(); });
+}
+BENCHMARK(preview)->ArgsProduct({{50, 1'000'000}, {0, 1}})->ArgNames({"bytes", "scripts"});
+BENCHMARK(lineCount)->ArgsProduct({{50, 1'000'000}, {0, 1}})->ArgNames({"bytes", "scripts"});
+BENCHMARK(charCount)->ArgsProduct({{50, 1'000'000}, {0, 1}})->ArgNames({"bytes", "scripts"});
+BENCHMARK(searchKey)->ArgsProduct({{50, 1'000'000}, {0, 1}})->ArgNames({"bytes", "scripts"});
+BENCHMARK(identity)->ArgsProduct({{50, 1'000'000}, {0, 1}})->ArgNames({"bytes", "scripts"});
+
+} // namespace
+
+void measureHistoryStore() {
+    for (const int count : {20, 100, 1000, 10'000}) {
+        measureShortTexts(count);
+    }
+    measureLongTexts(Letters::Ascii);
+    measureLongTexts(Letters::Mixed);
+}
+
+} // namespace zamber::bench

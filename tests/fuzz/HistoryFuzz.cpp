@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "clipboard/HistoryJson.h"
+#include "clipboard/JsonString.h"
+
+#include <QJsonDocument>
+
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using namespace zamber;
+
+void require(bool condition) {
+    if (!condition) {
+        std::abort();
+    }
+}
+
+bool isSame(const ClipboardItem& left, const ClipboardItem& right) {
+    return left.content.isImage() == right.content.isImage() && left.content.bytes() == right.content.bytes() &&
+           left.isPinned == right.isPinned &&
+           std::bit_cast<std::uint64_t>(left.timestamp) == std::bit_cast<std::uint64_t>(right.timestamp);
+}
+
+void requireSame(const std::optional<QList<ClipboardItem>>& left, const std::optional<QList<ClipboardItem>>& right) {
+    require(left.has_value() == right.has_value());
+    require(!left || std::ranges::equal(*left, *right, isSame));
+}
+
+JsonScanner::Read inSteps(std::string_view text, std::size_t step) {
+    return [text, step](char* to, std::size_t size) mutable {
+        const auto piece = text.substr(0, std::min(step, size));
+        std::ranges::copy(piece, to);
+        text.remove_prefix(piece.size());
+        return piece.size();
+    };
+}
+
+std::string written(const QList<ClipboardItem>& items) {
+    std::string json;
+    require(writeHistoryJson(items, [&](std::string_view block) {
+        json += block;
+        return true;
+    }));
+    require(historyJsonSize(items) == static_cast<std::int64_t>(json.size()));
+    return json;
+}
+
+} // namespace
+
+/// Any bytes as a history file: read alike however they come, and what was loaded is saved so that it loads the same.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    const auto items = readHistoryJson(JsonScanner(text));
+    requireSame(items, readHistoryJson(JsonScanner(inSteps(text, 1 + size % 7))));
+    if (items) {
+        const auto json = written(*items);
+        requireSame(items, readHistoryJson(JsonScanner(json)));
+        // Another reader agrees that it is JSON.
+        require(QJsonDocument::fromJson(QByteArray::fromRawData(json.data(), static_cast<qsizetype>(json.size())))
+                    .isArray());
+    }
+    // The same bytes as a copied text and as a copied image.
+    const QByteArray bytes(text.data(), static_cast<qsizetype>(text.size()));
+    const QList<ClipboardItem> copied = {{ClipboardContent::text(bytes), 1.5},
+                                         {ClipboardContent::image(bytes), 2, true}};
+    const auto loaded = readHistoryJson(JsonScanner(written(copied)));
+    require(loaded && loaded->size() == 2);
+    require(loaded->at(0).content.bytes() == repairedUtf8(bytes));
+    require(loaded->at(1).content.bytes() == bytes);
+    return 0;
+}

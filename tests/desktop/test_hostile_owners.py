@@ -110,9 +110,14 @@ class LyingOwnersTest(HostileTestCase):
                 self.assertLessEqual(len(owner.requests()) - seen, MOST_REQUESTS_A_CHANGE)
 
     def test_texts_that_need_mending(self):
+        mended = "caf\N{REPLACEMENT CHARACTER} \N{REPLACEMENT CHARACTER} ok"
         owner = self.owner()
         owner.offer({"UTF8_STRING": text(b"caf\xe9 \xf0\x9f\x98 ok")})
-        self.wait_for_newest("caf\N{REPLACEMENT CHARACTER} \N{REPLACEMENT CHARACTER} ok")
+        self.wait_for_newest(mended)
+        self.partners.remove(owner)
+        owner.child.kill()
+        wait_until(lambda: self.clipboard.read("UTF8_STRING") == mended.encode(), 5.0, "it to be offered mended")
+        owner = self.owner()
         owner.offer({"STRING": text("déjà vu ÿ".encode("latin-1"))})
         self.wait_for_newest("déjà vu ÿ")
         owner.offer({"UTF8_STRING": {**text("naïve".encode("latin-1")), "type": "STRING"}})

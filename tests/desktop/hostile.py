@@ -163,7 +163,7 @@ class HostileTestCase(DesktopTestCase):
         """The content of the newest entry when it is a short text, else nothing."""
         try:
             with open(self.zamber.history_path, "rb") as stream:
-                head = stream.read(4096).decode("utf-8", "replace")
+                head = stream.read(4096).decode("utf-8", "surrogateescape")  # it may end inside a character
         except FileNotFoundError:
             return None
         first = re.match(r"\s*\[\s*({.*?})\s*[,\]]", head, re.DOTALL)

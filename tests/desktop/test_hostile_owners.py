@@ -26,6 +26,22 @@ class SilentOwnersTest(HostileTestCase):
         self.wait_for_newest("at last")
         self.assert_partners_live()
 
+    def test_an_owner_that_does_not_tell_its_targets_is_asked_for_a_text_all_the_same(self):
+        owner = self.owner()
+        owner.offer({"UTF8_STRING": text("found")}, targets={"silent": True})
+        self.wait_for_newest("found", 15.0)
+        self.assertEqual(owner.requests(), ["TARGETS", "UTF8_STRING"])
+
+    def test_what_is_promised_and_not_delivered_changes_nothing(self):
+        self.copy_and_wait("new", ["new", "old"])
+        self.paste_entry(1)
+        self.editor.wait_for_text("old")
+        owner = self.owner()
+        owner.offer({"UTF8_STRING": {"silent": True}})
+        owner.wait_for_request("UTF8_STRING")
+        self.let_a_poll_pass()
+        self.copy_and_wait("newest", ["newest", "new", "old"])
+
     def test_an_owner_that_is_stopped_and_goes_on_later_lives_and_serves(self):
         owner = self.owner()
         owner.offer({"UTF8_STRING": text("before")})
@@ -94,9 +110,14 @@ class LyingOwnersTest(HostileTestCase):
                 self.assertLessEqual(len(owner.requests()) - seen, MOST_REQUESTS_A_CHANGE)
 
     def test_texts_that_need_mending(self):
+        mended = "caf\N{REPLACEMENT CHARACTER} \N{REPLACEMENT CHARACTER} ok"
         owner = self.owner()
         owner.offer({"UTF8_STRING": text(b"caf\xe9 \xf0\x9f\x98 ok")})
-        self.wait_for_newest("caf\N{REPLACEMENT CHARACTER} \N{REPLACEMENT CHARACTER} ok")
+        self.wait_for_newest(mended)
+        self.partners.remove(owner)
+        owner.child.kill()
+        wait_until(lambda: self.clipboard.read("UTF8_STRING") == mended.encode(), 5.0, "it to be offered mended")
+        owner = self.owner()
         owner.offer({"STRING": text("déjà vu ÿ".encode("latin-1"))})
         self.wait_for_newest("déjà vu ÿ")
         owner.offer({"UTF8_STRING": {**text("naïve".encode("latin-1")), "type": "STRING"}})
@@ -164,6 +185,13 @@ class BusyOwnersTest(HostileTestCase):
         owner.offer({**others, "UTF8_STRING": text("forty"), "STRING": {"silent": True}})
         self.wait_for_newest("forty")
         self.assertLessEqual(len(owner.requests()), MOST_REQUESTS_A_CHANGE, owner.requests())
+        with self.subTest("also when it does not keep what it promises"):
+            seen = len(owner.requests())
+            refused = ("image/png", "image/tiff", "image/jpeg", "UTF8_STRING", "text/plain;charset=utf-8", "STRING")
+            owner.offer({**others, **{target: {"refuse": True} for target in refused}})
+            wait_until(lambda: len(owner.requests()) >= seen + MOST_REQUESTS_A_CHANGE, 5.0, "the requests")
+            holds_for(lambda: len(owner.requests()) == seen + MOST_REQUESTS_A_CHANGE, 0.5, owner.requests)
+            self.assert_unharmed()
 
     def test_a_thousand_copies_in_a_row_end_with_the_last(self):
         owner = self.owner()

@@ -8,7 +8,8 @@
       of null for a refusal or {"type", "format", "bytes", "sha256", "hex" of the first 64}. With `take` false it only
       asks. With `pieces` it dies after so many pieces of an INCR answer.
   {"multiple": [TARGET, …]}
-      asks for all of them by one MULTIPLE request; the answers as above, null for a pair that came back as failed
+      asks for all of them by one MULTIPLE request; the answers as above, null for a pair that came back as failed, "lost"
+      for one that did not and of which there is nothing
 
 A transfer has 20 seconds. An error of X ends it, as it ends most programs.
 """
@@ -67,7 +68,7 @@ class Answer:
         self.size = 0
         self.digest = hashlib.sha256()
         self.head = b""
-        self.is_incremental = self.is_refused = self.is_complete = False
+        self.is_incremental = self.is_refused = self.is_complete = self.is_lost = False
 
     def add(self, kind, width, data):
         self.type, self.format = kind, width
@@ -76,6 +77,8 @@ class Answer:
         self.head = (self.head + data)[:64]
 
     def described(self):
+        if self.is_lost:
+            return "lost"
         if self.is_refused or not self.is_complete:
             return None
         return {"type": connection.get_atom_name(self.type), "format": self.format, "bytes": self.size,
@@ -165,6 +168,7 @@ def ask_multiple(order):
             answers[property_].is_refused = answers[property_].is_complete = True
         else:
             begin(answers[property_], property_)
+            answers[property_].is_lost = answers[property_].is_refused
     collect(answers, None)
     return [answer.described() for answer in answers.values()]
 

@@ -7,12 +7,15 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <chrono>
 #include <limits>
 #include <utility>
 
 namespace zamber {
 
 namespace {
+
+constexpr auto REWRITING_TIME = std::chrono::milliseconds(100);
 
 /// What the getters convert from: a truth value or a text, numbers being texts in the file.
 struct Stored {
@@ -75,7 +78,9 @@ bool meansTrue(QStringView text) {
 QHash<QString, QVariant> allValues(const QSettings& settings) {
     QHash<QString, QVariant> values;
     for (const auto& key : settings.allKeys()) {
-        values.insert(key, settings.value(key));
+        if (!key.isEmpty()) { // a line that begins with its equals sign
+            values.insert(key, settings.value(key));
+        }
     }
     return values;
 }
@@ -86,8 +91,11 @@ SettingsUserDefaults::SettingsUserDefaults(const QString& path)
     : m_settings(path, QSettings::IniFormat) {
     QDir().mkpath(QFileInfo(path).absolutePath());
     m_seen = allValues(m_settings);
-    QObject::connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_watcher, [this] { reload(); });
-    QObject::connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_watcher, [this] { reload(); });
+    QObject::connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_watcher, [this] { fileChanged(); });
+    QObject::connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_watcher, [this] { fileChanged(); });
+    m_rewriting.setSingleShot(true);
+    m_rewriting.setInterval(REWRITING_TIME);
+    QObject::connect(&m_rewriting, &QTimer::timeout, &m_rewriting, [this] { reload(); });
     watch();
 }
 
@@ -150,7 +158,20 @@ void SettingsUserDefaults::set(const QString& key, const QVariant& value) {
     reload();
 }
 
+void SettingsUserDefaults::fileChanged() {
+    const QFileInfo file(m_settings.fileName());
+    if (m_seen.isEmpty() || file.size() > 0) {
+        reload();
+        return;
+    }
+    watch();
+    if (!m_rewriting.isActive()) {
+        m_rewriting.start();
+    }
+}
+
 void SettingsUserDefaults::reload() {
+    m_rewriting.stop();
     m_settings.sync();
     watch();
     tellObservers();

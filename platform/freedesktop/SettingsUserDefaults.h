@@ -7,6 +7,7 @@
 #include <QFileSystemWatcher>
 #include <QHash>
 #include <QSettings>
+#include <QTimer>
 #include <QVariant>
 
 #include <map>
@@ -17,6 +18,9 @@ namespace zamber {
 ///
 /// The file does not tell a number from a text, which the getters do not mind, nor true from "true": a text of that
 /// kind is stored as QSettings stores bytes. A list (a comma in a text written by hand) counts as absent.
+///
+/// Who edits the file in place empties it first, who replaces it may take it away first: a file that is found so is
+/// waited for, a tenth of a second, before its keys count as absent.
 class SettingsUserDefaults final : public UserDefaults {
 public:
     /// Makes the file's folder where it is missing; the file itself appears with the first setting.
@@ -41,6 +45,7 @@ private:
     };
 
     void set(const QString& key, const QVariant& value);
+    void fileChanged();
     void reload();
     /// Tells the observers of every key whose value is not the one last seen.
     void tellObservers();
@@ -51,6 +56,7 @@ private:
     std::map<std::uint64_t, Observation> m_observers;
     std::uint64_t m_lastId = 0;
     QFileSystemWatcher m_watcher;
+    QTimer m_rewriting;
 };
 
 } // namespace zamber

@@ -35,7 +35,7 @@ QColor legibleAccent(QColor accent, const QColor& ground, bool isDark) {
 }
 
 double linear(float channel) {
-    const double value = static_cast<double>(channel);
+    const auto value = static_cast<double>(channel);
     return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
 }
 

@@ -35,7 +35,7 @@ private slots:
 
 private:
     void ask(const QString& group, const QString& key);
-    void take(const QString& group, const QString& key, const QVariant& value);
+    void take(const QString& group, const QString& key, const QVariant& wrapped);
 
     QDBusConnection m_bus;
     std::optional<bool> m_portalIsDark;

@@ -30,7 +30,7 @@ Character nextCharacter(const char* text, std::int32_t left) {
 }
 
 bool isAscii(const QByteArray& bytes) {
-    return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return static_cast<signed char>(byte) >= 0; });
+    return std::ranges::all_of(bytes, [](char byte) { return static_cast<signed char>(byte) >= 0; });
 }
 
 } // namespace

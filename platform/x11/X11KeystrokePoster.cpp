@@ -10,6 +10,7 @@
 #include <unistd.h>
 #include <xcb/xtest.h>
 
+#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -158,11 +159,11 @@ void X11KeystrokePoster::type(PasteKeystroke keystroke) const {
         keys = {shift, m_keyboard.keyFor(XKB_KEY_Insert).value_or(PHYSICAL_INSERT)};
         break;
     }
-    for (auto key = keys.begin(); key != keys.end(); ++key) {
-        fake(XCB_KEY_PRESS, *key);
+    for (const xcb_keycode_t key : keys) {
+        fake(XCB_KEY_PRESS, key);
     }
-    for (auto key = keys.rbegin(); key != keys.rend(); ++key) {
-        fake(XCB_KEY_RELEASE, *key);
+    for (const xcb_keycode_t key : keys | std::views::reverse) {
+        fake(XCB_KEY_RELEASE, key);
     }
     m_connection.flush();
 }

@@ -16,6 +16,8 @@ from harness.windows import focused_window
 # Both far above what it takes, so that a busy machine does not fail the test, and far below any time-out of a transfer.
 LONGEST_OPENING_SECONDS = 1.0
 SLOWER_THAN_UNDISTURBED = 4
+# A busy machine may stall for so long once, but not twice in a row.
+LONGEST_HICCUP_SECONDS = 2.0
 MEBIBYTE = 1 << 20
 
 _numbers = itertools.count(1)
@@ -136,8 +138,10 @@ class HostileTestCase(DesktopTestCase):
         return taken
 
     def assert_popover_opens_fast(self):
-        taken = self.opening_seconds()
         longest = max(LONGEST_OPENING_SECONDS, SLOWER_THAN_UNDISTURBED * self.undisturbed)
+        taken = self.opening_seconds()
+        if longest <= taken < LONGEST_HICCUP_SECONDS:
+            taken = self.opening_seconds()
         self.assertLess(taken, longest, f"undisturbed it took {self.undisturbed:.2f} s")
 
     def assert_next_copy_is_captured(self):

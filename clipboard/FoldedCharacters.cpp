@@ -24,10 +24,10 @@ bool isStarter(UChar32 codePoint) {
 
 FoldedCharacters& FoldedCharacters::of(CaseFolding folding) {
     if (folding == CaseFolding::Turkic) {
-        thread_local FoldedCharacters turkic(CaseFolding::Turkic);
+        static thread_local FoldedCharacters turkic(CaseFolding::Turkic);
         return turkic;
     }
-    thread_local FoldedCharacters common(CaseFolding::Common);
+    static thread_local FoldedCharacters common(CaseFolding::Common);
     return common;
 }
 

@@ -16,12 +16,15 @@
 #include <algorithm>
 #include <cerrno>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 namespace zamber {
 
 namespace {
 
+constexpr std::string_view OPENING = "[";
+constexpr std::string_view UNFINISHED = " ";
 constexpr auto FILE_NAME = "clipboard_history.json";
 constexpr auto FOLDER_NAME = "Zamber";
 constexpr mode_t FILE_MODE = 0600;
@@ -158,13 +161,25 @@ void HistoryFile::write(const QList<ClipboardItem>& items) const {
     if (!file.reserve(*size)) {
         return;
     }
+    // A history of several blocks has no opening bracket until it is whole: whoever ends us meanwhile leaves a file
+    // that is not taken for a history with one odd image where new and old bytes meet.
     qint64 offset = 0;
+    bool isMarked = false;
     const bool isWhole = writeHistoryJson(items, [&](std::string_view block) {
+        if (offset == 0 && static_cast<qint64>(block.size()) < *size) {
+            isMarked = true;
+            block.remove_prefix(OPENING.size());
+            offset = OPENING.size();
+            if (!file.writeAt(0, UNFINISHED)) {
+                return false;
+            }
+        }
         const auto start = std::exchange(offset, offset + static_cast<qint64>(block.size()));
         return file.writeAt(start, block);
     });
     if (isWhole) {
         file.setSize(*size);
+        std::ignore = isMarked && file.writeAt(0, OPENING);
     }
 }
 

@@ -31,7 +31,8 @@ public:
     std::optional<QList<ClipboardItem>> read() const;
 
     /// Writes the file in place, readable for its owner alone. Failures are ignored; where there is no space for a
-    /// longer history, the file stays as it was. Who is killed while writing leaves a file that is not JSON.
+    /// longer history, the file stays as it was. Who is killed while writing leaves a file
+    /// that `read` refuses.
     void write(const QList<ClipboardItem>& items) const;
 
 private:

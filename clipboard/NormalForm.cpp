@@ -72,7 +72,7 @@ std::size_t commonStart(std::string_view left, std::string_view right) {
 }
 
 /// Hashes bytes that come in pieces, the same whatever the pieces.
-class PieceHash {
+class PieceHash { // NOLINT(cppcoreguidelines-pro-type-member-init)
 public:
     void add(std::string_view bytes) {
         while (!bytes.empty()) {

@@ -25,7 +25,8 @@ constexpr std::size_t BOUNDARY_CONTEXT_BYTES = 1024;
 /// ICU's rules, walking over a UTF-8 text in place.
 class BoundaryWalk {
 public:
-    BoundaryWalk() { m_iterator = ubrk_open(UBRK_CHARACTER, "", nullptr, 0, &m_status); }
+    BoundaryWalk()
+        : m_iterator(ubrk_open(UBRK_CHARACTER, "", nullptr, 0, &m_status)) {}
     ~BoundaryWalk() {
         ubrk_close(m_iterator);
         utext_close(&m_text);
@@ -184,7 +185,7 @@ bool isCharacterBoundary(std::string_view text, std::size_t at) {
     if (at == 0 || at >= text.size()) {
         return true;
     }
-    std::size_t from = at > BOUNDARY_CONTEXT_BYTES ? previousCodePoint(text, at - BOUNDARY_CONTEXT_BYTES) : 0;
+    const std::size_t from = at > BOUNDARY_CONTEXT_BYTES ? previousCodePoint(text, at - BOUNDARY_CONTEXT_BYTES) : 0;
     auto& walk = boundaryWalk();
     walk.start(text.substr(from, at - from + BOUNDARY_CONTEXT_BYTES));
     return walk.isBoundary(at - from);

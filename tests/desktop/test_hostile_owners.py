@@ -213,7 +213,7 @@ class BusyOwnersTest(HostileTestCase):
         wait_until(lambda: rival.notes("taken_back"), what="the rival")
         # Whether the key still came in time is a matter of luck; what counts is that neither goes on fighting.
         holds_for(lambda: len(rival.notes("taken_back")) <= 2, 3.0, lambda: f"peace: {len(rival.notes('taken_back'))}")
-        self.expected_lines += self.log_lines()[len(self.expected_lines):]
+        self.expected_lines += self.zamber.stdout_lines()[len(self.expected_lines):]
         self.assertNotEqual(self.clipboard.owner(), 0)
         self.assertEqual(self.clipboard.text(), "rival")
         rival.calm_down()

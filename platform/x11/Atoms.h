@@ -19,6 +19,7 @@ enum class Atom : std::size_t {
     AtomPair,
     Null,
     SaveTargets,
+    Manager,
     // Texts
     Utf8String,
     Text,
@@ -56,6 +57,7 @@ inline constexpr std::array ATOM_NAMES{
     "ATOM_PAIR",
     "NULL",
     "SAVE_TARGETS",
+    "MANAGER",
     "UTF8_STRING",
     "TEXT",
     "text/plain",

@@ -109,6 +109,18 @@ Property Connection::readProperty(xcb_window_t window, xcb_atom_t property, Afte
                                 xcb_get_property_value_length(reply.get()))};
 }
 
+void Connection::tellRoot(xcb_window_t window, xcb_atom_t type, const std::array<std::uint32_t, 5>& data,
+                          std::uint32_t eventMask) const {
+    xcb_client_message_event_t message{}; // 32 bytes, as an event is sent
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = type;
+    std::ranges::copy(data, message.data.data32);
+    xcb_send_event(m_connection, 0, root(), eventMask, reinterpret_cast<const char*>(&message));
+    flush();
+}
+
 void Connection::watch(xcb_window_t window, xcb_event_mask_t mask) {
     ++m_watches[window][mask];
     applyWatch(window);

@@ -83,6 +83,10 @@ public:
     xcb_timestamp_t lastTimestamp() const { return m_lastTimestamp; }
     void noteTimestamp(xcb_timestamp_t time) { m_lastTimestamp = time; }
 
+    /// Sends a client message about the window to the root window, for those who have selected one of these events.
+    void tellRoot(xcb_window_t window, xcb_atom_t type, const std::array<std::uint32_t, 5>& data,
+                  std::uint32_t eventMask) const;
+
     void flush() const { xcb_flush(m_connection); }
 
 private:

@@ -75,16 +75,8 @@ QString Windows::windowClass(xcb_window_t window) const {
 }
 
 void Windows::tellWindowManager(xcb_window_t window, xcb_atom_t type, const std::array<std::uint32_t, 5>& data) const {
-    xcb_client_message_event_t message{}; // 32 bytes, as an event is sent
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = window;
-    message.type = type;
-    std::ranges::copy(data, message.data.data32);
-    xcb_send_event(m_connection.raw(), 0, m_connection.root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                   reinterpret_cast<const char*>(&message));
-    m_connection.flush();
+    m_connection.tellRoot(window, type, data,
+                          XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT);
 }
 
 void Windows::keepOutOfTaskbar(xcb_window_t window) const {

@@ -209,8 +209,11 @@ void X11Pasteboard::becomeManager() {
         const auto cookie = xcb_get_selection_owner(m_connection.raw(), m_connection.atom(Atom::ClipboardManager));
         const Owned<xcb_get_selection_owner_reply_t> reply(
             xcb_get_selection_owner_reply(m_connection.raw(), cookie, nullptr));
-        if (reply && reply->owner == XCB_WINDOW_NONE) {
-            m_manager.acquire({}, time);
+        if (reply && reply->owner == XCB_WINDOW_NONE && m_manager.acquire({}, time)) {
+            // Those who wait for a manager are told that there is one (ICCCM, section 2.8).
+            m_connection.tellRoot(m_connection.root(), m_connection.atom(Atom::Manager),
+                                  {time, m_connection.atom(Atom::ClipboardManager), m_manager.window(), 0, 0},
+                                  XCB_EVENT_MASK_STRUCTURE_NOTIFY);
         }
     });
 }

@@ -4,6 +4,8 @@
 
 import pathlib
 
+from Xlib import X
+
 from case import DesktopTestCase
 from harness import SelectionOwner, holds_for, wait_until
 
@@ -100,6 +102,24 @@ class StartTest(DesktopTestCase):
         self.expect_paste()
         self.editor.wait_for_text("first")
         self.assertEqual((second.stdout(), second.stderr()), ("", ""))
+
+    def test_programs_are_told_of_a_clipboard_manager_that_comes(self):
+        self.zamber.stop()
+        self.expected_lines = []
+        listener = self.desktop.connect()
+        listener.screen().root.change_attributes(event_mask=X.StructureNotifyMask)
+        listener.sync()
+        manager, selection = listener.intern_atom("MANAGER"), listener.intern_atom("CLIPBOARD_MANAGER")
+        self.start_zamber()
+        told = []
+
+        def is_told():
+            told.extend(seen for seen in (listener.next_event() for _ in range(listener.pending_events()))
+                        if seen.type == X.ClientMessage and seen.client_type == manager and seen.data[1][1] == selection)
+            return told
+
+        wait_until(is_told, 5.0, "the message")
+        self.assertEqual(told[0].data[1][2], listener.get_selection_owner(selection).id)
 
     def test_without_a_display_it_says_so_and_ends(self):
         environment = {name: value for name, value in self.desktop.environment.items() if name != "DISPLAY"}

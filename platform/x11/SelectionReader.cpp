@@ -25,7 +25,9 @@ constexpr std::array LESSER_TEXTS{Atom::TextPlain, Atom::Text};
 
 std::vector<xcb_atom_t> atomsOf(const Property& property) {
     std::vector<xcb_atom_t> atoms(static_cast<std::size_t>(property.bytes.size()) / sizeof(xcb_atom_t));
-    std::memcpy(atoms.data(), property.bytes.constData(), atoms.size() * sizeof(xcb_atom_t));
+    if (!atoms.empty()) { // memcpy may not be given an empty vector's null
+        std::memcpy(atoms.data(), property.bytes.constData(), atoms.size() * sizeof(xcb_atom_t));
+    }
     return atoms;
 }
 

@@ -77,9 +77,13 @@ void PopoverHeader::setColors(const Palette& palette) {
 
 PopoverFooter::PopoverFooter(const Symbols& symbols, QWidget* parent)
     : QWidget(parent)
-    , m_clear(new PlainButton(
-          symbols, {.symbol = u"trash"_s, .symbolPoints = 10, .text = u"Clear"_s, .font = textFont(11, QFont::Medium)},
-          this)) {
+    , m_clear(new PlainButton(symbols,
+                              {.symbol = u"trash"_s,
+                               .symbolPoints = 10,
+                               .text = u"Clear"_s,
+                               .font = textFont(11, QFont::Medium),
+                               .pointer = HoverPointer::PointingHand},
+                              this)) {
     setFixedHeight(FOOTER_LINE + 2 * FOOTER_PADDING_VERTICAL);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(BAR_PADDING_HORIZONTAL, 0, BAR_PADDING_HORIZONTAL - PlainButton::GROUND_PADDING, 0);

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ConfirmationSheet.h"
 
+#include "ui/BorderedButton.h"
 #include "ui/TextLabel.h"
 #include "ui/Typography.h"
 
-#include <QAbstractButton>
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -20,8 +20,6 @@ namespace {
 constexpr int CARD_WIDTH = 256;
 constexpr int CARD_PADDING = 18;
 constexpr double CARD_RADIUS = 12;
-constexpr int BUTTON_HEIGHT = 28;
-constexpr double BUTTON_RADIUS = 7;
 constexpr double DIM_OPACITY_LIGHT = 0.22;
 constexpr double DIM_OPACITY_DARK = 0.45;
 
@@ -34,60 +32,15 @@ TextLabel* centredLabel(const QString& text, const QFont& font, QWidget* parent)
 
 } // namespace
 
-/// A filled button that can have the keyboard focus.
-class ConfirmationSheet::Button final : public QAbstractButton {
-public:
-    Button(const QString& text, QWidget* parent)
-        : QAbstractButton(parent) {
-        setText(text);
-        setAccessibleName(text);
-        setFont(textFont(12, QFont::DemiBold));
-        setFixedHeight(BUTTON_HEIGHT);
-        setFocusPolicy(Qt::StrongFocus);
-        setAttribute(Qt::WA_Hover);
-    }
-
-    void setColors(const QColor& text, const QColor& ground, const QColor& focusRing) {
-        m_text = text;
-        m_ground = ground;
-        m_focusRing = focusRing;
-        update();
-    }
-
-    QSize sizeHint() const override { return {0, BUTTON_HEIGHT}; }
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        const double strength = isDown() ? 1.9 : underMouse() ? 1.45 : 1.0;
-        QColor ground = m_ground;
-        ground.setAlphaF(std::min(1.0F, ground.alphaF() * static_cast<float>(strength)));
-        painter.setBrush(ground);
-        painter.drawRoundedRect(rect(), BUTTON_RADIUS, BUTTON_RADIUS);
-        if (hasFocus()) {
-            painter.setBrush(Qt::NoBrush);
-            painter.setPen(QPen(m_focusRing, 2));
-            painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), BUTTON_RADIUS - 1, BUTTON_RADIUS - 1);
-        }
-        painter.setPen(m_text);
-        painter.drawText(rect(), Qt::AlignCenter, text());
-    }
-
-private:
-    QColor m_text;
-    QColor m_ground;
-    QColor m_focusRing;
-};
-
 ConfirmationSheet::ConfirmationSheet(const Confirmation& confirmation, QWidget* covered)
     : QWidget(covered)
     , m_card(new QWidget(this))
     , m_title(centredLabel(confirmation.title, textFont(13, QFont::Bold), m_card))
     , m_message(centredLabel(confirmation.message, textFont(11), m_card))
-    , m_confirm(new Button(confirmation.destructiveButton, m_card))
-    , m_cancel(new Button(u"Cancel"_s, m_card)) {
+    , m_confirm(new BorderedButton(confirmation.destructiveButton,
+                                   {.prominence = ButtonLook::Prominence::Destructive, .size = ControlSize::Large},
+                                   m_card))
+    , m_cancel(new BorderedButton(u"Cancel"_s, {.size = ControlSize::Large}, m_card)) {
     setAccessibleName(confirmation.title);
     m_card->setFixedWidth(CARD_WIDTH);
 
@@ -102,9 +55,9 @@ ConfirmationSheet::ConfirmationSheet(const Confirmation& confirmation, QWidget* 
     auto* centre = new QVBoxLayout(this);
     centre->addWidget(m_card, 0, Qt::AlignCenter);
 
-    connect(m_confirm, &Button::clicked, this, &ConfirmationSheet::confirmed);
-    connect(m_confirm, &Button::clicked, this, &ConfirmationSheet::dismissed);
-    connect(m_cancel, &Button::clicked, this, &ConfirmationSheet::dismissed);
+    connect(m_confirm, &BorderedButton::clicked, this, &ConfirmationSheet::confirmed);
+    connect(m_confirm, &BorderedButton::clicked, this, &ConfirmationSheet::dismissed);
+    connect(m_cancel, &BorderedButton::clicked, this, &ConfirmationSheet::dismissed);
     covered->installEventFilter(this);
     setGeometry(covered->rect());
     hide();
@@ -114,8 +67,8 @@ void ConfirmationSheet::setColors(const Palette& palette) {
     m_palette = palette;
     m_title->setColor(palette.primary);
     m_message->setColor(palette.secondary);
-    m_confirm->setColors(palette.red, faded(palette.red, 0.14), palette.accent);
-    m_cancel->setColors(palette.primary, faded(palette.primary, 0.09), palette.accent);
+    m_confirm->setColors(palette);
+    m_cancel->setColors(palette);
     update();
 }
 
@@ -141,6 +94,12 @@ void ConfirmationSheet::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     // The harmless button is the one that a press of the space bar finds.
     m_cancel->setFocus(Qt::OtherFocusReason);
+}
+
+bool ConfirmationSheet::focusNextPrevChild(bool) {
+    // Only the two buttons are to be reached: what lies under the sheet is not.
+    (m_cancel->hasFocus() ? m_confirm : m_cancel)->setFocus(Qt::TabFocusReason);
+    return true;
 }
 
 void ConfirmationSheet::mousePressEvent(QMouseEvent* event) {

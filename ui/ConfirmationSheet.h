@@ -8,6 +8,7 @@
 
 namespace zamber {
 
+class BorderedButton;
 class TextLabel;
 
 /// What a confirmation asks, and what its destructive button is called.
@@ -35,16 +36,15 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    class Button;
-
     QWidget* m_card;
     TextLabel* m_title;
     TextLabel* m_message;
-    Button* m_confirm;
-    Button* m_cancel;
+    BorderedButton* m_confirm;
+    BorderedButton* m_cancel;
     Palette m_palette;
 };
 

@@ -14,6 +14,7 @@ namespace {
 
 constexpr double MINIMUM_ACCENT_CONTRAST = 3.0; // an accent marks symbols and grounds, not small text
 constexpr int ACCENT_STEP_PERCENT = 108;
+constexpr double MINIMUM_TEXT_CONTRAST = 4.5;
 
 QColor black(double opacity) {
     return QColor::fromRgbF(0.0F, 0.0F, 0.02F, static_cast<float>(opacity));
@@ -32,6 +33,21 @@ QColor legibleAccent(QColor accent, const QColor& ground, bool isDark) {
             isDark ? composed(white(0.06), accent.lighter(ACCENT_STEP_PERCENT)) : accent.darker(ACCENT_STEP_PERCENT);
     }
     return accent;
+}
+
+/// The accent as a ground that its text can be read on: white where that takes only a little darkening, else black.
+void fillWithAccent(Palette& palette) {
+    constexpr int mostSteps = 5;
+    palette.accentFill = palette.accent;
+    palette.onAccent = Qt::white;
+    for (int step = 0; contrastRatio(Qt::white, palette.accentFill) < MINIMUM_TEXT_CONTRAST; ++step) {
+        if (step == mostSteps) {
+            palette.accentFill = palette.accent;
+            palette.onAccent = Qt::black;
+            return;
+        }
+        palette.accentFill = palette.accentFill.darker(104);
+    }
 }
 
 double linear(float channel) {
@@ -58,6 +74,7 @@ Palette Palette::light(const QColor& userAccent) {
     palette.ultraThinMaterial = QColor(0xFA, 0xFA, 0xFC);
     palette.barMaterial = QColor(0xF2, 0xF2, 0xF5);
     palette.accent = legibleAccent(userAccent, palette.ultraThinMaterial, false);
+    fillWithAccent(palette);
     palette.red = QColor(0xD7, 0x26, 0x2F);
     palette.blue = QColor(0x0A, 0x5F, 0xD0);
     palette.orange = QColor(0xD9, 0x6B, 0x00);
@@ -80,6 +97,7 @@ Palette Palette::dark(const QColor& userAccent) {
     palette.ultraThinMaterial = QColor(0x27, 0x27, 0x2B);
     palette.barMaterial = QColor(0x2D, 0x2D, 0x32);
     palette.accent = legibleAccent(userAccent, palette.ultraThinMaterial, true);
+    fillWithAccent(palette);
     palette.red = QColor(0xFF, 0x6B, 0x63);
     palette.blue = QColor(0x62, 0xA9, 0xFF);
     palette.orange = QColor(0xFF, 0xA0, 0x30);
@@ -92,7 +110,6 @@ QPalette Palette::forWidgets() const {
     const QColor ground = ultraThinMaterial;
     const QColor raised = isDark ? barMaterial : QColor(Qt::white);
     const QColor disabled = composed(faded(primary, 0.4), ground);
-    const QColor onAccent = contrastRatio(Qt::white, accent) >= MINIMUM_ACCENT_CONTRAST ? Qt::white : Qt::black;
 
     QPalette palette(composed(primary, ground), ground, ground.lighter(130), ground.darker(150), ground.darker(120),
                      composed(primary, ground), raised);
@@ -101,7 +118,7 @@ QPalette Palette::forWidgets() const {
     palette.setColor(QPalette::Button, ground);
     palette.setColor(QPalette::ButtonText, composed(primary, ground));
     palette.setColor(QPalette::PlaceholderText, tertiary);
-    palette.setColor(QPalette::Highlight, accent);
+    palette.setColor(QPalette::Highlight, accentFill);
     palette.setColor(QPalette::HighlightedText, onAccent);
     palette.setColor(QPalette::Link, blue);
     palette.setColor(QPalette::ToolTipBase, raised);

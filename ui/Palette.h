@@ -19,7 +19,9 @@ struct Palette {
     QColor tertiaryFill; ///< behind badges, key caps and small buttons
     QColor quinaryFill;  ///< behind a text field
 
-    QColor accent;
+    QColor accent;     ///< symbols and rings in the user's colour
+    QColor accentFill; ///< the ground of the button that is meant to be pressed
+    QColor onAccent;   ///< texts on that ground
     QColor separator;
     QColor windowBorder;
 

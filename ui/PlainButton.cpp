@@ -23,7 +23,7 @@ PlainButton::PlainButton(const Symbols& symbols, PlainButtonLabel label, QWidget
     , m_label(std::move(label)) {
     setText(m_label.text);
     setFocusPolicy(Qt::NoFocus);
-    setCursor(Qt::PointingHandCursor);
+    setCursor(m_label.pointer == HoverPointer::PointingHand ? Qt::PointingHandCursor : Qt::ArrowCursor);
     setAttribute(Qt::WA_Hover);
 }
 

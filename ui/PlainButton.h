@@ -10,6 +10,9 @@ namespace zamber {
 
 class Symbols;
 
+/// What the pointer becomes over a button.
+enum class HoverPointer { Arrow, PointingHand };
+
 /// What a plain button shows: a symbol, a text, or both beside each other.
 struct PlainButtonLabel {
     QString symbol;
@@ -17,6 +20,7 @@ struct PlainButtonLabel {
     QFont::Weight symbolWeight = QFont::Normal;
     QString text = {};
     QFont font = {};
+    HoverPointer pointer = HoverPointer::Arrow;
 };
 
 /// A button without a frame: only its label, and a soft ground while the pointer is over it. It never takes the

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/fakes/FakeSymbols.h"
 #include "ui/Badge.h"
+#include "ui/BorderedButton.h"
 #include "ui/ConfirmationSheet.h"
 #include "ui/PlainButton.h"
 #include "ui/SearchField.h"
@@ -20,7 +21,8 @@ TEST(PlainButton, ItIsPressedAndNeverTakesTheFocus) {
     const FakeSymbols symbols;
     QWidget window;
     auto* field = new QLineEdit(&window);
-    auto* button = new PlainButton(symbols, {.symbol = u"trash"_s, .text = u"Clear"_s}, &window);
+    auto* button = new PlainButton(
+        symbols, {.symbol = u"trash"_s, .text = u"Clear"_s, .pointer = HoverPointer::PointingHand}, &window);
     const QSignalSpy clicked(button, &PlainButton::clicked);
     button->resize(button->sizeHint());
     window.show();
@@ -29,6 +31,7 @@ TEST(PlainButton, ItIsPressedAndNeverTakesTheFocus) {
     EXPECT_EQ(clicked.count(), 1);
     EXPECT_EQ(window.focusWidget(), field);
     EXPECT_EQ(button->cursor().shape(), Qt::PointingHandCursor);
+    EXPECT_EQ(PlainButton(symbols, {.symbol = u"trash"_s}).cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST(PlainButton, HoveringChangesItsLook) {
@@ -40,6 +43,50 @@ TEST(PlainButton, HoveringChangesItsLook) {
     const QImage still = button.grab().toImage();
     button.setAttribute(Qt::WA_UnderMouse);
     EXPECT_NE(button.grab().toImage(), still);
+}
+
+TEST(BorderedButton, EachSizeIsSmallerThanTheOneBefore) {
+    int height = 100;
+    for (const ControlSize size : {ControlSize::Large, ControlSize::Regular, ControlSize::Small, ControlSize::Mini}) {
+        const BorderedButton button(u"Update"_s, {.size = size});
+        EXPECT_LT(button.sizeHint().height(), height);
+        height = button.sizeHint().height();
+        EXPECT_GE(height, QFontMetrics(button.font()).height()) << "the text fits";
+        EXPECT_GT(button.sizeHint().width(), QFontMetrics(button.font()).horizontalAdvance(button.text()));
+    }
+}
+
+TEST(BorderedButton, ItsTextIsReadableInEveryLook) {
+    for (const Palette& palette : {Palette::light(QColor(0x1F, 0x78, 0xF0)), Palette::dark(QColor(0x1F, 0x78, 0xF0)),
+                                   Palette::light(Qt::yellow), Palette::dark(Qt::yellow)}) {
+        EXPECT_GE(contrastRatio(palette.onAccent, palette.accentFill), 4.5) << palette.accentFill.name().toStdString();
+        const QColor pressed = composed(faded(palette.red, 0.25), palette.ultraThinMaterial);
+        EXPECT_GE(contrastRatio(palette.red, pressed), 3.0);
+    }
+}
+
+TEST(BorderedButton, TheKindsLookDifferentFromEachOther) {
+    using Prominence = ButtonLook::Prominence;
+    QList<QImage> looks;
+    for (const Prominence prominence : {Prominence::Bordered, Prominence::Prominent, Prominence::Destructive}) {
+        for (const auto shape : {ButtonLook::Shape::Rounded, ButtonLook::Shape::Capsule}) {
+            BorderedButton button(u"Update"_s, {.prominence = prominence, .shape = shape});
+            button.setColors(Palette::light(Qt::blue));
+            button.resize(button.sizeHint());
+            const QImage look = button.grab().toImage();
+            EXPECT_FALSE(looks.contains(look));
+            looks.append(look);
+        }
+    }
+}
+
+TEST(BorderedButton, TheSpaceBarPressesIt) {
+    BorderedButton button(u"Update"_s);
+    const QSignalSpy clicked(&button, &BorderedButton::clicked);
+    button.show();
+    button.setFocus();
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_EQ(clicked.count(), 1);
 }
 
 TEST(Badge, ItIsAsWideAsItsText) {

@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "ui/BorderedButton.h"
+
+#include "ui/Typography.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace zamber {
+
+namespace {
+
+/// In points.
+struct Measures {
+    int fontSize;
+    int height;
+    int paddingHorizontal;
+    double radius;
+};
+
+Measures measures(ControlSize size) {
+    switch (size) {
+    case ControlSize::Large:
+        return {12, 28, 16, 7};
+    case ControlSize::Regular:
+        return {13, 24, 12, 6};
+    case ControlSize::Small:
+        return {11, 20, 9, 5};
+    case ControlSize::Mini:
+        break;
+    }
+    return {10, 16, 7, 4};
+}
+
+QFont fontFor(const ButtonLook& look) {
+    const bool isStrong = look.prominence == ButtonLook::Prominence::Prominent || look.size == ControlSize::Large;
+    return textFont(measures(look.size).fontSize, isStrong ? QFont::DemiBold : QFont::Medium);
+}
+
+} // namespace
+
+BorderedButton::BorderedButton(const QString& text, ButtonLook look, QWidget* parent)
+    : QAbstractButton(parent)
+    , m_look(look)
+    , m_palette(Palette::light(Qt::blue)) {
+    setText(text);
+    setFont(fontFor(look));
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+}
+
+void BorderedButton::setColors(const Palette& palette) {
+    m_palette = palette;
+    update();
+}
+
+QSize BorderedButton::sizeHint() const {
+    const Measures measured = measures(m_look.size);
+    return {QFontMetrics(font()).horizontalAdvance(text()) + 2 * measured.paddingHorizontal, measured.height};
+}
+
+QColor BorderedButton::groundColor() const {
+    const double strength = isDown() ? 1.9 : underMouse() ? 1.45 : 1.0;
+    switch (m_look.prominence) {
+    case ButtonLook::Prominence::Prominent:
+        return isDown() ? composed(faded(Qt::black, 0.18), m_palette.accentFill)
+                        : composed(faded(Qt::white, underMouse() ? 0.06 : 0), m_palette.accentFill);
+    case ButtonLook::Prominence::Destructive:
+        return faded(m_palette.red, 0.13 * strength);
+    case ButtonLook::Prominence::Bordered:
+        break;
+    }
+    return faded(m_palette.primary, 0.09 * strength);
+}
+
+QColor BorderedButton::textColor() const {
+    switch (m_look.prominence) {
+    case ButtonLook::Prominence::Prominent:
+        return m_palette.onAccent;
+    case ButtonLook::Prominence::Destructive:
+        return m_palette.red;
+    case ButtonLook::Prominence::Bordered:
+        break;
+    }
+    return m_palette.primary;
+}
+
+void BorderedButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (!isEnabled()) {
+        painter.setOpacity(0.45);
+    }
+    const double radius = m_look.shape == ButtonLook::Shape::Capsule
+                              ? height() / 2.0
+                              : std::min(measures(m_look.size).radius, height() / 2.0);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(groundColor());
+    painter.drawRoundedRect(rect(), radius, radius);
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(m_palette.accent, 2));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), radius - 1, radius - 1);
+    }
+    painter.setPen(textColor());
+    painter.drawText(rect(), Qt::AlignCenter, text());
+}
+
+} // namespace zamber

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Palette.h"
+
+#include <QAbstractButton>
+
+namespace zamber {
+
+/// How large a control is, and its text with it.
+enum class ControlSize { Large, Regular, Small, Mini };
+
+/// How a button with a ground of its own looks.
+struct ButtonLook {
+    enum class Prominence {
+        Bordered,   ///< a quiet ground
+        Prominent,  ///< filled with the accent: the one button that is meant to be pressed
+        Destructive ///< says in red that something will be gone
+    };
+    enum class Shape { Rounded, Capsule };
+
+    Prominence prominence = Prominence::Bordered;
+    ControlSize size = ControlSize::Regular;
+    Shape shape = Shape::Rounded;
+};
+
+/// A push button with a ground. Reached by the Tab key and pressed by the space bar, unless its focus policy is
+/// changed; assistive technology reads its text.
+class BorderedButton final : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    explicit BorderedButton(const QString& text, ButtonLook look = {}, QWidget* parent = nullptr);
+
+    void setColors(const Palette& palette);
+
+    const ButtonLook& look() const { return m_look; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QColor groundColor() const;
+    QColor textColor() const;
+
+    ButtonLook m_look;
+    Palette m_palette;
+};
+
+} // namespace zamber

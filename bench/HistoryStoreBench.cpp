@@ -14,6 +14,7 @@
 #include <benchmark/benchmark.h>
 
 #include <array>
+#include <cstring>
 #include <memory>
 
 namespace zamber::bench {
@@ -138,10 +139,11 @@ void measureLongTexts(Letters letters) {
     }
     const auto pass = shortestTimes(5, [&] {
         for (const auto& item : store.manager->items()) {
-            benchmark::DoNotOptimize(item.content.bytes().count('\0'));
+            const auto& key = item.content.searchKey(CaseFolding::Common);
+            benchmark::DoNotOptimize(std::memchr(key.constData(), 0, static_cast<std::size_t>(key.size())));
         }
     })[0];
-    note(name + "one pass that looks for one byte", gigabytes / pass, "GB/s");
+    note(name + "one pass over the same bytes (memchr)", gigabytes / pass, "GB/s");
 
     const auto& contents = store.manager->items();
     const auto each = [&](auto member) {

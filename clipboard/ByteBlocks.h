@@ -24,13 +24,11 @@ bool blockHas(const char* block, Predicate predicate) {
     return found != 0;
 }
 
-/// A bit for each byte of the block, the lowest for the first: does the predicate hold for it?
-template <class Predicate>
-std::uint32_t blockBits(const char* block, Predicate predicate) {
-    std::array<char, BYTE_BLOCK> marks; // NOLINT(cppcoreguidelines-pro-type-member-init): written before read
-    for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
-        marks[i] = static_cast<char>(predicate(static_cast<unsigned char>(block[i])));
-    }
+/// For each byte of a block 1 or 0.
+using BlockMarks = std::array<unsigned char, BYTE_BLOCK>;
+
+/// A bit for each mark, the lowest for the first.
+inline std::uint32_t markBits(const BlockMarks& marks) {
     std::uint64_t bits = 0;
     for (std::size_t at = 0; at < BYTE_BLOCK; at += sizeof(std::uint64_t)) {
         std::uint64_t word = 0;
@@ -39,6 +37,16 @@ std::uint32_t blockBits(const char* block, Predicate predicate) {
         bits |= (word * 0x0102040810204080U >> 56U) << at; // the lowest bit of each byte
     }
     return static_cast<std::uint32_t>(bits);
+}
+
+/// A bit for each byte of the block: does the predicate hold for it?
+template <class Predicate>
+std::uint32_t blockBits(const char* block, Predicate predicate) {
+    BlockMarks marks; // NOLINT(cppcoreguidelines-pro-type-member-init): written before read
+    for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+        marks[i] = static_cast<unsigned char>(predicate(static_cast<unsigned char>(block[i])));
+    }
+    return markBits(marks);
 }
 
 /// The place of the first such byte from there on, or the text's size.

@@ -35,6 +35,9 @@ struct Drawing {
 
 const Drawing* drawingFor(const QString& name) {
     static const Drawing drawings[] = {
+        {u"1.circle.fill"_s, u"1-circle-fill"_s},
+        {u"2.circle.fill"_s, u"2-circle-fill"_s},
+        {u"3.circle.fill"_s, u"3-circle-fill"_s},
         {u"arrow.down.circle.fill"_s, u"arrow-down-circle-fill"_s},
         {u"clipboard"_s, u"clipboard"_s},
         {u"clipboard.fill"_s, u"clipboard-fill"_s},
@@ -44,6 +47,7 @@ const Drawing* drawingFor(const QString& name) {
         {u"gearshape.fill"_s, u"gear-fill"_s},
         {u"link"_s, u"link-45deg"_s},
         {u"lock.fill"_s, u"lock-fill"_s},
+        {u"lock.shield"_s, u"shield-lock"_s},
         {u"magnifyingglass"_s, u"search"_s},
         {u"photo"_s, u"image"_s},
         {u"pin"_s, u"pin"_s},

@@ -7,15 +7,13 @@
 #include "clipboard/CodePoints.h"
 #include "clipboard/FoldedCharacters.h"
 #include "clipboard/NormalForm.h"
+#include "clipboard/TextFinder.h"
 
 #include <QLocale>
 
 #include <unicode/uchar.h>
 
-#include <algorithm>
 #include <array>
-#include <bit>
-#include <cstring>
 
 namespace zamber {
 
@@ -26,8 +24,6 @@ constexpr char32_t ZERO_WIDTH_JOINER = 0x200D;
 constexpr char16_t COMBINING_DOT_ABOVE = 0x0307;
 constexpr char16_t DOTLESS_I = 0x0131;
 constexpr int VIRAMA_COMBINING_CLASS = 9;
-/// Few enough that a text which has both bytes now and then is mostly passed over, many enough to ask seldom.
-constexpr std::size_t BLOCKS_BYTES = 4 * BYTE_BLOCK;
 
 bool isUpperCaseAscii(char c) {
     return c >= 'A' && c <= 'Z';
@@ -140,77 +136,6 @@ std::size_t endOfEntangled(std::string_view text, std::size_t at, FoldedCharacte
         at = after;
     }
     return at;
-}
-
-/// How seldom bytes are in texts, roughly: the higher the rarer.
-int rarity(char c) {
-    constexpr std::string_view COMMON = " etaoinsrhldcumfpgwybv,.k\n-\"_'/:;()0123456789xjqz";
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte >= 0xC0) {
-        return 1; // the start of a letter of some script; in such texts, every second or third byte
-    }
-    const auto place = COMMON.find(c);
-    return place == std::string_view::npos ? static_cast<int>(COMMON.size()) : static_cast<int>(place);
-}
-
-/// Where the searched text, not empty, comes next from there on; the text's size when it does not.
-///
-/// Looks for two of its bytes at once, the rarest and another, and compares in full only where both are.
-std::size_t findText(std::string_view text, std::string_view searched, std::size_t from) {
-    if (searched.size() == 1) {
-        return std::min(text.find(searched[0], from), text.size());
-    }
-    if (text.size() < searched.size()) {
-        return text.size();
-    }
-    const auto rarest = static_cast<std::size_t>(std::ranges::max_element(searched, {}, rarity) - searched.begin());
-    const std::size_t other = rarest == 0 ? searched.size() - 1 : 0;
-    const char rareByte = searched[rarest];
-    const char otherByte = searched[other];
-    const auto end = text.size() - searched.size() + 1;
-    const char* const rareStart = text.data() + rarest;
-    const char* const otherStart = text.data() + other;
-    const auto hasBoth = [&](std::size_t at) {
-        return static_cast<unsigned char>((rareStart[at] == rareByte) & (otherStart[at] == otherByte));
-    };
-    const auto isAt = [&](std::size_t at) {
-        return std::memcmp(text.data() + at, searched.data(), searched.size()) == 0;
-    };
-    const auto hasAny = [&](std::size_t blocks) {
-        BlockMarks anywhere{};
-        for (std::size_t block = blocks; block < blocks + BLOCKS_BYTES; block += BYTE_BLOCK) {
-            for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
-                anywhere[i] |= hasBoth(block + i);
-            }
-        }
-        return markBits(anywhere) != 0;
-    };
-    auto at = from;
-    auto passedOver = from; // up to there it has been looked at several blocks at once
-    while (at + BYTE_BLOCK <= end) {
-        if (at >= passedOver && at + BLOCKS_BYTES <= end) {
-            passedOver = at + BLOCKS_BYTES;
-            if (!hasAny(at)) {
-                at = passedOver;
-                continue;
-            }
-        }
-        BlockMarks marks; // NOLINT(cppcoreguidelines-pro-type-member-init): written before read
-        for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
-            marks[i] = hasBoth(at + i);
-        }
-        for (auto bits = markBits(marks); bits != 0; bits &= bits - 1) {
-            const auto place = at + static_cast<std::size_t>(std::countr_zero(bits));
-            if (isAt(place)) {
-                return place;
-            }
-        }
-        at += BYTE_BLOCK;
-    }
-    while (at < end && (hasBoth(at) == 0 || !isAt(at))) {
-        ++at;
-    }
-    return at < end ? at : text.size();
 }
 
 bool joinsWithWhatFollows(char32_t c) {

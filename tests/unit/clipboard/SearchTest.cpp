@@ -168,6 +168,18 @@ TEST(Search, KeysOfRandomTextsAreFoldedAndDecomposed) {
     }
 }
 
+TEST(Search, FindsATextWhereverItStandsInALongOne) {
+    // The first letter, by which it is looked for, stands at the start already.
+    for (std::size_t before = 0; before < 4300; before += before == 300 ? 3700 : 1) {
+        for (const std::size_t after : {0, 1, 40, 200}) {
+            auto text = 'z' + std::string(before, 'a') + "zebra" + std::string(after, 'a');
+            EXPECT_TRUE(searchKeyContains(text, "zebra")) << before << ' ' << after;
+            text[1 + before + 2] = 'p';
+            EXPECT_FALSE(searchKeyContains(text, "zebra")) << before << ' ' << after;
+        }
+    }
+}
+
 TEST(Search, FindsWhatALetterByLetterSearchFinds) {
     std::mt19937 random(20260102);
     for (int round = 0; round < 50'000; ++round) {

@@ -2,18 +2,21 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 
+#include "app/PermissionWindow.h"
 #include "clipboard/ClipboardManager.h"
-#include "platform/AccessibilityTrust.h"
 #include "platform/Application.h"
-#include "platform/Log.h"
 #include "popover/ClipboardListView.h"
+
+#include <utility>
 
 namespace zamber {
 
-AppDelegate::AppDelegate(const Desktop& desktop, const std::filesystem::path& historyFile)
+AppDelegate::AppDelegate(const Desktop& desktop, const std::filesystem::path& historyFile, LaunchSteps launchSteps)
     : clipboardManager(
           ClipboardManager::create(desktop.pasteboard, desktop.userDefaults, desktop.scheduler, historyFile))
-    , m_desktop(desktop) {}
+    , m_desktop(desktop)
+    , m_launchSteps(std::move(launchSteps))
+    , m_launchAtLogin(desktop.loginItem) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -31,13 +34,9 @@ void AppDelegate::applicationDidFinishLaunching() {
     updatePopoverAppearance();
     registerHotKey();
     clipboardManager->startMonitoring();
+    m_launchSteps.startPeriodicChecks();
+    m_launchSteps.checkAndPromptMove();
     checkAccessibility();
-}
-
-void AppDelegate::checkAccessibility() {
-    if (m_desktop.trust.isTrusted()) {
-        logLine("✅ Accessibility: trusted");
-    }
 }
 
 } // namespace zamber

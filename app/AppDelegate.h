@@ -2,12 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "install/LaunchAtLoginManager.h"
 #include "platform/Desktop.h"
 #include "platform/HotKeyCenter.h"
+#include "platform/Scheduler.h"
 #include "platform/StatusItem.h"
 #include "platform/Workspace.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -15,12 +18,19 @@ namespace zamber {
 
 class ClipboardListView;
 class ClipboardManager;
+class PermissionWindow;
+
+/// What begins with the program and is none of the delegate's own business.
+struct LaunchSteps {
+    std::function<void()> startPeriodicChecks = [] {}; ///< whether there is a newer version
+    std::function<void()> checkAndPromptMove = [] {};  ///< whether the program runs from where it should
+};
 
 /// Holds the program together: the history, the status item, the popover, the hot keys and the way back into the
 /// application that was in front. Lives as long as the process. Each duty has a source file of its own.
 class AppDelegate final : public std::enable_shared_from_this<AppDelegate> {
 public:
-    AppDelegate(const Desktop& desktop, const std::filesystem::path& historyFile);
+    AppDelegate(const Desktop& desktop, const std::filesystem::path& historyFile, LaunchSteps launchSteps);
     ~AppDelegate();
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
@@ -28,41 +38,49 @@ public:
     /// Starts everything, in an order that matters. Called once, by whoever runs the event loop.
     void applicationDidFinishLaunching();
 
-    // Status item
-    void togglePopover(MouseButton button);
-    void showContextMenu();
-    void quitApp();
-
     // Popover
-    void showPopover();
     void updatePopoverSize();
     void updatePopoverAppearance();
 
+    // Accessibility
+    void checkAccessibility();
+    void showPermissionWindow();
+
     // Hot keys
     void registerHotKey();
+    void quickPaste(int index);
+
+    // Status item
+    void togglePopover(MouseButton button);
+    void showContextMenu();
+    void openSettings();
+    void toggleLaunchAtLogin();
+    void quitApp();
 
     // Paste
-    void quickPaste(int index);
+    void showPopover();
     void pasteToActiveApp();
 
     const std::shared_ptr<ClipboardManager> clipboardManager;
-
-    // Accessibility
-    void checkAccessibility();
 
 private:
     void createStatusItem();
     void createPopover();
     void observePreferences();
     void handleHotKey(std::uint32_t id);
+    void playPasteSound();
     void cgEventPaste(const std::optional<RunningApplication>& target);
 
     Desktop m_desktop;
+    LaunchSteps m_launchSteps;
+    LaunchAtLoginManager m_launchAtLogin;
     std::unique_ptr<ClipboardListView> m_listView;
     std::optional<HotKeyRef> m_hotKeyRef;
     std::optional<HotKeyRef> m_quickPasteHotKey2Ref;
     std::optional<HotKeyRef> m_quickPasteHotKey3Ref;
     std::optional<RunningApplication> m_previousApp;
+    std::optional<Scheduler::Token> m_accessibilityTimer;
+    std::unique_ptr<PermissionWindow> m_permissionWindow;
 };
 
 } // namespace zamber

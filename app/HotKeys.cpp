@@ -23,8 +23,10 @@ void AppDelegate::registerHotKey() {
     m_hotKeyRef = center.registerHotKey(PhysicalKey::V, COMMAND_SHIFT, {SIGNATURE, MAIN});
     m_quickPasteHotKey2Ref = center.registerHotKey(PhysicalKey::Digit2, COMMAND_SHIFT, {SIGNATURE, QUICK_PASTE_2});
     m_quickPasteHotKey3Ref = center.registerHotKey(PhysicalKey::Digit3, COMMAND_SHIFT, {SIGNATURE, QUICK_PASTE_3});
-    center.setPressedHandler([this](std::uint32_t id) {
-        m_desktop.scheduler.soon([self = shared_from_this(), id] { self->handleHotKey(id); });
+    center.setPressedHandler([weakSelf = weak_from_this()](std::uint32_t id) {
+        if (const auto self = weakSelf.lock()) {
+            self->m_desktop.scheduler.soon([self, id] { self->handleHotKey(id); });
+        }
     });
 }
 

@@ -7,7 +7,9 @@
 #include "platform/Log.h"
 #include "platform/PopoverHost.h"
 #include "platform/Scheduler.h"
+#include "platform/SystemSound.h"
 #include "platform/Workspace.h"
+#include "settings/keys/PreferenceKeys.h"
 
 #include <chrono>
 
@@ -31,6 +33,7 @@ void AppDelegate::pasteToActiveApp() {
     }
     const QString name = m_previousApp->localizedName.value_or(QStringLiteral("unknown"));
     logLine("🔵 Pasting into: " + name.toStdString());
+    playPasteSound();
     m_desktop.workspace.activate(*m_previousApp);
     m_desktop.scheduler.after(DELAY_AFTER_ACTIVATION, [self = shared_from_this()] {
         if (self->m_desktop.trust.isTrusted()) {
@@ -50,12 +53,19 @@ void AppDelegate::quickPaste(int index) {
     }
     m_previousApp = m_desktop.workspace.frontmostApplication();
     clipboardManager->copyToClipboard(items[index]);
+    playPasteSound();
     m_desktop.scheduler.after(DELAY_AFTER_COPY, [weakSelf = weak_from_this(), &trust = m_desktop.trust] {
         const bool isTrusted = trust.isTrusted();
         if (const auto self = weakSelf.lock(); self && isTrusted) {
             self->cgEventPaste(self->m_previousApp);
         }
     });
+}
+
+void AppDelegate::playPasteSound() {
+    if (read(m_desktop.userDefaults, keys::playSoundOnPaste)) {
+        m_desktop.sounds.play(QStringLiteral("Tink"));
+    }
 }
 
 void AppDelegate::cgEventPaste(const std::optional<RunningApplication>& target) {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
+#include "app/PermissionWindow.h"
 #include "platform/Appearance.h"
 #include "platform/Application.h"
 #include "platform/PopoverHost.h"
@@ -15,11 +16,15 @@ void AppDelegate::createPopover() {
     m_listView = std::make_unique<ClipboardListView>(
         m_desktop.keyMonitor, m_desktop.appearance, m_desktop.symbols, m_desktop.userDefaults, m_desktop.scheduler,
         clipboardManager,
-        ClipboardListView::Callbacks{.openSettings = {}, .closePopover = [this] { m_desktop.popover.performClose(); }});
+        ClipboardListView::Callbacks{.openSettings = [this] { openSettings(); },
+                                     .closePopover = [this] { m_desktop.popover.performClose(); }});
     m_desktop.popover.setContent(m_listView.get());
     m_desktop.appearance.setChangedHandler([this] {
         updatePopoverAppearance();
         m_listView->updateAppearance();
+        if (m_permissionWindow) {
+            m_permissionWindow->updateAppearance();
+        }
     });
 }
 

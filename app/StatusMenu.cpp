@@ -23,9 +23,33 @@ void AppDelegate::togglePopover(MouseButton button) {
 }
 
 void AppDelegate::showContextMenu() {
+    // The state is in the title alone; the blanks keep both titles the same width.
+    const QString mark = m_launchAtLogin.isEnabled() ? QStringLiteral("✓ ") : QStringLiteral("  ");
+    const MenuItem separator;
     m_desktop.statusItem.showMenuOnce({
+        {.title = QStringLiteral("Settings…"),
+         .keyEquivalent = QStringLiteral(","),
+         .action = [this] { openSettings(); }},
+        separator,
+        {.title = mark + QStringLiteral("Launch at Login"),
+         .keyEquivalent = {},
+         .action = [this] { toggleLaunchAtLogin(); }},
+        separator,
         {.title = QStringLiteral("Quit Zamber"), .keyEquivalent = QStringLiteral("q"), .action = [this] { quitApp(); }},
     });
+}
+
+void AppDelegate::openSettings() {
+    Application& application = m_desktop.application;
+    application.activate();
+    if (!application.sendAction(QStringLiteral("showSettingsWindow:")) &&
+        !application.sendAction(QStringLiteral("showPreferencesWindow:"))) {
+        application.postNotification(QStringLiteral("openSettings"));
+    }
+}
+
+void AppDelegate::toggleLaunchAtLogin() {
+    m_launchAtLogin.setEnabled(!m_launchAtLogin.isEnabled());
 }
 
 void AppDelegate::quitApp() {

@@ -4,6 +4,8 @@
 
 #include "platform/freedesktop/ApplicationNames.h"
 #include "platform/freedesktop/BootstrapSymbols.h"
+#include "platform/freedesktop/CanberraSound.h"
+#include "platform/freedesktop/ClosingPress.h"
 #include "platform/freedesktop/PopoverWindow.h"
 #include "platform/freedesktop/PortalAppearance.h"
 #include "platform/freedesktop/QtApplication.h"
@@ -11,6 +13,7 @@
 #include "platform/freedesktop/QtScheduler.h"
 #include "platform/freedesktop/QtStatusItem.h"
 #include "platform/freedesktop/SettingsUserDefaults.h"
+#include "platform/freedesktop/XdgLoginItem.h"
 #include "platform/x11/ButtonPresses.h"
 #include "platform/x11/Connection.h"
 #include "platform/x11/Keyboard.h"
@@ -21,6 +24,7 @@
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11Workspace.h"
 
+#include <QCoreApplication>
 #include <QCursor>
 
 #include <utility>
@@ -34,8 +38,10 @@ struct X11Desktop::Adapters {
     explicit Adapters(Connections connections)
         : clipboardConnection(std::move(connections.first))
         , inputConnection(std::move(connections.second)) {
-        QObject::connect(&popover, &PopoverWindow::shown, &presses,
-                         [this] { presses.setListening(x11::ButtonPresses::Listening::On); });
+        QObject::connect(&popover, &PopoverWindow::shown, &presses, [this] {
+            closingPress.forget();
+            presses.setListening(x11::ButtonPresses::Listening::On);
+        });
         QObject::connect(&popover, &PopoverWindow::closed, &presses,
                          [this] { presses.setListening(x11::ButtonPresses::Listening::Off); });
         QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover, [this] { handlePress(QCursor::pos()); });
@@ -47,9 +53,13 @@ struct X11Desktop::Adapters {
     }
 
     void handlePress(QPoint position) {
+        const bool wasShown = popover.isShown();
         // A press on the status item is the first half of a click that toggles the popover.
         if (!statusItem.isInTray() || !statusItem.button()->screenRectangle.contains(position)) {
             popover.pressedOutside(position);
+        }
+        if (wasShown && !popover.isShown()) {
+            closingPress.note(position);
         }
     }
 
@@ -71,7 +81,12 @@ struct X11Desktop::Adapters {
     QtKeyMonitor keyMonitor;
     PortalAppearance appearance;
     BootstrapSymbols symbols;
-    QtStatusItem statusItem{symbols};
+    CanberraSound sounds;
+    XdgLoginItem loginItem{XdgLoginItem::defaultSurroundings(), QStringLiteral("app.zamber.Zamber"),
+                           QCoreApplication::applicationFilePath()};
+    ClosingPress closingPress;
+    QtStatusItem statusItem{symbols,
+                            [this](QPoint pointer) { return !popover.isShown() && closingPress.claim(pointer); }};
     PopoverWindow popover{appearance,
                           {.isComposited = [this] { return windows.isComposited(); },
                            .activateWindow = [this](WId id) { presentPopover(static_cast<xcb_window_t>(id)); }}};
@@ -108,6 +123,8 @@ Desktop X11Desktop::ports() {
             .popover = m_adapters->popover,
             .appearance = m_adapters->appearance,
             .symbols = m_adapters->symbols,
+            .sounds = m_adapters->sounds,
+            .loginItem = m_adapters->loginItem,
             .userDefaults = m_adapters->userDefaults,
             .scheduler = m_adapters->scheduler};
 }

@@ -56,7 +56,8 @@ int main(int argc, char** argv) {
                      [&desktop] { (*desktop)->requestShow(); });
     const zamber::Desktop ports = (*desktop)->ports();
     zamber::UserDefaults::setStandard(&ports.userDefaults);
-    const auto delegate = std::make_shared<zamber::AppDelegate>(ports, zamber::HistoryFile::defaultPath());
+    const auto delegate =
+        std::make_shared<zamber::AppDelegate>(ports, zamber::HistoryFile::defaultPath(), zamber::LaunchSteps{});
     delegate->applicationDidFinishLaunching();
     return QApplication::exec();
 }

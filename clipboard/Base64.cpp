@@ -7,6 +7,7 @@
 #include <modp_b64.h>
 
 #include <array>
+#include <bit>
 #include <cstring>
 
 namespace zamber {
@@ -18,16 +19,8 @@ constexpr std::size_t FAILED = static_cast<std::size_t>(-1);
 constexpr std::size_t DECODER_SLACK = 2;
 constexpr std::size_t PIECE_BYTES = std::size_t{1} << 15;
 
-/// Copies what stands before the first backslash, a block at most; how much that was.
-std::size_t plainStart(std::string_view text, char* to) {
-    const auto isBackslash = [](unsigned char byte) { return byte == '\\'; };
-    if (text.size() >= BYTE_BLOCK) {
-        std::memcpy(to, text.data(), BYTE_BLOCK); // more than needed costs less than to know how much is
-        return firstInBlock(text.data(), isBackslash);
-    }
-    const auto length = findByte(text, 0, isBackslash);
-    std::memcpy(to, text.data(), length);
-    return length;
+bool isBackslash(unsigned char byte) {
+    return byte == '\\';
 }
 
 /// Decodes a text that comes in pieces.
@@ -66,7 +59,8 @@ std::optional<QByteArray> fromBase64(std::string_view text) {
 
 std::optional<QByteArray> fromSlashEscapedBase64(std::string_view text) {
     Decoder decoder(text.size());
-    std::array<char, PIECE_BYTES + BYTE_BLOCK> piece; // NOLINT(cppcoreguidelines-pro-type-member-init): written first
+    // Room for the block that fills it, what is copied too much, and the last two blocks.
+    std::array<char, PIECE_BYTES + 4 * BYTE_BLOCK> piece; // NOLINT(cppcoreguidelines-pro-type-member-init)
     std::size_t filled = 0;
     const auto decodeFull = [&](bool isLast) {
         // What does not fill four characters waits for the next piece. Padding is for the end alone.
@@ -79,19 +73,31 @@ std::optional<QByteArray> fromSlashEscapedBase64(std::string_view text) {
         filled -= length;
         return true;
     };
-    while (!text.empty()) {
+    std::size_t at = 0;
+    for (; at + 2 * BYTE_BLOCK <= text.size(); at += BYTE_BLOCK) {
         if (filled >= PIECE_BYTES && !decodeFull(false)) {
             return std::nullopt;
         }
-        const auto plain = plainStart(text, piece.data() + filled);
-        filled += plain;
-        text.remove_prefix(plain);
-        if (text.starts_with('\\')) {
-            text.remove_prefix(1);
-            if (!text.starts_with('/')) {
+        const char* block = text.data() + at;
+        std::size_t from = 0;
+        // A whole block each time: more than is needed costs less than to copy a length that nobody could predict.
+        for (auto bits = blockBits(block, isBackslash); bits != 0; bits &= bits - 1) {
+            const auto backslash = static_cast<std::size_t>(std::countr_zero(bits));
+            if (block[backslash + 1] != '/') {
                 return std::nullopt;
             }
+            std::memcpy(piece.data() + filled, block + from, BYTE_BLOCK);
+            filled += backslash - from;
+            from = backslash + 1;
         }
+        std::memcpy(piece.data() + filled, block + from, BYTE_BLOCK);
+        filled += BYTE_BLOCK - from;
+    }
+    for (; at < text.size(); ++at) {
+        if (isBackslash(static_cast<unsigned char>(text[at])) && (++at == text.size() || text[at] != '/')) {
+            return std::nullopt;
+        }
+        piece[filled++] = text[at];
     }
     return decodeFull(true) ? std::optional(std::move(decoder).bytes()) : std::nullopt;
 }

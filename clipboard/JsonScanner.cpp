@@ -5,6 +5,8 @@
 #include "clipboard/ByteBlocks.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <charconv>
 #include <utility>
 #include <vector>
@@ -26,6 +28,51 @@ bool isDigit(char c) {
 /// Nothing that ends a string, starts an escape or must not stand in one.
 bool isSpecial(unsigned char byte) {
     return (byte < 0x20) | (byte == '"') | (byte == '\\');
+}
+
+/// What may follow a backslash and is an escape with that.
+bool isShortEscape(char c) {
+    constexpr auto KNOWN = [] {
+        std::array<bool, 256> known{};
+        for (const char escape : std::string_view("\"\\/bfnrt")) {
+            known[static_cast<unsigned char>(escape)] = true;
+        }
+        return known;
+    }();
+    return KNOWN[static_cast<unsigned char>(c)];
+}
+
+/// Is there a special character in the block but for escaped slashes, of which images have one in every other block?
+/// Looks at the byte behind the block, too.
+bool needsCare(const char* block) {
+    unsigned char found = 0;
+    for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+        const auto isEscapedSlash = static_cast<unsigned char>((block[i] == '\\') & (block[i + 1] == '/'));
+        found |= static_cast<unsigned char>(isSpecial(static_cast<unsigned char>(block[i])) & ~isEscapedSlash);
+    }
+    return found != 0;
+}
+
+/// The place of the first special character from there on that does not start a short escape, or one near the end of
+/// the text.
+std::size_t skipShortEscapes(std::string_view text, std::size_t at) {
+    while (at + BYTE_BLOCK < text.size()) {
+        const char* block = text.data() + at;
+        std::size_t length = BYTE_BLOCK;
+        // The slash of an escape may be the first byte of the next block, where it stands for nothing special.
+        if (needsCare(block)) {
+            for (auto bits = std::uint64_t{blockBits(block, isSpecial)}; bits != 0;) {
+                const auto place = static_cast<std::size_t>(std::countr_zero(bits));
+                if (block[place] != '\\' || !isShortEscape(block[place + 1])) {
+                    return at + place;
+                }
+                bits &= ~(std::uint64_t{3} << place);
+                length = std::max(length, place + 2);
+            }
+        }
+        at += length;
+    }
+    return at;
 }
 
 bool isUtf8(std::string_view text) {
@@ -177,7 +224,7 @@ std::optional<JsonValue> JsonScanner::scalar() {
 bool JsonScanner::skipString() {
     const auto start = m_textStart + m_at;
     while (hasMore()) {
-        m_at = findByte(m_text, m_at, isSpecial);
+        m_at = findByte(m_text, skipShortEscapes(m_text, m_at), isSpecial);
         if (m_at == m_text.size()) {
             continue;
         }
@@ -195,12 +242,8 @@ bool JsonScanner::skipString() {
 
 bool JsonScanner::skipEscape() {
     ++m_at;
-    if (m_at < m_text.size() && m_text[m_at] == '/') { // the one that images are full of
-        ++m_at;
-        return true;
-    }
     if (!comesNext("u")) {
-        const bool isKnown = comesNext("\"\\/bfnrt");
+        const bool isKnown = hasMore() && isShortEscape(m_text[m_at]);
         m_at += isKnown ? 1 : 0;
         return isKnown;
     }

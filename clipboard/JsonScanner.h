@@ -33,6 +33,10 @@ public:
     /// The text must outlive the scanner.
     explicit JsonScanner(std::string_view text);
 
+    JsonScanner(JsonScanner&&) = default;
+    JsonScanner& operator=(JsonScanner&&) = default;
+    ~JsonScanner() = default;
+
     /// Skips white space, and the character when it comes next. Was it there?
     bool take(char expected);
     /// The next value, whole, or nothing when none or a broken one comes next, or one nested deeper than 512.

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 
 namespace zamber {
@@ -25,6 +26,8 @@ constexpr char32_t ZERO_WIDTH_JOINER = 0x200D;
 constexpr char16_t COMBINING_DOT_ABOVE = 0x0307;
 constexpr char16_t DOTLESS_I = 0x0131;
 constexpr int VIRAMA_COMBINING_CLASS = 9;
+/// Few enough that a text which has both bytes now and then is mostly passed over, many enough to ask seldom.
+constexpr std::size_t BLOCKS_BYTES = 4 * BYTE_BLOCK;
 
 bool isUpperCaseAscii(char c) {
     return c >= 'A' && c <= 'Z';
@@ -165,24 +168,46 @@ std::size_t findText(std::string_view text, std::string_view searched, std::size
     const char rareByte = searched[rarest];
     const char otherByte = searched[other];
     const auto end = text.size() - searched.size() + 1;
-    const auto isAt = [&](std::size_t at) {
-        return text[at + rarest] == rareByte && std::memcmp(text.data() + at, searched.data(), searched.size()) == 0;
+    const char* const rareStart = text.data() + rarest;
+    const char* const otherStart = text.data() + other;
+    const auto hasBoth = [&](std::size_t at) {
+        return static_cast<unsigned char>((rareStart[at] == rareByte) & (otherStart[at] == otherByte));
     };
-    auto at = from;
-    for (; at + BYTE_BLOCK <= end; at += BYTE_BLOCK) {
-        const char* rare = text.data() + at + rarest;
-        const char* others = text.data() + at + other;
-        unsigned char found = 0;
-        for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
-            found |= static_cast<unsigned char>((rare[i] == rareByte) & (others[i] == otherByte));
-        }
-        for (std::size_t i = 0; found != 0 && i < BYTE_BLOCK; ++i) {
-            if (isAt(at + i)) {
-                return at + i;
+    const auto isAt = [&](std::size_t at) {
+        return std::memcmp(text.data() + at, searched.data(), searched.size()) == 0;
+    };
+    const auto hasAny = [&](std::size_t blocks) {
+        BlockMarks anywhere{};
+        for (std::size_t block = blocks; block < blocks + BLOCKS_BYTES; block += BYTE_BLOCK) {
+            for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+                anywhere[i] |= hasBoth(block + i);
             }
         }
+        return markBits(anywhere) != 0;
+    };
+    auto at = from;
+    auto passedOver = from; // up to there it has been looked at several blocks at once
+    while (at + BYTE_BLOCK <= end) {
+        if (at >= passedOver && at + BLOCKS_BYTES <= end) {
+            passedOver = at + BLOCKS_BYTES;
+            if (!hasAny(at)) {
+                at = passedOver;
+                continue;
+            }
+        }
+        BlockMarks marks; // NOLINT(cppcoreguidelines-pro-type-member-init): written before read
+        for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+            marks[i] = hasBoth(at + i);
+        }
+        for (auto bits = markBits(marks); bits != 0; bits &= bits - 1) {
+            const auto place = at + static_cast<std::size_t>(std::countr_zero(bits));
+            if (isAt(place)) {
+                return place;
+            }
+        }
+        at += BYTE_BLOCK;
     }
-    while (at < end && !isAt(at)) {
+    while (at < end && (hasBoth(at) == 0 || !isAt(at))) {
         ++at;
     }
     return at < end ? at : text.size();

@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QUrl>
+
+#include <optional>
+
 namespace zamber {
 
 /// The permission to post key events into other programs.
@@ -11,6 +15,9 @@ public:
 
     /// Asked anew at each call; never shows a prompt.
     virtual bool isTrusted() const = 0;
+
+    /// The page of the system's settings where the user grants it; nothing where nobody can.
+    virtual std::optional<QUrl> settingsAddress() const = 0;
 };
 
 } // namespace zamber

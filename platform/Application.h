@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
+
 #include <functional>
 
 namespace zamber {
@@ -19,6 +21,13 @@ public:
 
     /// Ends the event loop, and with it the process. Nothing is saved on the way.
     virtual void terminate() = 0;
+
+    /// Sends an action by its name, which ends in a colon, to whoever in the program answers to it. False when nobody
+    /// does.
+    virtual bool sendAction(const QString& name) = 0;
+
+    /// Tells whoever in the program has asked to hear of notifications of that name, possibly nobody.
+    virtual void postNotification(const QString& name) = 0;
 
     /// Called when the user starts the program while it runs: there is one a session, and it is asked to show itself.
     virtual void setShowRequestedHandler(std::function<void()> handler) = 0;

@@ -10,11 +10,13 @@ class Application;
 class HotKeyCenter;
 class KeyMonitor;
 class KeystrokePoster;
+class LoginItem;
 class Pasteboard;
 class PopoverHost;
 class Scheduler;
 class StatusItem;
 class Symbols;
+class SystemSound;
 class UserDefaults;
 class Workspace;
 
@@ -31,6 +33,8 @@ struct Desktop {
     PopoverHost& popover;
     Appearance& appearance;
     Symbols& symbols;
+    SystemSound& sounds;
+    LoginItem& loginItem;
     UserDefaults& userDefaults;
     Scheduler& scheduler;
 };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QUrl>
 
 #include <cstdint>
 #include <optional>
@@ -31,6 +32,9 @@ public:
 
     /// Asks for that application to come to the front. Nothing happens when it has gone.
     virtual void activate(const RunningApplication& application) = 0;
+
+    /// Opens the address with the program that the user has chosen for its kind. Returns at once.
+    virtual void open(const QUrl& address) = 0;
 };
 
 } // namespace zamber

@@ -54,8 +54,9 @@ ClipboardListView::ClipboardListView(KeyMonitor& keyMonitor, const Appearance& a
     , m_header(new PopoverHeader(
           symbols,
           m_callbacks.openSettings ? PopoverHeader::SettingsButton::Shown : PopoverHeader::SettingsButton::Left, this))
+    , m_banner(new UpdateBanner(symbols, this))
     , m_search(new SearchField(symbols, u"Search clipboard…"_s, this))
-    , m_list(new HistoryListWidget(symbols, appearance, scheduler, this))
+    , m_list(new HistoryListWidget(symbols, appearance, scheduler, m_callbacks.linkDetector, this))
     , m_emptyState(new EmptyState(symbols, this))
     , m_footer(new PopoverFooter(symbols, this))
     , m_clearConfirmation(
@@ -66,13 +67,15 @@ ClipboardListView::ClipboardListView(KeyMonitor& keyMonitor, const Appearance& a
     setAccessibleName(u"Zamber"_s);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusProxy(m_search);
+    m_banner->setObjectName(u"updateBanner"_s);
+    m_banner->hide();
     buildLayout();
     connectParts();
     observePreferences();
     updateSize();
     updateAppearance();
     updatePreferences();
-    refresh();
+    historyChanged();
 }
 
 ClipboardListView::~ClipboardListView() {
@@ -93,6 +96,7 @@ void ClipboardListView::buildLayout() {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_header);
+    column->addWidget(m_banner);
     column->addLayout(searchRow);
     column->addWidget(m_list, 1);
     column->addWidget(m_emptyState, 1);
@@ -100,8 +104,8 @@ void ClipboardListView::buildLayout() {
 }
 
 void ClipboardListView::connectParts() {
-    connect(m_manager.get(), &ClipboardManager::itemsChanged, this, &ClipboardListView::refresh);
-    connect(m_manager.get(), &ClipboardManager::searchTextChanged, this, &ClipboardListView::refresh);
+    connect(m_manager.get(), &ClipboardManager::itemsChanged, this, &ClipboardListView::historyChanged);
+    connect(m_manager.get(), &ClipboardManager::searchTextChanged, this, &ClipboardListView::refreshRows);
     connect(m_search, &SearchField::textChanged, m_manager.get(), &ClipboardManager::setSearchText);
 
     if (m_callbacks.openSettings) {
@@ -114,6 +118,8 @@ void ClipboardListView::connectParts() {
     connect(m_list, &HistoryListWidget::chosen, this, &ClipboardListView::choose);
     connect(m_list, &HistoryListWidget::pinRequested, m_manager.get(), &ClipboardManager::togglePin);
     connect(m_list, &HistoryListWidget::deleteRequested, m_manager.get(), &ClipboardManager::deleteItem);
+    connect(m_list, &HistoryListWidget::openLinkRequested, this, &ClipboardListView::openAddress);
+    connect(m_list, &HistoryListWidget::selectRequested, this, &ClipboardListView::select);
     connect(m_list, &HistoryListWidget::menuRequested, this, &ClipboardListView::showRowMenu);
 }
 
@@ -123,22 +129,26 @@ void ClipboardListView::observePreferences() {
     };
     observe(keys::popoverSize.name, &ClipboardListView::updateSize);
     observe(keys::appTheme.name, &ClipboardListView::updateAppearance);
-    observe(keys::maxItems.name, &ClipboardListView::refresh);
+    observe(keys::maxItems.name, &ClipboardListView::refreshCounts);
     for (const auto& key : {keys::showLineCount, keys::showCharCount, keys::previewURLs, keys::hideSensitive}) {
         observe(key.name, &ClipboardListView::updatePreferences);
     }
 }
 
-void ClipboardListView::refresh() {
-    m_search->setText(m_manager->searchText());
-    m_header->setCount(m_manager->items().size(), m_manager->maxItems());
+void ClipboardListView::historyChanged() {
+    refreshCounts();
     m_footer->setClearShown(
         std::ranges::any_of(m_manager->items(), [](const ClipboardItem& item) { return !item.isPinned; }));
-    m_list->keepPicturesOf(m_manager->items());
+    m_list->forgetOthersThan(m_manager->items());
     refreshRows();
 }
 
+void ClipboardListView::refreshCounts() {
+    m_header->setCount(m_manager->items().size(), m_manager->maxItems());
+}
+
 void ClipboardListView::refreshRows() {
+    m_search->setText(m_manager->searchText());
     const QList<ClipboardItem> shown = m_manager->filteredItems();
     m_list->setItems(shown);
     m_list->setVisible(!shown.isEmpty());
@@ -164,12 +174,20 @@ void ClipboardListView::updateAppearance() {
     const QColor accent = m_appearance.accentColor();
     m_palette = isDark ? Palette::dark(accent) : Palette::light(accent);
     m_header->setColors(m_palette);
+    m_banner->setColors(m_palette);
     m_search->setColors(m_palette);
     m_list->setColors(m_palette);
     m_emptyState->setColors(m_palette);
     m_footer->setColors(m_palette);
     m_clearConfirmation->setColors(m_palette);
     update();
+}
+
+void ClipboardListView::setUpdateNotice(const std::optional<UpdateNotice>& notice) {
+    if (notice) {
+        m_banner->setNotice(*notice);
+    }
+    m_banner->setVisible(notice.has_value());
 }
 
 KeyDisposition ClipboardListView::handleKey(HardwareKey key) {
@@ -219,12 +237,22 @@ void ClipboardListView::choose(const ClipboardItem& item) {
     }
 }
 
-void ClipboardListView::showRowMenu(const ClipboardItem& item, QPoint screenPosition) {
+void ClipboardListView::openAddress(const QUrl& address) {
+    if (m_callbacks.openAddress) {
+        m_callbacks.openAddress(address);
+    }
+}
+
+void ClipboardListView::showRowMenu(int row, QPoint screenPosition) {
+    const ClipboardItem item = m_list->items()[row]; // the list may change while the menu is open
     m_rowMenu = new QMenu(this);
     m_rowMenu->setAttribute(Qt::WA_DeleteOnClose);
     m_rowMenu->setPalette(m_palette.forWidgets());
     m_rowMenu->setFont(textFont(13));
     m_rowMenu->addAction(u"Copy"_s, this, [this, item] { choose(item); });
+    if (const auto address = m_list->link(row)) {
+        m_rowMenu->addAction(u"Open Link"_s, this, [this, address] { openAddress(*address); });
+    }
     m_rowMenu->addSeparator();
     m_rowMenu->addAction(item.isPinned ? u"Unpin"_s : u"Pin"_s, this, [this, item] { m_manager->togglePin(item); });
     m_rowMenu->addAction(u"Delete"_s, this, [this, item] { m_manager->deleteItem(item); });

@@ -5,6 +5,7 @@
 #include "clipboard/ClipboardItem.h"
 #include "platform/KeyMonitor.h"
 #include "platform/UserDefaults.h"
+#include "popover/UpdateBanner.h"
 #include "ui/Palette.h"
 
 #include <QPointer>
@@ -24,6 +25,7 @@ class ClipboardManager;
 class ConfirmationSheet;
 class EmptyState;
 class HistoryListWidget;
+class LinkDetector;
 class PopoverFooter;
 class PopoverHeader;
 class Scheduler;
@@ -38,10 +40,13 @@ class ClipboardListView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// What the view asks of its surroundings. Without `openSettings` there is no button for it.
+    /// What the view asks of its surroundings. Without `openSettings` there is no button for it, without a link
+    /// detector there are no links.
     struct Callbacks {
         std::function<void()> openSettings;
         std::function<void()> closePopover;
+        std::function<void(const QUrl&)> openAddress = {};
+        LinkDetector* linkDetector = nullptr;
     };
 
     ClipboardListView(KeyMonitor& keyMonitor, const Appearance& appearance, const Symbols& symbols,
@@ -52,6 +57,9 @@ public:
     /// Takes over the desktop's look. To be called when the appearance has changed; the preference for light or dark is
     /// followed without a call.
     void updateAppearance();
+
+    /// Tells of a newer version in a banner, or shows none.
+    void setUpdateNotice(const std::optional<UpdateNotice>& notice);
 
     int selectedIndex() const { return m_selectedIndex; }
     HistoryListWidget& list() const { return *m_list; }
@@ -66,7 +74,8 @@ private:
     void connectParts();
     void observePreferences();
 
-    void refresh();
+    void historyChanged();
+    void refreshCounts();
     void refreshRows();
     void updateSize();
     void updatePreferences();
@@ -74,7 +83,8 @@ private:
     KeyDisposition handleKey(HardwareKey key);
     void select(int index);
     void choose(const ClipboardItem& item);
-    void showRowMenu(const ClipboardItem& item, QPoint screenPosition);
+    void openAddress(const QUrl& address);
+    void showRowMenu(int row, QPoint screenPosition);
     void showClearConfirmation();
     void dismissClearConfirmation();
 
@@ -87,6 +97,7 @@ private:
     Palette m_palette;
 
     PopoverHeader* m_header;
+    UpdateBanner* m_banner;
     SearchField* m_search;
     HistoryListWidget* m_list;
     EmptyState* m_emptyState;

@@ -53,6 +53,13 @@ void drawCentred(QPainter& painter, const QRectF& box, const QPixmap& symbol) {
                        symbol);
 }
 
+void paintHairline(QPainter& painter, const QRectF& box, double radius, const QColor& color) {
+    constexpr double half = HAIRLINE / 2;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(color, HAIRLINE));
+    painter.drawRoundedRect(box.adjusted(half, half, -half, -half), radius - half, radius - half);
+}
+
 void drawLine(QPainter& painter, const QRectF& area, double top, const QString& text) {
     const QFontMetricsF metrics(painter.font());
     painter.drawText(QPointF(area.left(), std::round(top + metrics.ascent())), text);
@@ -78,14 +85,9 @@ void ClipboardRowView::paint(QPainter& painter, const QRect& row, const RowStyle
 void ClipboardRowView::paintGround(QPainter& painter, const QRect& row, const RowStyle& style) const {
     const Palette& palette = style.palette;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(
-        mixed(faded(palette.primary, 0.04), faded(palette.accent, palette.isDark ? 0.2 : 0.1), style.highlight));
+    painter.setBrush(mixed(faded(palette.primary, 0.04), faded(palette.accent, 0.1), style.highlight));
     painter.drawRoundedRect(row, GROUND_RADIUS, GROUND_RADIUS);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(
-        QPen(mixed(faded(palette.primary, 0.06), faded(palette.accent, 0.3), style.highlight), HAIRLINE * 2));
-    painter.drawRoundedRect(QRectF(row).adjusted(HAIRLINE, HAIRLINE, -HAIRLINE, -HAIRLINE), GROUND_RADIUS - HAIRLINE,
-                            GROUND_RADIUS - HAIRLINE);
+    paintHairline(painter, row, GROUND_RADIUS, faded(palette.primary, 0.06));
 }
 
 void ClipboardRowView::paintContent(QPainter& painter, const QRect& row, const RowStyle& style,
@@ -118,20 +120,17 @@ void ClipboardRowView::paintThumbnail(QPainter& painter, const QRect& area, cons
     } else {
         painter.fillPath(shape, style.palette.tertiaryFill);
     }
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(style.palette.separator, HAIRLINE * 2));
-    painter.drawRoundedRect(box.adjusted(HAIRLINE, HAIRLINE, -HAIRLINE, -HAIRLINE), THUMBNAIL_RADIUS, THUMBNAIL_RADIUS);
+    paintHairline(painter, box, THUMBNAIL_RADIUS, style.palette.separator);
 }
 
 void ClipboardRowView::paintLink(QPainter& painter, const QRect& area, const RowStyle& style) const {
-    const QString host = m_detectedUrl->host().isEmpty() ? m_detectedUrl->toString() : m_detectedUrl->host();
     const QFont hostFont = textFont(12, QFont::Medium);
     painter.setFont(hostFont);
     painter.setPen(style.palette.blue);
-    drawLine(painter, area, area.top(), elidedLines(host, hostFont, area.width(), 1).value(0));
+    drawLine(painter, area, area.top(), elidedLines(linkTitle(), hostFont, area.width(), 1).value(0));
 
-    const int second = lineHeight(hostFont) + LINK_SPACING;
-    if (area.height() > second) {
+    if (hasLinkPreview()) {
+        const int second = lineHeight(hostFont) + LINK_SPACING;
         const QFont small = textFont(10);
         painter.setFont(small);
         painter.setPen(style.palette.secondary);
@@ -144,11 +143,7 @@ void ClipboardRowView::paintText(QPainter& painter, const QRect& area, const Row
                                  const ExpandedText* text) const {
     const QFont font = textFont(12);
     const int height = lineHeight(font);
-    const QString counts = countsLine();
-    const QFont countsFont = textFont(9, QFont::Medium);
-    const int countsHeight = lineHeight(countsFont);
-    const QRectF shown =
-        counts.isEmpty() ? QRectF(area) : QRectF(area).adjusted(0, 0, 0, -countsHeight - COUNTS_SPACING);
+    const QRectF shown = QRectF(area).adjusted(0, 0, 0, -countsHeight());
 
     painter.setPen(style.palette.primary);
     if (text != nullptr) {
@@ -175,10 +170,18 @@ void ClipboardRowView::paintText(QPainter& painter, const QRect& area, const Row
         }
     }
 
-    if (!counts.isEmpty()) {
-        painter.setFont(countsFont);
-        painter.setPen(style.palette.tertiary);
-        drawLine(painter, shown, area.bottom() + 1 - countsHeight, counts);
+    paintCounts(painter, shown.bottomLeft() + QPointF(0, COUNTS_SPACING), style);
+}
+
+void ClipboardRowView::paintCounts(QPainter& painter, QPointF topLeft, const RowStyle& style) const {
+    const QFont font = textFont(9, QFont::Medium);
+    const QFontMetricsF metrics(font);
+    painter.setFont(font);
+    painter.setPen(style.palette.tertiary);
+    QRectF place(topLeft, QSizeF());
+    for (const QString& part : counts()) {
+        drawLine(painter, place, place.top(), part);
+        place.moveLeft(place.left() + metrics.horizontalAdvance(part) + COUNT_SPACING);
     }
 }
 
@@ -186,10 +189,10 @@ void ClipboardRowView::paintTrailing(QPainter& painter, const QRect& row, const 
     const QRect ageBox(row.right() + 1 - PADDING_HORIZONTAL - AGE_WIDTH, row.top(), AGE_WIDTH, row.height());
     painter.setFont(textFont(10, QFont::Medium));
     painter.setPen(style.palette.quaternary);
-    painter.drawText(ageBox, Qt::AlignRight | Qt::AlignVCenter, age(style.now));
+    painter.drawText(ageBox, Qt::AlignRight | Qt::AlignVCenter | Qt::TextDontClip, age(style.now));
 
     if (style.highlight > 0) {
-        for (const RowAction action : {RowAction::Pin, RowAction::Delete}) {
+        for (const RowAction action : actions()) {
             paintAction(painter, row, action, style);
         }
     }
@@ -202,13 +205,24 @@ void ClipboardRowView::paintTrailing(QPainter& painter, const QRect& row, const 
     }
 }
 
+ClipboardRowView::ActionLook ClipboardRowView::lookOf(RowAction action, const Palette& palette,
+                                                      bool isUnderPointer) const {
+    switch (action) {
+    case RowAction::OpenLink:
+        return {u"safari"_s, palette.blue};
+    case RowAction::Pin:
+        return m_item.isPinned ? ActionLook{u"pin.slash.fill"_s, palette.orange}
+                               : ActionLook{u"pin"_s, palette.secondary};
+    case RowAction::Delete:
+        break;
+    }
+    return {u"trash"_s, faded(palette.red, isUnderPointer ? 1.0 : 0.7)};
+}
+
 void ClipboardRowView::paintAction(QPainter& painter, const QRect& row, RowAction action, const RowStyle& style) const {
     const Palette& palette = style.palette;
-    const QString pinSymbol = m_item.isPinned ? u"pin.slash.fill"_s : u"pin"_s;
-    const QColor pinColor = m_item.isPinned ? palette.orange : palette.secondary;
-    const QString symbol = action == RowAction::Pin ? pinSymbol : u"trash"_s;
     const bool isUnderPointer = style.pressedOver == action;
-    const QColor color = action == RowAction::Pin ? pinColor : faded(palette.red, isUnderPointer ? 1.0 : 0.7);
+    const ActionLook look = lookOf(action, palette, isUnderPointer);
 
     const QRectF box = actionArea(row, action);
     painter.save();
@@ -220,7 +234,8 @@ void ClipboardRowView::paintAction(QPainter& painter, const QRect& row, RowActio
     painter.setPen(Qt::NoPen);
     painter.setBrush(isUnderPointer ? faded(palette.primary, 0.16) : palette.tertiaryFill);
     painter.drawRoundedRect(box, ACTION_RADIUS, ACTION_RADIUS);
-    drawCentred(painter, box, style.symbols.pixmap(symbol, {10, QFont::Medium, color, style.devicePixelRatio}));
+    drawCentred(painter, box,
+                style.symbols.pixmap(look.symbol, {10, QFont::Medium, look.color, style.devicePixelRatio}));
     painter.restore();
 }
 

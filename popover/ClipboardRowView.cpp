@@ -4,12 +4,14 @@
 
 #include "RowMetrics.h"
 
+#include "clipboard/Characters.h"
 #include "popover/RelativeTime.h"
 #include "popover/TextLines.h"
 #include "ui/Typography.h"
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 namespace zamber {
 
@@ -18,8 +20,13 @@ using namespace rowmetrics;
 
 namespace {
 
-constexpr int MORE_THAN_A_GLANCE = 60; // characters
-constexpr int MORE_THAN_THE_HOST = 10; // characters
+constexpr std::size_t MORE_THAN_A_GLANCE = 60; // characters
+constexpr std::size_t MORE_THAN_THE_HOST = 10; // characters
+
+bool hasMoreCharacters(const QByteArray& utf8, std::size_t than) {
+    const std::string_view text(utf8.constData(), static_cast<std::size_t>(utf8.size()));
+    return countCharacters(text, than + 1).count > than;
+}
 
 QFont previewFont() {
     return textFont(12);
@@ -45,22 +52,22 @@ ClipboardRowView::ClipboardRowView(const ClipboardItem& item, bool isHovered, co
 
 ClipboardRowView::TypeIcon ClipboardRowView::typeIcon() const {
     if (m_preferences.hideSensitive && m_item.content.isSensitive()) {
-        return {u"lock.fill"_s, &Palette::red};
+        return {u"lock.fill"_s, &Palette::red, u"sensitive"_s};
     }
     if (m_detectedUrl) {
-        return {u"link"_s, &Palette::blue};
+        return {u"link"_s, &Palette::blue, u"link"_s};
     }
     if (m_item.content.isImage()) {
-        return {u"photo"_s, &Palette::purple};
+        return {u"photo"_s, &Palette::purple, u"image"_s};
     }
-    return {u"doc.text"_s, &Palette::secondary};
+    return {u"doc.text"_s, &Palette::secondary, {}};
 }
 
 bool ClipboardRowView::isExpandable() const {
-    return !m_item.content.isImage() && !m_detectedUrl && m_item.content.charCount() > MORE_THAN_A_GLANCE;
+    return !m_item.content.isImage() && !m_detectedUrl && hasMoreCharacters(m_item.content.bytes(), MORE_THAN_A_GLANCE);
 }
 
-QString ClipboardRowView::countsLine() const {
+QStringList ClipboardRowView::counts() const {
     if (showsThumbnail() || m_detectedUrl || m_item.content.lineCount() < 2) {
         return {};
     }
@@ -68,10 +75,23 @@ QString ClipboardRowView::countsLine() const {
     if (m_preferences.showLineCount) {
         parts.append(u"%1 lines"_s.arg(m_item.content.lineCount()));
     }
+    if (m_preferences.showLineCount && m_preferences.showCharCount) {
+        parts.append(u"·"_s);
+    }
     if (m_preferences.showCharCount) {
         parts.append(u"%1 chars"_s.arg(m_item.content.charCount()));
     }
-    return parts.join(u"  ·  "_s);
+    return parts;
+}
+
+QString ClipboardRowView::linkTitle() const {
+    const QString host = m_detectedUrl->host();
+    return host.isEmpty() ? m_detectedUrl->toString() : host;
+}
+
+QList<RowAction> ClipboardRowView::actions() const {
+    return m_detectedUrl ? QList{RowAction::OpenLink, RowAction::Pin, RowAction::Delete}
+                         : QList{RowAction::Pin, RowAction::Delete};
 }
 
 QString ClipboardRowView::age(double now) const {
@@ -94,7 +114,7 @@ QStringList ClipboardRowView::previewLines(int width) const {
 int ClipboardRowView::contentWidth(int rowWidth) const {
     int taken = PADDING_HORIZONTAL + ICON_WIDTH + SPACING + SPACING + SPACING + AGE_WIDTH + PADDING_HORIZONTAL;
     if (m_isHovered) {
-        taken += ACTIONS_WIDTH + SPACING;
+        taken += actionsWidth() + SPACING;
     } else if (m_item.isPinned) {
         taken += PIN_WIDTH + SPACING;
     }
@@ -106,13 +126,25 @@ int ClipboardRowView::contentHeight(int width) const {
         return THUMBNAIL_SIZE.height();
     }
     if (showsHost()) {
-        const qsizetype hostLength = m_detectedUrl->host().size();
-        const bool hasSecondLine = m_item.content.charCount() > hostLength + MORE_THAN_THE_HOST;
-        return lineHeight(hostFont()) + (hasSecondLine ? LINK_SPACING + lineHeight(textFont(10)) : 0);
+        return lineHeight(hostFont()) + (hasLinkPreview() ? LINK_SPACING + lineHeight(textFont(10)) : 0);
     }
     const int lines = std::max(1, static_cast<int>(previewLines(contentWidth(width)).size()));
-    const int counts = countsLine().isEmpty() ? 0 : COUNTS_SPACING + lineHeight(countsFont());
-    return lines * lineHeight(previewFont()) + counts;
+    return lines * lineHeight(previewFont()) + countsHeight();
+}
+
+bool ClipboardRowView::hasLinkPreview() const {
+    const QByteArray host = m_detectedUrl->host().toUtf8();
+    const std::string_view text(host.constData(), static_cast<std::size_t>(host.size()));
+    return hasMoreCharacters(m_item.content.bytes(), countCharacters(text).count + MORE_THAN_THE_HOST);
+}
+
+int ClipboardRowView::countsHeight() const {
+    return counts().isEmpty() ? 0 : COUNTS_SPACING + lineHeight(countsFont());
+}
+
+int ClipboardRowView::actionsWidth() const {
+    const int count = static_cast<int>(actions().size());
+    return count * ACTION_SIZE + (count - 1) * ACTION_SPACING;
 }
 
 int ClipboardRowView::compactHeight(int width) const {
@@ -120,9 +152,8 @@ int ClipboardRowView::compactHeight(int width) const {
 }
 
 int ClipboardRowView::expandedHeight(double textHeight) const {
-    const int counts = countsLine().isEmpty() ? 0 : COUNTS_SPACING + lineHeight(countsFont());
     const int text = static_cast<int>(std::ceil(std::min<double>(textHeight, MOST_TEXT_HEIGHT)));
-    return std::max(lineHeight(previewFont()), text) + counts + 2 * PADDING_VERTICAL;
+    return std::max(lineHeight(previewFont()), text) + countsHeight() + 2 * PADDING_VERTICAL;
 }
 
 QRect ClipboardRowView::contentArea(const QRect& row) const {
@@ -131,19 +162,19 @@ QRect ClipboardRowView::contentArea(const QRect& row) const {
 }
 
 QRect ClipboardRowView::textArea(const QRect& row) const {
-    const int counts = countsLine().isEmpty() ? 0 : COUNTS_SPACING + lineHeight(countsFont());
-    return contentArea(row).adjusted(0, 0, 0, -counts);
+    return contentArea(row).adjusted(0, 0, 0, -countsHeight());
 }
 
 QRect ClipboardRowView::actionArea(const QRect& row, RowAction action) const {
     const int right = row.right() + 1 - PADDING_HORIZONTAL - AGE_WIDTH - SPACING;
-    const int left = right - ACTIONS_WIDTH + (action == RowAction::Delete ? ACTION_SIZE + ACTION_SPACING : 0);
+    const int position = static_cast<int>(actions().indexOf(action));
+    const int left = right - actionsWidth() + position * (ACTION_SIZE + ACTION_SPACING);
     return {left, row.top() + (row.height() - ACTION_SIZE) / 2, ACTION_SIZE, ACTION_SIZE};
 }
 
 std::optional<RowAction> ClipboardRowView::actionAt(const QRect& row, QPoint point) const {
     if (m_isHovered) {
-        for (const RowAction action : {RowAction::Pin, RowAction::Delete}) {
+        for (const RowAction action : actions()) {
             if (actionArea(row, action).contains(point)) {
                 return action;
             }

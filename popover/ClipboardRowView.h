@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QPoint>
 #include <QRect>
+#include <QStringList>
 #include <QUrl>
 
 #include <optional>
@@ -30,7 +31,7 @@ struct RowPreferences {
 };
 
 /// What a row's small buttons do.
-enum class RowAction { Pin, Delete };
+enum class RowAction { OpenLink, Pin, Delete };
 
 /// An image entry's picture: still being decoded, decoded, or not to be decoded at all.
 enum class ThumbnailState { Pending, Ready, Undecodable };
@@ -67,14 +68,19 @@ public:
     struct TypeIcon {
         QString symbol;
         QColor Palette::* color;
+        QString meaning; ///< for those who do not see it; empty for a plain text
     };
     TypeIcon typeIcon() const;
 
     /// Is there more to show than the preview while the row is highlighted?
     bool isExpandable() const;
     bool isExpanded() const { return m_isHovered && isExpandable(); }
-    /// The line under the preview; empty when there is none.
-    QString countsLine() const;
+    /// What stands in the line under the preview, if there is one: counts, and a dot between two of them.
+    QStringList counts() const;
+    /// The address's host, or all of it where there is no host; only for a row with a link.
+    QString linkTitle() const;
+    /// The small buttons of a highlighted row, from left to right.
+    QList<RowAction> actions() const;
     QString age(double now) const;
 
     /// The row's height (points) at that width, not expanded.
@@ -99,15 +105,25 @@ public:
 private:
     bool showsThumbnail() const;
     bool showsHost() const;
+    bool hasLinkPreview() const;
+    int countsHeight() const;
+    int actionsWidth() const;
     QStringList previewLines(int width) const;
     int contentHeight(int width) const;
     QRect contentArea(const QRect& row) const;
+
+    struct ActionLook {
+        QString symbol;
+        QColor color;
+    };
+    ActionLook lookOf(RowAction action, const Palette& palette, bool isUnderPointer) const;
 
     void paintGround(QPainter& painter, const QRect& row, const RowStyle& style) const;
     void paintContent(QPainter& painter, const QRect& row, const RowStyle& style, const ExpandedText* text) const;
     void paintThumbnail(QPainter& painter, const QRect& area, const RowStyle& style) const;
     void paintLink(QPainter& painter, const QRect& area, const RowStyle& style) const;
     void paintText(QPainter& painter, const QRect& area, const RowStyle& style, const ExpandedText* text) const;
+    void paintCounts(QPainter& painter, QPointF topLeft, const RowStyle& style) const;
     void paintTrailing(QPainter& painter, const QRect& row, const RowStyle& style) const;
     void paintAction(QPainter& painter, const QRect& row, RowAction action, const RowStyle& style) const;
 

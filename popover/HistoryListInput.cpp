@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HistoryListExpansion.h"
 
+#include "platform/Scheduler.h"
 #include "popover/HistoryListWidget.h"
 
 #include <QContextMenuEvent>
@@ -12,6 +13,8 @@
 #include <algorithm>
 
 namespace zamber {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 /// How far one notch of a wheel goes, in points.
@@ -36,6 +39,7 @@ std::optional<HistoryListWidget::Target> HistoryListWidget::targetAt(QPoint poin
 }
 
 void HistoryListWidget::setPointer(std::optional<QPoint> point) {
+    m_pointer = point;
     const auto target = point ? targetAt(*point) : std::nullopt;
     if (target == m_hovered) {
         return;
@@ -59,16 +63,26 @@ void HistoryListWidget::forgetHoverThatMovedAway() {
     }
 }
 
-QRect HistoryListWidget::actionRectangle(int index, RowAction action) const {
-    return ClipboardRowView(item(index), isHovered(index), m_preferences).actionArea(rowRectangle(index), action);
+QRect HistoryListWidget::actionRectangle(int index, RowAction action) {
+    return rowView(index).actionArea(rowRectangle(index), action);
 }
 
-QRect HistoryListWidget::expandedTextRectangle(int index) const {
-    return ClipboardRowView(item(index), true, m_preferences).textArea(rowRectangle(index));
+QRect HistoryListWidget::expandedTextRectangle(int index) {
+    return rowView(index).textArea(rowRectangle(index));
 }
 
-bool HistoryListWidget::isExpanded(int index) const {
-    return ClipboardRowView(item(index), isHovered(index), m_preferences).isExpanded();
+bool HistoryListWidget::isExpanded(int index) {
+    return rowView(index).isExpanded();
+}
+
+QStringList HistoryListWidget::describe(int index) {
+    const ClipboardRowView view = rowView(index);
+    QStringList facts{view.typeIcon().meaning};
+    facts.append(view.counts());
+    facts.append(view.age(m_clock.now()));
+    facts.removeAll(QString());
+    facts.removeAll(u"·"_s);
+    return facts;
 }
 
 void HistoryListWidget::choose(int index) {
@@ -78,10 +92,18 @@ void HistoryListWidget::choose(int index) {
 
 void HistoryListWidget::perform(int index, RowAction action) {
     const ClipboardItem copy = item(index);
-    if (action == RowAction::Pin) {
+    switch (action) {
+    case RowAction::OpenLink:
+        if (const auto address = link(index)) {
+            emit openLinkRequested(*address);
+        }
+        break;
+    case RowAction::Pin:
         emit pinRequested(copy);
-    } else {
+        break;
+    case RowAction::Delete:
         emit deleteRequested(copy);
+        break;
     }
 }
 
@@ -105,7 +127,7 @@ void HistoryListWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !pressed || pressed != released) {
         return;
     }
-    const int row = m_rowById.value(pressed->row);
+    const int row = rowOf(pressed->row).value_or(0);
     if (pressed->action) {
         perform(row, *pressed->action);
     } else {
@@ -115,8 +137,7 @@ void HistoryListWidget::mouseReleaseEvent(QMouseEvent* event) {
 
 void HistoryListWidget::contextMenuEvent(QContextMenuEvent* event) {
     if (const auto row = rowAt(event->pos())) {
-        const ClipboardItem copy = item(*row);
-        emit menuRequested(copy, event->globalPos());
+        emit menuRequested(*row, event->globalPos());
     }
 }
 

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace zamber {
 
@@ -29,12 +30,13 @@ constexpr int MOST_MEASURING_ROUNDS = 8;
 } // namespace
 
 HistoryListWidget::HistoryListWidget(const Symbols& symbols, const Appearance& appearance, const Scheduler& clock,
-                                     QWidget* parent)
+                                     LinkDetector* linkDetector, QWidget* parent)
     : QWidget(parent)
     , m_symbols(symbols)
     , m_appearance(appearance)
     , m_clock(clock)
-    , m_stack(PADDING_VERTICAL, ROW_GAP) {
+    , m_stack(PADDING_VERTICAL, ROW_GAP)
+    , m_links(linkDetector) {
     HistoryListAccessible::install();
     setAccessibleName(QStringLiteral("Clipboard history"));
     setMouseTracking(true);
@@ -43,7 +45,7 @@ HistoryListWidget::HistoryListWidget(const Symbols& symbols, const Appearance& a
     connect(&m_glide, &GlidingScroll::advanced, this, &HistoryListWidget::glide);
     connect(&m_highlights, &RowHighlights::advanced, this, &HistoryListWidget::highlightsAdvanced);
     connect(&m_thumbnails, &ThumbnailCache::loaded, this, [this](const QUuid& id) {
-        if (const auto row = m_rowById.constFind(id); row != m_rowById.constEnd()) {
+        if (const auto row = rowOf(id)) {
             keepingPlace([&] { measure(m_sections.elementOfRow(*row)); });
         }
     });
@@ -53,21 +55,30 @@ HistoryListWidget::~HistoryListWidget() = default;
 
 void HistoryListWidget::setItems(const QList<ClipboardItem>& items) {
     m_items = items;
-    m_sections = {static_cast<int>(m_items.size()),
-                  static_cast<int>(std::ranges::count_if(m_items, &ClipboardItem::isPinned))};
-    m_rowById.clear();
-    for (int row = static_cast<int>(m_items.size()) - 1; row >= 0; --row) {
-        m_rowById.insert(item(row).id, row);
-    }
-    if (m_hovered && !m_rowById.contains(m_hovered->row)) {
-        m_hovered.reset();
-    }
-    std::erase_if(m_expansions, [this](const auto& entry) { return !m_rowById.contains(entry.first); });
+    const auto firstRecent = std::ranges::partition_point(m_items, &ClipboardItem::isPinned);
+    m_sections = {static_cast<int>(m_items.size()), static_cast<int>(firstRecent - m_items.begin())};
+    const bool wasHovered = std::exchange(m_hovered, std::nullopt).has_value();
+    std::erase_if(m_expansions, [this](const auto& entry) { return !rowOf(entry.first); });
     invalidateHeights();
+    if (wasHovered && m_pointer) {
+        m_hovered = targetAt(*m_pointer); // the pointer stays where it is, the rows have moved
+    }
     updateHighlights(Motion::Immediate);
 
     QAccessibleEvent reordered(this, QAccessible::ObjectReorder);
     QAccessible::updateAccessibility(&reordered);
+}
+
+std::optional<int> HistoryListWidget::rowOf(const QUuid& id) const {
+    // The few rows that are looked for are near the top nearly always; an index of all would have to be made anew at
+    // every key press in the search field.
+    const auto found = std::ranges::find(m_items, id, &ClipboardItem::id);
+    return found == m_items.end() ? std::nullopt : std::optional(static_cast<int>(found - m_items.begin()));
+}
+
+void HistoryListWidget::forgetOthersThan(const QList<ClipboardItem>& items) {
+    m_thumbnails.keepOnly(items);
+    m_links.keepOnly(items);
 }
 
 void HistoryListWidget::setPreferences(const RowPreferences& preferences) {
@@ -90,7 +101,9 @@ Motion HistoryListWidget::motion() const {
 }
 
 ClipboardRowView HistoryListWidget::rowView(int row) {
-    return {item(row), isHovered(row), m_preferences, m_thumbnails.thumbnail(item(row), devicePixelRatioF())};
+    const ClipboardItem& entry = item(row);
+    return {entry, isHovered(row), m_preferences, m_thumbnails.thumbnail(entry, devicePixelRatioF()),
+            m_links.in(entry)};
 }
 
 int HistoryListWidget::rowWidth() const {
@@ -104,8 +117,7 @@ QRect HistoryListWidget::rowRectangle(int index) const {
 }
 
 bool HistoryListWidget::isHovered(int index) const {
-    const QUuid& id = item(index).id;
-    return (m_hovered && m_hovered->row == id) || m_rowById.value(id, 0) == m_selectedIndex;
+    return index == m_selectedIndex || (m_hovered && m_hovered->row == item(index).id);
 }
 
 void HistoryListWidget::invalidateHeights() {
@@ -136,7 +148,7 @@ int HistoryListWidget::currentHeight(int row) {
 
 HistoryListWidget::Expansion& HistoryListWidget::expansion(int row) {
     const ClipboardItem& entry = item(row);
-    const ClipboardRowView view(entry, true, m_preferences);
+    const ClipboardRowView view(entry, true, m_preferences, {}, m_links.in(entry));
     const int textWidth = view.contentWidth(rowWidth());
     auto found = m_expansions.find(entry.id);
     if (found == m_expansions.end() || found->second.layout.width() != textWidth) {
@@ -184,7 +196,7 @@ void HistoryListWidget::keepingPlace(Change change) {
     // The row under the pointer is the one to keep still; else the first that is seen.
     int anchor = m_stack.indexAt(m_scrollOffset);
     if (m_hovered) {
-        anchor = m_sections.elementOfRow(m_rowById.value(m_hovered->row));
+        anchor = m_sections.elementOfRow(rowOf(m_hovered->row).value_or(0));
     }
     const int before = m_stack.top(anchor);
     change();
@@ -216,8 +228,8 @@ void HistoryListWidget::highlightsAdvanced() {
     }
     keepingPlace([&] {
         for (const QUuid& id : affected) {
-            const auto row = m_rowById.constFind(id);
-            if (row != m_rowById.constEnd() && m_sections.elementOfRow(*row) < m_stack.count()) {
+            const auto row = rowOf(id);
+            if (row && m_sections.elementOfRow(*row) < m_stack.count()) {
                 measure(m_sections.elementOfRow(*row));
             }
         }
@@ -258,8 +270,8 @@ void HistoryListWidget::centreOn(int index) {
 }
 
 void HistoryListWidget::glide() {
-    const auto row = m_rowById.constFind(m_glideTarget);
-    if (row == m_rowById.constEnd()) {
+    const auto row = rowOf(m_glideTarget);
+    if (!row) {
         m_glide.stop();
         return;
     }

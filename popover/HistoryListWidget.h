@@ -3,13 +3,13 @@
 #pragma once
 
 #include "popover/ClipboardRowView.h"
+#include "popover/DetectedLinks.h"
 #include "popover/GlidingScroll.h"
 #include "popover/RowHighlights.h"
 #include "popover/RowSections.h"
 #include "popover/RowStack.h"
 #include "popover/ThumbnailCache.h"
 
-#include <QHash>
 #include <QList>
 #include <QWidget>
 
@@ -28,14 +28,16 @@ class HistoryListWidget final : public QWidget {
     Q_OBJECT
 
 public:
-    HistoryListWidget(const Symbols& symbols, const Appearance& appearance, const Scheduler& clock, QWidget* parent);
+    /// Without a link detector no text is a link.
+    HistoryListWidget(const Symbols& symbols, const Appearance& appearance, const Scheduler& clock,
+                      LinkDetector* linkDetector, QWidget* parent);
     ~HistoryListWidget() override;
 
     /// The entries in the order in which they are shown: all pinned ones before the others.
     void setItems(const QList<ClipboardItem>& items);
     const QList<ClipboardItem>& items() const { return m_items; }
-    /// Lets go of the pictures of all other entries.
-    void keepPicturesOf(const QList<ClipboardItem>& items) { m_thumbnails.keepOnly(items); }
+    /// Lets go of what is kept about all other entries.
+    void forgetOthersThan(const QList<ClipboardItem>& items);
 
     void setPreferences(const RowPreferences& preferences);
     void setColors(const Palette& palette);
@@ -52,21 +54,29 @@ public:
 
     /// Is the row highlighted, by the pointer or by the selection?
     bool isHovered(int index) const;
-    bool isExpanded(int index) const;
+    bool isExpanded(int index);
     /// Where the row lies in the widget, in points; outside of it when it is scrolled away.
     QRect rowRectangle(int index) const;
-    QRect actionRectangle(int index, RowAction action) const;
-    QRect expandedTextRectangle(int index) const;
+    QRect actionRectangle(int index, RowAction action);
+    QRect expandedTextRectangle(int index);
 
     /// What a press of the row, or of one of its buttons, does; also for assistive technology.
     void choose(int index);
     void perform(int index, RowAction action);
+    /// Where the row's link leads, if it has one.
+    std::optional<QUrl> link(int index) { return m_links.in(item(index)); }
+    /// The small buttons that the row has while it is highlighted.
+    /// What is beside the preview, in words: the kind of content, the counts, the age.
+    QStringList describe(int index);
+    QList<RowAction> actions(int index) { return rowView(index).actions(); }
 
 signals:
     void chosen(const zamber::ClipboardItem& item);
     void pinRequested(const zamber::ClipboardItem& item);
     void deleteRequested(const zamber::ClipboardItem& item);
-    void menuRequested(const zamber::ClipboardItem& item, QPoint screenPosition);
+    void openLinkRequested(const QUrl& address);
+    void selectRequested(int index);
+    void menuRequested(int index, QPoint screenPosition);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -91,6 +101,7 @@ private:
     };
 
     const ClipboardItem& item(int row) const { return m_items[row]; }
+    std::optional<int> rowOf(const QUuid& id) const;
     ClipboardRowView rowView(int row);
     int rowWidth() const;
     int currentHeight(int row);
@@ -125,16 +136,17 @@ private:
     RowPreferences m_preferences;
 
     QList<ClipboardItem> m_items;
-    QHash<QUuid, int> m_rowById;
     RowSections m_sections;
     RowStack m_stack;
     ThumbnailCache m_thumbnails;
+    DetectedLinks m_links;
     RowHighlights m_highlights;
     std::map<QUuid, Expansion> m_expansions;
 
     int m_selectedIndex = 0;
     std::optional<Target> m_hovered;
     std::optional<Target> m_pressed;
+    std::optional<QPoint> m_pointer;
 
     double m_scrollOffset = 0;
     GlidingScroll m_glide;

@@ -10,6 +10,41 @@ namespace zamber {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// More than any reader reads out; a message on the bus has its limit, and breaking it ends the connection.
+constexpr qsizetype MOST_EXPOSED_BYTES = 4'000'000;
+
+RowPart partOf(RowAction action) {
+    switch (action) {
+    case RowAction::OpenLink:
+        return RowPart::OpenLink;
+    case RowAction::Pin:
+        return RowPart::Pin;
+    case RowAction::Delete:
+        break;
+    }
+    return RowPart::Delete;
+}
+
+RowAction actionOf(RowPart part) {
+    return part == RowPart::OpenLink ? RowAction::OpenLink : part == RowPart::Pin ? RowAction::Pin : RowAction::Delete;
+}
+
+QString actionName(RowAction action, const ClipboardItem& item) {
+    switch (action) {
+    case RowAction::OpenLink:
+        return u"Open Link"_s;
+    case RowAction::Pin:
+        return item.isPinned ? u"Unpin"_s : u"Pin"_s;
+    case RowAction::Delete:
+        break;
+    }
+    return u"Delete"_s;
+}
+
+} // namespace
+
 HistoryRowAccessible::HistoryRowAccessible(HistoryListWidget* list, const QUuid& item, std::optional<RowPart> part)
     : m_list(list)
     , m_item(item)
@@ -42,15 +77,20 @@ QAccessibleInterface* HistoryRowAccessible::parent() const {
     return m_part && list != nullptr && index ? list->child(*index) : list;
 }
 
-QList<RowPart> HistoryRowAccessible::shownParts() const {
+QList<RowPart> HistoryRowAccessible::parts() const {
     const auto index = row();
-    if (m_part || !index || !m_list->isHovered(*index)) {
+    if (m_part || !index) {
         return {};
     }
+    // The text comes and goes with the screen. The buttons stay: whoever cannot point is to reach those of any row.
+    QList<RowPart> parts;
     if (m_list->isExpanded(*index)) {
-        return {RowPart::Text, RowPart::Pin, RowPart::Delete};
+        parts.append(RowPart::Text);
     }
-    return {RowPart::Pin, RowPart::Delete};
+    for (const RowAction action : m_list->actions(*index)) {
+        parts.append(partOf(action));
+    }
+    return parts;
 }
 
 QAccessibleInterface* HistoryRowAccessible::part(RowPart part) const {
@@ -62,21 +102,21 @@ QAccessibleInterface* HistoryRowAccessible::part(RowPart part) const {
 }
 
 int HistoryRowAccessible::childCount() const {
-    return static_cast<int>(shownParts().size());
+    return static_cast<int>(parts().size());
 }
 
 QAccessibleInterface* HistoryRowAccessible::child(int index) const {
-    const auto parts = shownParts();
-    return index >= 0 && index < parts.size() ? part(parts[index]) : nullptr;
+    const QList<RowPart> all = parts();
+    return index >= 0 && index < all.size() ? part(all[index]) : nullptr;
 }
 
 int HistoryRowAccessible::indexOfChild(const QAccessibleInterface* child) const {
     const auto* row = dynamic_cast<const HistoryRowAccessible*>(child);
-    return row == nullptr || !row->m_part ? -1 : static_cast<int>(shownParts().indexOf(*row->m_part));
+    return row == nullptr || !row->m_part ? -1 : static_cast<int>(parts().indexOf(*row->m_part));
 }
 
 QAccessibleInterface* HistoryRowAccessible::childAt(int x, int y) const {
-    for (const RowPart shown : shownParts()) {
+    for (const RowPart shown : parts()) {
         if (part(shown)->rect().contains(x, y)) {
             return part(shown);
         }
@@ -86,25 +126,29 @@ QAccessibleInterface* HistoryRowAccessible::childAt(int x, int y) const {
 
 QString HistoryRowAccessible::text(QAccessible::Text kind) const {
     const auto index = row();
-    if (!index) {
-        return {};
+    if (index && kind == QAccessible::Name) {
+        return name(*index);
     }
-    const ClipboardItem& item = m_list->items()[*index];
-    if (kind != QAccessible::Name) {
-        return {};
-    }
+    return index && kind == QAccessible::Description && !m_part ? description(*index) : QString();
+}
+
+QString HistoryRowAccessible::name(int row) const {
+    const ClipboardItem& item = m_list->items()[row];
     if (!m_part) {
         return item.content.preview();
     }
-    switch (*m_part) {
-    case RowPart::Text:
-        return QString::fromUtf8(item.content.bytes());
-    case RowPart::Pin:
-        return item.isPinned ? u"Unpin"_s : u"Pin"_s;
-    case RowPart::Delete:
-        return u"Delete"_s;
+    return m_part == RowPart::Text ? QString::fromUtf8(item.content.bytes().first(
+                                         std::min(item.content.bytes().size(), MOST_EXPOSED_BYTES)))
+                                   : actionName(actionOf(*m_part), item);
+}
+
+QString HistoryRowAccessible::description(int row) const {
+    // What the eye gets from the symbols, the counts and the age.
+    QStringList facts = m_list->describe(row);
+    if (m_list->items()[row].isPinned) {
+        facts.prepend(u"pinned"_s);
     }
-    return {};
+    return facts.join(u", "_s);
 }
 
 QRect HistoryRowAccessible::rect() const {
@@ -116,7 +160,7 @@ QRect HistoryRowAccessible::rect() const {
     if (m_part == RowPart::Text) {
         area = m_list->expandedTextRectangle(*index);
     } else if (m_part) {
-        area = m_list->actionRectangle(*index, *m_part == RowPart::Pin ? RowAction::Pin : RowAction::Delete);
+        area = m_list->actionRectangle(*index, actionOf(*m_part));
     }
     return area.translated(m_list->mapToGlobal(QPoint(0, 0)));
 }
@@ -135,7 +179,8 @@ QAccessible::State HistoryRowAccessible::state() const {
         state.invalid = true;
         return state;
     }
-    state.invisible = !m_list->isVisible();
+    const bool isHiddenButton = m_part && !m_list->isHovered(*index);
+    state.invisible = !m_list->isVisible() || isHiddenButton;
     state.offscreen = !m_list->rect().intersects(m_list->rowRectangle(*index));
     if (!m_part) {
         state.selectable = true;
@@ -156,18 +201,37 @@ void* HistoryRowAccessible::interface_cast(QAccessible::InterfaceType type) {
 }
 
 QStringList HistoryRowAccessible::actionNames() const {
-    return {pressAction()};
+    QStringList names{pressAction()};
+    const auto index = row();
+    if (!m_part && index) {
+        names.append(setFocusAction());
+        for (const RowAction action : m_list->actions(*index)) {
+            names.append(actionName(action, m_list->items()[*index]));
+        }
+    }
+    return names;
 }
 
-void HistoryRowAccessible::doAction(const QString& name) {
+void HistoryRowAccessible::doAction(const QString& wanted) {
     const auto index = row();
-    if (name != pressAction() || !index) {
+    if (!index) {
         return;
     }
-    if (!m_part) {
+    if (m_part) {
+        if (wanted == pressAction()) {
+            m_list->perform(*index, actionOf(*m_part));
+        }
+    } else if (wanted == pressAction()) {
         m_list->choose(*index);
+    } else if (wanted == setFocusAction()) {
+        emit m_list->selectRequested(*index);
     } else {
-        m_list->perform(*index, *m_part == RowPart::Pin ? RowAction::Pin : RowAction::Delete);
+        for (const RowAction action : m_list->actions(*index)) {
+            if (wanted == actionName(action, m_list->items()[*index])) {
+                m_list->perform(*index, action);
+                return;
+            }
+        }
     }
 }
 

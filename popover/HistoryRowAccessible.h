@@ -16,7 +16,7 @@ namespace zamber {
 class HistoryListWidget;
 
 /// What a row has inside for assistive technology.
-enum class RowPart { Text, Pin, Delete };
+enum class RowPart { Text, OpenLink, Pin, Delete };
 
 /// One row of the list, or a part of it. Found again by its entry's id, so that it survives every reordering; without
 /// its entry it is invalid.
@@ -42,18 +42,21 @@ public:
     void* interface_cast(QAccessible::InterfaceType type) override;
 
     QStringList actionNames() const override;
+    QString localizedActionName(const QString& name) const override { return name; }
     void doAction(const QString& name) override;
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
 private:
     std::optional<int> row() const;
-    QList<RowPart> shownParts() const;
+    QList<RowPart> parts() const;
+    QString name(int row) const;
+    QString description(int row) const;
     QAccessibleInterface* part(RowPart part) const;
 
     QPointer<HistoryListWidget> m_list;
     QUuid m_item;
     std::optional<RowPart> m_part;
-    mutable std::array<QAccessible::Id, 3> m_parts{};
+    mutable std::array<QAccessible::Id, 4> m_parts{};
 };
 
 } // namespace zamber

@@ -43,8 +43,9 @@ PopoverHeader::PopoverHeader(const Symbols& symbols, SettingsButton settingsButt
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(BAR_PADDING_HORIZONTAL, HEADER_PADDING_TOP, BAR_PADDING_HORIZONTAL, HEADER_PADDING_BOTTOM);
-    row->setSpacing(HEADER_SPACING);
+    row->setSpacing(0);
     row->addWidget(m_icon);
+    row->addSpacing(HEADER_SPACING);
     row->addWidget(m_title);
     row->addStretch();
     row->addWidget(m_badge);
@@ -56,6 +57,7 @@ PopoverHeader::PopoverHeader(const Symbols& symbols, SettingsButton settingsButt
         // The gear itself stands at the margin; the ground that it shows when hovered reaches into it.
         row->setContentsMargins(BAR_PADDING_HORIZONTAL, HEADER_PADDING_TOP,
                                 BAR_PADDING_HORIZONTAL - PlainButton::GROUND_PADDING, HEADER_PADDING_BOTTOM);
+        row->addSpacing(HEADER_SPACING - PlainButton::GROUND_PADDING);
         row->addWidget(m_settings);
         connect(m_settings, &PlainButton::clicked, this, &PopoverHeader::settingsRequested);
     }
@@ -158,7 +160,7 @@ void EmptyState::setReason(Reason reason) {
 }
 
 void EmptyState::setColors(const Palette& palette) {
-    m_icon->setColor(faded(palette.quaternary, 0.75));
+    m_icon->setColor(palette.quaternary);
     m_title->setColor(palette.tertiary);
     m_hint->setColor(palette.quaternary);
 }

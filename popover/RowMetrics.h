@@ -13,8 +13,8 @@ inline constexpr int AGE_WIDTH = 28;
 inline constexpr int PIN_WIDTH = 11;
 inline constexpr int ACTION_SIZE = 22;
 inline constexpr int ACTION_SPACING = 2;
-inline constexpr int ACTIONS_WIDTH = 2 * ACTION_SIZE + ACTION_SPACING;
 inline constexpr int COUNTS_SPACING = 3;
+inline constexpr int COUNT_SPACING = 4;
 inline constexpr int LINK_SPACING = 2;
 
 } // namespace zamber::rowmetrics

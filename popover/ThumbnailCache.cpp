@@ -42,6 +42,9 @@ const Thumbnail& ThumbnailCache::thumbnail(const ClipboardItem& item, double dev
 }
 
 void ThumbnailCache::keepOnly(const QList<ClipboardItem>& items) {
+    if (m_entries.isEmpty()) {
+        return;
+    }
     QSet<QUuid> kept;
     for (const ClipboardItem& item : items) {
         kept.insert(item.id);

@@ -41,8 +41,8 @@ AboutSettingsView::AboutSettingsView(const SettingsLook& look, const AppBundle& 
     auto* name = new QVBoxLayout;
     name->setSpacing(NAME_SPACING);
     name->addWidget(line(look, u"Zamber"_s, textFont(NAME_POINTS, QFont::Bold), &Palette::primary));
-    name->addWidget(line(look, u"Version %1"_s.arg(bundle.shortVersionString().value_or(u"1.0.0"_s)),
-                         textFont(TEXT_POINTS), &Palette::secondary));
+    name->addWidget(line(look, u"Version %1"_s.arg(bundle.version().value_or(u"1.0.0"_s)), textFont(TEXT_POINTS),
+                         &Palette::secondary));
 
     auto* credit = new QVBoxLayout;
     credit->setSpacing(NAME_SPACING);

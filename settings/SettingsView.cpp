@@ -40,7 +40,7 @@ void SettingsView::select(SettingsTab tab) {
     m_selectedTab = tab;
     delete m_page;
     m_page = makePage(tab);
-    layout()->addWidget(m_page);
+    static_cast<QHBoxLayout*>(layout())->addWidget(m_page, 1);
 }
 
 QWidget* SettingsView::makePage(SettingsTab tab) const {

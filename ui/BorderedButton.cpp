@@ -47,6 +47,7 @@ BorderedButton::BorderedButton(const QString& text, ButtonLook look, QWidget* pa
     , m_look(look)
     , m_palette(Palette::light(Qt::blue)) {
     setText(text);
+    setAccessibleName(text);
     setFont(fontFor(look));
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);

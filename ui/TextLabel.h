@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QFontMetricsF>
 #include <QLabel>
+
+#include <cmath>
 
 namespace zamber {
 
@@ -16,6 +19,15 @@ public:
         setFont(font);
         setTextFormat(Qt::PlainText);
     }
+
+    /// Exactly as wide as its letters advance, so that distances to it are what layouts say.
+    QSize sizeHint() const override {
+        const QFontMetricsF metrics(font());
+        return wordWrap() ? QLabel::sizeHint()
+                          : QSize(static_cast<int>(std::ceil(metrics.horizontalAdvance(text()))),
+                                  static_cast<int>(std::ceil(metrics.ascent() + metrics.descent())));
+    }
+    QSize minimumSizeHint() const override { return wordWrap() ? QLabel::minimumSizeHint() : sizeHint(); }
 
     void setColor(const QColor& color) {
         QPalette colors = palette();

@@ -35,6 +35,9 @@ struct Drawing {
 
 const Drawing* drawingFor(const QString& name) {
     static const Drawing drawings[] = {
+        {u"1.circle.fill"_s, u"1-circle-fill"_s},
+        {u"2.circle.fill"_s, u"2-circle-fill"_s},
+        {u"3.circle.fill"_s, u"3-circle-fill"_s},
         {u"arrow.down.circle.fill"_s, u"arrow-down-circle-fill"_s},
         {u"arrow.up.arrow.down"_s, u"arrow-down-up"_s},
         {u"checkmark.circle.fill"_s, u"check-circle-fill"_s},
@@ -49,6 +52,7 @@ const Drawing* drawingFor(const QString& name) {
         {u"keyboard.fill"_s, u"keyboard-fill"_s},
         {u"link"_s, u"link-45deg"_s},
         {u"lock.fill"_s, u"lock-fill"_s},
+        {u"lock.shield"_s, u"shield-lock"_s},
         {u"magnifyingglass"_s, u"search"_s},
         {u"photo"_s, u"image"_s},
         {u"pin"_s, u"pin"_s},
@@ -64,7 +68,7 @@ const Drawing* drawingFor(const QString& name) {
     return found == std::end(drawings) ? nullptr : found;
 }
 
-/// How much wider than drawn a line becomes, in units.
+/// How much wider than drawn a line becomes, in units; negative for a thinner one.
 double boldness(QFont::Weight weight) {
     if (weight >= QFont::Bold) {
         return 0.9;
@@ -72,20 +76,25 @@ double boldness(QFont::Weight weight) {
     if (weight >= QFont::DemiBold) {
         return 0.6;
     }
-    return weight >= QFont::Medium ? 0.35 : 0.0;
+    if (weight >= QFont::Medium) {
+        return 0.35;
+    }
+    return weight >= QFont::Normal ? 0.0 : -0.25;
 }
 
-QByteArray svg(const Drawing& drawing, double extraLineWidth) {
+enum class Filling { Whole, OutlineOnly };
+
+QByteArray svg(const Drawing& drawing, double outlineWidth, Filling filling) {
     QFile file(u":/symbols/%1.svg"_s.arg(drawing.file));
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
     }
     QByteArray picture = file.readAll();
-    picture.replace("currentColor", "#000");
+    picture.replace("currentColor", filling == Filling::Whole ? "#000" : "none");
     picture.replace("viewBox=\"0 0 16 16\"", "viewBox=\"-0.5 -0.5 17 17\"");
-    if (extraLineWidth > 0) {
+    if (outlineWidth > 0) {
         picture.replace("<path ", "<path stroke=\"#000\" stroke-linejoin=\"round\" stroke-width=\"" +
-                                      QByteArray::number(extraLineWidth) + "\" ");
+                                      QByteArray::number(outlineWidth) + "\" ");
     }
     return picture;
 }
@@ -112,7 +121,12 @@ QPixmap draw(const Drawing& drawing, const SymbolStyle& style) {
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    QSvgRenderer(svg(drawing, extraLineWidth)).render(&painter, QRectF(0, 0, pixels, pixels));
+    const QRectF box(0, 0, pixels, pixels);
+    QSvgRenderer(svg(drawing, extraLineWidth, Filling::Whole)).render(&painter, box);
+    if (extraLineWidth < 0) {
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+        QSvgRenderer(svg(drawing, -extraLineWidth, Filling::OutlineOnly)).render(&painter, box);
+    }
     if (drawing.slash == Slash::Across) {
         const double scale = pixels / (BOX_UNITS + 2 * MARGIN_UNITS);
         painter.scale(scale, scale);

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QWidget>
 
+#include <ranges>
 #include <utility>
 
 namespace zamber {
@@ -45,6 +46,30 @@ void QtApplication::activate() {
 
 void QtApplication::terminate() {
     QCoreApplication::quit();
+}
+
+void QtApplication::setResponder(const QString& action, std::function<void()> responder) {
+    m_responders[action] = std::move(responder);
+}
+
+void QtApplication::addObserver(const QString& notification, std::function<void()> observer) {
+    m_observers.emplace(notification, std::move(observer));
+}
+
+bool QtApplication::sendAction(const QString& name) {
+    const auto found = m_responders.find(name);
+    if (found == m_responders.end()) {
+        return false;
+    }
+    found->second();
+    return true;
+}
+
+void QtApplication::postNotification(const QString& name) {
+    const auto [first, last] = m_observers.equal_range(name);
+    for (const auto& [notification, observer] : std::ranges::subrange(first, last)) {
+        observer();
+    }
 }
 
 void QtApplication::setShowRequestedHandler(std::function<void()> handler) {

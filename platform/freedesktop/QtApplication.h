@@ -7,6 +7,7 @@
 #include <QtGui/qwindowdefs.h>
 
 #include <functional>
+#include <map>
 
 namespace zamber {
 
@@ -19,14 +20,24 @@ public:
     /// Another start asks for the program.
     void requestShow() const;
 
+    /// Has the responder answer to the action of that name from now on; the newest one of a name counts.
+    void setResponder(const QString& action, std::function<void()> responder);
+
+    /// Has the observer hear of the notifications of that name from now on.
+    void addObserver(const QString& notification, std::function<void()> observer);
+
     void setAccessoryPolicy() override;
     void activate() override;
     void terminate() override;
+    bool sendAction(const QString& name) override;
+    void postNotification(const QString& name) override;
     void setShowRequestedHandler(std::function<void()> handler) override;
 
 private:
     std::function<void(WId)> m_activateWindow;
     std::function<void()> m_showRequested;
+    std::map<QString, std::function<void()>> m_responders;
+    std::multimap<QString, std::function<void()>> m_observers;
 };
 
 } // namespace zamber

@@ -3,8 +3,12 @@
 #include "platform/freedesktop/QtStatusItem.h"
 
 #include "platform/Symbols.h"
+#include "platform/freedesktop/NotifierItem.h"
+#include "platform/freedesktop/NotifierMenu.h"
 
+#include <QCoreApplication>
 #include <QCursor>
+#include <QDBusConnection>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QKeyEvent>
@@ -16,10 +20,15 @@
 
 namespace zamber {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What trays ask for, in pixels.
 constexpr std::array ICON_SIZES{16, 22, 24, 32, 48, 64};
+
+const QString ITEM_PATH = u"/StatusNotifierItem"_s;
+const QString MENU_PATH = u"/MenuBar"_s;
 
 /// A light glyph with a dark rim can be read on any panel: nothing tells its colour.
 QPixmap trayPixmap(const Symbols& symbols, const QString& name, int size) {
@@ -46,26 +55,74 @@ QScreen* screenWithPointer() {
 
 } // namespace
 
-QtStatusItem::QtStatusItem(const Symbols& symbols)
-    : m_symbols(symbols) {}
+QtStatusItem::QtStatusItem(const Symbols& symbols, HasClosedPopover hasClosedPopover)
+    : m_symbols(symbols)
+    , m_hasClosedPopover(std::move(hasClosedPopover))
+    , m_hosts(QDBusConnection::sessionBus()) {
+    m_menu.installEventFilter(this);
+    connect(&m_menu, &QMenu::aboutToShow, this, [this] { tell(MouseButton::Right); });
+    connect(&m_hosts, &NotifierHosts::appeared, this, &QtStatusItem::useNotifierHost);
+    connect(&m_hosts, &NotifierHosts::disappeared, this, &QtStatusItem::useTray);
+}
+
+QtStatusItem::~QtStatusItem() = default;
 
 void QtStatusItem::showSymbol(const QString& symbol, const QString& accessibilityDescription) {
-    QIcon icon;
+    m_description = accessibilityDescription;
     for (const int size : ICON_SIZES) {
-        icon.addPixmap(trayPixmap(m_symbols, symbol, size));
+        m_pictures << trayPixmap(m_symbols, symbol, size);
     }
-    m_menu = std::make_unique<QMenu>();
+    m_hosts.start();
+}
+
+void QtStatusItem::useNotifierHost() {
+    m_icon.reset();
+    exportItem();
+    m_hosts.registerItem(m_busService);
+}
+
+void QtStatusItem::useTray() {
+    // Only now that no host is there: Qt asks once in the life of a process, and what it hears it remembers.
+    QIcon icon;
+    for (const QPixmap& picture : std::as_const(m_pictures)) {
+        icon.addPixmap(picture);
+    }
     m_icon = std::make_unique<QSystemTrayIcon>(icon);
-    m_icon->setToolTip(accessibilityDescription);
-    m_icon->setContextMenu(m_menu.get());
-    connect(m_icon.get(), &QSystemTrayIcon::activated, this, &QtStatusItem::handleActivation);
-    connect(m_menu.get(), &QMenu::aboutToShow, this, [this] {
-        if (m_handler) {
-            m_handler(MouseButton::Right);
+    m_icon->setToolTip(m_description);
+    m_icon->setContextMenu(&m_menu);
+    connect(m_icon.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason == QSystemTrayIcon::Trigger) {
+            handleLeftClick();
         }
     });
-    m_menu->installEventFilter(this);
     m_icon->show();
+}
+
+void QtStatusItem::exportItem() {
+    if (m_busMenu != nullptr) {
+        return;
+    }
+    QList<QImage> images;
+    for (const QPixmap& picture : std::as_const(m_pictures)) {
+        images << picture.toImage();
+    }
+    new NotifierItem(&m_busObject,
+                     {.activated =
+                          [this] {
+                              if (!m_hasClosedPopover || !m_hasClosedPopover(QCursor::pos())) {
+                                  handleLeftClick();
+                              }
+                          },
+                      .menuRequested = [this] { m_menu.popup(QCursor::pos()); }},
+                     MENU_PATH, m_description, images);
+    m_busMenu = new NotifierMenu(&m_busObject, [this] { tell(MouseButton::Right); });
+
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    bus.registerObject(ITEM_PATH, &m_busObject);
+    bus.registerObject(MENU_PATH, &m_busObject);
+    // The name that hosts expect of an item.
+    m_busService = u"org.kde.StatusNotifierItem-%1-1"_s.arg(QCoreApplication::applicationPid());
+    bus.registerService(m_busService);
 }
 
 std::optional<Anchor> QtStatusItem::button() const {
@@ -84,27 +141,30 @@ void QtStatusItem::setClickedHandler(ClickedHandler handler) {
 }
 
 void QtStatusItem::showMenuOnce(const QList<MenuItem>& menu) {
-    m_menu->clear();
+    m_menu.clear();
     for (const MenuItem& item : menu) {
         if (item.title.isEmpty()) {
-            m_menu->addSeparator();
+            m_menu.addSeparator();
             continue;
         }
-        QAction* const action = m_menu->addAction(item.title);
+        QAction* const action = m_menu.addAction(item.title);
         if (!item.keyEquivalent.isEmpty()) {
             action->setShortcut(QKeySequence(item.keyEquivalent));
         }
         connect(action, &QAction::triggered, this, [run = item.action] { run(); });
     }
+    if (m_busMenu != nullptr) {
+        m_busMenu->setItems(menu);
+    }
 }
 
 bool QtStatusItem::eventFilter(QObject* watched, QEvent* event) {
     // A menu shows an action's shortcut but leaves it to the window that it hangs from, and there is none.
-    if (watched == m_menu.get() && event->type() == QEvent::KeyPress) {
+    if (watched == &m_menu && event->type() == QEvent::KeyPress) {
         const QKeySequence pressed(static_cast<QKeyEvent*>(event)->key());
-        for (QAction* const action : m_menu->actions()) {
+        for (QAction* const action : m_menu.actions()) {
             if (!action->shortcut().isEmpty() && action->shortcut() == pressed) {
-                m_menu->close();
+                m_menu.close();
                 action->trigger();
                 return true;
             }
@@ -113,14 +173,16 @@ bool QtStatusItem::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-void QtStatusItem::handleActivation(QSystemTrayIcon::ActivationReason reason) {
-    if (reason == QSystemTrayIcon::Trigger) {
-        // Qt drops the place that a bus host tells; the pointer is still there.
-        m_lastClick = QCursor::pos();
-        if (m_handler) {
-            m_handler(MouseButton::Left);
-        }
+void QtStatusItem::tell(MouseButton button) const {
+    if (m_handler) {
+        m_handler(button);
     }
+}
+
+void QtStatusItem::handleLeftClick() {
+    // A bus host's coordinates are some host's pixels, if it tells any; the pointer is still there.
+    m_lastClick = QCursor::pos();
+    tell(MouseButton::Left);
 }
 
 } // namespace zamber

@@ -2,27 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/IncomingTransfer.h"
 
-#include <algorithm>
+#include "platform/x11/SelectionProperty.h"
+
 #include <utility>
+#include <vector>
 
 namespace zamber::x11 {
-
-namespace {
-
-/// An INCR answer begins with a lower bound of the size, which spares us growing step by step; but it is the
-/// owner's word, so that no more than this is reserved on it.
-constexpr qint64 MOST_RESERVED_BYTES = qint64{256} << 20;
-
-qint64 announcedSize(const Property& incr) {
-    if (incr.format != 32 || incr.bytes.size() < 4) {
-        return 0;
-    }
-    std::uint32_t size = 0;
-    std::copy_n(incr.bytes.constData(), sizeof size, reinterpret_cast<char*>(&size));
-    return std::min<qint64>(size, MOST_RESERVED_BYTES);
-}
-
-} // namespace
 
 IncomingTransfer::IncomingTransfer(Connection& connection, const SelectionQuery& query, Done done)
     : m_connection(connection)

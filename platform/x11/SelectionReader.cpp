@@ -2,43 +2,22 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/SelectionReader.h"
 
-#include "platform/x11/SelectionText.h"
+#include "platform/x11/SelectionProperty.h"
 
 #include <QTimer>
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <utility>
 
 namespace zamber::x11 {
-
-namespace {
-
-/// From the best to the last resort. TIFF is what programs here encode largest; the others need converting.
-constexpr std::array IMAGES{Atom::ImagePng, Atom::ImageTiff, Atom::ImageJpeg,  Atom::ImageWebp,
-                            Atom::ImageBmp, Atom::ImageXBmp, Atom::ImageXMsBmp};
-
-constexpr std::array TEXTS{Atom::Utf8String, Atom::TextPlainUtf8, Atom::TextPlainUtf8Capitals};
-
-constexpr std::array LESSER_TEXTS{Atom::TextPlain, Atom::Text};
-
-std::vector<xcb_atom_t> atomsOf(const Property& property) {
-    std::vector<xcb_atom_t> atoms(static_cast<std::size_t>(property.bytes.size()) / sizeof(xcb_atom_t));
-    if (!atoms.empty()) { // memcpy may not be given an empty vector's null
-        std::memcpy(atoms.data(), property.bytes.constData(), atoms.size() * sizeof(xcb_atom_t));
-    }
-    return atoms;
-}
-
-} // namespace
 
 SelectionReader::SelectionReader(Connection& connection, IncomingTransfers& transfers, const SelectionQuery& change,
                                  Done done)
     : m_connection(connection)
     , m_transfers(transfers)
     , m_change(change)
-    , m_done(std::move(done)) {
+    , m_done(std::move(done))
+    , m_atom([&connection](Atom atom) { return connection.atom(atom); }) {
     // Not at once: of the changes that come in one go only the last is worth a request.
     QTimer::singleShot(0, this, [this] { ask(m_connection.atom(Atom::Targets), &SelectionReader::handleTargets); });
 }
@@ -61,32 +40,17 @@ void SelectionReader::ask(xcb_atom_t target, void (SelectionReader::*handle)(con
 }
 
 void SelectionReader::handleTargets(const std::optional<Property>& answer) {
-    const bool isList = answer && answer->format == 32 &&
-                        (answer->type == XCB_ATOM_ATOM || answer->type == m_connection.atom(Atom::Targets));
-    if (!isList) {
+    const auto offered = answer ? offeredTargets(*answer, m_atom) : std::nullopt;
+    if (!offered) {
         // The owner cannot tell; the two names that every program of old knows are worth the two requests left.
         m_candidates = {XCB_ATOM_STRING, m_connection.atom(Atom::Utf8String)};
         askForNextCandidate();
         return;
     }
-    const std::vector<xcb_atom_t> offered = atomsOf(*answer);
-    const auto isOffered = [&offered](xcb_atom_t atom) { return std::ranges::find(offered, atom) != offered.end(); };
-    const auto addOffered = [&](const auto& atoms) {
-        for (const Atom atom : atoms) {
-            if (isOffered(m_connection.atom(atom))) {
-                m_candidates.push_back(m_connection.atom(atom));
-            }
-        }
-    };
-    addOffered(IMAGES);
-    addOffered(TEXTS);
-    if (isOffered(XCB_ATOM_STRING)) {
-        m_candidates.push_back(XCB_ATOM_STRING);
-    }
-    addOffered(LESSER_TEXTS);
+    m_candidates = readableTargets(*offered, m_atom);
     std::ranges::reverse(m_candidates);
 
-    if (isOffered(m_connection.atom(Atom::PasswordManagerHint))) {
+    if (std::ranges::find(*offered, m_connection.atom(Atom::PasswordManagerHint)) != offered->end()) {
         ask(m_connection.atom(Atom::PasswordManagerHint), &SelectionReader::handleHint);
     } else if (m_candidates.empty()) {
         finish(SelectionContent{}); // files, say: a change, but with nothing in it for us
@@ -96,8 +60,7 @@ void SelectionReader::handleTargets(const std::optional<Property>& answer) {
 }
 
 void SelectionReader::handleHint(const std::optional<Property>& answer) {
-    // Programs put other values there too, meaning no secret.
-    if (answer && answer->format == 8 && answer->bytes == "secret") {
+    if (answer && saysSecret(*answer)) {
         finish(Secret{});
     } else if (m_candidates.empty()) {
         finish(SelectionContent{});
@@ -121,15 +84,15 @@ void SelectionReader::handleData(const std::optional<Property>& answer) {
         askForNextCandidate();
         return;
     }
-    if (!isImage(m_asked)) {
-        if (const std::optional<QByteArray> text = textOf(*answer)) {
+    if (!isImageType(m_asked, m_atom)) {
+        if (const std::optional<QByteArray> text = textOf(*answer, m_atom)) {
             finish(SelectionContent{.text = text, .image = {}});
         } else {
             askForNextCandidate();
         }
         return;
     }
-    if (!isImage(answer->type) || answer->bytes.isEmpty()) {
+    if (!isImageType(answer->type, m_atom) || answer->bytes.isEmpty()) {
         askForNextCandidate();
     } else if (answer->type == m_connection.atom(Atom::ImagePng)) {
         finish(SelectionContent{.text = {}, .image = answer->bytes, .imageLabel = ImageFormat::Png});
@@ -144,22 +107,6 @@ void SelectionReader::handleData(const std::optional<Property>& answer) {
             }
         });
     }
-}
-
-bool SelectionReader::isImage(xcb_atom_t type) const {
-    return std::ranges::any_of(IMAGES, [&](Atom image) { return m_connection.atom(image) == type; });
-}
-
-std::optional<QByteArray> SelectionReader::textOf(const Property& answer) const {
-    if (answer.type == XCB_ATOM_STRING) {
-        return utf8FromLatin1(answer.bytes);
-    }
-    const auto isAnswer = [&](Atom text) { return m_connection.atom(text) == answer.type; };
-    if (std::ranges::any_of(TEXTS, isAnswer) || isAnswer(Atom::TextPlain)) {
-        return repairedUtf8(answer.bytes);
-    }
-    // A name without an encoding says nothing, an empty answer of INCR has no type at all.
-    return answer.bytes.isEmpty() ? std::optional(QByteArray()) : std::nullopt;
 }
 
 void SelectionReader::finish(const Outcome& outcome) {

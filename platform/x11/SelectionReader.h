@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/x11/IncomingTransfer.h"
+#include "platform/x11/SelectionProperty.h"
 #include "platform/x11/SelectionServer.h"
 
 #include <functional>
@@ -35,14 +36,13 @@ private:
     void handleHint(const std::optional<Property>& answer);
     void handleData(const std::optional<Property>& answer);
     void askForNextCandidate();
-    bool isImage(xcb_atom_t type) const;
-    std::optional<QByteArray> textOf(const Property& answer) const;
     void finish(const Outcome& outcome);
 
     Connection& m_connection;
     IncomingTransfers& m_transfers;
     SelectionQuery m_change;
     Done m_done;
+    AtomLookup m_atom;
     IncomingTransfer* m_transfer = nullptr; // under way
     int m_requests = 0;
     std::vector<xcb_atom_t> m_candidates; // to ask for, the best last

@@ -3,9 +3,9 @@
 #include "platform/x11/SelectionServer.h"
 
 #include "platform/x11/OutgoingTransfers.h"
+#include "platform/x11/SelectionProperty.h"
 #include "platform/x11/SelectionText.h"
 
-#include <cstring>
 #include <utility>
 
 namespace zamber::x11 {
@@ -102,14 +102,14 @@ void SelectionServer::handleRequest(const xcb_selection_request_event_t& event) 
 }
 
 void SelectionServer::handleMultiple(const std::shared_ptr<Request>& request) {
-    const Property list =
-        m_connection.readProperty(request->event.requestor, request->event.property, Connection::Afterwards::Keep);
-    if (request->event.property == m_connection.atom(Atom::Multiple) || list.format != 32 || list.bytes.size() < 8) {
+    auto pairs = numbersOf(
+        m_connection.readProperty(request->event.requestor, request->event.property, Connection::Afterwards::Keep));
+    if (request->event.property == m_connection.atom(Atom::Multiple) || pairs.size() < 2) {
         notify(request->event, false);
         return;
     }
-    request->pairs.resize(static_cast<std::size_t>(list.bytes.size()) / sizeof(xcb_atom_t) / 2 * 2);
-    std::memcpy(request->pairs.data(), list.bytes.constData(), request->pairs.size() * sizeof(xcb_atom_t));
+    pairs.resize(pairs.size() / 2 * 2);
+    request->pairs = std::move(pairs);
     request->open = request->pairs.size() / 2;
     for (std::size_t i = 0; i + 1 < request->pairs.size(); i += 2) {
         const auto answered = [this, request, i](bool succeeded) {

@@ -14,6 +14,7 @@ public:
         : m_connection(connection) {}
 
     bool isTrusted() const override;
+    std::optional<QUrl> settingsAddress() const override { return std::nullopt; }
 
 private:
     Connection& m_connection;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Workspace.h"
 
+#include <QDesktopServices>
+
 #include <utility>
 
 namespace zamber::x11 {
@@ -36,6 +38,10 @@ void X11Workspace::activate(const RunningApplication& application) {
     if (const std::optional<xcb_window_t> window = windowOf(application)) {
         m_windows.activate(*window);
     }
+}
+
+void X11Workspace::open(const QUrl& address) {
+    QDesktopServices::openUrl(address);
 }
 
 std::optional<xcb_window_t> X11Workspace::windowOf(const RunningApplication& application) const {

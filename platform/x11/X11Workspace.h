@@ -21,6 +21,7 @@ public:
 
     std::optional<RunningApplication> frontmostApplication() override;
     void activate(const RunningApplication& application) override;
+    void open(const QUrl& address) override;
 
     /// The window of an application that is still there.
     std::optional<xcb_window_t> windowOf(const RunningApplication& application) const;

@@ -31,6 +31,8 @@ struct FakeApplicationRig : FakeRig {
     FakeApplication fake{journal};
 
     Application& application() { return fake; }
+    void respondTo(const QString& name, std::function<void()> responder) { fake.respondTo(name, std::move(responder)); }
+    void observe(const QString& name, std::function<void()> observer) { fake.observe(name, std::move(observer)); }
     bool run(const std::function<void()>& first) {
         first();
         return fake.isTerminated;
@@ -50,6 +52,9 @@ struct FakeWorkspaceRig : FakeRig {
     void closeApplication(int number) { fake.quit(opened[number]); }
     void bringToFront(int number) { fake.bringToFront(opened[number]); }
     bool isInFront(int number) { return fake.front() == opened[number]; }
+    bool wasOpened(const QUrl& address) {
+        return std::ranges::count(journal.entries(), "open " + address.toString().toStdString()) == 1;
+    }
 };
 
 struct FakeHotKeyCenterRig : FakeRig {

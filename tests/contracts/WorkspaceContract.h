@@ -15,6 +15,7 @@ namespace zamber {
 /// - `openApplication`: a program with that name opens a window, which comes to the front; the number names it below;
 /// - `closeApplication`: it quits; `bringToFront`: the user clicks its window;
 /// - `isInFront`: whether the desktop has it in front;
+/// - `wasOpened`: whether the program for addresses of the scheme "zamber-test" was given that one, once;
 /// - `waitUntil`: lets the main loop run until the condition holds; false when it gives up.
 template <class Rig>
 concept WorkspaceRig = std::default_initializable<Rig> &&
@@ -23,6 +24,7 @@ concept WorkspaceRig = std::default_initializable<Rig> &&
                            { rig.openApplication(name) } -> std::same_as<int>;
                            rig.closeApplication(number);
                            rig.bringToFront(number);
+                           { rig.wasOpened(QUrl()) } -> std::same_as<bool>;
                            { rig.isInFront(number) } -> std::same_as<bool>;
                            { rig.waitUntil(condition) } -> std::same_as<bool>;
                        };
@@ -85,8 +87,15 @@ TYPED_TEST_P(WorkspaceContract, AnApplicationStartedAgainIsAnother) {
     EXPECT_NE(this->workspace.frontmostApplication(), remembered);
 }
 
+TYPED_TEST_P(WorkspaceContract, AnAddressIsOpenedByTheProgramForIt) {
+    const QUrl address(QStringLiteral("zamber-test:page?one=1#two"));
+    this->workspace.open(address);
+    EXPECT_TRUE(this->rig.waitUntil([&] { return this->rig.wasOpened(address); }));
+}
+
 REGISTER_TYPED_TEST_SUITE_P(WorkspaceContract, AnEmptyDesktopHasNothingInFront, TheApplicationInFrontIsKnownByItsName,
                             TheSameApplicationIsEqualAtEachLook, AnApplicationIsActivatedFromBehindAnother,
-                            ActivatingAnApplicationThatHasQuitDoesNothing, AnApplicationStartedAgainIsAnother);
+                            ActivatingAnApplicationThatHasQuitDoesNothing, AnApplicationStartedAgainIsAnother,
+                            AnAddressIsOpenedByTheProgramForIt);
 
 } // namespace zamber

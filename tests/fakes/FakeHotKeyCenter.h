@@ -45,6 +45,13 @@ public:
         }
     }
 
+    /// A press that nobody registered, as far as its id tells.
+    void pressUnknown(std::uint32_t id) {
+        if (m_handler) {
+            m_handler(id);
+        }
+    }
+
     std::vector<Registration> registrations;
 
 private:

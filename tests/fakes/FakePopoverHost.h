@@ -3,14 +3,19 @@
 #pragma once
 
 #include "platform/PopoverHost.h"
+#include "tests/fakes/Journal.h"
 
 #include <QList>
 
 namespace zamber {
 
-/// A popover without a window: it keeps what it was told.
+/// A popover without a window: it keeps what it was told, and notes it where it was given a journal.
 class FakePopoverHost final : public PopoverHost {
 public:
+    FakePopoverHost() = default;
+    explicit FakePopoverHost(Journal& journal)
+        : m_journal(&journal) {}
+
     struct Showing {
         Anchor anchor;
         PopoverEdge edge;
@@ -21,22 +26,45 @@ public:
     PopoverAppearance appearance = PopoverAppearance::System;
     QList<Showing> showings;
 
-    void setContent(QWidget* widget) override { content = widget; }
-    void setContentSize(QSize points) override { contentSize = points; }
-    void setAppearance(PopoverAppearance look) override { appearance = look; }
+    void setContent(QWidget* widget) override {
+        note("popover content");
+        content = widget;
+    }
+
+    void setContentSize(QSize points) override {
+        note("popover size");
+        contentSize = points;
+    }
+
+    void setAppearance(PopoverAppearance look) override {
+        note("popover appearance");
+        appearance = look;
+    }
 
     void show(const Anchor& anchor, PopoverEdge preferredEdge) override {
+        note("show popover");
         showings.append({anchor, preferredEdge});
         m_isShown = true;
     }
 
-    void performClose() override { m_isShown = false; }
+    void performClose() override {
+        note("close popover");
+        m_isShown = false;
+    }
+
     bool isShown() const override { return m_isShown; }
 
     /// The user presses a button somewhere else.
     void pressOutside() { m_isShown = false; }
 
 private:
+    void note(const char* entry) {
+        if (m_journal != nullptr) {
+            m_journal->note(entry);
+        }
+    }
+
+    Journal* m_journal = nullptr;
     bool m_isShown = false;
 };
 

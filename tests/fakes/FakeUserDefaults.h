@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/UserDefaults.h"
+#include "tests/fakes/Journal.h"
 
 #include <QHash>
 
@@ -17,6 +18,10 @@ namespace zamber {
 class FakeUserDefaults final : public UserDefaults {
 public:
     using Value = std::variant<QString, int, bool>;
+
+    FakeUserDefaults() = default;
+    explicit FakeUserDefaults(Journal& journal)
+        : m_journal(&journal) {}
 
     QHash<QString, Value> values;
 
@@ -56,6 +61,9 @@ public:
     void setBoolean(const QString& key, bool value) override { set(key, value); }
 
     ObserverToken addObserver(const QString& key, Observer observer) override {
+        if (m_journal != nullptr) {
+            m_journal->note("observe " + key.toStdString());
+        }
         const ObserverToken token{++m_lastId};
         m_observers.emplace(token.id, std::pair(key, std::move(observer)));
         return token;
@@ -68,6 +76,8 @@ public:
     std::size_t observerCount() const { return m_observers.size(); }
 
 private:
+    Journal* m_journal = nullptr;
+
     template <class Result, class Convert>
     std::optional<Result> converted(const QString& key, Convert convert) const {
         const auto found = values.find(key);

@@ -54,6 +54,8 @@ public:
         }
     }
 
+    void open(const QUrl& address) override { m_journal.note("open " + address.toString().toStdString()); }
+
 private:
     Journal& m_journal;
     std::vector<RunningApplication> m_running;

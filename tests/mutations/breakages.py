@@ -56,18 +56,18 @@ BREAKAGES = (
         "test_hostile_owners.BusyOwnersTest.test_an_owner_of_forty_targets_is_asked_for_three",
     ),
     Breakage(
-        "a text is preferred to a picture", X11 + "SelectionReader.cpp",
+        "a text is preferred to a picture", X11 + "SelectionProperty.cpp",
         "    addOffered(IMAGES);\n    addOffered(TEXTS);\n", "    addOffered(TEXTS);\n    addOffered(IMAGES);\n",
         "contract:*.AnImageArrivesAlsoWhenATextComesWithIt",
     ),
     Breakage(
-        "invalid UTF-8 is passed on", X11 + "SelectionReader.cpp",
+        "invalid UTF-8 is passed on", X11 + "SelectionProperty.cpp",
         "return repairedUtf8(answer.bytes);", "return answer.bytes;",
         "test_hostile_owners.LyingOwnersTest.test_texts_that_need_mending",
     ),
     Breakage(
-        "a secret is read", X11 + "SelectionReader.cpp",
-        'answer->bytes == "secret"', 'answer->bytes == "no secret"',
+        "a secret is read", X11 + "SelectionProperty.cpp",
+        'hint.bytes == "secret"', 'hint.bytes == "no secret"',
         "test_owners.OwnersTest.test_a_secret_is_neither_asked_for_nor_kept",
     ),
     Breakage(

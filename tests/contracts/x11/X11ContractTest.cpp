@@ -22,6 +22,7 @@
 #include "tests/contracts/x11/X11Partner.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QTimer>
 #include <QWidget>
 
@@ -79,7 +80,25 @@ private:
     }
 };
 
+/// Takes the place of the user's browser.
+class AddressCatcher final : public QObject {
+    Q_OBJECT
+
+public:
+    AddressCatcher() { QDesktopServices::setUrlHandler(SCHEME, this, "take"); }
+    ~AddressCatcher() override { QDesktopServices::unsetUrlHandler(SCHEME); }
+
+    QList<QUrl> taken;
+
+public slots:
+    void take(const QUrl& address) { taken << address; }
+
+private:
+    static inline const QString SCHEME = QStringLiteral("zamber-test");
+};
+
 struct X11WorkspaceRig : X11Rig {
+    AddressCatcher catcher;
     x11::Windows windows{*connection};
     x11::X11Workspace adapter{*connection, windows, applicationNameOfClass};
     std::vector<xcb_window_t> opened;
@@ -92,6 +111,7 @@ struct X11WorkspaceRig : X11Rig {
     void closeApplication(int number) { partner.closeWindow(opened[number]); }
     void bringToFront(int number) { partner.activateWindow(opened[number]); }
     bool isInFront(int number) { return partner.activeWindow() == opened[number]; }
+    bool wasOpened(const QUrl& address) { return catcher.taken == QList{address}; }
 };
 
 struct X11HotKeyCenterRig : X11Rig {
@@ -162,6 +182,12 @@ struct QtApplicationRig {
     QtApplication adapter{[](WId) {}};
 
     Application& application() { return adapter; }
+    void respondTo(const QString& name, std::function<void()> responder) {
+        adapter.setResponder(name, std::move(responder));
+    }
+    void observe(const QString& name, std::function<void()> observer) {
+        adapter.addObserver(name, std::move(observer));
+    }
     static bool run(const std::function<void()>& first) {
         constexpr int GIVEN_UP = 99;
         QTimer bound;
@@ -215,3 +241,5 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }
+
+#include "X11ContractTest.moc"

@@ -21,6 +21,7 @@ From a shell, with this folder's parent as working directory: python3 -m harness
 from .clipboard import PARTNERS, Clipboard, SelectionOwner
 from .desktop import PrivateDesktop
 from .keyboard import ALT, CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER
+from .notifier import NotifierHost
 from .partners import Editor, Mousepad, Partner, Terminal
 from .processes import Child
 from .recorder import KeyEvent, Recorder
@@ -31,6 +32,6 @@ from .zamber import Zamber, default_binary
 
 __all__ = [
     "ALT", "CONTROL", "Child", "Clipboard", "Editor", "KEY_CODES", "KeyEvent", "LOCK", "Mousepad", "NUM",
-    "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT", "SUPER", "SelectionOwner", "Terminal", "WaitTimeout", "Window", "Zamber", "convert", "default_binary",
-    "holds_for", "pixels", "png_bytes", "wait_until",
+    "NotifierHost", "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT", "SUPER", "SelectionOwner", "Terminal",
+    "WaitTimeout", "Window", "Zamber", "convert", "default_binary", "holds_for", "pixels", "png_bytes", "wait_until",
 ]

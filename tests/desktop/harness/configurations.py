@@ -37,6 +37,13 @@ OPENBOX_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
 </openbox_config>
 """
 
+# Tiles windows and knows no key.
+I3_CONFIGURATION = """# i3 config file (v4)
+font pango:DejaVu Sans 8
+focus_follows_mouse no
+mouse_warping none
+"""
+
 TRAY_CONFIGURATION = """panel_items = FS
 panel_monitor = all
 panel_position = top center horizontal

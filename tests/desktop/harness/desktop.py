@@ -17,7 +17,7 @@ from . import windows
 from .accessibility import Accessibility
 from .authority import add_display, authority_in_environment, write_authority
 from .clipboard import Clipboard
-from .configurations import BUS_CONFIGURATION, OPENBOX_CONFIGURATION, TRAY_CONFIGURATION
+from .configurations import BUS_CONFIGURATION, I3_CONFIGURATION, OPENBOX_CONFIGURATION, TRAY_CONFIGURATION
 from .keyboard import Keyboard, Mouse
 from .processes import Child, adopt_orphans, end_all_with_environment, pids_with_environment, reap
 from .recorder import Recorder
@@ -28,7 +28,7 @@ START_SECONDS = 15.0
 TOOL_SECONDS = 15.0
 # Only what finds programs and their data comes from outside; nothing there is a person's own.
 KEPT_VARIABLES = ("LD_LIBRARY_PATH", "XDG_DATA_DIRS")
-WINDOW_MANAGERS = ("openbox", "xfwm4", "none")
+WINDOW_MANAGERS = ("openbox", "xfwm4", "i3", "none")
 TRAYS = ("tint2", "none")
 COMPOSITORS = ("none", "picom")
 
@@ -52,10 +52,11 @@ class PrivateDesktop:
 
     `environment` is what programs inside are started with, `directory` a folder for whatever is needed, removed at
     the end; `display` a python-xlib connection. Everything has its time limit: a part that does not come up raises.
+    Without `xtest` the X server has no XTEST extension: no program can press keys there, the tests' neither.
     """
 
     def __init__(self, *, window_manager="openbox", tray=None, compositor="none", accessibility=True,
-                 size=(1280, 800), layout="us"):
+                 size=(1280, 800), layout="us", xtest=True):
         if tray is None:
             tray = "none" if window_manager == "none" else "tint2"
         if (window_manager, tray) == ("none", "tint2"):
@@ -65,7 +66,7 @@ class PrivateDesktop:
                 raise ValueError(f"{choice!r} is none of {known}")
         self.window_manager, self.tray, self.compositor = window_manager, tray, compositor
         self._with_accessibility = accessibility
-        self._size, self._layout = size, layout
+        self._size, self._layout, self._with_xtest = size, layout, xtest
         self._children = []
         self._recorders = []
         self.display = None
@@ -81,7 +82,7 @@ class PrivateDesktop:
             self._start_bus()
             if self._with_accessibility:
                 self._start_accessibility_bus()
-            self._start_window_manager()
+            self.start_window_manager()
             self.start_tray()
             self._start_compositor()
             if self._layout != "us":
@@ -168,7 +169,7 @@ class PrivateDesktop:
             self.server = self.start(
                 "Xvfb",
                 ["Xvfb", "-displayfd", writer, "-screen", "0", f"{width}x{height}x24", "-auth", self._authority,
-                 "-nolisten", "tcp", "-noreset", "-dpi", "96"],
+                 "-nolisten", "tcp", "-noreset", "-dpi", "96", *([] if self._with_xtest else ["-extension", "XTEST"])],
                 pass_fds=(writer,), death_signal="TERM",
             )
             os.close(writer)
@@ -185,7 +186,8 @@ class PrivateDesktop:
         self.keyboard = Keyboard(self.display, self.display_name, self._authority)
         self.mouse = Mouse(self.display)
         # With its first key a keyboard announces its layout to everybody, as if it had just been plugged in.
-        self.keyboard.tap("Shift_L")
+        if self._with_xtest:
+            self.keyboard.tap("Shift_L")
         self.clipboard = Clipboard(self)
         self.primary = Clipboard(self, "primary")
 
@@ -223,7 +225,8 @@ class PrivateDesktop:
         self.run([*call, "org.freedesktop.DBus.Properties.Set", "org.a11y.Status", "IsEnabled", "<true>"])
         self.accessibility = Accessibility(self)
 
-    def _start_window_manager(self):
+    def start_window_manager(self):
+        """Part of coming up; called again by whoever has stopped `window_manager_process`."""
         if self.window_manager == "none":
             return
         command = ["xfwm4", "--compositor=off"]
@@ -231,7 +234,11 @@ class PrivateDesktop:
             configuration = self.directory / "openbox.xml"
             configuration.write_text(OPENBOX_CONFIGURATION)
             command = ["openbox", "--config-file", configuration]
-        manager = self.start(self.window_manager, command)
+        elif self.window_manager == "i3":
+            configuration = self.directory / "i3.conf"
+            configuration.write_text(I3_CONFIGURATION)
+            command = ["i3", "-c", configuration]
+        manager = self.window_manager_process = self.start(self.window_manager, command)
         wait_until(self._has_window_manager, START_SECONDS, lambda: f"{self.window_manager}: {manager.stderr()}")
 
     def _has_window_manager(self):

@@ -11,11 +11,13 @@
 #include "tests/fakes/FakeHotKeyCenter.h"
 #include "tests/fakes/FakeKeyMonitor.h"
 #include "tests/fakes/FakeKeystrokePoster.h"
+#include "tests/fakes/FakeLoginItem.h"
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/fakes/FakePopoverHost.h"
 #include "tests/fakes/FakeScheduler.h"
 #include "tests/fakes/FakeStatusItem.h"
 #include "tests/fakes/FakeSymbols.h"
+#include "tests/fakes/FakeSystemSound.h"
 #include "tests/fakes/FakeUserDefaults.h"
 #include "tests/fakes/FakeWorkspace.h"
 
@@ -30,20 +32,25 @@ class AppDelegateTest : public testing::Test {
 protected:
     AppDelegateTest() {
         UserDefaults::setStandard(&defaults);
-        delegate = std::make_shared<AppDelegate>(Desktop{.application = application,
-                                                         .pasteboard = pasteboard,
-                                                         .workspace = workspace,
-                                                         .hotKeys = hotKeys,
-                                                         .keystrokes = keystrokes,
-                                                         .keyMonitor = keyMonitor,
-                                                         .trust = trust,
-                                                         .statusItem = statusItem,
-                                                         .popover = popover,
-                                                         .appearance = appearance,
-                                                         .symbols = symbols,
-                                                         .userDefaults = defaults,
-                                                         .scheduler = scheduler},
-                                                 folder.filePath(QStringLiteral("history.json")).toStdString());
+        delegate = std::make_shared<AppDelegate>(
+            Desktop{.application = application,
+                    .pasteboard = pasteboard,
+                    .workspace = workspace,
+                    .hotKeys = hotKeys,
+                    .keystrokes = keystrokes,
+                    .keyMonitor = keyMonitor,
+                    .trust = trust,
+                    .statusItem = statusItem,
+                    .popover = popover,
+                    .appearance = appearance,
+                    .symbols = symbols,
+                    .sounds = sounds,
+                    .loginItem = loginItem,
+                    .userDefaults = defaults,
+                    .scheduler = scheduler},
+            folder.filePath(QStringLiteral("history.json")).toStdString(),
+            LaunchSteps{.startPeriodicChecks = [this] { journal.note("start periodic checks"); },
+                        .checkAndPromptMove = [this] { journal.note("check and prompt move"); }});
     }
 
     ~AppDelegateTest() override { UserDefaults::setStandard(nullptr); }
@@ -65,6 +72,11 @@ protected:
         return app;
     }
 
+    QList<MenuItem> openMenu() {
+        statusItem.click(MouseButton::Right);
+        return statusItem.shownMenus.last();
+    }
+
     void choose(int index) {
         const auto items = delegate->clipboardManager->filteredItems();
         delegate->clipboardManager->copyToClipboard(items[index]);
@@ -81,10 +93,12 @@ protected:
     FakeKeyMonitor keyMonitor;
     FakeAccessibilityTrust trust;
     FakeStatusItem statusItem{journal};
-    FakePopoverHost popover;
+    FakePopoverHost popover{journal};
     FakeAppearance appearance;
     FakeSymbols symbols;
-    FakeUserDefaults defaults;
+    FakeSystemSound sounds{journal};
+    FakeLoginItem loginItem;
+    FakeUserDefaults defaults{journal};
     FakeScheduler scheduler;
     std::shared_ptr<AppDelegate> delegate;
 };

@@ -5,6 +5,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
+
 namespace zamber {
 
 namespace {
@@ -15,13 +18,54 @@ using testing::IsEmpty;
 
 // Start-up
 
+/// The journal, and what nobody is asked about at each of its notes.
+struct Trace {
+    std::map<std::string, bool> hasOnPaste;
+    std::map<std::string, std::size_t> timers;
+    std::map<std::string, int> trustAsked;
+};
+
 TEST_F(AppDelegateTest, StartsInOrder) {
+    Trace trace;
+    journal.onNote = [&] {
+        const std::string& note = journal.entries().back();
+        trace.hasOnPaste.emplace(note, static_cast<bool>(delegate->clipboardManager->onPaste));
+        trace.timers.emplace(note, scheduler.pendingTimers());
+        trace.trustAsked.emplace(note, trust.timesAsked);
+    };
     delegate->applicationDidFinishLaunching();
-    EXPECT_THAT(journal.entries(), ElementsAre("accessory policy", "status item doc.on.clipboard", "register hot key 1",
-                                               "register hot key 2", "register hot key 3"));
+    journal.onNote = nullptr;
+
+    std::vector<std::string> steps = journal.entries();
+    // The list observes preferences of its own while it is made the popover's content.
+    const auto content = std::ranges::find(steps, "popover content");
+    steps.erase(std::remove_if(steps.begin(), content, [](const auto& note) { return note.starts_with("observe "); }),
+                content);
+    EXPECT_THAT(steps, ElementsAre("accessory policy", "status item doc.on.clipboard", "popover size",
+                                   "popover content", "observe popoverSize", "observe appTheme", "popover appearance",
+                                   "register hot key 1", "register hot key 2", "register hot key 3",
+                                   "start periodic checks", "check and prompt move"));
     EXPECT_EQ(statusItem.description, QStringLiteral("Zamber"));
     EXPECT_NE(popover.content, nullptr);
     EXPECT_FALSE(popover.isShown());
+
+    // A paste is possible as soon as there is a popover to choose from.
+    EXPECT_FALSE(trace.hasOnPaste["status item doc.on.clipboard"]);
+    EXPECT_TRUE(trace.hasOnPaste["popover size"]);
+    // The clipboard is watched once the hot keys work and before anything else begins.
+    EXPECT_EQ(trace.timers["register hot key 3"], 0U);
+    EXPECT_EQ(trace.timers["start periodic checks"], 1U);
+    // The permission comes last.
+    EXPECT_EQ(trace.trustAsked["check and prompt move"], 0);
+    EXPECT_EQ(trust.timesAsked, 1);
+}
+
+TEST_F(AppDelegateTest, WithoutATrayEverythingElseStarts) {
+    statusItem.place.reset();
+    delegate->applicationDidFinishLaunching();
+    EXPECT_EQ(hotKeys.registrations.size(), 3U);
+    capture("copied");
+    EXPECT_EQ(delegate->clipboardManager->items().size(), 1);
 }
 
 TEST_F(AppDelegateTest, WhatIsOnTheClipboardAtStartIsNotCaptured) {
@@ -78,11 +122,76 @@ TEST_F(AppDelegateTest, AfterAMenuTheNextLeftClickTogglesThePopoverAgain) {
     EXPECT_TRUE(popover.isShown());
 }
 
+TEST_F(AppDelegateTest, TheMenuIsSettingsLaunchAtLoginQuit) {
+    launch();
+    const QList<MenuItem> menu = openMenu();
+    ASSERT_EQ(menu.size(), 5);
+    EXPECT_EQ(menu[0].title, QStringLiteral("Settings…"));
+    EXPECT_EQ(menu[0].keyEquivalent, QStringLiteral(","));
+    EXPECT_TRUE(menu[1].title.isEmpty());
+    EXPECT_EQ(menu[2].title, QStringLiteral("  Launch at Login"));
+    EXPECT_TRUE(menu[2].keyEquivalent.isEmpty());
+    EXPECT_TRUE(menu[3].title.isEmpty());
+    EXPECT_EQ(menu[4].title, QStringLiteral("Quit Zamber"));
+    EXPECT_EQ(menu[4].keyEquivalent, QStringLiteral("q"));
+}
+
 TEST_F(AppDelegateTest, QuitEndsTheProgramAtOnce) {
     launch();
-    statusItem.click(MouseButton::Right);
-    statusItem.shownMenus[0].last().action();
+    capture("not yet saved");
+    openMenu()[4].action();
     EXPECT_TRUE(application.isTerminated);
+}
+
+TEST_F(AppDelegateTest, TheLaunchAtLoginTitleShowsTheStateAtTheMomentOfTheRightClick) {
+    launch();
+    loginItem.current = LoginItemStatus::Enabled;
+    EXPECT_EQ(openMenu()[2].title, QStringLiteral("✓ Launch at Login"));
+    loginItem.current = LoginItemStatus::RequiresApproval;
+    EXPECT_EQ(openMenu()[2].title, QStringLiteral("  Launch at Login"));
+}
+
+TEST_F(AppDelegateTest, TogglingLaunchAtLoginAndRightClickingAgainShowsTheOtherTitle) {
+    launch();
+    testing::internal::CaptureStdout();
+    openMenu()[2].action();
+    EXPECT_EQ(openMenu()[2].title, QStringLiteral("✓ Launch at Login"));
+    openMenu()[2].action();
+    EXPECT_EQ(openMenu()[2].title, QStringLiteral("  Launch at Login"));
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "✅ Launch at Login: enabled\n✅ Launch at Login: disabled\n");
+}
+
+TEST_F(AppDelegateTest, WhenRegistrationFailsTheErrorIsLoggedAndTheTitleStays) {
+    launch();
+    loginItem.failure = QStringLiteral("Permission denied");
+    testing::internal::CaptureStdout();
+    openMenu()[2].action();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "❌ Launch at Login error: Permission denied\n");
+    EXPECT_EQ(openMenu()[2].title, QStringLiteral("  Launch at Login"));
+}
+
+TEST_F(AppDelegateTest, SettingsActivateAndThenAskForTheSettingsWindow) {
+    launch();
+    bool isShown = false;
+    application.respondTo(QStringLiteral("showSettingsWindow:"), [&] { isShown = true; });
+    openMenu()[0].action();
+    EXPECT_THAT(journal.entries(), ElementsAre("activate", "action showSettingsWindow:"));
+    EXPECT_TRUE(isShown);
+}
+
+TEST_F(AppDelegateTest, TheOlderNameOfTheSettingsWindowIsAskedForNext) {
+    launch();
+    application.respondTo(QStringLiteral("showPreferencesWindow:"), [] {});
+    delegate->openSettings();
+    EXPECT_THAT(journal.entries(),
+                ElementsAre("activate", "action showSettingsWindow:", "action showPreferencesWindow:"));
+}
+
+TEST_F(AppDelegateTest, SettingsThatNobodyShowsLeaveANotification) {
+    launch();
+    delegate->openSettings();
+    EXPECT_THAT(journal.entries(), ElementsAre("activate", "action showSettingsWindow:",
+                                               "action showPreferencesWindow:", "notification openSettings"));
 }
 
 // Popover
@@ -91,7 +200,7 @@ TEST_F(AppDelegateTest, ThePopoverRemembersWhoWasInFrontBeforeItTakesTheFocus) {
     launch();
     openInFront("Editor");
     delegate->showPopover();
-    EXPECT_THAT(journal.entries(), ElementsAre("frontmost application", "activate"));
+    EXPECT_THAT(journal.entries(), ElementsAre("frontmost application", "show popover", "activate"));
     ASSERT_EQ(popover.showings.size(), 1);
     EXPECT_EQ(popover.showings[0].edge, PopoverEdge::MinY);
     EXPECT_EQ(popover.showings[0].anchor.screenRectangle, statusItem.place->screenRectangle);

@@ -47,6 +47,45 @@ TEST_F(AppDelegateTest, TheMainHotKeyKeepsAnOpenPopoverOpenAndShowsItAgain) {
     EXPECT_EQ(popover.showings.size(), 2);
 }
 
+TEST_F(AppDelegateTest, TheMainHotKeyInAnOpenPopoverRemembersThisApplication) {
+    launch();
+    capture("chosen");
+    openInFront("Editor");
+    hotKeys.press(PhysicalKey::V);
+    scheduler.advance(0ms);
+    const auto zamber = openInFront("Zamber");
+    hotKeys.press(PhysicalKey::V);
+    scheduler.advance(0ms);
+    choose(0);
+    scheduler.advance(350ms);
+    EXPECT_THAT(keystrokes.received, ElementsAre(zamber));
+}
+
+TEST_F(AppDelegateTest, AnUnknownHotKeyDoesNothing) {
+    launch();
+    hotKeys.pressUnknown(0);
+    hotKeys.pressUnknown(4);
+    scheduler.advance(1s);
+    EXPECT_THAT(journal.entries(), IsEmpty());
+}
+
+TEST_F(AppDelegateTest, AHotKeyThatSomebodyElseHoldsLeavesTheOthers) {
+    hotKeys.takeElsewhere(PhysicalKey::Digit2);
+    launch();
+    hotKeys.press(PhysicalKey::V);
+    scheduler.advance(0ms);
+    EXPECT_TRUE(popover.isShown());
+    EXPECT_EQ(hotKeys.registrations.size(), 2U);
+}
+
+TEST_F(AppDelegateTest, AHotKeyPressedAfterTheDelegateHasGoneDoesNothing) {
+    launch();
+    delegate.reset();
+    hotKeys.press(PhysicalKey::V);
+    scheduler.advance(0ms);
+    EXPECT_FALSE(popover.isShown());
+}
+
 TEST_F(AppDelegateTest, WithQuickPasteNeverWrittenItsKeysAreRegisteredAndDoNothing) {
     launch();
     capture("one");
@@ -109,12 +148,59 @@ TEST_F(AppDelegateTest, APasteClosesThePopoverActivatesAndTypesAfter350Milliseco
     testing::internal::CaptureStdout();
     choose(0);
     EXPECT_FALSE(popover.isShown());
-    EXPECT_THAT(journal.entries(), ElementsAre("activate Editor"));
+    EXPECT_THAT(journal.entries(), ElementsAre("close popover", "activate Editor"));
     scheduler.advance(349ms);
     EXPECT_THAT(keystrokes.asked, IsEmpty());
     scheduler.advance(1ms);
     EXPECT_THAT(keystrokes.received, ElementsAre(editor));
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "🔵 Pasting into: Editor\n✅ Pasted via CGEvent\n");
+}
+
+TEST_F(AppDelegateTest, WithTheSoundOnItPlaysBeforeThePreviousApplicationComesToTheFront) {
+    launch();
+    write(defaults, keys::playSoundOnPaste, true);
+    capture("chosen");
+    openInFront("Editor");
+    delegate->showPopover();
+    journal.clear();
+    choose(0);
+    EXPECT_THAT(journal.entries(), ElementsAre("close popover", "sound Tink", "activate Editor"));
+    scheduler.advance(350ms);
+    EXPECT_EQ(journal.entries().back(), "post paste");
+}
+
+TEST_F(AppDelegateTest, WithoutAPreviousApplicationNoSoundPlays) {
+    launch();
+    write(defaults, keys::playSoundOnPaste, true);
+    capture("chosen");
+    delegate->showPopover();
+    journal.clear();
+    choose(0);
+    EXPECT_THAT(journal.entries(), ElementsAre("close popover"));
+}
+
+TEST_F(AppDelegateTest, WithoutPermissionThePopoversSoundPlaysAllTheSame) {
+    launch();
+    write(defaults, keys::playSoundOnPaste, true);
+    capture("chosen");
+    openInFront("Editor");
+    delegate->showPopover();
+    trust.isGranted = false;
+    journal.clear();
+    choose(0);
+    scheduler.advance(1s);
+    EXPECT_THAT(journal.entries(), ElementsAre("close popover", "sound Tink", "activate Editor"));
+}
+
+TEST_F(AppDelegateTest, APasteUnderWayOutlivesTheDelegatesOwner) {
+    launch();
+    capture("chosen");
+    const auto editor = openInFront("Editor");
+    delegate->showPopover();
+    choose(0);
+    delegate.reset();
+    scheduler.advance(350ms);
+    EXPECT_THAT(keystrokes.received, ElementsAre(editor));
 }
 
 TEST_F(AppDelegateTest, WithoutAPreviousApplicationThePopoverClosesAndTheLogSaysSo) {
@@ -197,6 +283,35 @@ TEST_F(AppDelegateTest, QuickPasteTypes150MillisecondsAfterTheWriteAndLogsOnlyTh
     EXPECT_EQ(keystrokes.asked.size(), 1U);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "✅ Pasted via CGEvent\n");
     EXPECT_THAT(popover.showings, IsEmpty());
+}
+
+TEST_F(AppDelegateTest, QuickPasteRemembersWhoIsInFrontThenWritesThenPlaysTheSound) {
+    launch();
+    write(defaults, keys::playSoundOnPaste, true);
+    capture("one");
+    capture("two");
+    openInFront("Editor");
+    journal.clear();
+    journal.onNote = [this] {
+        if (journal.entries().back() == "sound Tink") {
+            EXPECT_EQ(pasteboard.string(), "one");
+        }
+    };
+    delegate->quickPaste(1);
+    scheduler.advance(150ms);
+    EXPECT_THAT(journal.entries(), ElementsAre("frontmost application", "sound Tink", "post paste"));
+}
+
+TEST_F(AppDelegateTest, QuickPasteOfAnEntryThatIsNotThereLeavesEverythingUntouched) {
+    launch();
+    write(defaults, keys::playSoundOnPaste, true);
+    capture("one");
+    openInFront("Editor");
+    journal.clear();
+    delegate->quickPaste(1);
+    scheduler.advance(1s);
+    EXPECT_THAT(journal.entries(), IsEmpty());
+    EXPECT_THAT(pasteboard.writes, IsEmpty());
 }
 
 TEST_F(AppDelegateTest, QuickPasteWithoutPermissionLeavesTheEntryOnTheClipboardInSilence) {

@@ -83,6 +83,20 @@ TEST(Base64, SlashesMayBeEscapedAndNothingElse) {
     }
 }
 
+TEST(Base64, AnEscapedSlashMayStandAnywhereAndAnotherEscapeNowhere) {
+    for (std::size_t before = 0; before < 100; ++before) {
+        const auto plain = std::string(before, 'A') + "//" + std::string(102 - before, 'B');
+        const auto escaped = std::string(before, 'A') + R"(\/\/)" + std::string(102 - before, 'B');
+        EXPECT_EQ(fromSlashEscapedBase64(escaped), fromBase64(plain)) << before;
+        EXPECT_TRUE(fromSlashEscapedBase64(escaped).has_value());
+        // Without their backslashes they would be Base64, but for the last.
+        for (const auto* stray : {R"(\nBBB)", R"(\\/BBB)", R"(\/\ABB)", "-BBB"}) {
+            EXPECT_EQ(fromSlashEscapedBase64(std::string(before, 'A') + stray + std::string(100 - before, 'B')),
+                      std::nullopt);
+        }
+    }
+}
+
 TEST(Base64, SurplusBitsOfTheLastCharacterAreNoStrayCharacters) {
     EXPECT_EQ(fromBase64("Zh=="), "f");
     EXPECT_EQ(fromBase64("Zm9="), "fo");

@@ -123,6 +123,23 @@ TEST(JsonScanner, ReadsStringsAsTheyMustBeWritten) {
     EXPECT_EQ(kindOf("\"\uFFFD\""), Kind::String);
 }
 
+TEST(JsonScanner, AnEscapeMayStandAnywhereInALongString) {
+    for (std::size_t before = 0; before < 100; ++before) {
+        for (const auto* escape : {R"(\/)", R"(\")", R"(\\)", R"(\/\/\/)", R"(\\\")", R"(\/\u00e9\n)"}) {
+            const auto inside = std::string(before, 'x') + escape + std::string(80, 'y');
+            const auto text = '"' + inside + R"(",")";
+            JsonScanner json(text);
+            const auto value = json.value();
+            ASSERT_TRUE(value.has_value()) << before << escape;
+            EXPECT_EQ(json.raw(*value), inside);
+        }
+        for (const auto* stray : {R"(\x)", "\n", R"(\/\x)", R"(\\\x)", R"(\/\u12)", "\\\n", "\xFF"}) {
+            EXPECT_EQ(kindOf('"' + std::string(before, 'x') + stray + std::string(80, 'y') + '"'), std::nullopt)
+                << before << stray;
+        }
+    }
+}
+
 TEST(JsonScanner, ValuesAreWhereTheyStandHoweverTheyAreRead) {
     const std::string text =
         R"([ "first\n" , -1.5e3 , {"a":[1, 2]},true,")" + std::string(1'000'000, 'x') + R"(", 7 ])";

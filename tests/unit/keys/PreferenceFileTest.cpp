@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -42,6 +43,15 @@ protected:
 
     void countChangesOf(const PreferenceKey<QStringView>& key) {
         defaults->addObserver(key.name, [this] { ++told; });
+    }
+
+    /// Another process, as another start of ours would.
+    void writeElsewhere(const PreferenceKey<QStringView>& key, const QString& value) {
+        QProcess process;
+        process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--write"), path, key.name, value});
+        ASSERT_TRUE(process.waitForFinished(10'000)) << process.errorString().toStdString();
+        ASSERT_EQ(process.exitStatus(), QProcess::NormalExit);
+        ASSERT_EQ(process.exitCode(), 0);
     }
 
     static bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit = 10s) {
@@ -190,6 +200,39 @@ TEST_F(PreferenceFileTest, AnEditThatChangesNoValueIsNotTold) {
     EXPECT_TRUE(waitUntil([&] { return read(*defaults, keys::maxItems) == 7; }));
     settle();
     EXPECT_EQ(told, 0);
+}
+
+TEST_F(PreferenceFileTest, AnotherProcessIsHeardOfOnceAlsoWhenItWritesTheVeryFirstKey) {
+    start();
+    countChangesOf(keys::appTheme);
+    for (const auto* theme : {"dark", "light", "auto"}) {
+        const int before = told;
+        writeElsewhere(keys::appTheme, QString::fromUtf8(theme));
+        EXPECT_TRUE(waitUntil([&] { return told > before; }));
+        settle();
+        EXPECT_EQ(told, before + 1);
+        EXPECT_EQ(this->theme(), QString::fromUtf8(theme));
+    }
+    writeElsewhere(keys::appTheme, QStringLiteral("auto")); // what it was
+    settle();
+    EXPECT_EQ(told, 3);
+}
+
+TEST_F(PreferenceFileTest, TwoProcessesKeepEachOthersKeys) {
+    start();
+    countChangesOf(keys::appTheme);
+    write(*defaults, keys::appTheme, QStringLiteral("dark"));
+    writeElsewhere(keys::popoverSize, QStringLiteral("large")); // of which we have not heard yet when we write next
+    write(*defaults, keys::maxItems, 50);
+    writeElsewhere(keys::skippedVersion, QStringLiteral("2.0"));
+    EXPECT_TRUE(waitUntil([&] { return read(*defaults, keys::skippedVersion) == u"2.0"; }));
+    EXPECT_EQ(read(*defaults, keys::popoverSize), QStringLiteral("large"));
+    EXPECT_EQ(read(*defaults, keys::maxItems), 50);
+    EXPECT_EQ(theme(), QStringLiteral("dark"));
+    EXPECT_EQ(told, 1);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "[General]\nappTheme=dark\nmaxItems=50\npopoverSize=large\nskippedVersion=2.0\n");
 }
 
 TEST_F(PreferenceFileTest, AKeyIsAbsentUntilWrittenAndReadingLeavesTheFileAsItIs) {

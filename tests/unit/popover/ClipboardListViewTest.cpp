@@ -192,6 +192,96 @@ TEST_F(ClipboardListViewTest, TheSettingsButtonIsThereWhenThereAreSettingsToOpen
     EXPECT_EQ(visible<QAbstractButton>(u"Settings"_s), nullptr);
 }
 
+TEST_F(ClipboardListViewTest, TheUpdateBannerTellsTheVersionAndDisappearsAfterItsCloseButton) {
+    open();
+    EXPECT_EQ(visible<QWidget>(u"updateBanner"_s), nullptr);
+    int downloads = 0;
+    stage.view->setUpdateNotice(UpdateNotice{.latestVersion = u"1.4.2"_s,
+                                             .download = [&] { ++downloads; },
+                                             .skip = [&] { stage.view->setUpdateNotice(std::nullopt); }});
+    QTest::qWait(0);
+    ASSERT_NE(visible<QWidget>(u"updateBanner"_s), nullptr);
+    EXPECT_EQ(labelText(u"updateText"_s), u"v1.4.2 available"_s);
+    visible<QAbstractButton>(u"Update"_s)->click();
+    EXPECT_EQ(downloads, 1);
+    EXPECT_NE(visible<QWidget>(u"updateBanner"_s), nullptr) << "it stays until it is skipped";
+    visible<QAbstractButton>(u"Skip This Version"_s)->click();
+    EXPECT_EQ(visible<QWidget>(u"updateBanner"_s), nullptr);
+    EXPECT_EQ(downloads, 1);
+}
+
+TEST_F(ClipboardListViewTest, AVersionWithAnEndlessNameLeavesTheBannersButtonsInPlace) {
+    open();
+    stage.view->setUpdateNotice(UpdateNotice{u"9"_s.repeated(500), [] {}, [] {}});
+    QTest::qWait(0);
+    const auto* button = visible<QAbstractButton>(u"Skip This Version"_s);
+    ASSERT_NE(button, nullptr);
+    EXPECT_LE(button->mapTo(stage.view.get(), QPoint(button->width(), 0)).x(), 440);
+    EXPECT_EQ(stage.view->size(), QSize(440, 420));
+}
+
+TEST_F(ClipboardListViewTest, TheRowMenuAndTheSmallButtonOpenALink) {
+    stage.copyText("short");
+    stage.copyText("see https://example.org/a for more");
+    open();
+    const QPoint at = stage.list().rowRectangle(0).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, stage.list().mapToGlobal(at));
+    QCoreApplication::sendEvent(&stage.list(), &event);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->actions()[1]->text(), u"Open Link"_s);
+    EXPECT_TRUE(menu->actions()[2]->isSeparator());
+    menu->actions()[1]->trigger();
+    menu->close();
+    EXPECT_EQ(stage.opened, QList<QUrl>{QUrl(u"https://example.org/a"_s)});
+
+    moveTo(stage.list().rowRectangle(0).center());
+    click(stage.list().actionRectangle(0, RowAction::OpenLink).center());
+    EXPECT_EQ(stage.opened.size(), 2);
+    EXPECT_EQ(stage.pastes, 0) << "the row is not chosen";
+}
+
+TEST_F(ClipboardListViewTest, ALinkIsLookedForOnceHoweverOftenTheRowIsDrawn) {
+    stage.copyText("see https://example.org/a for more");
+    open();
+    const int asked = stage.linkDetector.questions;
+    EXPECT_GT(asked, 0);
+    stage.view->grab();
+    press(HardwareKey::DownArrow);
+    stage.manager->setSearchText(u"see"_s);
+    stage.view->grab();
+    EXPECT_EQ(stage.linkDetector.questions, asked);
+}
+
+TEST_F(ClipboardListViewTest, PreviewingLinksTakesEffectAtOnce) {
+    stage.copyText("https://example.org/12345");
+    open();
+    const int withHost = stage.list().rowRectangle(0).height();
+    write(stage.defaults, keys::previewURLs, false);
+    EXPECT_NE(stage.list().rowRectangle(0).height(), withHost);
+}
+
+TEST_F(ClipboardListViewTest, WhereARowIsDeletedThePointerIsOverTheNextOne) {
+    stage.copyTexts(4);
+    open();
+    const QPoint pointer = stage.list().rowRectangle(1).center();
+    moveTo(pointer);
+    moveTo(stage.list().actionRectangle(1, RowAction::Delete).center());
+    click(stage.list().actionRectangle(1, RowAction::Delete).center());
+    EXPECT_EQ(highlightedRows(), (QList<int>{0, 1}));
+    EXPECT_EQ(textOfRow(1), u"text 1"_s);
+    click(stage.list().actionRectangle(1, RowAction::Delete).center());
+    EXPECT_EQ(textOfRow(1), u"text 0"_s);
+    EXPECT_EQ(stage.pastes, 0);
+}
+
+TEST_F(ClipboardListViewTest, OnlyTheClearButtonHasThePointingHand) {
+    stage.copyTexts(1);
+    open();
+    EXPECT_EQ(visible<QAbstractButton>(u"Clear"_s)->cursor().shape(), Qt::PointingHandCursor);
+    EXPECT_EQ(visible<QAbstractButton>(u"Settings"_s)->cursor().shape(), Qt::ArrowCursor);
+}
+
 TEST_F(ClipboardListViewTest, TheSizeFollowsItsPreference) {
     open();
     EXPECT_EQ(stage.view->size(), QSize(440, 420));

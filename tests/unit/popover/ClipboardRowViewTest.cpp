@@ -62,26 +62,93 @@ TEST_F(ClipboardRowViewTest, ALinkShowsTheLinkWhetherOrNotItIsPreviewed) {
     EXPECT_EQ(ClipboardRowView(item, false, {.previewURLs = false}, {}, url).typeIcon().symbol, u"link"_s);
 }
 
+TEST_F(ClipboardRowViewTest, AWebAddressHasASecondLineOnlyWhenItIsMoreThan10CharactersLongerThanItsHost) {
+    const auto height = [&](const QByteArray& address) {
+        const ClipboardItem item = text(address);
+        const ClipboardRowView view(item, false, {}, {}, QUrl(QString::fromUtf8(address)));
+        EXPECT_EQ(view.linkTitle(), u"example.org"_s);
+        EXPECT_EQ(view.counts(), QStringList());
+        return view.compactHeight(WIDTH);
+    };
+    const int oneLine = height("https://example.org/1"); // 11 + 10 characters
+    EXPECT_GT(height("https://example.org/12"), oneLine);
+    EXPECT_EQ(height("https://example.org"), oneLine);
+}
+
+TEST_F(ClipboardRowViewTest, ALinkWithoutHostShowsTheWholeAddress) {
+    const ClipboardItem item = text("someone@example.org");
+    const ClipboardRowView view(item, false, {}, {}, QUrl(u"mailto:someone@example.org"_s));
+    EXPECT_EQ(view.linkTitle(), u"mailto:someone@example.org"_s);
+}
+
+TEST_F(ClipboardRowViewTest, ALinkThatIsNotPreviewedShowsAtMostTwoLinesAndNoCounts) {
+    const QUrl url(u"https://example.org"_s);
+    const ClipboardItem item = text("https://example.org\ntwo\nthree\nfour");
+    const ClipboardRowView view(item, false, {.previewURLs = false}, {}, url);
+    const int oneLine = ClipboardRowView(text("x"), false, {}).compactHeight(WIDTH) - 20;
+    EXPECT_EQ(view.compactHeight(WIDTH), 20 + 2 * oneLine);
+    EXPECT_EQ(view.counts(), QStringList());
+}
+
+TEST_F(ClipboardRowViewTest, ALinkNeverExpands) {
+    const ClipboardItem item = text("https://example.org/" + QByteArray(100, 'x'));
+    const QUrl url(u"https://example.org"_s);
+    EXPECT_FALSE(ClipboardRowView(item, true, {.previewURLs = true}, {}, url).isExpanded());
+    EXPECT_FALSE(ClipboardRowView(item, true, {.previewURLs = false}, {}, url).isExpanded());
+}
+
+TEST_F(ClipboardRowViewTest, ASensitiveLinkShowsTheLockAndItsMaskUnderTheHost) {
+    defaults.setBoolean(u"hideSensitive"_s, true);
+    const ClipboardItem item = text("https://example.org/?token=123");
+    const ClipboardRowView view(item, false, {.hideSensitive = true}, {}, QUrl(u"https://example.org/?token=123"_s));
+    EXPECT_EQ(view.typeIcon().symbol, u"lock.fill"_s);
+    EXPECT_EQ(item.content.preview(), u"●●●●●●●●●●●●"_s);
+    EXPECT_EQ(view.linkTitle(), u"example.org"_s);
+}
+
+TEST_F(ClipboardRowViewTest, OnlyALinkHasTheButtonThatOpensIt) {
+    const ClipboardItem item = text("https://example.org");
+    EXPECT_EQ(ClipboardRowView(item, true, {}).actions(), (QList{RowAction::Pin, RowAction::Delete}));
+    const ClipboardRowView link(item, true, {}, {}, QUrl(u"https://example.org"_s));
+    EXPECT_EQ(link.actions(), (QList{RowAction::OpenLink, RowAction::Pin, RowAction::Delete}));
+    EXPECT_EQ(symbolsPainted(link, 1), (QSet<QString>{u"link"_s, u"safari"_s, u"pin"_s, u"trash"_s}));
+    const QRect row(0, 0, WIDTH, 35);
+    EXPECT_EQ(link.actionArea(row, RowAction::Pin).left() - link.actionArea(row, RowAction::OpenLink).right() - 1, 2);
+    EXPECT_EQ(link.actionAt(row, link.actionArea(row, RowAction::OpenLink).center()), RowAction::OpenLink);
+}
+
+TEST_F(ClipboardRowViewTest, AnImageThatDoesNotDecodeIsAText) {
+    const ClipboardItem item(ClipboardContent::image("bytes"), NOW);
+    const ClipboardRowView view(item, false, {}, {ThumbnailState::Undecodable});
+    EXPECT_EQ(view.typeIcon().symbol, u"photo"_s);
+    EXPECT_EQ(view.compactHeight(WIDTH), ClipboardRowView(text("x"), false, {}).compactHeight(WIDTH));
+    EXPECT_EQ(item.content.preview(), u"📷 Image"_s);
+    EXPECT_EQ(view.actions(), (QList{RowAction::Pin, RowAction::Delete})) << "no link";
+}
+
 TEST_F(ClipboardRowViewTest, AnImageShowsThePhotoAndNoCounts) {
     const ClipboardItem item(ClipboardContent::image("bytes"), NOW);
     const ClipboardRowView view(item, false, {});
     EXPECT_EQ(view.typeIcon().symbol, u"photo"_s);
     EXPECT_EQ(view.typeIcon().color, &Palette::purple);
-    EXPECT_EQ(view.countsLine(), QString());
+    EXPECT_EQ(view.counts(), QStringList());
     EXPECT_EQ(view.compactHeight(WIDTH), 20 + ClipboardRowView::THUMBNAIL_SIZE.height());
 }
 
 TEST_F(ClipboardRowViewTest, ATwoLineTextShowsBothCounts) {
     const ClipboardItem item = text("one\ntwo");
-    EXPECT_EQ(ClipboardRowView(item, false, {}).countsLine().simplified(), u"2 lines · 7 chars"_s);
-    EXPECT_EQ(ClipboardRowView(item, false, {.showCharCount = false}).countsLine(), u"2 lines"_s);
-    EXPECT_EQ(ClipboardRowView(item, false, {.showLineCount = false}).countsLine(), u"7 chars"_s);
-    EXPECT_EQ(ClipboardRowView(item, false, {.showLineCount = false, .showCharCount = false}).countsLine(), QString());
+    const auto counts = [&](bool lines, bool characters) {
+        return ClipboardRowView(item, false, {.showLineCount = lines, .showCharCount = characters}).counts();
+    };
+    EXPECT_EQ(counts(true, true), (QStringList{u"2 lines"_s, u"·"_s, u"7 chars"_s}));
+    EXPECT_EQ(counts(true, false), QStringList{u"2 lines"_s});
+    EXPECT_EQ(counts(false, true), QStringList{u"7 chars"_s});
+    EXPECT_EQ(counts(false, false), QStringList());
 }
 
 TEST_F(ClipboardRowViewTest, AOneLineTextNeverShowsItsCharacterCount) {
     const ClipboardItem item = text("only one\n\n  \n");
-    EXPECT_EQ(ClipboardRowView(item, false, {}).countsLine(), QString());
+    EXPECT_EQ(ClipboardRowView(item, false, {}).counts(), QStringList());
 }
 
 TEST_F(ClipboardRowViewTest, OnlyATextOfMoreThan60CharactersExpandsWhenHovered) {

@@ -74,16 +74,19 @@ TEST_F(HistoryListAccessibleTest, PressingAnItemChoosesIt) {
     open();
     QAccessibleActionInterface* action = list()->child(2)->actionInterface();
     ASSERT_NE(action, nullptr);
-    EXPECT_EQ(action->actionNames(), QStringList{QAccessibleActionInterface::pressAction()});
+    EXPECT_EQ(action->actionNames(),
+              (QStringList{QAccessibleActionInterface::pressAction(), QAccessibleActionInterface::setFocusAction(),
+                           u"Pin"_s, u"Delete"_s}));
     action->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(stage.pasteboard.string(), "text 0");
     EXPECT_EQ(stage.pastes, 1);
 }
 
-TEST_F(HistoryListAccessibleTest, TheButtonsOfAHighlightedRowArePressedByName) {
+TEST_F(HistoryListAccessibleTest, TheButtonsOfEveryRowArePressedByName) {
     stage.copyTexts(2);
     open();
-    EXPECT_EQ(list()->child(1)->childCount(), 0);
+    EXPECT_TRUE(childNamed(list()->child(1), u"Pin"_s)->state().invisible) << "the row is not highlighted";
+    EXPECT_FALSE(childNamed(list()->child(0), u"Pin"_s)->state().invisible);
     QAccessibleInterface* pin = childNamed(list()->child(0), u"Pin"_s);
     ASSERT_NE(pin, nullptr);
     EXPECT_EQ(pin->role(), QAccessible::Button);
@@ -105,7 +108,47 @@ TEST_F(HistoryListAccessibleTest, AnExpandedTextIsThereExactlyWhileItIsOnScreen)
     EXPECT_EQ(expanded->role(), QAccessible::StaticText);
     EXPECT_EQ(name(expanded), QString::fromUtf8(text));
     stage.keyMonitor.press(HardwareKey::DownArrow);
-    EXPECT_EQ(list()->child(0)->childCount(), 0);
+    EXPECT_EQ(childNamed(list()->child(0), QString::fromUtf8(text)), nullptr);
+}
+
+TEST_F(HistoryListAccessibleTest, ARowIsPinnedDeletedAndSelectedByItsOwnActions) {
+    stage.copyTexts(3);
+    open();
+    list()->child(2)->actionInterface()->doAction(u"Pin"_s);
+    EXPECT_EQ(name(list()->child(0)), u"text 0"_s);
+    EXPECT_TRUE(stage.list().items()[0].isPinned);
+    list()->child(0)->actionInterface()->doAction(u"Unpin"_s);
+    EXPECT_FALSE(stage.list().items()[2].isPinned);
+    list()->child(1)->actionInterface()->doAction(u"Delete"_s);
+    EXPECT_EQ(list()->childCount(), 2);
+    list()->child(1)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_EQ(stage.view->selectedIndex(), 1);
+    EXPECT_EQ(stage.pastes, 0);
+}
+
+TEST_F(HistoryListAccessibleTest, ALinkIsOpenedByName) {
+    stage.copyText("https://example.org/page");
+    open();
+    childNamed(list()->child(0), u"Open Link"_s)
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::pressAction());
+    list()->child(0)->actionInterface()->doAction(u"Open Link"_s);
+    EXPECT_EQ(stage.opened, QList<QUrl>(2, QUrl(u"https://example.org/page"_s)));
+}
+
+TEST_F(HistoryListAccessibleTest, WhatTheEyeSeesBesideThePreviewIsDescribed) {
+    const auto described = [&](int row) { return list()->child(row)->text(QAccessible::Description); };
+    write(stage.defaults, keys::hideSensitive, true);
+    stage.copyText("one\ntwo");
+    stage.manager->togglePin(stage.manager->items()[0]);
+    stage.copyText("https://example.org");
+    stage.copyText("password = hunter2-Correct!Horse9");
+    stage.copyText("short");
+    open();
+    EXPECT_EQ(described(0), u"pinned, 2 lines, 7 chars, now"_s);
+    EXPECT_EQ(described(1), u"now"_s);
+    EXPECT_EQ(described(2), u"sensitive, now"_s);
+    EXPECT_EQ(described(3), u"link, now"_s);
 }
 
 TEST_F(HistoryListAccessibleTest, AnItemThatIsGoneIsInvalidAndDoesNothing) {

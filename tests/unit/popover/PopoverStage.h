@@ -8,6 +8,7 @@
 #include "popover/HistoryListWidget.h"
 #include "tests/fakes/FakeAppearance.h"
 #include "tests/fakes/FakeKeyMonitor.h"
+#include "tests/fakes/FakeLinkDetector.h"
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/fakes/FakeScheduler.h"
 #include "tests/fakes/FakeUserDefaults.h"
@@ -61,7 +62,9 @@ public:
         view = std::make_unique<ClipboardListView>(
             keyMonitor, appearance, symbols, defaults, scheduler, manager,
             ClipboardListView::Callbacks{.openSettings = [this] { ++settingsOpened; },
-                                         .closePopover = [this] { ++closed; }});
+                                         .closePopover = [this] { ++closed; },
+                                         .openAddress = [this](const QUrl& address) { opened.append(address); },
+                                         .linkDetector = &linkDetector});
         return *view;
     }
 
@@ -74,11 +77,13 @@ public:
     FakeScheduler scheduler;
     FakeAppearance appearance;
     FakeKeyMonitor keyMonitor;
+    FakeLinkDetector linkDetector;
     std::shared_ptr<ClipboardManager> manager;
     std::unique_ptr<ClipboardListView> view;
     int pastes = 0;
     int settingsOpened = 0;
     int closed = 0;
+    QList<QUrl> opened;
 
 private:
     void letMonitorLook() { scheduler.advance(std::chrono::milliseconds(500)); }

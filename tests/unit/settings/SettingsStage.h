@@ -10,9 +10,13 @@
 #include "tests/fakes/FakeAppBundle.h"
 #include "tests/fakes/FakeAppearance.h"
 #include "tests/fakes/FakeLoginItem.h"
+#include "tests/fakes/FakeScheduler.h"
 #include "tests/fakes/FakeUserDefaults.h"
 #include "tests/fakes/FakeWorkspace.h"
+#include "tests/unit/settings/CannedReplies.h"
 #include "update/UpdateManager.h"
+
+#include <QApplication>
 
 #include <memory>
 
@@ -31,9 +35,7 @@ public:
         return *view;
     }
 
-    void select(SettingsTab tab) {
-        view->findChild<SettingsSidebar*>()->setCurrentRow(static_cast<int>(tab));
-    }
+    void select(SettingsTab tab) { view->findChild<SettingsSidebar*>()->setCurrentRow(static_cast<int>(tab)); }
 
     SettingsServices services() {
         return {.defaults = defaults,
@@ -41,7 +43,7 @@ public:
                 .trust = trust,
                 .workspace = workspace,
                 .bundle = bundle,
-                .updates = updates,
+                .updates = *updates,
                 .commandKeyHint = QStringLiteral("⌘ is the Super key")};
     }
 
@@ -63,7 +65,12 @@ public:
     FakeAccessibilityTrust trust;
     FakeWorkspace workspace{journal};
     FakeAppBundle bundle;
-    UpdateManager updates;
+    FakeScheduler scheduler;
+    /// What the update service answers; without one it answers nothing yet.
+    std::optional<QByteArray> answer;
+    int requests = 0;
+    std::shared_ptr<UpdateManager> updates = UpdateManager::create(
+        scheduler, defaults, bundle, workspace, [this] { return std::make_unique<CannedReplies>(answer, requests); });
     std::unique_ptr<SettingsLook> look;
     std::unique_ptr<SettingsView> view;
 

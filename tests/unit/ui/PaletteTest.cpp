@@ -37,8 +37,9 @@ TEST_P(PaletteTest, EveryLevelOfTextIsReadableOnEveryGround) {
     const Palette palette = GetParam();
     const QColor row = composed(faded(palette.primary, 0.04), palette.ultraThinMaterial);
     const QColor field = composed(palette.quinaryFill, palette.ultraThinMaterial);
-    const QColor selected = composed(faded(palette.accent, palette.isDark ? 0.2 : 0.1), palette.ultraThinMaterial);
-    for (const QColor& ground : {palette.ultraThinMaterial, palette.barMaterial, row, selected, field}) {
+    const QColor selected = composed(faded(palette.accent, 0.1), palette.ultraThinMaterial);
+    const QColor banner = composed(faded(palette.blue, 0.08), palette.ultraThinMaterial);
+    for (const QColor& ground : {palette.ultraThinMaterial, palette.barMaterial, row, selected, field, banner}) {
         for (const QColor& text : {palette.primary, palette.secondary, palette.tertiary, palette.quaternary}) {
             EXPECT_GE(contrastRatio(text, ground), READABLE) << text.alphaF() << " on " << ground.name().toStdString();
         }

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "app/PermissionWindow.h"
+
+#include "app/PermissionView.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace zamber {
+
+namespace {
+
+constexpr QSize CONTENT_POINTS{380, 200};
+
+const QScreen* screenWithPointer() {
+    const QScreen* const screen = QGuiApplication::screenAt(QCursor::pos());
+    return screen != nullptr ? screen : QGuiApplication::primaryScreen();
+}
+
+} // namespace
+
+PermissionWindow::PermissionWindow(const Appearance& appearance, const Symbols& symbols)
+    : QWidget(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                           Qt::WindowStaysOnTopHint)
+    , m_view(new PermissionView(appearance, symbols, this)) {
+    setWindowTitle(QStringLiteral("Zamber — Permission Required"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_view);
+    // The window takes its content's height; with small fonts it stays as high as it began.
+    setFixedSize(CONTENT_POINTS.width(), std::max(CONTENT_POINTS.height(), m_view->sizeHint().height()));
+}
+
+void PermissionWindow::showInCentre() {
+    QRect place = rect();
+    place.moveCenter(screenWithPointer()->availableGeometry().center());
+    setGeometry(place);
+    show();
+    raise();
+}
+
+void PermissionWindow::updateAppearance() {
+    m_view->updateAppearance();
+}
+
+} // namespace zamber

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+namespace zamber {
+
+class Appearance;
+class PermissionView;
+class Symbols;
+
+/// A small window that floats above ordinary ones while the permission to post key events is missing. It can be moved
+/// and closed, and nothing else. Closing it hides it.
+class PermissionWindow final : public QWidget {
+    Q_OBJECT
+
+public:
+    PermissionWindow(const Appearance& appearance, const Symbols& symbols);
+
+    void showInCentre();
+
+    /// Takes over the desktop's look. To be called when the appearance has changed.
+    void updateAppearance();
+
+private:
+    PermissionView* m_view;
+};
+
+} // namespace zamber

@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/freedesktop/CanberraSound.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <canberra.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <thread>
+#include <utility>
+
+namespace zamber {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Destroy {
+    void operator()(ca_context* context) const { ca_context_destroy(context); }
+};
+
+using Context = std::unique_ptr<ca_context, Destroy>;
+
+/// A file that is in memory only and has a path within this process: libcanberra reads nothing but files.
+class MemoryFile final {
+public:
+    explicit MemoryFile(const QByteArray& content)
+        : m_descriptor(memfd_create("sound", MFD_CLOEXEC)) {
+        QFile file;
+        m_isWhole = m_descriptor >= 0 && file.open(m_descriptor, QIODevice::WriteOnly) &&
+                    file.write(content) == content.size() && file.flush();
+    }
+
+    ~MemoryFile() {
+        if (m_descriptor >= 0) {
+            close(m_descriptor);
+        }
+    }
+
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    QByteArray path() const { return m_isWhole ? "/proc/self/fd/" + QByteArray::number(m_descriptor) : QByteArray(); }
+
+private:
+    int m_descriptor;
+    bool m_isWhole;
+};
+
+/// Without a card the ALSA library has nothing to play on and says so, in many lines, on standard error.
+bool hasSoundCard() {
+    return !QDir(u"/dev/snd"_s).entryList({u"pcm*"_s}, QDir::System).isEmpty();
+}
+
+Context createContext(const char* driver) {
+    ca_context* raw = nullptr;
+    if (ca_context_create(&raw) != CA_SUCCESS) {
+        return nullptr;
+    }
+    Context context(raw);
+    ca_context_change_props(raw, CA_PROP_APPLICATION_NAME, "Zamber", CA_PROP_APPLICATION_ID, "app.zamber.Zamber",
+                            nullptr);
+    const bool isOpen = ca_context_set_driver(raw, driver) == CA_SUCCESS && ca_context_open(raw) == CA_SUCCESS;
+    return isOpen ? std::move(context) : nullptr;
+}
+
+} // namespace
+
+/// Lives until the last sound has been handed over, on whichever thread that happens.
+class CanberraSound::Player final {
+public:
+    /// Claims the player for one sound; false while it is busy with another.
+    bool begin() { return !m_isBusy.exchange(true); }
+
+    void play(const QString& name) {
+        const QByteArray file = sampleFile(name);
+        if (!file.isEmpty() && !playFile(name.toUtf8(), file)) {
+            // A sound server that was restarted wants to be called again.
+            m_context.reset();
+            playFile(name.toUtf8(), file);
+        }
+        m_isBusy = false;
+    }
+
+private:
+    QByteArray sampleFile(const QString& name) {
+        if (m_sampleName != name) {
+            QFile sample(u":/sounds/%1.wav"_s.arg(name.toLower()));
+            m_sample = sample.open(QIODevice::ReadOnly) ? std::make_unique<MemoryFile>(sample.readAll()) : nullptr;
+            m_sampleName = name;
+        }
+        return m_sample ? m_sample->path() : QByteArray();
+    }
+
+    bool playFile(const QByteArray& name, const QByteArray& file) {
+        if (!m_context) {
+            m_context = createContext("pulse");
+        }
+        if (!m_context && hasSoundCard()) {
+            m_context = createContext("alsa");
+        }
+        return m_context && ca_context_play(m_context.get(), 0, CA_PROP_MEDIA_FILENAME, file.constData(),
+                                            CA_PROP_EVENT_ID, name.constData(), CA_PROP_MEDIA_ROLE, "event",
+                                            CA_PROP_CANBERRA_CACHE_CONTROL, "permanent", nullptr) == CA_SUCCESS;
+    }
+
+    std::atomic<bool> m_isBusy = false;
+    // Below: touched by whoever has claimed the player.
+    Context m_context;
+    QString m_sampleName;
+    std::unique_ptr<MemoryFile> m_sample;
+};
+
+CanberraSound::CanberraSound()
+    : m_player(std::make_shared<Player>()) {}
+
+CanberraSound::~CanberraSound() = default;
+
+void CanberraSound::play(const QString& name) {
+    if (m_player->begin()) {
+        std::thread([player = m_player, name] { player->play(name); }).detach();
+    }
+}
+
+} // namespace zamber

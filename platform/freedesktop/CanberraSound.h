@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/SystemSound.h"
+
+#include <memory>
+
+namespace zamber {
+
+/// Sounds by libcanberra, from samples of our own that are in the binary. A sound server that hangs keeps a thread
+/// waiting, never the program; what would be played meanwhile is not.
+class CanberraSound final : public SystemSound {
+public:
+    CanberraSound();
+    ~CanberraSound() override;
+
+    void play(const QString& name) override;
+
+private:
+    class Player;
+
+    std::shared_ptr<Player> m_player;
+};
+
+} // namespace zamber

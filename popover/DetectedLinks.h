@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "clipboard/ClipboardItem.h"
+
+#include <QHash>
+#include <QList>
+#include <QUrl>
+#include <QUuid>
+
+#include <optional>
+
+namespace zamber {
+
+class LinkDetector;
+
+/// Where a content leads: a short text to the first link in it, a long one only when all of it is a link; an image
+/// nowhere.
+std::optional<QUrl> detectedUrl(const ClipboardContent& content, LinkDetector& detector);
+
+/// The links of the entries that have been looked at, each looked for once.
+class DetectedLinks {
+public:
+    /// Without a detector there are no links.
+    explicit DetectedLinks(LinkDetector* detector)
+        : m_detector(detector) {}
+
+    std::optional<QUrl> in(const ClipboardItem& item);
+
+    /// Forgets all other entries.
+    void keepOnly(const QList<ClipboardItem>& items);
+
+private:
+    LinkDetector* m_detector;
+    QHash<QUuid, std::optional<QUrl>> m_found;
+};
+
+} // namespace zamber

@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "popover/UpdateBanner.h"
+
+#include "ui/BorderedButton.h"
+#include "ui/PlainButton.h"
+#include "ui/SymbolView.h"
+#include "ui/TextLabel.h"
+#include "ui/Typography.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+
+namespace zamber {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int PADDING_HORIZONTAL = 14;
+constexpr int PADDING_VERTICAL = 8;
+constexpr int LINE = 16;
+constexpr int SPACING = 8;
+constexpr double GROUND_OPACITY = 0.08;
+} // namespace
+
+UpdateBanner::UpdateBanner(const Symbols& symbols, QWidget* parent)
+    : QWidget(parent)
+    , m_icon(new SymbolView(symbols, u"arrow.down.circle.fill"_s, 10, QFont::Normal, this))
+    , m_text(new TextLabel({}, textFont(11, QFont::Medium), this))
+    , m_update(new BorderedButton(u"Update"_s,
+                                  {.prominence = ButtonLook::Prominence::Prominent, .size = ControlSize::Mini}, this))
+    , m_skip(new PlainButton(symbols, {.symbol = u"xmark"_s, .symbolPoints = 8, .symbolWeight = QFont::Bold}, this)) {
+    setFixedHeight(LINE + 2 * PADDING_VERTICAL);
+    m_text->setObjectName(u"updateText"_s);
+    m_text->setMinimumWidth(1); // whatever the service calls its version, the buttons stay
+    m_update->setObjectName(u"updateButton"_s);
+    m_update->setFocusPolicy(Qt::NoFocus); // the keyboard belongs to the search field
+    m_skip->setObjectName(u"skipUpdateButton"_s);
+    m_skip->setAccessibleName(u"Skip This Version"_s);
+    m_skip->setToolTip(u"Skip This Version"_s);
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(PADDING_HORIZONTAL, 0, PADDING_HORIZONTAL - PlainButton::GROUND_PADDING, 0);
+    row->setSpacing(0);
+    row->addWidget(m_icon);
+    row->addSpacing(SPACING);
+    row->addWidget(m_text);
+    row->addStretch();
+    row->addSpacing(SPACING);
+    row->addWidget(m_update);
+    row->addSpacing(SPACING - PlainButton::GROUND_PADDING);
+    row->addWidget(m_skip);
+
+    // Copies: what is called may set another notice, or take this one away.
+    connect(m_update, &BorderedButton::clicked, this, [this] { std::function(m_notice.download)(); });
+    connect(m_skip, &PlainButton::clicked, this, [this] { std::function(m_notice.skip)(); });
+}
+
+void UpdateBanner::setNotice(const UpdateNotice& notice) {
+    m_notice = notice;
+    m_text->setText(u"v%1 available"_s.arg(notice.latestVersion));
+}
+
+void UpdateBanner::setColors(const Palette& palette) {
+    m_palette = palette;
+    m_icon->setColor(palette.blue);
+    m_text->setColor(palette.primary);
+    m_update->setColors(palette);
+    m_skip->setColors(palette.secondary, palette);
+    update();
+}
+
+void UpdateBanner::paintEvent(QPaintEvent*) {
+    QPainter(this).fillRect(rect(), faded(m_palette.blue, GROUND_OPACITY));
+}
+
+} // namespace zamber

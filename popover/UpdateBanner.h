@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Palette.h"
+
+#include <QWidget>
+
+#include <functional>
+
+namespace zamber {
+
+class BorderedButton;
+class PlainButton;
+class SymbolView;
+class Symbols;
+class TextLabel;
+
+/// A newer version that the user is to be told of, and what can be done about it.
+struct UpdateNotice {
+    QString latestVersion;
+    std::function<void()> download;
+    std::function<void()> skip;
+};
+
+/// A line that tells of a newer version, with a button to get it and one to hear no more of it.
+class UpdateBanner final : public QWidget {
+    Q_OBJECT
+
+public:
+    UpdateBanner(const Symbols& symbols, QWidget* parent);
+
+    void setNotice(const UpdateNotice& notice);
+    void setColors(const Palette& palette);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    SymbolView* m_icon;
+    TextLabel* m_text;
+    BorderedButton* m_update;
+    PlainButton* m_skip;
+    UpdateNotice m_notice;
+    Palette m_palette;
+};
+
+} // namespace zamber

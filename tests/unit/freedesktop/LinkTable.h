@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QStringView>
+
+#include <span>
+#include <vector>
+
+namespace zamber {
+
+/// A text as people copy it, and what of it is a link: nothing where that is empty. The address is as it goes over the
+/// wire, and the link itself where it is empty.
+struct LinkCase {
+    QStringView text;
+    QStringView link = {};
+    QStringView address = {};
+};
+
+struct LinkGroup {
+    const char* name;
+    std::span<const LinkCase> cases;
+};
+
+/// From RFC 3986, RFC 6531 and what stands in front of people all day.
+std::vector<LinkGroup> linkTable();
+
+} // namespace zamber

@@ -41,6 +41,7 @@ void SettingsView::select(SettingsTab tab) {
     delete m_page;
     m_page = makePage(tab);
     static_cast<QHBoxLayout*>(layout())->addWidget(m_page, 1);
+    m_page->show();
 }
 
 QWidget* SettingsView::makePage(SettingsTab tab) const {

@@ -9,13 +9,25 @@
 
 #include <QApplication>
 
+#include <fcntl.h>
+#include <unistd.h>
 #include <xcb/xcb.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
 namespace {
+
+/// A standard stream that is closed would become the next file that is opened, and the log would go into that.
+void keepStandardStreamsOpen() {
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(descriptor, F_GETFD) < 0 && errno == EBADF) {
+            open("/dev/null", O_RDWR); // takes the lowest number that is free
+        }
+    }
+}
 
 /// Asked before Qt is: it ends the process with a core dump where there is no X server.
 bool hasXServer() {
@@ -28,6 +40,7 @@ bool hasXServer() {
 } // namespace
 
 int main(int argc, char** argv) {
+    keepStandardStreamsOpen();
     // The log's reader may go away; the program does not end for it.
     std::signal(SIGPIPE, SIG_IGN);
     if (!hasXServer()) {
@@ -41,10 +54,15 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Zamber"));
     QApplication::setDesktopFileName(QStringLiteral("app.zamber.Zamber"));
 
-    const zamber::SingleInstance instance(QStringLiteral("app.zamber.Zamber"));
-    if (!instance.isOnlyOne()) {
-        instance.askOtherToShow();
+    zamber::SingleInstance instance(QStringLiteral("app.zamber.Zamber"));
+    switch (instance.start()) {
+    case zamber::SingleInstance::Start::OnlyOne:
+        break;
+    case zamber::SingleInstance::Start::OtherShown:
         return EXIT_SUCCESS;
+    case zamber::SingleInstance::Start::OtherHangs:
+        std::fputs("zamber: it is running already, but does not answer\n", stderr);
+        return EXIT_FAILURE;
     }
 
     auto desktop = zamber::X11Desktop::create();

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <new>
 #include <string_view>
 #include <tuple>
 #include <utility>
@@ -144,7 +145,11 @@ std::optional<QList<ClipboardItem>> HistoryFile::read() const {
     if (!file.isUsable()) {
         return std::nullopt;
     }
-    return readHistoryJson(JsonScanner([&](char* to, std::size_t size) { return file.read(to, size); }));
+    try {
+        return readHistoryJson(JsonScanner([&](char* to, std::size_t size) { return file.read(to, size); }));
+    } catch (const std::bad_alloc&) {
+        return std::nullopt;
+    }
 }
 
 void HistoryFile::write(const QList<ClipboardItem>& items) const {

@@ -27,7 +27,7 @@ public:
     static std::filesystem::path defaultPath();
 
     /// The entries, each with a new id; records that are broken are left out. Nothing when the file cannot be read,
-    /// is no regular file, is not JSON or not an array of objects.
+    /// is no regular file, does not fit into memory, is not JSON or not an array of objects.
     std::optional<QList<ClipboardItem>> read() const;
 
     /// Writes the file in place, readable for its owner alone. Failures are ignored; where there is no space for a

@@ -2,17 +2,40 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Log.h"
 
-#include <cstdio>
+#include <poll.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
 #include <string>
 
 namespace zamber {
 
+namespace {
+
+/// A pipe that nobody reads is full some day; waiting for its reader would stop the program.
+bool canBeWritten(int descriptor) {
+    pollfd state{.fd = descriptor, .events = POLLOUT, .revents = 0};
+    return poll(&state, 1, 0) == 1 && (state.revents & POLLOUT) != 0;
+}
+
+} // namespace
+
 void logLine(std::string_view line) {
-    // One write per line, so that lines of several writers to the same pipe do not mix.
+    // One write per line, so that lines of several writers to the same pipe do not mix; and one line, whatever names
+    // other programs give themselves.
     std::string text(line);
+    std::ranges::replace(text, '\n', ' ');
     text += '\n';
-    std::fwrite(text.data(), 1, text.size(), stdout);
-    std::fflush(stdout);
+    std::string_view rest = text;
+    while (!rest.empty() && canBeWritten(STDOUT_FILENO)) {
+        const ssize_t written = write(STDOUT_FILENO, rest.data(), rest.size());
+        if (written >= 0) {
+            rest.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno != EINTR) {
+            return;
+        }
+    }
 }
 
 } // namespace zamber

@@ -218,14 +218,9 @@ void HistoryListWidget::updateHighlights(Motion motion) {
 }
 
 void HistoryListWidget::highlightsAdvanced() {
-    QSet<QUuid> affected;
-    for (const QUuid& id : m_highlights.lit()) {
-        affected.insert(id);
-    }
-    // Those whose light has just gone out shrink for the last time.
-    for (const auto& [id, expansion] : m_expansions) {
-        affected.insert(id);
-    }
+    // Those whose light has just gone out change their height for the last time.
+    const QList<QUuid> lit = m_highlights.lit();
+    const QList<QUuid> affected = lit + std::exchange(m_litBefore, lit);
     keepingPlace([&] {
         for (const QUuid& id : affected) {
             const auto row = rowOf(id);

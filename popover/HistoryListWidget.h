@@ -141,6 +141,7 @@ private:
     ThumbnailCache m_thumbnails;
     DetectedLinks m_links;
     RowHighlights m_highlights;
+    QList<QUuid> m_litBefore;
     std::map<QUuid, Expansion> m_expansions;
 
     int m_selectedIndex = 0;

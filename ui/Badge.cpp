@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/Badge.h"
 
+#include "ui/AccessibleRoles.h"
 #include "ui/Typography.h"
 
 #include <QFontMetrics>
@@ -20,6 +21,7 @@ Badge::Badge(const QFont& font, QSize padding, double radius, QWidget* parent)
     : QWidget(parent)
     , m_padding(padding)
     , m_radius(radius) {
+    installAccessibleRoles(); // before the name is set, which has the role asked for
     setFont(font);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

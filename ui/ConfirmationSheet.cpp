@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/ConfirmationSheet.h"
 
+#include "ui/AccessibleRoles.h"
 #include "ui/BorderedButton.h"
 #include "ui/TextLabel.h"
 #include "ui/Typography.h"
 
+#include <QAccessible>
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -41,7 +43,9 @@ ConfirmationSheet::ConfirmationSheet(const Confirmation& confirmation, QWidget* 
                                    {.prominence = ButtonLook::Prominence::Destructive, .size = ControlSize::Large},
                                    m_card))
     , m_cancel(new BorderedButton(u"Cancel"_s, {.size = ControlSize::Large}, m_card)) {
+    installAccessibleRoles();
     setAccessibleName(confirmation.title);
+    setAccessibleDescription(confirmation.message);
     m_card->setFixedWidth(CARD_WIDTH);
 
     auto* column = new QVBoxLayout(m_card);
@@ -94,6 +98,8 @@ void ConfirmationSheet::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     // The harmless button is the one that a press of the space bar finds.
     m_cancel->setFocus(Qt::OtherFocusReason);
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 bool ConfirmationSheet::focusNextPrevChild(bool) {

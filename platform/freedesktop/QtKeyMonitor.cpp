@@ -50,23 +50,17 @@ bool QtKeyMonitor::eventFilter(QObject* watched, QEvent* event) {
     if (QApplication::activePopupWidget() != nullptr) {
         return false;
     }
-    if (!isSwallowed(static_cast<const QKeyEvent&>(*event))) {
-        return false;
+    const HardwareKey key = hardwareKey(static_cast<const QKeyEvent*>(event)->nativeScanCode());
+    if (event->type() == QEvent::ShortcutOverride) {
+        // Only a question whether the press is to be kept from the shortcuts. It may come before earlier presses are
+        // through, so nothing may be done yet; the press itself follows and is asked about.
+        if (key == HardwareKey::Other || m_handlers.empty()) {
+            return false;
+        }
+        event->accept();
+        return true;
     }
-    // An accepted override keeps the press from the shortcuts; it then comes as a key press, and ends here, too.
-    event->accept();
-    return true;
-}
-
-bool QtKeyMonitor::isSwallowed(const QKeyEvent& event) {
-    const Press press{event.timestamp(), event.nativeScanCode()};
-    const bool isQuestion = event.type() == QEvent::ShortcutOverride;
-    if (!isQuestion && m_answered && m_answered->first == press) {
-        return std::exchange(m_answered, std::nullopt)->second == KeyDisposition::Swallow;
-    }
-    const KeyDisposition disposition = ask(hardwareKey(press.scanCode));
-    m_answered = isQuestion ? std::optional(std::pair(press, disposition)) : std::nullopt;
-    return disposition == KeyDisposition::Swallow;
+    return ask(key) == KeyDisposition::Swallow;
 }
 
 KeyDisposition QtKeyMonitor::ask(HardwareKey key) {

@@ -6,7 +6,6 @@
 
 #include <QObject>
 
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -30,19 +29,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// Which press was asked about last: a press may come twice, first as a question about shortcuts.
-    struct Press {
-        quint64 timestamp = 0;
-        quint32 scanCode = 0;
-        bool operator==(const Press&) const = default;
-    };
-
-    bool isSwallowed(const QKeyEvent& event);
     KeyDisposition ask(HardwareKey key);
 
     std::vector<std::pair<std::uint64_t, Handler>> m_handlers;
     std::uint64_t m_lastId = 0;
-    std::optional<std::pair<Press, KeyDisposition>> m_answered;
 };
 
 } // namespace zamber

@@ -12,6 +12,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 
@@ -59,7 +60,7 @@ QtStatusItem::QtStatusItem(const Symbols& symbols, HasClosedPopover hasClosedPop
     : m_symbols(symbols)
     , m_hasClosedPopover(std::move(hasClosedPopover))
     , m_hosts(QDBusConnection::sessionBus()) {
-    m_menu.installEventFilter(this);
+    QCoreApplication::instance()->installEventFilter(this);
     connect(&m_menu, &QMenu::aboutToShow, this, [this] { tell(MouseButton::Right); });
     connect(&m_hosts, &NotifierHosts::appeared, this, &QtStatusItem::useNotifierHost);
     connect(&m_hosts, &NotifierHosts::disappeared, this, &QtStatusItem::useTray);
@@ -169,6 +170,14 @@ bool QtStatusItem::eventFilter(QObject* watched, QEvent* event) {
                 return true;
             }
         }
+    }
+    // Of two clicks in quick succession Qt makes a double click, the second half of which opens no menu.
+    if (event->type() == QEvent::MouseButtonDblClick && watched->inherits("QSystemTrayIconSys")) {
+        const auto& click = *static_cast<QMouseEvent*>(event);
+        QMouseEvent press(QEvent::MouseButtonPress, click.position(), click.scenePosition(), click.globalPosition(),
+                          click.button(), click.buttons(), click.modifiers());
+        QCoreApplication::sendEvent(watched, &press);
+        return true;
     }
     return QObject::eventFilter(watched, event);
 }

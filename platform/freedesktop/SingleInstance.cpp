@@ -7,6 +7,8 @@
 
 namespace zamber {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int LONGEST_ANSWER_MS = 5000;
@@ -15,23 +17,39 @@ constexpr int LONGEST_ANSWER_MS = 5000;
 
 SingleInstance::SingleInstance(const QString& applicationId, const QDBusConnection& bus)
     : m_applicationId(applicationId)
-    , m_path(QLatin1Char('/') + QString(applicationId).replace(QLatin1Char('.'), QLatin1Char('/')))
+    , m_path(u'/' + QString(applicationId).replace(u'.', u'/'))
     , m_bus(bus) {
-    if (!m_bus.isConnected()) {
-        return;
-    }
+    // The object is there before the name is, so that nobody who finds the name finds nothing behind it.
     new ApplicationInterface(this);
     m_bus.registerObject(m_path, this);
-    const auto reply = m_bus.interface()->registerService(applicationId, QDBusConnectionInterface::DontQueueService,
-                                                          QDBusConnectionInterface::DontAllowReplacement);
-    m_isOnlyOne = !reply.isValid() || reply.value() == QDBusConnectionInterface::ServiceRegistered;
 }
 
-void SingleInstance::askOtherToShow() const {
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        m_applicationId, m_path, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
+SingleInstance::Start SingleInstance::start() {
+    if (takeName()) {
+        return Start::OnlyOne;
+    }
+    if (askOtherToShow()) {
+        return Start::OtherShown;
+    }
+    return takeName() ? Start::OnlyOne : Start::OtherHangs;
+}
+
+bool SingleInstance::takeName() {
+    if (!m_bus.isConnected()) {
+        return true;
+    }
+    const auto reply = m_bus.interface()->registerService(m_applicationId, QDBusConnectionInterface::DontQueueService,
+                                                          QDBusConnectionInterface::DontAllowReplacement);
+    return !reply.isValid() || reply.value() == QDBusConnectionInterface::ServiceRegistered;
+}
+
+bool SingleInstance::askOtherToShow() const {
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(m_applicationId, m_path, u"org.freedesktop.Application"_s, u"Activate"_s);
     call << QVariantMap();
-    m_bus.call(call, QDBus::Block, LONGEST_ANSWER_MS);
+    // The bus is not to start yet another one when the one that runs has just ended.
+    call.setAutoStartService(false);
+    return m_bus.call(call, QDBus::Block, LONGEST_ANSWER_MS).type() == QDBusMessage::ReplyMessage;
 }
 
 } // namespace zamber

@@ -17,24 +17,29 @@ class SingleInstance final : public QObject {
     Q_OBJECT
 
 public:
-    /// Takes the application id on the bus. The object is there before the name is, so that nobody who finds the name
-    /// finds nothing behind it.
+    enum class Start {
+        OnlyOne,    ///< this is the program from now on
+        OtherShown, ///< another one runs, and has shown itself
+        OtherHangs, ///< another one runs, and does not answer
+    };
+
     explicit SingleInstance(const QString& applicationId, const QDBusConnection& bus = QDBusConnection::sessionBus());
 
-    bool isOnlyOne() const { return m_isOnlyOne; }
-
-    /// Asks the one that runs to show itself, and waits until it has heard.
-    void askOtherToShow() const;
+    /// Takes the application id on the bus, or asks whoever has it to show itself. One that ends meanwhile leaves the
+    /// name to us.
+    Start start();
 
 signals:
     /// Another start, or the desktop, asks for this program.
     void showRequested();
 
 private:
+    bool takeName();
+    bool askOtherToShow() const;
+
     QString m_applicationId;
     QString m_path;
     QDBusConnection m_bus;
-    bool m_isOnlyOne = true;
 };
 
 /// The part of the bus interface that a program without documents needs.

@@ -47,6 +47,12 @@ X11KeystrokePoster::X11KeystrokePoster(Connection& connection, Keyboard& keyboar
 }
 
 void X11KeystrokePoster::postPaste(const std::optional<RunningApplication>& target, std::function<void()> done) {
+    if (const auto* const xtest = xcb_get_extension_data(m_connection.raw(), &xcb_test_id);
+        xtest == nullptr || xtest->present == 0) {
+        // A request of an extension that is not there would end the connection.
+        done();
+        return;
+    }
     m_pastes.push_back({.target = target, .done = std::move(done)});
     if (m_pastes.size() == 1) {
         begin();

@@ -22,6 +22,9 @@ class DesktopTestCase(unittest.TestCase):
 
     window_manager = "openbox"
     compositor = "none"
+    tray = None
+    xtest = True
+    ready_line = READY_LINE
     layout = "us"
     history = ()
     pinned = ()
@@ -29,13 +32,14 @@ class DesktopTestCase(unittest.TestCase):
 
     def setUp(self):
         self.desktop = self.enterContext(
-            PrivateDesktop(window_manager=self.window_manager, compositor=self.compositor, layout=self.layout)
+            PrivateDesktop(window_manager=self.window_manager, tray=self.tray, compositor=self.compositor,
+                           layout=self.layout, xtest=self.xtest)
         )
         self.keyboard, self.clipboard = self.desktop.keyboard, self.desktop.clipboard
         self.bystander = Editor(self.desktop, "Bystander", class_name="Bystander", geometry="300x200+700+500")
         self.editor = Editor(self.desktop)
         self.keys = self.desktop.record()
-        self.zamber = Zamber(self.desktop)
+        self.zamber = Zamber(self.desktop, ready_line=self.ready_line)
         self.expected_lines = []
         self.expected_errors = []
         self.expected_locks = 0
@@ -55,7 +59,7 @@ class DesktopTestCase(unittest.TestCase):
     def start_zamber(self):
         if self.zamber.history_path.exists():
             self.expected_lines.append(f"📋 Loaded {len(self.zamber.records())} items from disk")
-        self.expected_lines.append(READY_LINE)
+        self.expected_lines.append(self.ready_line)
         self.zamber.start()
 
     # What users do

@@ -253,9 +253,9 @@ class PrivateDesktop:
         except error.XError:
             return False
 
-    def start_tray(self):
-        """Part of coming up; called again by whoever has stopped `tray_host`."""
-        if self.tray == "none":
+    def start_tray(self, tray=None):
+        """Part of coming up; called again by whoever has stopped `tray_host`, or wants one later."""
+        if (tray or self.tray) == "none":
             return
         configuration = self.directory / "tint2rc"
         configuration.write_text(TRAY_CONFIGURATION)

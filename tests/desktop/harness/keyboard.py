@@ -104,8 +104,15 @@ class Mouse:
         xtest.fake_input(self._display, X.MotionNotify, x=int(x), y=int(y))
         self._display.sync()
 
+    def press(self, button=1):
+        xtest.fake_input(self._display, X.ButtonPress, button)
+        self._display.sync()
+
+    def release(self, button=1):
+        xtest.fake_input(self._display, X.ButtonRelease, button)
+        self._display.sync()
+
     def click(self, x, y, button=1):
         self.move(x, y)
-        for kind in (X.ButtonPress, X.ButtonRelease):
-            xtest.fake_input(self._display, kind, button)
-        self._display.sync()
+        self.press(button)
+        self.release(button)

@@ -12,6 +12,7 @@ from .waiting import wait_until
 from .windows import active_window, focused_window, top_level_windows
 
 READY_LINE = "✅ Accessibility: trusted"
+UNTRUSTED_LINE = "⚠️ Accessibility: NOT trusted — opening System Settings"
 START_SECONDS = 10.0
 SANITIZER_VARIABLES = ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 
@@ -23,8 +24,11 @@ def default_binary():
 
 
 class Zamber:
-    def __init__(self, desktop, binary=None):
+    """`ready_line` is the last line of its start: another one where it may not press keys."""
+
+    def __init__(self, desktop, binary=None, ready_line=READY_LINE):
         self._desktop = desktop
+        self._ready_line = ready_line
         self.binary = pathlib.Path(binary or default_binary())
         if not self.binary.is_file():
             raise FileNotFoundError(f"no program at {self.binary}: build it, or set ZAMBER_BINARY")
@@ -69,8 +73,8 @@ class Zamber:
         environment.update({name: os.environ[name] for name in SANITIZER_VARIABLES if name in os.environ})
         self.child = self._desktop.start("zamber", [self.binary], environment=environment)
         wait_until(
-            lambda: not self.is_running() or READY_LINE in self.stdout_lines(), START_SECONDS,
-            lambda: f"{READY_LINE!r}; so far {self.stdout_lines()}, {self.stderr_lines()}",
+            lambda: not self.is_running() or self._ready_line in self.stdout_lines(), START_SECONDS,
+            lambda: f"{self._ready_line!r}; so far {self.stdout_lines()}, {self.stderr_lines()}",
         )
         if not self.is_running():
             raise RuntimeError(f"ended at once with {self.child.process.returncode}: {self.stderr_lines()}")
@@ -120,6 +124,14 @@ class Zamber:
     def menu(self):
         """The tray icon's menu while it is open, else None; assistive technology is not shown it by Qt."""
         return next((window for window in self.windows() if 60 < window.width <= 300), None)
+
+    def autostart_path(self):
+        return self._desktop.config_home / "autostart" / "app.zamber.Zamber.desktop"
+
+    def activate_by_bus(self):
+        """As another start of the program does, and the desktop when it starts programs by the bus."""
+        self._desktop.run(["gdbus", "call", "--session", "-d", "app.zamber.Zamber", "-o", "/app/zamber/Zamber", "-m",
+                           "org.freedesktop.Application.Activate", "{}"])
 
     def press_hot_key(self):
         self._desktop.keyboard.chord("Super_L", "Shift_L", "v")

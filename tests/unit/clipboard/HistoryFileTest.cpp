@@ -16,6 +16,7 @@
 #include <atomic>
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <thread>
 
@@ -231,6 +232,17 @@ TEST_F(HistoryFileTest, GigabytesThatAreNoHistoryAreRefusedAtTheirFirstWrongByte
     EXPECT_EQ(file.read(), std::nullopt);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
 }
+
+#ifndef __SANITIZE_ADDRESS__ // which takes terabytes of addresses for itself
+TEST_F(HistoryFileTest, AHistoryThatMemoryDoesNotHoldIsNoHistory) {
+    put(R"([{"type":"text","timestamp":1,"value":")" + QByteArray(200'000'000, 'x') + R"("}])");
+    const auto readWithLittleMemory = [this] {
+        const rlimit little{100'000'000, 100'000'000};
+        std::exit(::setrlimit(RLIMIT_DATA, &little) == 0 && file.read() == std::nullopt ? 0 : 1);
+    };
+    EXPECT_EXIT(readWithLittleMemory(), testing::ExitedWithCode(0), "");
+}
+#endif
 
 TEST_F(HistoryFileTest, AFileThatGrowsOrShrinksWhileItIsReadDoesNoHarm) {
     file.write(texts({QByteArray(20'000'000, 'x'), QByteArray(20'000'000, 'y')}));

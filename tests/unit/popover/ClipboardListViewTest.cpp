@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/keys/PreferenceKeys.h"
 #include "tests/unit/popover/ClipboardListViewFixture.h"
+#include "ui/Typography.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
@@ -338,6 +339,27 @@ TEST_F(ClipboardListViewTest, ASelectedLongTextIsExpanded) {
     press(HardwareKey::DownArrow);
     EXPECT_FALSE(stage.list().isExpanded(0));
     EXPECT_LT(stage.list().rowRectangle(0).height(), 120);
+}
+
+TEST_F(ClipboardListViewTest, ARowThatIsNoLongerHighlightedIsAsHighAsBefore) {
+    // One line in 326 points, two in the 270 beside the buttons.
+    QByteArray widerThanBesideTheButtons = "a";
+    while (QFontMetrics(textFont(12)).horizontalAdvance(QString::fromUtf8(widerThanBesideTheButtons)) < 290) {
+        widerThanBesideTheButtons += " an";
+    }
+    stage.copyText("short");
+    stage.copyText(widerThanBesideTheButtons);
+    stage.copyText("short too");
+    for (const bool isReduced : {true, false}) {
+        stage.appearance.setReducedMotion(isReduced);
+        open();
+        const int before = stage.list().rowRectangle(1).height();
+        press(HardwareKey::DownArrow);
+        const auto isTaller = [&] { return stage.list().rowRectangle(1).height() > before; };
+        EXPECT_TRUE(QTest::qWaitFor(isTaller, 5000));
+        press(HardwareKey::DownArrow);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return stage.list().rowRectangle(1).height() == before; }, 5000));
+    }
 }
 
 TEST_F(ClipboardListViewTest, AWheelOverTheListScrollsItAndStopsAtItsEnds) {

@@ -46,7 +46,7 @@ QByteArray picture(const QColor& from, const QColor& to) {
 void fill(PopoverStage& stage) {
     stage.copyText("ssh -L 8080:localhost:80 deploy@build.example.org");
     stage.scheduler.advance(50h);
-    stage.copyText("Ünïcödé, 漢字, emoji 👩‍👩‍👧‍👦 and arrows → ⇧⌘");
+    stage.copyText("Zażółć gęślą jaźń · Привет, мир · Ελληνικά → ⇧⌘");
     stage.manager->togglePin(stage.manager->items().first());
     stage.scheduler.advance(3h);
     stage.copyImage(picture(QColor(0x21, 0x93, 0xb0), QColor(0x6d, 0xd5, 0xed)));
@@ -63,7 +63,30 @@ void fill(PopoverStage& stage) {
         "The quick brown fox jumps over the lazy dog, and then it does the same thing once more because a single "
         "jump was not nearly long enough to fill the whole preview of this row, so it goes on and on until the "
         "reader is tired of foxes and dogs alike.");
+    stage.copyText("https://docs.example.org/guide/getting-started#keyboard");
+    stage.scheduler.advance(8s);
     stage.copyText("12 Baker Street");
+}
+
+void fillWithLinks(PopoverStage& stage) {
+    stage.copyText("https://example.org");
+    stage.scheduler.advance(5h);
+    stage.copyText("mailto:someone@example.org");
+    stage.scheduler.advance(26min);
+    stage.copyText("Have a look at https://news.example.org/2026/11/keyboards before we talk on Monday");
+    stage.scheduler.advance(12s);
+    stage.copyText("https://docs.example.org/guide/getting-started#keyboard");
+    stage.copyText("Not a link");
+}
+
+void fillWithImages(PopoverStage& stage) {
+    stage.copyImage("these bytes are no picture");
+    stage.scheduler.advance(1h);
+    stage.copyImage(picture(QColor(0x1d, 0x97, 0x6c), QColor(0x93, 0xf9, 0xb9)));
+    stage.copyImage(picture(QColor(0x21, 0x93, 0xb0), QColor(0x6d, 0xd5, 0xed)));
+    stage.scheduler.advance(9min);
+    stage.copyImage(picture(QColor(0xee, 0x09, 0x79), QColor(0xff, 0x6a, 0x00)));
+    stage.copyText("Between pictures");
 }
 
 void settle() {
@@ -73,20 +96,25 @@ void settle() {
     }
 }
 
+/// Takes pictures, and looks at each whether there is something on it that is on no other.
 class Camera {
 public:
     Camera(const QString& folder, const QString& suffix)
         : m_folder(folder)
         , m_suffix(suffix) {}
 
-    void shoot(PopoverStage& stage, const QString& name) const {
+    using Preparation = std::function<void(PopoverStage&)>;
+
+    void shoot(PopoverStage& stage, const QString& name, const Preparation& prepare = {}) {
         PopoverFrame frame;
         frame.setContent(stage.view.get());
         frame.setShape(FrameShape::RoundedWithShadow);
         frame.setLook(stage.appearance.isDark() ? FrameLook::Dark : FrameLook::Light);
         frame.setContentGeometry(QRect(QPoint(60, 60), stage.view->size()));
         frame.show();
-        prepare(stage);
+        if (prepare) {
+            prepare(stage);
+        }
         settle();
         const QImage shot = frame.grab().toImage();
         QImage wall(shot.size(), QImage::Format_RGB32);
@@ -95,16 +123,28 @@ public:
         QPainter painter(&wall);
         painter.drawImage(QPointF(0, 0), shot);
         painter.end();
-        wall.save(m_folder + u'/' + name + m_suffix + u".png"_s);
+        keep(wall, name, frame.contentGeometry().size() * shot.devicePixelRatio());
         frame.hide();
         frame.setContent(nullptr);
     }
 
-    std::function<void(PopoverStage&)> prepare = [](PopoverStage&) {};
+    int faults() const { return m_faults; }
 
 private:
+    void keep(const QImage& picture, const QString& name, QSizeF leastPixels) {
+        const bool isLarge = picture.width() > leastPixels.width() && picture.height() > leastPixels.height();
+        if (!isLarge || m_taken.contains(picture) || !picture.save(m_folder + u'/' + name + m_suffix + u".png"_s)) {
+            std::fprintf(stderr, "%s%s is too small, like another one, or not to be saved\n", qPrintable(name),
+                         qPrintable(m_suffix));
+            ++m_faults;
+        }
+        m_taken.append(picture);
+    }
+
     QString m_folder;
     QString m_suffix;
+    QList<QImage> m_taken;
+    int m_faults = 0;
 };
 
 void press(PopoverStage& stage, HardwareKey key, int times) {
@@ -118,6 +158,58 @@ void hover(HistoryListWidget& list, QPoint point) {
     QCoreApplication::sendEvent(&list, &move);
 }
 
+void shootHistory(PopoverStage& stage, Camera& camera) {
+    camera.shoot(stage, u"mixed"_s);
+    camera.shoot(stage, u"hovered"_s, [](PopoverStage& shown) {
+        press(shown, HardwareKey::DownArrow, 2);
+        hover(shown.list(), shown.list().rowRectangle(3).center());
+        hover(shown.list(), shown.list().actionRectangle(3, RowAction::Pin).center());
+    });
+    camera.shoot(stage, u"expanded"_s, [](PopoverStage& shown) { press(shown, HardwareKey::DownArrow, 4); });
+    camera.shoot(stage, u"end"_s, [](PopoverStage& shown) { press(shown, HardwareKey::DownArrow, 20); });
+    camera.shoot(stage, u"search"_s, [](PopoverStage& shown) { shown.manager->setSearchText(u"o"_s); });
+    camera.shoot(stage, u"no-match"_s, [](PopoverStage& shown) { shown.manager->setSearchText(u"nowhere"_s); });
+    camera.shoot(stage, u"clear"_s, [](PopoverStage& shown) {
+        shown.manager->setSearchText({});
+        shown.view->findChild<QAbstractButton*>(u"clearButton"_s)->click();
+    });
+    camera.shoot(stage, u"banner"_s,
+                 [](PopoverStage& shown) { shown.view->setUpdateNotice(UpdateNotice{u"1.1.0"_s, [] {}, [] {}}); });
+    stage.view->setUpdateNotice(std::nullopt);
+    camera.shoot(stage, u"masked"_s, [](PopoverStage& shown) {
+        shown.defaults.setBoolean(keys::hideSensitive.name, true);
+        press(shown, HardwareKey::DownArrow, 5);
+    });
+    for (const QString& size : {u"compact"_s, u"large"_s}) {
+        stage.defaults.setString(keys::popoverSize.name, size);
+        camera.shoot(stage, size);
+    }
+}
+
+int shootAll(const QString& folder, bool isDark) {
+    const BootstrapSymbols symbols;
+    Camera camera(folder, (isDark ? u"-dark"_s : u"-light"_s) + u"@%1x"_s.arg(qApp->devicePixelRatio()));
+    const auto shoot = [&](const std::function<void(PopoverStage&)>& fillWith, const auto& shootStage) {
+        PopoverStage stage(symbols);
+        stage.appearance.setDark(isDark);
+        fillWith(stage);
+        stage.makeView();
+        shootStage(stage);
+    };
+    const auto once = [&](const QString& name) {
+        return [&camera, name](PopoverStage& stage) { camera.shoot(stage, name); };
+    };
+    shoot([](PopoverStage&) {}, once(u"empty"_s));
+    shoot([](PopoverStage& stage) { stage.copyText("The only one"); }, once(u"one"_s));
+    shoot([](PopoverStage& stage) { stage.copyTexts(12); }, once(u"recent-only"_s));
+    shoot(fillWithImages, once(u"images"_s));
+    shoot(fillWithLinks, [&](PopoverStage& stage) {
+        camera.shoot(stage, u"links"_s, [](PopoverStage& shown) { press(shown, HardwareKey::DownArrow, 1); });
+    });
+    shoot(fill, [&](PopoverStage& stage) { shootHistory(stage, camera); });
+    return camera.faults();
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -128,56 +220,5 @@ int main(int argc, char** argv) {
     }
     const QString folder = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(folder);
-    const BootstrapSymbols symbols;
-
-    for (const bool isDark : {false, true}) {
-        Camera camera(folder, (isDark ? u"-dark"_s : u"-light"_s) + u"@%1x"_s.arg(application.devicePixelRatio()));
-        const auto stage = [&] {
-            auto made = std::make_unique<PopoverStage>(symbols);
-            made->appearance.setDark(isDark);
-            return made;
-        };
-
-        auto empty = stage();
-        empty->makeView();
-        camera.shoot(*empty, u"empty"_s);
-        empty.reset();
-
-        auto mixed = stage();
-        fill(*mixed);
-        mixed->makeView();
-        camera.shoot(*mixed, u"mixed"_s);
-        camera.prepare = [](PopoverStage& shown) {
-            press(shown, HardwareKey::DownArrow, 3);
-            const QRect row = shown.list().actionRectangle(4, RowAction::Delete);
-            hover(shown.list(), shown.list().rowRectangle(4).center());
-            hover(shown.list(), QPoint(row.center().x(), shown.list().rowRectangle(4).center().y()));
-        };
-        camera.shoot(*mixed, u"selected-and-hovered"_s);
-        camera.prepare = [](PopoverStage& shown) { press(shown, HardwareKey::DownArrow, 20); };
-        camera.shoot(*mixed, u"scrolled"_s);
-        camera.prepare = [](PopoverStage& shown) {
-            shown.defaults.setBoolean(keys::hideSensitive.name, true);
-            shown.manager->setSearchText(u"o"_s);
-        };
-        camera.shoot(*mixed, u"search"_s);
-        camera.prepare = [](PopoverStage& shown) { shown.manager->setSearchText(u"nothing like this"_s); };
-        camera.shoot(*mixed, u"no-match"_s);
-        camera.prepare = [](PopoverStage& shown) {
-            shown.manager->setSearchText({});
-            shown.view->findChild<QAbstractButton*>(u"clearButton"_s)->click();
-        };
-        camera.shoot(*mixed, u"clear"_s);
-        camera.prepare = [](PopoverStage&) {};
-        mixed->defaults.setString(keys::popoverSize.name, u"compact"_s);
-        camera.shoot(*mixed, u"compact"_s);
-        mixed.reset();
-
-        camera.prepare = [](PopoverStage&) {};
-        auto recent = stage();
-        recent->copyTexts(12);
-        recent->makeView();
-        camera.shoot(*recent, u"recent-only"_s);
-    }
-    return 0;
+    return shootAll(folder, false) + shootAll(folder, true) == 0 ? 0 : 1;
 }

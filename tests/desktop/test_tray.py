@@ -1,0 +1,244 @@
+# SPDX-FileCopyrightText: 2026 The Zamber project
+# SPDX-License-Identifier: MIT
+"""The status item on hosts that show notifier items, on trays that embed icons, and on neither, come they when they
+will."""
+
+from case import DesktopTestCase
+from harness import NotifierHost, holds_for, wait_until
+
+DOUBLE_CLICK_SECONDS = 0.6
+HISTORY = ("apple tart", "banana bread")
+MENU = ["Settings…", None, "  Launch at Login", None, "Quit Zamber"]
+
+
+class NotifierTestCase(DesktopTestCase):
+    tray = "none"
+    history = HISTORY
+
+    def start_host(self):
+        host = NotifierHost(self.desktop)
+        host.wait_for_item()
+        return host
+
+    def stays_open(self, seconds=0.4):
+        holds_for(lambda: self.zamber.popover() is not None, seconds, "the popover stays open")
+
+    def stays_closed(self, seconds=0.4):
+        holds_for(lambda: self.zamber.popover() is None, seconds, "the popover stays closed")
+
+
+class NotifierHostTest(NotifierTestCase):
+    def prepare(self):
+        self.host = NotifierHost(self.desktop)
+
+    def start_zamber(self):
+        super().start_zamber()
+        self.host.wait_for_item()
+
+    def test_the_item_says_what_it_is(self):
+        self.assertEqual(len(self.host.ask(items=True)), 1)
+        item = self.host.ask(properties=True)
+        expected = {"Category": "ApplicationStatus", "Id": "Zamber", "Title": "Zamber", "Status": "Active",
+                    "ItemIsMenu": False, "IconName": ""}
+        self.assertEqual({name: item[name] for name in expected}, expected)
+        for width, height, size, is_drawn in item["IconPixmap"]:
+            self.assertEqual((width, size), (height, 4 * width * height))
+            self.assertTrue(is_drawn)
+        self.assertIn(22, [width for width, *_ in item["IconPixmap"]])
+        self.assertEqual(item["ToolTip"][2], "Zamber")
+
+    def test_a_click_opens_it_and_the_next_closes_it_and_does_not_open_it_again(self):
+        for pause in (DOUBLE_CLICK_SECONDS, 0.0, 0.0):
+            with self.subTest(pause):
+                self.host.click()
+                self.zamber.wait_for_popover()
+                self.stays_open(pause)
+                self.host.click()
+                self.zamber.wait_until_closed()
+                self.stays_closed(DOUBLE_CLICK_SECONDS)
+
+    def test_a_press_held_on_the_icon_closes_it_and_its_release_does_not_open_it_again(self):
+        self.host.click()
+        self.zamber.wait_for_popover()
+        self.desktop.mouse.move(*self.host.square)
+        self.desktop.mouse.press()
+        self.zamber.wait_until_closed()
+        self.stays_closed(0.5)
+        self.desktop.mouse.release()
+        self.stays_closed(DOUBLE_CLICK_SECONDS)
+        self.host.click()
+        self.zamber.wait_for_popover()
+
+    def test_after_a_click_elsewhere_has_closed_it_a_click_on_the_icon_opens_it(self):
+        self.host.click()
+        self.zamber.wait_for_popover()
+        self.desktop.mouse.click(20, 780)
+        self.zamber.wait_until_closed()
+        self.host.click()
+        self.zamber.wait_for_popover()
+        self.stays_open(DOUBLE_CLICK_SECONDS)
+
+    def test_it_hangs_from_where_the_click_was(self):
+        self.host.click()
+        popover = self.zamber.wait_for_popover()
+        self.assertLess(popover.y, 120)
+        self.assertGreater(popover.x + popover.width, 1100)
+
+    def test_a_host_that_activates_without_a_mouse_toggles(self):
+        self.host.ask(call="Activate", arguments=[0, 0])
+        self.zamber.wait_for_popover()
+        self.host.ask(call="Activate", arguments=[0, 0])
+        self.zamber.wait_until_closed()
+        self.stays_closed()
+
+    def test_a_click_remembers_the_window_that_was_active(self):
+        self.host.click()
+        self.zamber.wait_for_popover()
+        self.choose(1)
+        self.expect_paste()
+        self.editor.wait_for_text("banana bread")
+
+    def test_the_menu_has_its_lines_and_hints_at_their_keys(self):
+        menu = self.host.open_menu()
+        self.assertEqual([line.get("label") for line in menu["lines"]], MENU)
+        self.assertEqual([line.get("type") for line in menu["lines"]], [None, "separator", None, "separator", None])
+        self.assertEqual([line.get("shortcut") for line in menu["lines"]],
+                         [[["comma"]], None, None, None, [["q"]]])
+        self.stays_closed()
+
+    def test_the_menu_is_made_anew_at_each_opening(self):
+        first = self.host.open_menu()
+        entry = self.zamber.autostart_path()
+        entry.parent.mkdir()
+        entry.write_text("[Desktop Entry]\nType=Application\nName=Zamber\nExec=/bin/sh\n")
+        second = self.host.open_menu()
+        self.assertTrue(second["changed"])
+        self.assertGreater(second["revision"], first["revision"])
+        self.assertEqual(second["lines"][2]["label"], "✓ Launch at Login")
+        third = self.host.open_menu()
+        self.assertFalse(third["changed"])
+        self.assertEqual(third["revision"], second["revision"])
+
+    def test_after_the_menu_a_click_toggles_again(self):
+        self.host.open_menu()
+        self.host.click()
+        self.zamber.wait_for_popover()
+
+    def test_quit_ends_the_program(self):
+        self.zamber_has_ended = True
+        self.host.choose("Quit Zamber")
+        self.assertEqual(self.zamber.child.wait(5), 0)
+        wait_until(lambda: self.host.ask(items=True) == [], what="the item to be gone")
+
+    def test_a_host_that_draws_no_menus_is_given_one(self):
+        self.desktop.mouse.move(*self.host.square)
+        self.host.ask(call="ContextMenu", arguments=[0, 0])
+        wait_until(self.zamber.menu, what="the menu")
+        self.zamber_has_ended = True
+        self.keyboard.tap("Down", "Up", "Return")  # wraps round to the last line
+        self.assertEqual(self.zamber.child.wait(5), 0)
+
+
+class ChangingHostsTest(NotifierTestCase):
+    def test_a_host_that_comes_late_gets_the_item(self):
+        host = self.start_host()
+        host.click()
+        self.zamber.wait_for_popover()
+
+    def test_a_host_that_restarts_gets_the_item_again_each_time(self):
+        for _ in range(3):
+            host = self.start_host()
+            self.assertEqual(len(host.ask(items=True)), 1)
+            host.click()
+            self.zamber.wait_for_popover()
+            host.stop()
+            self.keyboard.tap("Escape")
+            self.zamber.wait_until_closed()
+        self.paste_entry(0)
+        self.editor.wait_for_text("apple tart")
+
+    def test_a_tray_takes_over_from_a_host_and_gives_way_to_it(self):
+        host = self.start_host()
+        self.desktop.start_tray("tint2")
+        self.assertIsNone(self.desktop.tray_icon(self.zamber.pid))
+        host.stop()
+        self.click_tray_icon()
+        self.zamber.wait_for_popover()
+        self.click_tray_icon()
+        self.zamber.wait_until_closed()
+
+        host = self.start_host()
+        wait_until(lambda: self.desktop.tray_icon(self.zamber.pid) is None, what="the icon to leave the tray")
+        host.click()
+        self.zamber.wait_for_popover()
+
+    def test_a_watcher_without_a_host_is_as_good_as_none(self):
+        host = self.start_host()
+        self.desktop.start_tray("tint2")
+        host.ask(host=False)
+        self.click_tray_icon()
+        self.zamber.wait_for_popover()
+        self.click_tray_icon()
+        self.zamber.wait_until_closed()
+        host.ask(host=True)
+        wait_until(lambda: self.desktop.tray_icon(self.zamber.pid) is None, what="the icon to leave the tray")
+
+
+class WithoutAnyTrayTest(NotifierTestCase):
+    def test_the_hot_key_shows_it_whole_at_the_top_right_and_everything_works(self):
+        popover = self.zamber.open_popover()
+        self.assertGreaterEqual(popover.y, 0)
+        self.assertLessEqual(popover.x + popover.width, 1280)
+        self.assertGreater(popover.x + popover.width, 1200)
+        self.assertLess(popover.y, 60)
+        self.choose(1)
+        self.expect_paste()
+        self.editor.wait_for_text("banana bread")
+
+    def test_another_start_shows_it(self):
+        self.zamber.activate_by_bus()
+        self.zamber.wait_for_popover()
+
+
+class EmbeddedIconTest(DesktopTestCase):
+    history = HISTORY
+
+    def open_menu(self):
+        self.click_tray_icon(button=3)
+        return wait_until(self.zamber.menu, 5.0, "the menu")
+
+    def wait_until_menu_is_gone(self):
+        wait_until(lambda: self.zamber.menu() is None, what="the menu to be gone")
+
+    def test_comma_asks_for_the_settings_while_the_menu_is_open(self):
+        self.open_menu()
+        self.keyboard.type_text(",")
+        self.wait_until_menu_is_gone()
+        self.assertIsNone(self.zamber.popover())
+        self.paste_entry(0)
+        self.editor.wait_for_text("apple tart")
+
+    def test_another_key_does_nothing(self):
+        self.open_menu()
+        self.keyboard.tap("x")
+        holds_for(lambda: self.zamber.menu() is not None, 0.3, "the menu is open")
+        self.keyboard.tap("Escape")
+        self.wait_until_menu_is_gone()
+
+    def test_launch_at_login_is_switched_in_the_menu(self):
+        for expected, line in ((True, "✅ Launch at Login: enabled"), (False, "✅ Launch at Login: disabled")):
+            self.open_menu()
+            self.keyboard.tap("Down", "Down", "Return")
+            self.expected_lines.append(line)
+            wait_until(lambda wanted=expected: self.zamber.autostart_path().exists() == wanted, what="the entry")
+            # A hand is not quicker than this; a click in the same instant would still be the menu's.
+            holds_for(lambda: self.zamber.menu() is None, 0.2, "the menu stays closed")
+
+    def test_a_tray_that_restarts_again_and_again_gets_the_icon_each_time(self):
+        for _ in range(4):
+            self.desktop.tray_host.stop()
+            self.desktop.start_tray()
+            self.click_tray_icon()
+            self.zamber.wait_for_popover()
+            self.click_tray_icon()
+            self.zamber.wait_until_closed()

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "ui/AccessibleRoles.h"
+
+#include "ui/Badge.h"
+#include "ui/ConfirmationSheet.h"
+
+#include <QAccessibleWidget>
+
+namespace zamber {
+
+namespace {
+
+QAccessibleInterface* createForControl(const QString&, QObject* object) {
+    if (auto* badge = qobject_cast<Badge*>(object)) {
+        return new QAccessibleWidget(badge, QAccessible::StaticText);
+    }
+    if (auto* sheet = qobject_cast<ConfirmationSheet*>(object)) {
+        return new QAccessibleWidget(sheet, QAccessible::AlertMessage);
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void installAccessibleRoles() {
+    QAccessible::installFactory(createForControl); // installing it again changes nothing
+}
+
+} // namespace zamber

@@ -131,12 +131,11 @@ std::optional<qsizetype> LinkScan::endOfAuthority(qsizetype start, qsizetype fro
     const qsizetype host = unit(at) == u'@' ? at + 1 : from;
     qsizetype end = host;
     if (unit(host) == u'[') {
-        constexpr qsizetype LONGEST_IP_LITERAL = 64;
-        while (unit(end) != u']') {
-            if (end >= m_text.size() || end - host > LONGEST_IP_LITERAL) {
-                return std::nullopt;
-            }
+        do {
             ++end;
+        } while (isNameCharacter(character(end)) || QStringView(u":.%-_~").contains(QChar(unit(end))));
+        if (unit(end) != u']') {
+            return std::nullopt;
         }
         ++end;
     } else {

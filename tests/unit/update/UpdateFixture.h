@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HttpsServer.h"
+
+#include "tests/fakes/FakeAppBundle.h"
+#include "tests/fakes/FakeScheduler.h"
+#include "tests/fakes/FakeUserDefaults.h"
+#include "tests/fakes/FakeWorkspace.h"
+#include "update/UpdateManager.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QSslConfiguration>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdio>
+
+namespace zamber {
+
+/// Sends requests as any other, but trusts the tests' authority; tells of the bytes that arrive.
+class TrustingAccess final : public QNetworkAccessManager {
+public:
+    TrustingAccess(QSslCertificate authority, int& arrivals)
+        : m_authority(std::move(authority))
+        , m_arrivals(arrivals) {}
+
+protected:
+    QNetworkReply* createRequest(Operation operation, const QNetworkRequest& original, QIODevice* data) override {
+        QNetworkRequest request(original);
+        QSslConfiguration configuration = request.sslConfiguration();
+        configuration.addCaCertificate(m_authority);
+        request.setSslConfiguration(configuration);
+        QNetworkReply* const reply = QNetworkAccessManager::createRequest(operation, request, data);
+        connect(reply, &QNetworkReply::readyRead, this, [this] { ++m_arrivals; });
+        return reply;
+    }
+
+private:
+    const QSslCertificate m_authority;
+    int& m_arrivals;
+};
+
+/// A manager, a service on the loopback interface, and a clock that stands still.
+class UpdateFixture : public testing::Test {
+protected:
+    UpdateFixture() { testing::internal::CaptureStdout(); }
+    ~UpdateFixture() override {
+        const std::string text = takeLog();
+        if (HasFailure()) {
+            std::fputs(text.c_str(), stderr); // the failures stand in it, too
+        }
+    }
+
+    std::shared_ptr<UpdateManager> managerFor(const QString& apiBase) {
+        return UpdateManager::create(
+            scheduler, defaults, bundle, workspace,
+            [this] { return std::make_unique<TrustingAccess>(authorities.trusted(), arrivals); }, apiBase);
+    }
+
+    template <class Condition>
+    static bool waitUntil(Condition condition) {
+        return waitUntilFor(std::chrono::seconds(20), condition);
+    }
+
+    template <class Condition>
+    static bool waitUntilFor(std::chrono::milliseconds bound, Condition condition) {
+        const QDeadlineTimer deadline(bound);
+        while (!condition()) {
+            if (deadline.hasExpired()) {
+                return false;
+            }
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+        return true;
+    }
+
+    /// A whole check; the service's side of it is in `service`.
+    void check() {
+        manager->checkForUpdates();
+        ASSERT_TRUE(waitUntil([this] { return !manager->isChecking(); })) << "the check does not end";
+    }
+
+    void checkWith(const QByteArray& body) {
+        service.answer = HttpsServer::reply(body);
+        check();
+    }
+
+    std::string takeLog() {
+        if (m_isLogTaken) {
+            return {};
+        }
+        m_isLogTaken = true;
+        return testing::internal::GetCapturedStdout();
+    }
+
+    /// What was logged since the last look.
+    std::string log() {
+        std::string text = takeLog();
+        testing::internal::CaptureStdout();
+        m_isLogTaken = false;
+        return text;
+    }
+
+    static constexpr auto GOOD_REPLY =
+        R"({"updateAvailable": true, "latestVersion": "3.0", "downloadUrl": "https://zamber.example/get",)"
+        R"( "releaseNotes": "Fine things", "mandatory": true})";
+
+    Journal journal;
+    FakeScheduler scheduler;
+    FakeUserDefaults defaults;
+    FakeAppBundle bundle;
+    FakeWorkspace workspace{journal};
+    int arrivals = 0;
+    Authorities authorities;
+    HttpsServer service{authorities.server(Authorities::Issuer::Trusted, "DNS:localhost,IP:127.0.0.1")};
+    std::shared_ptr<UpdateManager> manager = managerFor(service.apiBase());
+
+private:
+    bool m_isLogTaken = false;
+};
+
+} // namespace zamber

@@ -1,0 +1,379 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "UpdateFixture.h"
+
+#include <QProcess>
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace zamber {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using testing::StartsWith;
+
+namespace {
+
+constexpr auto FAILED = "⚠️ Update check failed: ";
+constexpr auto TIMED_OUT = "⚠️ Update check failed: The request timed out.\n";
+
+QByteArray gzipped(const QByteArray& bytes) {
+    QProcess gzip;
+    gzip.start(u"gzip"_s, {u"-c"_s});
+    gzip.write(bytes);
+    gzip.closeWriteChannel();
+    EXPECT_TRUE(gzip.waitForFinished(20'000));
+    return gzip.readAllStandardOutput();
+}
+
+/// What comes over the wire, or does not.
+class UpdateTransport : public UpdateFixture {
+protected:
+    /// The state of an earlier good answer is kept, and the time of the failure is noted.
+    void expectFailureIsLoggedAndStateKept(const std::string& line = FAILED) {
+        EXPECT_FALSE(manager->isChecking());
+        EXPECT_FALSE(manager->updateAvailable());
+        EXPECT_EQ(manager->latestVersion(), QString());
+        EXPECT_EQ(manager->lastChecked(), scheduler.now());
+        const std::string text = log();
+        EXPECT_THAT(text, StartsWith(line));
+        EXPECT_GT(text.size(), std::string(FAILED).size() + 1) << "it says why";
+        EXPECT_EQ(std::ranges::count(text, '\n'), 1);
+    }
+
+    void startAndWaitForRequest() {
+        manager->checkForUpdates();
+        ASSERT_TRUE(waitUntil([this] { return !service.requests.isEmpty(); }));
+    }
+};
+
+/// A status whose good body is used all the same.
+class AnyStatus : public UpdateTransport, public testing::WithParamInterface<const char*> {};
+
+} // namespace
+
+TEST_P(AnyStatus, DoesNotMatterWhenTheBodyIsGood) {
+    service.answer = HttpsServer::reply(GOOD_REPLY, GetParam());
+    check();
+    EXPECT_TRUE(manager->updateAvailable());
+    EXPECT_EQ(manager->latestVersion(), u"3.0");
+    EXPECT_EQ(log(), "🔄 Update available: v3.0\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(Statuses, AnyStatus,
+                         testing::Values("200 OK", "201 Created", "203 Non-Authoritative", "400 Bad Request",
+                                         "401 Unauthorized", "403 Forbidden", "404 Not Found", "405 Not Allowed",
+                                         "410 Gone", "418 Teapot", "429 Too Many", "500 Internal Server Error",
+                                         "502 Bad Gateway", "503 Unavailable", "599 Odd"));
+
+TEST_F(UpdateTransport, AStatusThatAsksForAPasswordIsAnAnswerLikeAnyOther) {
+    service.answer = HttpsServer::reply(GOOD_REPLY, "401 Unauthorized", "WWW-Authenticate: Basic realm=\"x\"\r\n");
+    check();
+    EXPECT_TRUE(manager->updateAvailable());
+    EXPECT_EQ(service.requests.size(), 1);
+}
+
+TEST_F(UpdateTransport, ARedirectIsFollowed) {
+    service.answer = [this](QSslSocket& client) {
+        if (service.requests.size() == 1) {
+            HttpsServer::reply("{}", "302 Found", "Location: /elsewhere\r\n")(client);
+        } else {
+            HttpsServer::reply(GOOD_REPLY)(client);
+        }
+    };
+    check();
+    EXPECT_TRUE(manager->updateAvailable());
+    ASSERT_EQ(service.requests.size(), 2);
+    EXPECT_TRUE(service.requests[1].startsWith("GET /elsewhere HTTP/1.1\r\n"));
+    EXPECT_FALSE(service.requests[1].toLower().contains("\nreferer:"));
+}
+
+TEST_F(UpdateTransport, ARedirectThatNeverEndsIsAFailure) {
+    service.answer = HttpsServer::reply("{}", "302 Found", "Location: /again\r\n");
+    check();
+    expectFailureIsLoggedAndStateKept();
+}
+
+TEST_F(UpdateTransport, ARedirectOutOfTlsIsAFailure) {
+    PlainServer plain("HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\n{}");
+    const QByteArray port = QByteArray::number(plain.server.serverPort());
+    service.answer = HttpsServer::reply("{}", "302 Found", "Location: http://127.0.0.1:" + port + "/\r\n");
+    check();
+    expectFailureIsLoggedAndStateKept();
+    EXPECT_EQ(plain.connections, 0);
+}
+
+TEST_F(UpdateTransport, AServiceThatSendsNothingForTenSecondsIsAFailure) {
+    service.answer = [](QSslSocket&) {};
+    startAndWaitForRequest();
+    scheduler.advance(9999ms);
+    EXPECT_TRUE(manager->isChecking());
+    scheduler.advance(1ms);
+    expectFailureIsLoggedAndStateKept(TIMED_OUT);
+}
+
+TEST_F(UpdateTransport, AServiceThatNeverSpeaksTlsIsAFailureAfterTenSeconds) {
+    PlainServer mute({});
+    manager = managerFor(mute.apiBase());
+    manager->checkForUpdates();
+    ASSERT_TRUE(waitUntil([&] { return mute.connections == 1; }));
+    scheduler.advance(9999ms);
+    EXPECT_TRUE(manager->isChecking());
+    scheduler.advance(1ms);
+    expectFailureIsLoggedAndStateKept(TIMED_OUT);
+}
+
+TEST_F(UpdateTransport, EachByteStartsTheTenSecondsAgain) {
+    service.answer = [](QSslSocket& client) { client.write("HTTP/1.1 200 OK\r\nContent-Length: 21\r\n\r\n"); };
+    startAndWaitForRequest();
+    const QByteArray body = R"({"updateAvailable": 1})";
+    ASSERT_EQ(body.size(), 22);
+    for (int sent = 0; sent < 3; ++sent) {
+        service.lastClient->write(body.mid(sent, 1));
+        ASSERT_TRUE(waitUntil([&] { return arrivals == sent + 1; }));
+        scheduler.advance(9s);
+        ASSERT_TRUE(manager->isChecking());
+    }
+    scheduler.advance(1s);
+    expectFailureIsLoggedAndStateKept(TIMED_OUT);
+}
+
+TEST_F(UpdateTransport, AServiceThatDripsForEverIsAFailureAfterSixtySeconds) {
+    service.answer = [](QSslSocket& client) { client.write("HTTP/1.1 200 OK\r\nContent-Length: 900000\r\n\r\n"); };
+    startAndWaitForRequest();
+    for (int second = 0; second < 55; second += 5) {
+        service.lastClient->write(" ");
+        ASSERT_TRUE(waitUntil([&] { return arrivals == second / 5 + 1; }));
+        scheduler.advance(5s);
+        ASSERT_TRUE(manager->isChecking());
+    }
+    service.lastClient->write(" ");
+    ASSERT_TRUE(waitUntil([&] { return arrivals == 12; }));
+    scheduler.advance(4999ms);
+    EXPECT_TRUE(manager->isChecking());
+    scheduler.advance(1ms);
+    expectFailureIsLoggedAndStateKept(TIMED_OUT);
+}
+
+TEST_F(UpdateTransport, NoTimerIsLeftAfterACheck) {
+    checkWith(GOOD_REPLY);
+    EXPECT_EQ(scheduler.pendingTimers(), 0U);
+}
+
+TEST_F(UpdateTransport, AMegabyteIsRead) {
+    const QByteArray body = QByteArray(GOOD_REPLY) + QByteArray(1'000'000 - qstrlen(GOOD_REPLY), ' ');
+    checkWith(body);
+    EXPECT_TRUE(manager->updateAvailable());
+}
+
+TEST_F(UpdateTransport, MoreThanAMegabyteIsAFailure) {
+    checkWith(QByteArray(GOOD_REPLY) + QByteArray(1'000'001 - qstrlen(GOOD_REPLY), ' '));
+    expectFailureIsLoggedAndStateKept("⚠️ Update check failed: The answer is larger than 1 MB.\n");
+}
+
+TEST_F(UpdateTransport, ABodyWithoutAnEndIsAFailureAsSoonAsItIsTooLarge) {
+    service.answer = [](QSslSocket& client) {
+        client.write("HTTP/1.1 200 OK\r\nContent-Length: 99999999999\r\n\r\n");
+        const auto feed = [&client] {
+            while (client.bytesToWrite() < 100'000) {
+                client.write(QByteArray(10'000, '['));
+            }
+        };
+        QObject::connect(&client, &QSslSocket::encryptedBytesWritten, &client, feed);
+        feed();
+    };
+    check();
+    expectFailureIsLoggedAndStateKept("⚠️ Update check failed: The answer is larger than 1 MB.\n");
+}
+
+TEST_F(UpdateTransport, APackedBodyIsUnpacked) {
+    service.answer = HttpsServer::reply(gzipped(GOOD_REPLY), "200 OK", "Content-Encoding: gzip\r\n");
+    check();
+    EXPECT_TRUE(manager->updateAvailable());
+}
+
+TEST_F(UpdateTransport, APackedBodyThatUnpacksToMoreThanAMegabyteIsAFailure) {
+    for (const qsizetype size : {2'000'000, 60'000'000}) {
+        service.answer = HttpsServer::reply(gzipped(QByteArray(size, ' ')), "200 OK", "Content-Encoding: gzip\r\n");
+        check();
+        expectFailureIsLoggedAndStateKept();
+    }
+}
+
+TEST_F(UpdateTransport, ABodyThatBreaksOffIsAFailure) {
+    service.answer = [](QSslSocket& client) {
+        client.write(QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 5000\r\n\r\n") + GOOD_REPLY);
+        client.disconnectFromHost();
+    };
+    check();
+    expectFailureIsLoggedAndStateKept();
+}
+
+TEST_F(UpdateTransport, ABodyThatBreaksOffIsAFailureWithAnyStatus) {
+    service.answer = [](QSslSocket& client) {
+        client.write(QByteArray("HTTP/1.1 500 Oh\r\nContent-Length: 5000\r\n\r\n") + GOOD_REPLY);
+        client.disconnectFromHost();
+    };
+    check();
+    expectFailureIsLoggedAndStateKept();
+}
+
+TEST_F(UpdateTransport, ABodyInChunksIsPutTogether) {
+    service.answer = [](QSslSocket& client) {
+        client.write("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
+        const QByteArray body = GOOD_REPLY;
+        for (qsizetype at = 0; at < body.size(); at += 7) {
+            const QByteArray chunk = body.mid(at, 7);
+            client.write(QByteArray::number(chunk.size(), 16) + "\r\n" + chunk + "\r\n");
+        }
+        client.write("0\r\n\r\n");
+    };
+    check();
+    EXPECT_EQ(manager->latestVersion(), u"3.0");
+}
+
+TEST_F(UpdateTransport, ABodyThatEndsWithTheConnectionIsRead) {
+    service.answer = [](QSslSocket& client) {
+        client.write(QByteArray("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n") + GOOD_REPLY);
+        client.disconnectFromHost();
+    };
+    check();
+    EXPECT_EQ(manager->latestVersion(), u"3.0");
+}
+
+TEST_F(UpdateTransport, NoBodyAtAllIsNoJson) {
+    service.answer = [](QSslSocket& client) { client.write("HTTP/1.1 204 No Content\r\n\r\n"); };
+    check();
+    EXPECT_THAT(log(), StartsWith("⚠️ Update parse error: "));
+}
+
+TEST_F(UpdateTransport, WhatIsNoHttpIsAFailure) {
+    service.answer = [](QSslSocket& client) {
+        client.write("Hello, who is there?\r\n\r\n");
+        client.disconnectFromHost();
+    };
+    check();
+    expectFailureIsLoggedAndStateKept();
+}
+
+TEST_F(UpdateTransport, AConnectionThatIsClosedAtOnceIsAFailure) {
+    service.answer = [](QSslSocket& client) { client.disconnectFromHost(); };
+    check();
+    expectFailureIsLoggedAndStateKept();
+}
+
+TEST_F(UpdateTransport, ARefusedConnectionIsAFailure) {
+    service.server.close();
+    check();
+    expectFailureIsLoggedAndStateKept();
+}
+
+TEST_F(UpdateTransport, ANameThatNobodyHasIsAFailure) {
+    manager = managerFor(u"https://zamber.invalid/api"_s);
+    check();
+    expectFailureIsLoggedAndStateKept();
+}
+
+TEST_F(UpdateTransport, ACertificateOfAStrangerIsAFailure) {
+    HttpsServer stranger(authorities.server(Authorities::Issuer::Stranger, "IP:127.0.0.1"));
+    stranger.answer = HttpsServer::reply(GOOD_REPLY);
+    manager = managerFor(stranger.apiBase());
+    check();
+    expectFailureIsLoggedAndStateKept();
+    EXPECT_EQ(stranger.requests.size(), 0) << "not even the version is told";
+}
+
+TEST_F(UpdateTransport, ACertificateForAnotherHostIsAFailure) {
+    HttpsServer other(authorities.server(Authorities::Issuer::Trusted, "DNS:other.example"));
+    other.answer = HttpsServer::reply(GOOD_REPLY);
+    manager = managerFor(other.apiBase());
+    check();
+    expectFailureIsLoggedAndStateKept();
+    EXPECT_EQ(other.requests.size(), 0);
+}
+
+TEST_F(UpdateTransport, TheTestsAuthorityIsTrustedByTheirAccessManagerAlone) {
+    service.answer = HttpsServer::reply(GOOD_REPLY);
+    manager = UpdateManager::create(scheduler, defaults, bundle, workspace, {}, service.apiBase());
+    check();
+    expectFailureIsLoggedAndStateKept();
+}
+
+TEST_F(UpdateTransport, GarbageInsteadOfTlsIsAFailure) {
+    for (const QByteArray& garbage : {QByteArray("HTTP/1.1 400 Bad Request\r\n\r\n"), QByteArray(5000, '\xAA')}) {
+        PlainServer plain(garbage);
+        manager = managerFor(plain.apiBase());
+        check();
+        expectFailureIsLoggedAndStateKept();
+    }
+}
+
+TEST_F(UpdateTransport, AConnectionThatWasKeptAliveAndClosedIsOpenedAgain) {
+    checkWith(GOOD_REPLY);
+    ASSERT_TRUE(service.lastClient);
+    service.lastClient->disconnectFromHost();
+    checkWith(R"({"updateAvailable": true, "latestVersion": "3.1"})");
+    EXPECT_EQ(manager->latestVersion(), u"3.1");
+    EXPECT_EQ(service.connections, 2);
+}
+
+TEST_F(UpdateTransport, AConnectionThatWasKeptAliveAndIsClosedByTheNextRequestIsOpenedAgain) {
+    checkWith(GOOD_REPLY);
+    service.answer = [this](QSslSocket& client) {
+        if (service.connections == 1) {
+            client.abort();
+        } else {
+            HttpsServer::reply(R"({"updateAvailable": true, "latestVersion": "3.1"})")(client);
+        }
+    };
+    check();
+    EXPECT_EQ(manager->latestVersion(), u"3.1");
+}
+
+TEST_F(UpdateTransport, AFreshAnswerIsUsedAgainWithoutARequest) {
+    service.answer = HttpsServer::reply(GOOD_REPLY, "200 OK", "Cache-Control: max-age=3600\r\n");
+    check();
+    check();
+    EXPECT_EQ(service.requests.size(), 1);
+    EXPECT_EQ(log(), "🔄 Update available: v3.0\n🔄 Update available: v3.0\n");
+}
+
+TEST_F(UpdateTransport, AFreshAnswerIsThatOfItsAddressAlone) {
+    service.answer = HttpsServer::reply(GOOD_REPLY, "200 OK", "Cache-Control: max-age=3600\r\n");
+    check();
+    bundle.buildText = u"57"_s;
+    check();
+    EXPECT_EQ(service.requests.size(), 2);
+}
+
+TEST_F(UpdateTransport, AnAnswerThatIsNotFreshIsAskedForAgainWithoutAMarkOfTheLastOne) {
+    for (const char* const headers :
+         {"", "Cache-Control: no-store\r\n", "Cache-Control: no-cache, max-age=3600\r\n",
+          "Cache-Control: max-age=0\r\n", "Cache-Control: max-age=60\r\nAge: 100\r\n",
+          "ETag: \"you\"\r\nLast-Modified: Thu, 01 Jan 1970 00:00:00 GMT\r\n",
+          "Cache-Control: max-age=0\r\nETag: \"you\"\r\nLast-Modified: Thu, 01 Jan 1970 00:00:00 GMT\r\n",
+          "Expires: Thu, 01 Jan 1970 00:00:00 GMT\r\nETag: \"you\"\r\n"}) {
+        manager = managerFor(service.apiBase());
+        service.requests.clear();
+        service.answer = HttpsServer::reply(GOOD_REPLY, "200 OK", headers);
+        check();
+        check();
+        ASSERT_EQ(service.requests.size(), 2) << headers;
+        EXPECT_FALSE(service.requests[1].contains("\r\nIf-")) << headers;
+    }
+}
+
+TEST_F(UpdateTransport, NothingIsWrittenWhenTheManagerHasGoneBeforeTheReply) {
+    service.answer = [](QSslSocket&) {};
+    startAndWaitForRequest();
+    manager.reset();
+    HttpsServer::reply(GOOD_REPLY)(*service.lastClient);
+    EXPECT_FALSE(waitUntilFor(200ms, [] { return false; }));
+    scheduler.advance(100s);
+    EXPECT_EQ(log(), "");
+    EXPECT_EQ(scheduler.pendingTimers(), 0U);
+}
+
+} // namespace zamber

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "update/StrictAddress.h"
+
+#include <QRegularExpression>
+
+namespace zamber {
+
+std::optional<QUrl> strictAddress(const QString& text) {
+    // Brackets are the host's alone, if it is a number; where they stand the parser looks after itself.
+    static const QRegularExpression allowed(
+        QRegularExpression::anchoredPattern(uR"((?:[A-Za-z0-9\-._~:/?#\[\]@!$&'()*+,;=]|%[0-9A-Fa-f]{2})*)"));
+    if (!allowed.match(text).hasMatch()) {
+        return std::nullopt;
+    }
+    const QUrl address(text, QUrl::StrictMode);
+    return address.isValid() && !address.isRelative() ? std::optional(address) : std::nullopt;
+}
+
+} // namespace zamber

@@ -1,0 +1,182 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "update/UpdateManager.h"
+
+#include "platform/AppBundle.h"
+#include "platform/Log.h"
+#include "platform/UserDefaults.h"
+#include "platform/Workspace.h"
+#include "settings/keys/PreferenceKeys.h"
+#include "update/FreshAnswers.h"
+#include "update/StrictAddress.h"
+#include "update/UpdateRequest.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QNetworkAccessManager>
+#include <QSslSocket>
+#include <QThreadPool>
+
+#include <cassert>
+#include <charconv>
+#include <string>
+#include <utility>
+
+namespace zamber {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::chrono::seconds FIRST_CHECK_DELAY{5};
+constexpr std::chrono::seconds CHECK_INTERVAL{14400};
+
+std::shared_ptr<UpdateManager> sharedManager; // NOLINT(readability-identifier-naming): no constant
+
+std::optional<qint64> decimalNumber(const QString& text) {
+    const std::string digits = text.toStdString();
+    const char* begin = digits.data();
+    const char* const end = begin + digits.size();
+    if (digits.size() > 1 && *begin == '+' && begin[1] != '-') {
+        ++begin;
+    }
+    qint64 number = 0;
+    const auto [rest, error] = std::from_chars(begin, end, number);
+    return error == std::errc() && rest == end ? std::optional(number) : std::nullopt;
+}
+
+} // namespace
+
+std::shared_ptr<UpdateManager> UpdateManager::create(Scheduler& scheduler, UserDefaults& defaults, AppBundle& bundle,
+                                                     Workspace& workspace, AccessFactory makeAccess, QString apiBase) {
+    if (!makeAccess) {
+        makeAccess = [] { return std::make_unique<QNetworkAccessManager>(); };
+    }
+    return std::shared_ptr<UpdateManager>(
+        new UpdateManager(scheduler, defaults, bundle, workspace, std::move(makeAccess), std::move(apiBase)));
+}
+
+UpdateManager::UpdateManager(Scheduler& scheduler, UserDefaults& defaults, AppBundle& bundle, Workspace& workspace,
+                             AccessFactory makeAccess, QString apiBase)
+    : m_scheduler(scheduler)
+    , m_defaults(defaults)
+    , m_bundle(bundle)
+    , m_workspace(workspace)
+    , m_makeAccess(std::move(makeAccess))
+    , m_apiBase(std::move(apiBase)) {}
+
+UpdateManager::~UpdateManager() = default;
+
+UpdateManager& UpdateManager::shared() {
+    assert(sharedManager);
+    return *sharedManager;
+}
+
+void UpdateManager::setShared(std::shared_ptr<UpdateManager> manager) {
+    sharedManager = std::move(manager);
+}
+
+QString UpdateManager::defaultApiBase() {
+    return QStringLiteral(ZAMBER_UPDATE_API_BASE);
+}
+
+QString UpdateManager::currentVersion() const {
+    return m_bundle.version().value_or(u"1.0.0"_s);
+}
+
+qint64 UpdateManager::currentBuild() const {
+    return decimalNumber(m_bundle.build().value_or(u"1"_s)).value_or(1);
+}
+
+bool UpdateManager::isVersionSkipped() const {
+    return read(m_defaults, keys::skippedVersion) == m_latestVersion;
+}
+
+void UpdateManager::startPeriodicChecks() {
+    const auto check = [weak = weak_from_this()] {
+        if (const auto manager = weak.lock()) {
+            manager->checkForUpdates();
+        }
+    };
+    // Loading the TLS library takes longer than a frame; a worker does it until the first check needs it.
+    QThreadPool::globalInstance()->start([] { QSslSocket::supportsSsl(); });
+    m_scheduler.after(FIRST_CHECK_DELAY, check);
+    m_timer = m_scheduler.every(CHECK_INTERVAL, check);
+}
+
+void UpdateManager::stopPeriodicChecks() {
+    if (m_timer) {
+        m_scheduler.invalidate(*m_timer);
+        m_timer.reset();
+    }
+}
+
+void UpdateManager::checkForUpdates() {
+    if (isChecking()) {
+        return;
+    }
+    // The version goes into the address as it is; if that makes it none, there is nothing to ask.
+    const std::optional<QUrl> address = strictAddress(m_apiBase + u"/update/check?version="_s + currentVersion() +
+                                                      u"&build="_s + QString::number(currentBuild()));
+    if (!address) {
+        return;
+    }
+    if (!m_access) {
+        m_access = m_makeAccess();
+        m_access->setCache(new FreshAnswers); // the access manager's own from here on
+    }
+    m_request =
+        std::make_unique<UpdateRequest>(*m_access, m_scheduler, *address, [this](const UpdateRequest::Answer& answer) {
+            finishCheck();
+            if (answer) {
+                handleBody(*answer);
+            } else {
+                handleFailure(answer.error());
+            }
+            emit changed();
+        });
+    emit changed();
+}
+
+void UpdateManager::finishCheck() {
+    // It is calling us.
+    m_request.release()->deleteLater();
+    m_lastChecked = m_scheduler.now();
+}
+
+void UpdateManager::handleFailure(const QString& reason) {
+    logLine("⚠️ Update check failed: " + reason.toStdString());
+}
+
+void UpdateManager::handleBody(const QByteArray& body) {
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(body, &error);
+    if (error.error != QJsonParseError::NoError) {
+        logLine("⚠️ Update parse error: " + error.errorString().toStdString() + " at byte " +
+                std::to_string(error.offset));
+        return;
+    }
+    const QJsonObject reply = document.object(); // empty when it is none
+    m_updateAvailable = reply["updateAvailable"_L1].toBool(false);
+    if (m_updateAvailable) {
+        m_latestVersion = reply["latestVersion"_L1].toString();
+        m_downloadUrl = reply["downloadUrl"_L1].toString();
+        m_releaseNotes = reply["releaseNotes"_L1].toString();
+        m_isMandatory = reply["mandatory"_L1].toBool(false);
+        logLine("🔄 Update available: v" + m_latestVersion.toStdString());
+    }
+}
+
+void UpdateManager::downloadUpdate() {
+    if (const std::optional<QUrl> address = strictAddress(m_downloadUrl)) {
+        m_workspace.open(*address);
+    }
+}
+
+void UpdateManager::skipVersion() {
+    write(m_defaults, keys::skippedVersion, m_latestVersion);
+    m_updateAvailable = false;
+    emit changed();
+}
+
+} // namespace zamber

@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "update/UpdateRequest.h"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+
+#include <utility>
+
+namespace zamber {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::chrono::seconds LONGEST_SILENCE{10};
+constexpr std::chrono::seconds LONGEST_CHECK{60};
+constexpr qint64 LARGEST_BODY_BYTES = 1'000'000;
+constexpr qint64 READ_BUFFER_BYTES = 65'536;
+
+const QString TIMED_OUT = u"The request timed out."_s;
+
+constexpr int FIRST_ERROR_STATUS = 400;
+/// Above are those that stand for a status.
+constexpr int LAST_TRANSPORT_ERROR = 99;
+
+QNetworkRequest requestFor(const QUrl& address) {
+    QNetworkRequest request(address);
+    // Nothing of the user goes out: no cookies, no passwords, and not the language that would be told unasked.
+    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+    request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
+    request.setRawHeader("Accept-Language", "*");
+    return request;
+}
+
+/// A body that came whole is an answer, also with a status that the library calls an error.
+bool hasBody(const QNetworkReply& reply) {
+    const QNetworkReply::NetworkError error = reply.error();
+    if (error == QNetworkReply::NoError) {
+        return true;
+    }
+    const int status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    return status >= FIRST_ERROR_STATUS && error > LAST_TRANSPORT_ERROR && error != QNetworkReply::ProtocolFailure;
+}
+
+} // namespace
+
+UpdateRequest::UpdateRequest(QNetworkAccessManager& access, Scheduler& scheduler, const QUrl& address, Done done)
+    : m_scheduler(scheduler)
+    , m_done(std::move(done))
+    , m_reply(access.get(requestFor(address))) {
+    m_reply->setReadBufferSize(READ_BUFFER_BYTES);
+    connect(m_reply, &QNetworkReply::metaDataChanged, this, &UpdateRequest::restartSilenceTimer);
+    connect(m_reply, &QNetworkReply::readyRead, this, &UpdateRequest::takeData);
+    connect(m_reply, &QNetworkReply::finished, this, &UpdateRequest::finish);
+    restartSilenceTimer();
+    m_totalTimer = scheduler.after(LONGEST_CHECK, [this] { giveUp(TIMED_OUT); });
+}
+
+UpdateRequest::~UpdateRequest() {
+    stopTimers();
+    if (m_reply) { // else its access manager has gone first
+        m_reply->disconnect(this);
+        m_reply->abort();
+        m_reply->deleteLater();
+    }
+}
+
+void UpdateRequest::stopTimers() {
+    for (std::optional<Scheduler::Token>* const timer : {&m_silenceTimer, &m_totalTimer}) {
+        if (*timer) {
+            m_scheduler.invalidate(**timer);
+            timer->reset();
+        }
+    }
+}
+
+void UpdateRequest::restartSilenceTimer() {
+    if (m_silenceTimer) {
+        m_scheduler.invalidate(*m_silenceTimer);
+    }
+    m_silenceTimer = m_scheduler.after(LONGEST_SILENCE, [this] { giveUp(TIMED_OUT); });
+}
+
+void UpdateRequest::takeData() {
+    restartSilenceTimer();
+    // A byte more than fits tells that there is more; what is beyond is never unpacked.
+    QByteArray chunk;
+    do {
+        chunk = m_reply->read(LARGEST_BODY_BYTES + 1 - m_body.size());
+        m_body += chunk;
+    } while (!chunk.isEmpty());
+    if (m_body.size() > LARGEST_BODY_BYTES) {
+        giveUp(u"The answer is larger than 1 MB."_s);
+    }
+}
+
+void UpdateRequest::giveUp(const QString& reason) {
+    if (!m_failure) {
+        m_failure = reason;
+        m_reply->abort(); // finishes it
+    }
+}
+
+void UpdateRequest::finish() {
+    if (!m_failure && hasBody(*m_reply)) {
+        takeData();
+    }
+    stopTimers();
+    Answer answer = std::move(m_body);
+    if (m_failure) {
+        answer = std::unexpected(*m_failure);
+    } else if (!hasBody(*m_reply)) {
+        answer = std::unexpected(m_reply->errorString());
+    }
+    const Done done = m_done; // the call may be the end of this object
+    done(answer);
+}
+
+} // namespace zamber

@@ -2,20 +2,32 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingsWindow.h"
 
+#include "platform/Appearance.h"
 #include "settings/SettingsView.h"
 
 #include <QEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QScreen>
+
+#include <utility>
 
 namespace zamber {
 
 using namespace Qt::StringLiterals;
 
-SettingsWindow::SettingsWindow(const Symbols& symbols, const Appearance& appearance, const SettingsServices& services)
+SettingsWindow::SettingsWindow(const Symbols& symbols, Appearance& appearance, const SettingsServices& services,
+                               BringToFront bringToFront)
     : m_look(symbols, appearance)
-    , m_services(services) {}
+    , m_services(services)
+    , m_bringToFront(std::move(bringToFront)) {
+    appearance.addChangedHandler([look = QPointer(&m_look)] {
+        if (look) {
+            look->update();
+        }
+    });
+}
 
 SettingsWindow::~SettingsWindow() = default;
 
@@ -37,11 +49,7 @@ void SettingsWindow::show() {
     }
     m_view->showNormal();
     m_view->raise();
-    m_view->activateWindow();
-}
-
-void SettingsWindow::updateAppearance() {
-    m_look.update();
+    m_bringToFront(m_view->winId());
 }
 
 bool SettingsWindow::eventFilter(QObject* watched, QEvent* event) {

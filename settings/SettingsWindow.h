@@ -5,6 +5,9 @@
 #include "settings/SettingsLook.h"
 #include "settings/SettingsServices.h"
 
+#include <QtGui/qwindowdefs.h>
+
+#include <functional>
 #include <memory>
 
 namespace zamber {
@@ -16,15 +19,16 @@ class SettingsWindow final : public QObject {
     Q_OBJECT
 
 public:
+    /// Asks the desktop to bring a window to the front, which it may refuse to a program that just shows one.
+    using BringToFront = std::function<void(WId)>;
+
     /// All of them outlive the window.
-    SettingsWindow(const Symbols& symbols, const Appearance& appearance, const SettingsServices& services);
+    SettingsWindow(const Symbols& symbols, Appearance& appearance, const SettingsServices& services,
+                   BringToFront bringToFront);
     ~SettingsWindow() override;
 
     /// Shows the window on the desktop that the user is on, in front and with the keyboard, wherever it was.
     void show();
-
-    /// Takes over the desktop's look. To be called when the appearance has changed.
-    void updateAppearance();
 
     /// Nothing while the window is closed.
     SettingsView* view() const { return m_view.get(); }
@@ -35,6 +39,7 @@ protected:
 private:
     SettingsLook m_look;
     SettingsServices m_services;
+    BringToFront m_bringToFront;
     std::unique_ptr<SettingsView> m_view;
 };
 

@@ -169,7 +169,8 @@ TEST_F(SettingsViewTest, TheLookFollowsTheDesktopWhileTheWindowIsOpen) {
 }
 
 TEST_F(SettingsViewTest, TheWindowIsReusedWhileItIsOpenAndStartsAnewAfterItWasClosed) {
-    SettingsWindow window(symbols, stage.appearance, stage.services());
+    WId broughtToFront = 0;
+    SettingsWindow window(symbols, stage.appearance, stage.services(), [&](WId id) { broughtToFront = id; });
     window.show();
     SettingsView* const first = window.view();
     first->findChild<SettingsSidebar*>()->setCurrentRow(2);
@@ -181,13 +182,16 @@ TEST_F(SettingsViewTest, TheWindowIsReusedWhileItIsOpenAndStartsAnewAfterItWasCl
     window.show();
     EXPECT_EQ(window.view()->selectedTab(), SettingsTab::General);
     EXPECT_TRUE(window.view()->isVisible());
+    EXPECT_EQ(broughtToFront, window.view()->winId());
 }
 
 TEST_F(SettingsViewTest, AMinimisedWindowComesBack) {
-    SettingsWindow window(symbols, stage.appearance, stage.services());
+    WId broughtToFront = 0;
+    SettingsWindow window(symbols, stage.appearance, stage.services(), [&](WId id) { broughtToFront = id; });
     window.show();
     window.view()->showMinimized();
     window.show();
+    EXPECT_EQ(broughtToFront, window.view()->winId());
     EXPECT_FALSE(window.view()->isMinimized());
     EXPECT_TRUE(window.view()->isVisible());
 }

@@ -66,6 +66,7 @@ public:
 private:
     void createStatusItem();
     void createPopover();
+    void followUpdates();
     void observePreferences();
     void handleHotKey(std::uint32_t id);
     void playPasteSound();

@@ -8,6 +8,7 @@
 #include "platform/Scheduler.h"
 #include "popover/ClipboardListView.h"
 #include "settings/keys/PreferenceKeys.h"
+#include "update/UpdateManager.h"
 
 namespace zamber {
 
@@ -17,15 +18,33 @@ void AppDelegate::createPopover() {
         m_desktop.keyMonitor, m_desktop.appearance, m_desktop.symbols, m_desktop.userDefaults, m_desktop.scheduler,
         clipboardManager,
         ClipboardListView::Callbacks{.openSettings = [this] { openSettings(); },
-                                     .closePopover = [this] { m_desktop.popover.performClose(); }});
+                                     .closePopover = [this] { m_desktop.popover.performClose(); },
+                                     .openAddress = [this](const QUrl& address) { m_desktop.workspace.open(address); },
+                                     .linkDetector = &m_desktop.links});
     m_desktop.popover.setContent(m_listView.get());
-    m_desktop.appearance.setChangedHandler([this] {
+    m_desktop.appearance.addChangedHandler([this] {
         updatePopoverAppearance();
         m_listView->updateAppearance();
         if (m_permissionWindow) {
             m_permissionWindow->updateAppearance();
         }
     });
+    followUpdates();
+}
+
+void AppDelegate::followUpdates() {
+    UpdateManager& updates = UpdateManager::shared();
+    const auto showNotice = [this, &updates] {
+        if (!updates.updateAvailable() || updates.isVersionSkipped()) {
+            m_listView->setUpdateNotice(std::nullopt);
+            return;
+        }
+        m_listView->setUpdateNotice(UpdateNotice{.latestVersion = updates.latestVersion(),
+                                                 .download = [&updates] { updates.downloadUpdate(); },
+                                                 .skip = [&updates] { updates.skipVersion(); }});
+    };
+    QObject::connect(&updates, &UpdateManager::changed, m_listView.get(), showNotice);
+    showNotice();
 }
 
 void AppDelegate::observePreferences() {

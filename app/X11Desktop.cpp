@@ -4,6 +4,7 @@
 
 #include "platform/freedesktop/ApplicationNames.h"
 #include "platform/freedesktop/BootstrapSymbols.h"
+#include "platform/freedesktop/BuiltAppBundle.h"
 #include "platform/freedesktop/CanberraSound.h"
 #include "platform/freedesktop/ClosingPress.h"
 #include "platform/freedesktop/PopoverWindow.h"
@@ -12,6 +13,7 @@
 #include "platform/freedesktop/QtKeyMonitor.h"
 #include "platform/freedesktop/QtScheduler.h"
 #include "platform/freedesktop/QtStatusItem.h"
+#include "platform/freedesktop/ScannerLinkDetector.h"
 #include "platform/freedesktop/SettingsUserDefaults.h"
 #include "platform/freedesktop/XdgLoginItem.h"
 #include "platform/x11/ButtonPresses.h"
@@ -84,6 +86,8 @@ struct X11Desktop::Adapters {
     CanberraSound sounds;
     XdgLoginItem loginItem{XdgLoginItem::defaultSurroundings(), QStringLiteral("app.zamber.Zamber"),
                            QCoreApplication::applicationFilePath()};
+    ScannerLinkDetector links;
+    BuiltAppBundle bundle;
     ClosingPress closingPress;
     QtStatusItem statusItem{symbols,
                             [this](QPoint pointer) { return !popover.isShown() && closingPress.claim(pointer); }};
@@ -107,6 +111,14 @@ X11Desktop::X11Desktop(std::unique_ptr<Adapters> adapters)
 
 X11Desktop::~X11Desktop() = default;
 
+void X11Desktop::setResponder(const QString& action, std::function<void()> responder) {
+    m_adapters->application.setResponder(action, std::move(responder));
+}
+
+void X11Desktop::bringToFront(WId window) {
+    m_adapters->windows.activate(static_cast<xcb_window_t>(window));
+}
+
 void X11Desktop::requestShow() {
     m_adapters->application.requestShow();
 }
@@ -125,6 +137,8 @@ Desktop X11Desktop::ports() {
             .symbols = m_adapters->symbols,
             .sounds = m_adapters->sounds,
             .loginItem = m_adapters->loginItem,
+            .links = m_adapters->links,
+            .bundle = m_adapters->bundle,
             .userDefaults = m_adapters->userDefaults,
             .scheduler = m_adapters->scheduler};
 }

@@ -4,7 +4,10 @@
 
 #include "platform/Desktop.h"
 
+#include <QtGui/qwindowdefs.h>
+
 #include <expected>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -20,6 +23,12 @@ public:
     ~X11Desktop();
 
     Desktop ports();
+
+    /// Has the responder answer to the action of that name.
+    void setResponder(const QString& action, std::function<void()> responder);
+
+    /// Asks the window manager to bring a window of ours to the front, with the keyboard.
+    void bringToFront(WId window);
 
     /// Another start asks for the program.
     void requestShow();

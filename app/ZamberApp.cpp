@@ -4,8 +4,12 @@
 
 #include "app/AppDelegate.h"
 #include "clipboard/HistoryFile.h"
+#include "platform/AppBundle.h"
+#include "platform/HotKeyCenter.h"
 #include "platform/UserDefaults.h"
 #include "platform/freedesktop/SingleInstance.h"
+#include "settings/SettingsWindow.h"
+#include "update/UpdateManager.h"
 
 #include <QApplication>
 
@@ -74,8 +78,23 @@ int main(int argc, char** argv) {
                      [&desktop] { (*desktop)->requestShow(); });
     const zamber::Desktop ports = (*desktop)->ports();
     zamber::UserDefaults::setStandard(&ports.userDefaults);
-    const auto delegate =
-        std::make_shared<zamber::AppDelegate>(ports, zamber::HistoryFile::defaultPath(), zamber::LaunchSteps{});
+    zamber::UpdateManager::setShared(
+        zamber::UpdateManager::create(ports.scheduler, ports.userDefaults, ports.bundle, ports.workspace));
+    zamber::SettingsWindow settings(ports.symbols, ports.appearance,
+                                    {.defaults = ports.userDefaults,
+                                     .loginItem = ports.loginItem,
+                                     .trust = ports.trust,
+                                     .workspace = ports.workspace,
+                                     .bundle = ports.bundle,
+                                     .updates = zamber::UpdateManager::shared(),
+                                     .commandKeyHint = ports.hotKeys.commandKeyHint()},
+                                    [&desktop](WId window) { (*desktop)->bringToFront(window); });
+    (*desktop)->setResponder(QStringLiteral("showSettingsWindow:"), [&settings] { settings.show(); });
+    const auto delegate = std::make_shared<zamber::AppDelegate>(
+        ports, zamber::HistoryFile::defaultPath(),
+        zamber::LaunchSteps{.startPeriodicChecks = [] { zamber::UpdateManager::shared().startPeriodicChecks(); }});
     delegate->applicationDidFinishLaunching();
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    zamber::UpdateManager::setShared(nullptr); // before what it refers to
+    return status;
 }

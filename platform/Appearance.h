@@ -17,8 +17,8 @@ public:
     virtual QColor accentColor() const = 0;
     virtual bool reducedMotion() const = 0;
 
-    /// Called after any of the three has changed.
-    virtual void setChangedHandler(std::function<void()> handler) = 0;
+    /// Each handler is called after any of the three has changed, for as long as this object lives.
+    virtual void addChangedHandler(std::function<void()> handler) = 0;
 };
 
 } // namespace zamber

@@ -5,11 +5,13 @@
 namespace zamber {
 
 class AccessibilityTrust;
+class AppBundle;
 class Appearance;
 class Application;
 class HotKeyCenter;
 class KeyMonitor;
 class KeystrokePoster;
+class LinkDetector;
 class LoginItem;
 class Pasteboard;
 class PopoverHost;
@@ -35,6 +37,8 @@ struct Desktop {
     Symbols& symbols;
     SystemSound& sounds;
     LoginItem& loginItem;
+    LinkDetector& links;
+    AppBundle& bundle;
     UserDefaults& userDefaults;
     Scheduler& scheduler;
 };

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
+
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -34,6 +36,9 @@ public:
     using PressedHandler = std::function<void(std::uint32_t id)>;
 
     virtual ~HotKeyCenter() = default;
+
+    /// Which key Command is, as a sentence for people; empty where the keyboard says so itself.
+    virtual QString commandKeyHint() const = 0;
 
     /// Returns nothing when somebody else holds the combination; the other registrations are not affected.
     virtual std::optional<HotKeyRef> registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) = 0;

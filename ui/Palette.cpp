@@ -80,6 +80,7 @@ Palette Palette::light(const QColor& userAccent) {
     palette.orange = QColor(0xD9, 0x6B, 0x00);
     palette.purple = QColor(0x93, 0x45, 0xCF);
     palette.green = QColor(0x1F, 0x8A, 0x3B);
+    palette.gray = QColor(0x76, 0x76, 0x7C);
     return palette;
 }
 
@@ -103,6 +104,7 @@ Palette Palette::dark(const QColor& userAccent) {
     palette.orange = QColor(0xFF, 0xA0, 0x30);
     palette.purple = QColor(0xC7, 0x8F, 0xFF);
     palette.green = QColor(0x4C, 0xD2, 0x68);
+    palette.gray = QColor(0xA0, 0xA0, 0xA6);
     return palette;
 }
 

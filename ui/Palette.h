@@ -33,6 +33,7 @@ struct Palette {
     QColor orange;
     QColor purple;
     QColor green;
+    QColor gray;
 
     bool isDark = false;
 

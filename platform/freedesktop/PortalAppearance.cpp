@@ -98,14 +98,20 @@ bool PortalAppearance::reducedMotion() const {
     return m_portalReducesMotion.value_or(false) || !m_desktopAnimates.value_or(true);
 }
 
-void PortalAppearance::setChangedHandler(std::function<void()> handler) {
-    m_changed = std::move(handler);
+void PortalAppearance::addChangedHandler(std::function<void()> handler) {
+    m_changed.push_back(std::move(handler));
+}
+
+void PortalAppearance::tellOfChange() const {
+    for (const auto& changed : m_changed) {
+        changed();
+    }
 }
 
 bool PortalAppearance::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ApplicationPaletteChange && watched == QCoreApplication::instance() &&
-        !m_portalIsDark && m_changed) {
-        m_changed();
+        !m_portalIsDark) {
+        tellOfChange();
     }
     return false;
 }
@@ -139,8 +145,8 @@ void PortalAppearance::take(const QString& group, const QString& key, const QVar
     } else if (group == INTERFACE_GROUP && key == ENABLE_ANIMATIONS) {
         m_desktopAnimates = value.toBool();
     }
-    if (before != std::tuple(isDark(), accentColor(), reducedMotion()) && m_changed) {
-        m_changed();
+    if (before != std::tuple(isDark(), accentColor(), reducedMotion())) {
+        tellOfChange();
     }
 }
 

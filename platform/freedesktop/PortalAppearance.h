@@ -8,6 +8,7 @@
 #include <QObject>
 
 #include <optional>
+#include <vector>
 
 class QDBusVariant;
 
@@ -25,7 +26,7 @@ public:
     bool isDark() const override;
     QColor accentColor() const override;
     bool reducedMotion() const override;
-    void setChangedHandler(std::function<void()> handler) override;
+    void addChangedHandler(std::function<void()> handler) override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -35,6 +36,7 @@ private slots:
 
 private:
     void ask(const QString& group, const QString& key);
+    void tellOfChange() const;
     void take(const QString& group, const QString& key, const QVariant& wrapped);
 
     QDBusConnection m_bus;
@@ -42,7 +44,7 @@ private:
     std::optional<QColor> m_portalAccent;
     std::optional<bool> m_portalReducesMotion;
     std::optional<bool> m_desktopAnimates;
-    std::function<void()> m_changed;
+    std::vector<std::function<void()>> m_changed;
 };
 
 } // namespace zamber

@@ -57,6 +57,10 @@ X11HotKeyCenter::X11HotKeyCenter(Connection& connection, Keyboard& keyboard)
     connect(&keyboard, &Keyboard::mappingChanged, this, &X11HotKeyCenter::grabAgain);
 }
 
+QString X11HotKeyCenter::commandKeyHint() const {
+    return QStringLiteral("⌘ is the Super key, often marked with a logo");
+}
+
 std::optional<HotKeyRef> X11HotKeyCenter::registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) {
     Registration& registration =
         m_registrations.emplace_back(keyCodeOf(key), modifiers, id.id, std::uint16_t{0}, std::vector<std::uint16_t>{});

@@ -19,6 +19,7 @@ class X11HotKeyCenter final : public QObject, public HotKeyCenter {
 public:
     X11HotKeyCenter(Connection& connection, Keyboard& keyboard);
 
+    QString commandKeyHint() const override;
     std::optional<HotKeyRef> registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) override;
     void setPressedHandler(PressedHandler handler) override;
 

@@ -49,7 +49,7 @@ TEST(PortalAppearance, WhatThePortalSaidBeforeWeStartedArrivesAsAChange) {
     portal.set(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 1U);
     PortalAppearance appearance(portal.client());
     int changes = 0;
-    appearance.setChangedHandler([&] { ++changes; });
+    appearance.addChangedHandler([&] { ++changes; });
     EXPECT_FALSE(appearance.isDark()) << "nothing waits for the answer";
     EXPECT_TRUE(PortalRig::waitUntil([&] { return appearance.isDark(); }));
     EXPECT_GE(changes, 1);

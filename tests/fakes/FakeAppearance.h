@@ -5,6 +5,7 @@
 #include "platform/Appearance.h"
 
 #include <utility>
+#include <vector>
 
 namespace zamber {
 
@@ -14,7 +15,7 @@ public:
     bool isDark() const override { return m_isDark; }
     QColor accentColor() const override { return m_accent; }
     bool reducedMotion() const override { return m_reducedMotion; }
-    void setChangedHandler(std::function<void()> handler) override { m_changed = std::move(handler); }
+    void addChangedHandler(std::function<void()> handler) override { m_changed.push_back(std::move(handler)); }
 
     void setDark(bool isDark) { change(m_isDark, isDark); }
     void setAccentColor(const QColor& accent) { change(m_accent, accent); }
@@ -25,8 +26,8 @@ private:
     void change(Value& current, const Value& next) {
         if (current != next) {
             current = next;
-            if (m_changed) {
-                m_changed();
+            for (const auto& changed : m_changed) {
+                changed();
             }
         }
     }
@@ -34,7 +35,7 @@ private:
     bool m_isDark = false;
     QColor m_accent{0x1F, 0x78, 0xF0};
     bool m_reducedMotion = true;
-    std::function<void()> m_changed;
+    std::vector<std::function<void()>> m_changed;
 };
 
 } // namespace zamber

@@ -22,6 +22,8 @@ public:
     explicit FakeHotKeyCenter(Journal& journal)
         : m_journal(journal) {}
 
+    QString commandKeyHint() const override { return QStringLiteral("⌘ is Command"); }
+
     std::optional<HotKeyRef> registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) override {
         m_journal.note("register hot key " + std::to_string(id.id));
         if (std::ranges::find(m_taken, key) != m_taken.end()) {

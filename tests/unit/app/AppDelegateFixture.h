@@ -6,11 +6,13 @@
 #include "clipboard/ClipboardManager.h"
 #include "settings/keys/PreferenceKeys.h"
 #include "tests/fakes/FakeAccessibilityTrust.h"
+#include "tests/fakes/FakeAppBundle.h"
 #include "tests/fakes/FakeAppearance.h"
 #include "tests/fakes/FakeApplication.h"
 #include "tests/fakes/FakeHotKeyCenter.h"
 #include "tests/fakes/FakeKeyMonitor.h"
 #include "tests/fakes/FakeKeystrokePoster.h"
+#include "tests/fakes/FakeLinkDetector.h"
 #include "tests/fakes/FakeLoginItem.h"
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/fakes/FakePopoverHost.h"
@@ -20,6 +22,7 @@
 #include "tests/fakes/FakeSystemSound.h"
 #include "tests/fakes/FakeUserDefaults.h"
 #include "tests/fakes/FakeWorkspace.h"
+#include "update/UpdateManager.h"
 
 #include <QTemporaryDir>
 
@@ -32,6 +35,7 @@ class AppDelegateTest : public testing::Test {
 protected:
     AppDelegateTest() {
         UserDefaults::setStandard(&defaults);
+        UpdateManager::setShared(UpdateManager::create(scheduler, defaults, bundle, workspace));
         delegate = std::make_shared<AppDelegate>(
             Desktop{.application = application,
                     .pasteboard = pasteboard,
@@ -46,6 +50,8 @@ protected:
                     .symbols = symbols,
                     .sounds = sounds,
                     .loginItem = loginItem,
+                    .links = links,
+                    .bundle = bundle,
                     .userDefaults = defaults,
                     .scheduler = scheduler},
             folder.filePath(QStringLiteral("history.json")).toStdString(),
@@ -53,7 +59,10 @@ protected:
                         .checkAndPromptMove = [this] { journal.note("check and prompt move"); }});
     }
 
-    ~AppDelegateTest() override { UserDefaults::setStandard(nullptr); }
+    ~AppDelegateTest() override {
+        UpdateManager::setShared(nullptr);
+        UserDefaults::setStandard(nullptr);
+    }
 
     void launch() {
         delegate->applicationDidFinishLaunching();
@@ -98,6 +107,8 @@ protected:
     FakeSymbols symbols;
     FakeSystemSound sounds{journal};
     FakeLoginItem loginItem;
+    FakeLinkDetector links;
+    FakeAppBundle bundle;
     FakeUserDefaults defaults{journal};
     FakeScheduler scheduler;
     std::shared_ptr<AppDelegate> delegate;

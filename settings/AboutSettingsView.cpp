@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "settings/AboutSettingsView.h"
+
+#include "platform/AppBundle.h"
+#include "settings/SettingsLook.h"
+#include "ui/SymbolView.h"
+#include "ui/TextLabel.h"
+#include "ui/Typography.h"
+
+#include <QVBoxLayout>
+
+namespace zamber {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int SPACING = 20;
+constexpr int NAME_SPACING = 4;
+constexpr int BOTTOM = 20;
+constexpr int SYMBOL_POINTS = 56;
+constexpr int NAME_POINTS = 24;
+constexpr int TEXT_POINTS = 13;
+constexpr int CREDIT_POINTS = 12;
+constexpr int LICENCE_POINTS = 11;
+
+TextLabel* line(const SettingsLook& look, const QString& text, const QFont& font, QColor Palette::* level) {
+    auto* label = new TextLabel(text, font);
+    label->setAlignment(Qt::AlignHCenter);
+    look.apply(label, [label, level](const Palette& palette) { label->setColor(palette.*level); });
+    return label;
+}
+
+} // namespace
+
+AboutSettingsView::AboutSettingsView(const SettingsLook& look, const AppBundle& bundle) {
+    auto* symbol = new SymbolView(look.symbols(), u"clipboard.fill"_s, SYMBOL_POINTS, QFont::Normal);
+    look.apply(symbol, [symbol](const Palette& palette) { symbol->setColor(palette.accent); });
+
+    auto* name = new QVBoxLayout;
+    name->setSpacing(NAME_SPACING);
+    name->addWidget(line(look, u"Zamber"_s, textFont(NAME_POINTS, QFont::Bold), &Palette::primary));
+    name->addWidget(line(look, u"Version %1"_s.arg(bundle.version().value_or(u"1.0.0"_s)), textFont(TEXT_POINTS),
+                         &Palette::secondary));
+
+    auto* credit = new QVBoxLayout;
+    credit->setSpacing(NAME_SPACING);
+    credit->addWidget(
+        line(look, u"Made with care by the Zamber project"_s, textFont(CREDIT_POINTS), &Palette::tertiary));
+    credit->addWidget(
+        line(look, u"Free software under the MIT licence"_s, textFont(LICENCE_POINTS), &Palette::quaternary));
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, BOTTOM);
+    column->setSpacing(SPACING);
+    column->addStretch();
+    column->addWidget(symbol, 0, Qt::AlignHCenter);
+    column->addLayout(name);
+    column->addWidget(
+        line(look, u"A minimal clipboard manager for macOS"_s, textFont(TEXT_POINTS), &Palette::tertiary));
+    column->addStretch();
+    column->addLayout(credit);
+}
+
+} // namespace zamber

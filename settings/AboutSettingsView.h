@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+namespace zamber {
+
+class AppBundle;
+class SettingsLook;
+
+/// What this program is, and who made it: one column in the middle of the page.
+class AboutSettingsView final : public QWidget {
+    Q_OBJECT
+
+public:
+    AboutSettingsView(const SettingsLook& look, const AppBundle& bundle);
+};
+
+} // namespace zamber

@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "settings/GeneralSettingsView.h"
+
+#include "platform/AccessibilityTrust.h"
+#include "platform/Log.h"
+#include "platform/LoginItem.h"
+#include "platform/Workspace.h"
+#include "settings/PreferenceBinding.h"
+#include "settings/SettingsControls.h"
+#include "settings/SettingsLook.h"
+#include "settings/SettingsUI.h"
+#include "settings/UpdateStatus.h"
+#include "ui/BorderedButton.h"
+#include "ui/Switch.h"
+#include "ui/SymbolView.h"
+#include "ui/TextLabel.h"
+#include "ui/Typography.h"
+#include "update/UpdateManager.h"
+
+#include <QHBoxLayout>
+
+namespace zamber {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int THEME_WIDTH = 200;
+constexpr int POPOVER_SIZE_WIDTH = 220;
+constexpr int VALUE_POINTS = 13;
+constexpr int GRANTED_SPACING = 4;
+} // namespace
+
+GeneralSettingsView::GeneralSettingsView(const SettingsLook& look, const SettingsServices& services)
+    : SettingsPage(look)
+    , m_services(services) {
+    add(settingsHeader(look, u"General"_s, u"gearshape.fill"_s));
+    add(startupSection());
+    add(appearanceSection());
+    add(feedbackSection());
+    add(updatesSection());
+    add(permissionsSection());
+}
+
+QWidget* GeneralSettingsView::startupSection() {
+    return settingsSection(look(), u"Startup"_s, [this](QBoxLayout& card) {
+        Switch* const launchAtLogin = settingsSwitch(look(), u"Launch at login"_s);
+        launchAtLogin->setChecked(m_services.loginItem.status() == LoginItemStatus::Enabled);
+        connect(launchAtLogin, &Switch::toggled, this, &GeneralSettingsView::changeLaunchAtLogin);
+        card.addWidget(settingsRow([&](QBoxLayout& line) { line.addWidget(launchAtLogin); }));
+    });
+}
+
+void GeneralSettingsView::changeLaunchAtLogin(bool isOn) {
+    LoginItem& item = m_services.loginItem;
+    // The switch stays where the user has put it, whatever comes of it.
+    if (const auto done = isOn ? item.registerItem() : item.unregisterItem(); !done) {
+        logLine("❌ Launch at login: " + done.error().toStdString());
+    }
+}
+
+QWidget* GeneralSettingsView::appearanceSection() {
+    return settingsSection(look(), u"Appearance"_s, [this](QBoxLayout& card) {
+        const auto theme =
+            settingsPickerRow(look(), u"Theme"_s, THEME_WIDTH,
+                              {{u"Auto"_s, u"auto"_s}, {u"Light"_s, u"light"_s}, {u"Dark"_s, u"dark"_s}});
+        bind(*theme.picker, m_services.defaults, keys::appTheme);
+        card.addWidget(theme.row);
+        card.addWidget(settingsDivider(look()));
+        const auto size =
+            settingsPickerRow(look(), u"Popover size"_s, POPOVER_SIZE_WIDTH,
+                              {{u"Compact"_s, u"compact"_s}, {u"Normal"_s, u"normal"_s}, {u"Large"_s, u"large"_s}});
+        bind(*size.picker, m_services.defaults, keys::popoverSize);
+        card.addWidget(size.row);
+    });
+}
+
+QWidget* GeneralSettingsView::feedbackSection() {
+    return settingsSection(look(), u"Feedback"_s, [this](QBoxLayout& card) {
+        card.addWidget(
+            settingsSwitchRow(look(), m_services.defaults, keys::playSoundOnPaste, u"Play sound on paste"_s));
+    });
+}
+
+QWidget* GeneralSettingsView::updatesSection() {
+    return settingsSection(look(), u"Updates"_s, [this](QBoxLayout& card) {
+        card.addWidget(settingsRow([this](QBoxLayout& line) {
+            const UpdateManager& updates = m_services.updates;
+            auto* version = new TextLabel(u"v%1 (%2)"_s.arg(updates.currentVersion()).arg(updates.currentBuild()),
+                                          textFont(VALUE_POINTS));
+            look().apply(version, [version](const Palette& palette) { version->setColor(palette.secondary); });
+            line.addWidget(settingsLabel(look(), u"Current version"_s));
+            line.addStretch();
+            line.addWidget(version);
+        }));
+        card.addWidget(settingsDivider(look()));
+        card.addWidget(settingsRow([this](QBoxLayout& line) {
+            line.addWidget(settingsLabel(look(), u"Updates"_s));
+            line.addStretch();
+            line.addWidget(new UpdateStatus(look(), m_services.updates));
+        }));
+    });
+}
+
+QWidget* GeneralSettingsView::permissionsSection() {
+    return settingsSection(look(), u"Permissions"_s, [this](QBoxLayout& card) {
+        card.addWidget(settingsRow([this](QBoxLayout& line) {
+            line.addWidget(settingsLabel(look(), u"Accessibility"_s));
+            line.addStretch();
+            line.addWidget(m_services.trust.isTrusted() ? grantedLabel() : grantButton());
+        }));
+    });
+}
+
+QWidget* GeneralSettingsView::grantedLabel() const {
+    auto* granted = new QWidget;
+    auto* line = new QHBoxLayout(granted);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(GRANTED_SPACING);
+    auto* symbol = new SymbolView(look().symbols(), u"checkmark.circle.fill"_s, VALUE_POINTS, QFont::Medium);
+    auto* text = new TextLabel(u"Granted"_s, textFont(VALUE_POINTS, QFont::Medium));
+    line->addWidget(symbol);
+    line->addWidget(text);
+    look().apply(granted, [symbol, text](const Palette& palette) {
+        symbol->setColor(palette.green);
+        text->setColor(palette.green);
+    });
+    return granted;
+}
+
+QWidget* GeneralSettingsView::grantButton() {
+    auto* button = new BorderedButton(u"Grant Access"_s,
+                                      {.prominence = ButtonLook::Prominence::Prominent, .size = ControlSize::Small});
+    look().apply(button, [button](const Palette& palette) { button->setColors(palette); });
+    connect(button, &BorderedButton::clicked, this, [this] {
+        if (const auto address = m_services.trust.settingsAddress()) {
+            m_services.workspace.open(*address);
+        }
+    });
+    return button;
+}
+
+} // namespace zamber

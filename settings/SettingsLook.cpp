@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "settings/SettingsLook.h"
+
+#include "platform/Appearance.h"
+
+namespace zamber {
+
+SettingsLook::SettingsLook(const Symbols& symbols, const Appearance& appearance)
+    : m_symbols(symbols)
+    , m_appearance(appearance) {
+    update();
+}
+
+Motion SettingsLook::motion() const {
+    return m_appearance.reducedMotion() ? Motion::Reduced : Motion::Full;
+}
+
+void SettingsLook::apply(QObject* context, const std::function<void(const Palette&)>& color) const {
+    color(m_palette);
+    connect(this, &SettingsLook::changed, context, [this, color] { color(m_palette); });
+}
+
+void SettingsLook::update() {
+    const QColor accent = m_appearance.accentColor();
+    m_palette = m_appearance.isDark() ? Palette::dark(accent) : Palette::light(accent);
+    Q_EMIT changed();
+}
+
+} // namespace zamber

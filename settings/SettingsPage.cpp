@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "settings/SettingsPage.h"
+
+#include "settings/SettingsLook.h"
+#include "ui/OverlayScrollBar.h"
+
+#include <QEvent>
+#include <QVBoxLayout>
+
+namespace zamber {
+
+namespace {
+constexpr int PADDING = 20;
+constexpr int FOCUS_MARGIN = 24; // so that a row is seen whole, not its control alone
+} // namespace
+
+SettingsPage::SettingsPage(const SettingsLook& look)
+    : m_look(look) {
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWidgetResizable(true);
+    setFocusPolicy(Qt::NoFocus);
+    auto* content = new QWidget;
+    m_column = new QVBoxLayout(content);
+    m_column->setContentsMargins(PADDING, PADDING, PADDING, PADDING);
+    m_column->setSpacing(0);
+    m_column->setAlignment(Qt::AlignTop);
+    setWidget(content);
+    viewport()->setAutoFillBackground(false);
+    content->setAutoFillBackground(false); // which setWidget has switched on
+    auto* scrollBar = new OverlayScrollBar(this);
+    look.apply(scrollBar, [scrollBar](const Palette& palette) { scrollBar->setColors(palette); });
+}
+
+void SettingsPage::add(QWidget* part) {
+    m_column->addWidget(part);
+    for (QWidget* const control : part->findChildren<QWidget*>()) {
+        if (control->focusPolicy() != Qt::NoFocus) {
+            control->installEventFilter(this);
+        }
+    }
+}
+
+bool SettingsPage::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        ensureWidgetVisible(qobject_cast<QWidget*>(watched), 0, FOCUS_MARGIN);
+    }
+    return QScrollArea::eventFilter(watched, event);
+}
+
+} // namespace zamber

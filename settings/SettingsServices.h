@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace zamber {
+
+class AccessibilityTrust;
+class AppBundle;
+class LoginItem;
+class UpdateManager;
+class UserDefaults;
+class Workspace;
+
+/// What the pages of the settings window show and change.
+struct SettingsServices {
+    UserDefaults& defaults;
+    LoginItem& loginItem;
+    const AccessibilityTrust& trust;
+    Workspace& workspace;
+    const AppBundle& bundle;
+    UpdateManager& updates;
+    QString commandKeyHint; ///< which key ⌘ is, for people; empty where the keyboard says so itself
+};
+
+} // namespace zamber

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "settings/SettingsTab.h"
+
+#include <QListWidget>
+
+namespace zamber {
+
+class SettingsLook;
+
+/// The pages' names in three groups, of which the first has no title. The titles stand above the first item of their
+/// group and are no items themselves.
+class SettingsSidebar final : public QListWidget {
+    Q_OBJECT
+
+public:
+    explicit SettingsSidebar(const SettingsLook& look);
+
+    SettingsTab selectedTab() const;
+
+    QSize sizeHint() const override;
+
+signals:
+    void tabSelected(SettingsTab tab);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+private:
+    class Delegate;
+    bool isOnTitle(const QPoint& position) const;
+
+    const SettingsLook& m_look;
+};
+
+} // namespace zamber

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Palette.h"
+
+#include <QString>
+
+#include <array>
+#include <optional>
+
+namespace zamber {
+
+/// The pages of the settings window.
+enum class SettingsTab { General, Clipboard, Shortcuts, About };
+
+/// In the order of the sidebar.
+inline constexpr std::array ALL_SETTINGS_TABS{SettingsTab::General, SettingsTab::Clipboard, SettingsTab::Shortcuts,
+                                              SettingsTab::About};
+
+/// What the sidebar calls the page.
+QString rawValue(SettingsTab tab);
+
+/// The page of exactly that name, if there is one.
+std::optional<SettingsTab> settingsTab(const QString& rawValue);
+
+/// The name of the page's symbol.
+QString icon(SettingsTab tab);
+
+/// The colour of its symbol in the sidebar.
+QColor iconColor(SettingsTab tab, const Palette& palette);
+
+} // namespace zamber

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QBoxLayout;
+class QLabel;
+class QVBoxLayout;
+class QWidget;
+
+namespace zamber {
+
+class SettingsLook;
+class TextLabel;
+
+/// Adds the content of a card or a row to its layout.
+using SettingsContent = std::function<void(QBoxLayout&)>;
+
+/// What every page is built from, so that all pages look alike. Measures are points.
+struct SettingsUI {
+    /// A page's title beside its symbol.
+    static QWidget* header(const SettingsLook& look, const QString& title, const QString& icon);
+
+    /// A titled card; without a title the card starts at the top.
+    static QWidget* section(const SettingsLook& look, const QString& title, const SettingsContent& content);
+
+    /// One line of a card. What the content adds stands side by side.
+    static QWidget* row(const SettingsContent& content);
+
+    /// A key of the keyboard; wide texts make it wider.
+    static QWidget* keyCap(const SettingsLook& look, const QString& key);
+};
+
+// The pages call these.
+QWidget* settingsHeader(const SettingsLook& look, const QString& title, const QString& icon);
+QWidget* settingsSection(const SettingsLook& look, const QString& title, const SettingsContent& content);
+QWidget* settingsRow(const SettingsContent& content);
+QWidget* keyCapView(const SettingsLook& look, const QString& key);
+
+/// The line between two rows of a card, which stops short of the card's edges.
+QWidget* settingsDivider(const SettingsLook& look);
+
+/// A row's label, in the body font.
+TextLabel* settingsLabel(const SettingsLook& look, const QString& text);
+
+/// The explanation under a switch.
+TextLabel* settingsCaption(const SettingsLook& look, const QString& text);
+
+} // namespace zamber

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "settings/SettingsLook.h"
+#include "settings/SettingsServices.h"
+
+#include <QtGui/qwindowdefs.h>
+
+#include <functional>
+#include <memory>
+
+namespace zamber {
+
+class SettingsView;
+
+/// The one settings window of the program, in the middle of the screen. What is in it lasts until it is closed.
+class SettingsWindow final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Asks the desktop to bring a window to the front, which it may refuse to a program that just shows one.
+    using BringToFront = std::function<void(WId)>;
+
+    /// All of them outlive the window.
+    SettingsWindow(const Symbols& symbols, Appearance& appearance, const SettingsServices& services,
+                   BringToFront bringToFront);
+    ~SettingsWindow() override;
+
+    /// Shows the window on the desktop that the user is on, in front and with the keyboard, wherever it was.
+    void show();
+
+    /// Nothing while the window is closed.
+    SettingsView* view() const { return m_view.get(); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    SettingsLook m_look;
+    SettingsServices m_services;
+    BringToFront m_bringToFront;
+    std::unique_ptr<SettingsView> m_view;
+};
+
+} // namespace zamber

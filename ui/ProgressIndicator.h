@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Palette.h"
+
+#include <QTimer>
+#include <QWidget>
+
+namespace zamber {
+
+/// Says that something is under way and not for how long: small, and turning while it is shown.
+class ProgressIndicator final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ProgressIndicator(const QString& name, QWidget* parent = nullptr);
+
+    void setColors(const Palette& palette);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    Palette m_palette;
+    QTimer m_turning;
+    int m_step = 0;
+};
+
+} // namespace zamber

@@ -65,6 +65,7 @@ public:
 
 private:
     void createStatusItem();
+    void updateMenuAppearance();
     void createPopover();
     void observePreferences();
     void handleHotKey(std::uint32_t id);

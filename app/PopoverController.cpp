@@ -21,6 +21,7 @@ void AppDelegate::createPopover() {
     m_desktop.popover.setContent(m_listView.get());
     m_desktop.appearance.setChangedHandler([this] {
         updatePopoverAppearance();
+        updateMenuAppearance();
         m_listView->updateAppearance();
         if (m_permissionWindow) {
             m_permissionWindow->updateAppearance();

@@ -13,6 +13,7 @@
 #include "platform/freedesktop/QtScheduler.h"
 #include "platform/freedesktop/QtStatusItem.h"
 #include "platform/freedesktop/SettingsUserDefaults.h"
+#include "platform/freedesktop/TextFieldPaste.h"
 #include "platform/freedesktop/XdgLoginItem.h"
 #include "platform/x11/ButtonPresses.h"
 #include "platform/x11/Connection.h"
@@ -79,6 +80,7 @@ struct X11Desktop::Adapters {
 
     QtApplication application{[this](WId window) { windows.activate(static_cast<xcb_window_t>(window)); }};
     QtKeyMonitor keyMonitor;
+    TextFieldPaste textFieldPaste{pasteboard};
     PortalAppearance appearance;
     BootstrapSymbols symbols;
     CanberraSound sounds;

@@ -24,6 +24,7 @@ void AppDelegate::createPopover() {
     m_desktop.popover.setContent(m_listView.get());
     m_desktop.appearance.addChangedHandler([this] {
         updatePopoverAppearance();
+        updateMenuAppearance();
         m_listView->updateAppearance();
         if (m_permissionWindow) {
             m_permissionWindow->updateAppearance();

@@ -15,6 +15,7 @@
 #include "platform/freedesktop/QtStatusItem.h"
 #include "platform/freedesktop/ScannerLinkDetector.h"
 #include "platform/freedesktop/SettingsUserDefaults.h"
+#include "platform/freedesktop/TextFieldPaste.h"
 #include "platform/freedesktop/XdgLoginItem.h"
 #include "platform/x11/ButtonPresses.h"
 #include "platform/x11/Connection.h"
@@ -81,6 +82,7 @@ struct X11Desktop::Adapters {
 
     QtApplication application{[this](WId window) { windows.activate(static_cast<xcb_window_t>(window)); }};
     QtKeyMonitor keyMonitor;
+    TextFieldPaste textFieldPaste{pasteboard};
     PortalAppearance appearance;
     BootstrapSymbols symbols;
     CanberraSound sounds;

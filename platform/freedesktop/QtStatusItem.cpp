@@ -16,6 +16,7 @@
 #include <QPainter>
 #include <QScreen>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -37,13 +38,16 @@ QPixmap trayPixmap(const Symbols& symbols, const QString& name, int size) {
         return symbols.pixmap(name, {.pointSize = size * 0.8, .weight = QFont::Medium, .color = color});
     };
     const QPixmap light = glyph(QColor(0xf4, 0xf4, 0xf6));
-    const QPixmap dark = glyph(QColor(0, 0, 0, 70));
+    const QPixmap dark = glyph(QColor(0x1c, 0x1e, 0x22, 150));
     QPixmap icon(size, size);
     icon.fill(Qt::transparent);
     QPainter painter(&icon);
     const QPoint corner((size - light.width()) / 2, (size - light.height()) / 2);
-    for (const QPoint offset : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)}) {
-        painter.drawPixmap(corner + offset, dark);
+    const int rim = std::max(1, size / 24);
+    for (const int x : {-rim, 0, rim}) {
+        for (const int y : {-rim, 0, rim}) {
+            painter.drawPixmap(corner + QPoint(x, y), dark);
+        }
     }
     painter.drawPixmap(corner, light);
     return icon;

@@ -3,7 +3,7 @@
 """The way back: which keys are pressed, when, and in which window."""
 
 from case import NO_PREVIOUS_LINE, PASTED_LINE, PASTING_LINE, DesktopTestCase
-from harness import CONTROL, KEY_CODES, SHIFT, Editor, Terminal, holds_for, wait_until
+from harness import CONTROL, KEY_CODES, SHIFT, Browser, Editor, LineEdit, Mousepad, Terminal, holds_for, wait_until
 
 # How long held modifiers are waited for before they are lifted, and the delay before that.
 BOUND_MILLISECONDS = 2000
@@ -247,4 +247,58 @@ class QuickPasteOffTest(DesktopTestCase):
         self.keyboard.chord("Super_L", "Shift_L", "2")
         holds_for(lambda: not self.keys.presses(KEY_CODES["v"]), 0.6, "no keystroke is sent")
         self.assertEqual(self.clipboard.owner(), before)
+        self.assertEqual(self.editor.text(), "")
+
+
+class PasteTargetsTest(DesktopTestCase):
+    """What people paste into. The terminals are in PasteTest."""
+
+    history = ("größe 漢字 👍", "second")
+    preferences = {"quickPasteEnabled": True}
+
+    def paste_twice_and_quick_paste(self, target):
+        self.paste_entry(0)
+        target.wait_for_text("größe 漢字 👍")
+        self.paste_entry(1)
+        target.wait_for_text("größe 漢字 👍second")
+        self.keyboard.chord("Super_L", "Shift_L", "2")
+        self.expected_lines.append(PASTED_LINE)
+        target.wait_for_text("größe 漢字 👍secondsecond")
+        self.assertEqual(self.editor.keys(), [])
+
+    def test_a_text_field_of_a_web_page(self):
+        self.paste_twice_and_quick_paste(Browser(self.desktop))
+
+    def test_a_line_in_a_qt_program(self):
+        self.paste_twice_and_quick_paste(LineEdit(self.desktop))
+
+    def test_a_real_editor(self):
+        editor = Mousepad(self.desktop)
+        self.paste_entry(0)
+        self.wait_for_expected_lines()
+        editor.wait_for_saved_text("größe 漢字 👍")
+
+
+class OwnWindowTest(DesktopTestCase):
+    """The popover itself was in front when it was called up."""
+
+    history = ("first", "second")
+    preferences = {"quickPasteEnabled": True}
+
+    def test_shown_again_it_remembers_this_program(self):
+        self.zamber.open_popover()
+        self.zamber.press_hot_key()
+        self.zamber.wait_for_popover()
+        self.choose(1)
+        self.expected_lines += ["🔵 Pasting into: Zamber", PASTED_LINE]
+        self.zamber.wait_until_closed()
+        self.wait_for_expected_lines()
+        self.assertEqual(self.clipboard.text(), "second")
+
+    def test_a_quick_paste_in_the_open_popover_goes_into_its_search_field(self):
+        self.zamber.open_popover()
+        self.keyboard.chord("Super_L", "Shift_L", "2")
+        self.expected_lines.append(PASTED_LINE)
+        wait_until(lambda: "second" in [node.text for node in self.zamber.tree().all(role="text")],
+                   what="the entry in the search field")
         self.assertEqual(self.editor.text(), "")

@@ -20,6 +20,7 @@
 #include "platform/x11/ButtonPresses.h"
 #include "platform/x11/Connection.h"
 #include "platform/x11/Keyboard.h"
+#include "platform/x11/Panels.h"
 #include "platform/x11/Windows.h"
 #include "platform/x11/X11AccessibilityTrust.h"
 #include "platform/x11/X11HotKeyCenter.h"
@@ -74,6 +75,7 @@ struct X11Desktop::Adapters {
     x11::X11Pasteboard pasteboard{*clipboardConnection};
     x11::Keyboard keyboard{*inputConnection};
     x11::Windows windows{*inputConnection};
+    x11::Panels panels{*inputConnection};
     x11::ButtonPresses presses{*inputConnection};
     x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard};
     x11::X11Workspace workspace{*inputConnection, windows, applicationNameOfClass};
@@ -95,7 +97,8 @@ struct X11Desktop::Adapters {
                             [this](QPoint pointer) { return !popover.isShown() && closingPress.claim(pointer); }};
     PopoverWindow popover{appearance,
                           {.isComposited = [this] { return windows.isComposited(); },
-                           .activateWindow = [this](WId id) { presentPopover(static_cast<xcb_window_t>(id)); }}};
+                           .activateWindow = [this](WId id) { presentPopover(static_cast<xcb_window_t>(id)); },
+                           .workArea = [this](const QRect& monitor) { return panels.workArea(monitor); }}};
 };
 
 std::expected<std::unique_ptr<X11Desktop>, std::string> X11Desktop::create() {

@@ -106,9 +106,9 @@ bool ClipboardRowView::showsHost() const {
     return m_detectedUrl && m_preferences.previewURLs;
 }
 
-QStringList ClipboardRowView::previewLines(int width) const {
+QList<QStaticText> ClipboardRowView::previewLines(int width) const {
     const int mostLines = m_detectedUrl || m_item.content.lineCount() < 2 ? 2 : 3;
-    return elidedLines(m_item.content.preview(), previewFont(), width, mostLines);
+    return preparedLines(m_item.content.preview(), previewFont(), width, mostLines);
 }
 
 int ClipboardRowView::contentWidth(int rowWidth) const {

@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QPoint>
 #include <QRect>
+#include <QStaticText>
 #include <QStringList>
 #include <QUrl>
 
@@ -108,7 +109,7 @@ private:
     bool hasLinkPreview() const;
     int countsHeight() const;
     int actionsWidth() const;
-    QStringList previewLines(int width) const;
+    QList<QStaticText> previewLines(int width) const;
     int contentHeight(int width) const;
     QRect contentArea(const QRect& row) const;
 

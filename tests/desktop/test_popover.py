@@ -8,6 +8,8 @@ from harness import Editor, holds_for, wait_until
 # Longer than two clicks of a double click are apart.
 DOUBLE_CLICK_SECONDS = 0.6
 HISTORY = ("apple tart", "banana bread", "cherry cake")
+# Key codes; the dead key is where the German layout has it.
+KEYPAD_ENTER, DEAD_ACUTE, LETTER_E = 104, 21, 26
 
 
 class PopoverTest(DesktopTestCase):
@@ -266,3 +268,136 @@ class TwoEditorsTest(DesktopTestCase):
         other = Editor(self.desktop, "Other", geometry="300x200+100+500")
         self.zamber.wait_until_closed()
         self.desktop.wait_until_active(other.window)
+
+
+class SeveralMonitorsTest(DesktopTestCase):
+    """Two monitors side by side, a panel along the top of both and the icon on the right one."""
+
+    history = HISTORY
+
+    def prepare(self):
+        for command in (["--setmonitor", "Left", "500/132x800/212+0+0", "screen"],
+                        ["--setmonitor", "Right", "780/206x800/212+500+0", "none"]):
+            self.desktop.run(["xrandr", *command])
+
+    def test_it_hangs_below_the_panel_on_the_monitor_of_the_icon(self):
+        icon = self.click_tray_icon()
+        popover = self.zamber.wait_for_popover()
+        self.assertGreaterEqual(popover.y, 28, "the panel is 28 pixels high")
+        self.assertLess(popover.y, icon.y + 60)
+        monitor = (500, 1280) if icon.x >= 500 else (0, 500)
+        self.assertGreaterEqual(popover.x, monitor[0])
+        self.assertLessEqual(popover.x + popover.width, monitor[1])
+
+    def test_the_hot_key_opens_it_whole_on_one_monitor_and_clear_of_the_panel(self):
+        for x in (100, 1200):
+            self.desktop.mouse.click(x, 700)
+            popover = self.zamber.open_popover()
+            self.assertTrue(popover.x + popover.width <= 500 or popover.x >= 500, f"{popover} lies across both")
+            self.assertGreaterEqual(popover.y, 28)
+            self.assertLessEqual(popover.y + popover.height, 800)
+            self.keyboard.tap("Escape")
+            self.zamber.wait_until_closed()
+
+
+class KeysTest(DesktopTestCase):
+    """The four keys are the popover's whatever has the focus; all others are the search field's."""
+
+    history = HISTORY
+
+    def selected(self):
+        return [node.name for node in self.zamber.tree().all(role="list item", states=["selected"])]
+
+    def wait_for_selected(self, name):
+        wait_until(lambda: self.selected() == [name], 5.0, lambda: f"{name!r} selected; it is {self.selected()}")
+
+    def search_text(self):
+        (field,) = self.zamber.tree().all(role="text")
+        return field.text
+
+    def wait_for_search_text(self, text):
+        wait_until(lambda: self.search_text() == text, 5.0, lambda: f"{text!r}; it holds {self.search_text()!r}")
+
+    def test_the_keypads_enter_is_not_return(self):
+        self.zamber.open_popover()
+        self.keyboard.tap(KEYPAD_ENTER)
+        holds_for(lambda: self.zamber.popover() is not None, 0.4, "the popover is open")
+        self.assertEqual(self.editor.text(), "")
+
+    def test_modifiers_do_not_matter(self):
+        self.zamber.open_popover()
+        self.keyboard.chord("Shift_L", "Down")
+        self.wait_for_selected("banana bread")
+        self.keyboard.chord("Control_L", "Down")
+        self.wait_for_selected("cherry cake")
+        self.keyboard.chord("Control_L", "Up")
+        self.wait_for_selected("banana bread")
+        self.keyboard.chord("Shift_L", "Return")
+        self.expect_paste()
+        self.editor.wait_for_text("banana bread")
+
+    def test_typing_and_return_in_one_breath_paste_the_match(self):
+        self.zamber.open_popover()
+        for _ in range(3):
+            self.keyboard.type_text("cherry")
+            self.keyboard.tap("BackSpace", "BackSpace")
+        self.keyboard.chord("Control_L", "a")
+        self.keyboard.type_text("banana")
+        self.keyboard.tap("Return")
+        self.expect_paste()
+        self.editor.wait_for_text("banana bread")
+
+    def test_all_other_keys_edit_the_search_text(self):
+        self.zamber.open_popover()
+        self.keyboard.type_text("abc")
+        self.keyboard.tap("Left", "Left", "Delete", "Home")
+        self.keyboard.type_text("x")
+        self.keyboard.tap("End", "BackSpace", "Tab")
+        self.keyboard.type_text("y")
+        self.wait_for_search_text("xay")
+        self.keyboard.chord("Control_L", "a")
+        self.keyboard.type_text("z")
+        self.wait_for_search_text("z")
+
+    def test_the_four_keys_never_reach_the_search_field(self):
+        self.zamber.open_popover()
+        self.keyboard.type_text("nowhere")
+        self.keyboard.tap("Up", "Down", "Return", "Up")
+        self.keyboard.type_text("x")
+        self.wait_for_search_text("nowherex")
+
+    def test_the_four_keys_work_while_the_question_is_open(self):
+        self.zamber.open_popover()
+        (clear,) = self.zamber.tree().all(role="push button", name="Clear", states=["showing"])
+        self.zamber.act(clear, "Press")
+        wait_until(lambda: self.zamber.tree().all(role="push button", name="Clear All"), 5.0, "the question")
+        self.keyboard.tap("Down")
+        self.wait_for_selected("banana bread")
+        self.keyboard.tap("Return")
+        self.expect_paste()
+        self.editor.wait_for_text("banana bread")
+        self.zamber.open_popover()
+        self.assertEqual(len(self.names()), 3, "nothing was cleared")
+        self.assertEqual(self.zamber.tree().all(role="push button", name="Clear All", states=["showing"]), [])
+        self.keyboard.tap("Escape")
+        self.zamber.wait_until_closed()
+
+    def names(self):
+        return [node.name for node in self.zamber.tree().all(role="list item")]
+
+
+class DeadKeysTest(DesktopTestCase):
+    layout = "de"
+    history = ("plain", "café au lait")
+
+    def test_a_dead_key_and_its_letter_search_for_the_accented_letter(self):
+        self.zamber.open_popover()
+        self.keyboard.type_text("caf")
+        # Qt delivers what a dead key has made at once, and overtakes the letters that still wait.
+        wait_until(lambda: [node.text for node in self.zamber.tree().all(role="text")] == ["caf"], 5.0, "the letters")
+        self.keyboard.tap(DEAD_ACUTE, LETTER_E)
+        wait_until(lambda: [node.name for node in self.zamber.tree().all(role="list item")] == ["café au lait"], 5.0,
+                   lambda: self.zamber.tree().outline())
+        self.choose()
+        self.expect_paste()
+        self.editor.wait_for_text("café au lait")

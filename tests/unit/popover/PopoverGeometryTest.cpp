@@ -162,7 +162,7 @@ TEST_F(PopoverGeometryTest, TheSearchField) {
     stage.copyTexts(2);
     open();
     look();
-    expectFill(QRectF(12, 44, 440 - 24, 32), palette.quinaryFill);
+    expectFill(QRectF(12, 44, 440 - 24, 32), composed(palette.quinaryFill, palette.ultraThinMaterial));
     expect({u"magnifyingglass"_s, 12 + 10, 44 + 9, 14, 14, 12, QFont::Medium, &Palette::tertiary});
     expect({u"Search clipboard…"_s, 12 + 10 + 14 + 8, 44 + 8, ANY, 16, 13, QFont::Normal, &Palette::tertiary});
     EXPECT_EQ(find(u"xmark.circle.fill"_s), nullptr);
@@ -187,7 +187,7 @@ TEST_F(PopoverGeometryTest, TheUpdateBanner) {
     expect({u"xmark"_s, 440 - 14 - 10, 44 + 11, 10, 10, 8, QFont::Bold, &Palette::secondary});
     const double buttonWidth = QFontMetrics(textFont(10, QFont::DemiBold)).horizontalAdvance(u"Update"_s) + 14;
     expectFill(QRectF(440 - 14 - 10 - 8 - buttonWidth, 44 + 8, buttonWidth, 16), palette.accentFill);
-    expectFill(QRectF(12, 44 + 32, 440 - 24, 32), palette.quinaryFill);
+    expectFill(QRectF(12, 44 + 32, 440 - 24, 32), composed(palette.quinaryFill, palette.ultraThinMaterial));
 }
 
 TEST_F(PopoverGeometryTest, TheFooter) {
@@ -271,7 +271,7 @@ TEST_F(PopoverGeometryTest, APlainRow) {
     EXPECT_EQ(rowPlace(0), QRectF(8, 84 + 4, 424, line + 20));
     EXPECT_EQ(rowPlace(1).top(), rowPlace(0).bottom() + 6);
     const double top = rowPlace(1).top();
-    expectFill(rowPlace(1), faded(palette.primary, 0.04));
+    expectFill(rowPlace(1), composed(faded(palette.primary, 0.04), palette.ultraThinMaterial));
     expect({u"doc.text"_s, 8 + 12 + 2, middle(1, 12), 12, 12, 10, QFont::Medium, &Palette::secondary}, top);
     expect({u"plain"_s, 8 + 12 + 16 + 10, top + 10, ANY, ANY, 12, QFont::Normal, &Palette::primary});
     const double ageWidth = textWidth(u"7m"_s, 10, QFont::Medium);
@@ -283,7 +283,7 @@ TEST_F(PopoverGeometryTest, AHighlightedRow) {
     stage.copyTexts(2);
     open();
     look();
-    expectFill(rowPlace(0), faded(palette.accent, 0.1));
+    expectFill(rowPlace(0), composed(faded(palette.accent, 0.1), palette.ultraThinMaterial));
     const double right = 432 - 12 - 28 - 10; // the age's box and the space before it
     const double middleOfRow = rowPlace(0).center().y();
     // A symbol of 12 in the middle of each box of 22.

@@ -249,6 +249,18 @@ class QuickPasteOffTest(DesktopTestCase):
         self.assertEqual(self.clipboard.owner(), before)
         self.assertEqual(self.editor.text(), "")
 
+    def test_switched_on_and_off_it_takes_effect_with_the_next_press(self):
+        self.zamber.write_preferences(quickPasteEnabled=True)
+        self.let_a_poll_pass()
+        self.keyboard.chord("Super_L", "Shift_L", "2")
+        self.expected_lines.append(PASTED_LINE)
+        self.editor.wait_for_text("second")
+        self.zamber.write_preferences(quickPasteEnabled=False)
+        self.let_a_poll_pass()
+        mark = self.keys.mark()
+        self.keyboard.chord("Super_L", "Shift_L", "3")
+        holds_for(lambda: not self.keys.presses(KEY_CODES["v"], mark), 0.6, "no keystroke is sent")
+
 
 class PasteTargetsTest(DesktopTestCase):
     """What people paste into. The terminals are in PasteTest."""

@@ -7,8 +7,11 @@
 #include "platform/freedesktop/BuiltAppBundle.h"
 #include "platform/freedesktop/CanberraSound.h"
 #include "platform/freedesktop/ClosingPress.h"
+#include "platform/freedesktop/CommandDiskImageTool.h"
+#include "platform/freedesktop/LocalBundleFiles.h"
 #include "platform/freedesktop/PopoverWindow.h"
 #include "platform/freedesktop/PortalAppearance.h"
+#include "platform/freedesktop/QtAlert.h"
 #include "platform/freedesktop/QtApplication.h"
 #include "platform/freedesktop/QtKeyMonitor.h"
 #include "platform/freedesktop/QtScheduler.h"
@@ -92,6 +95,9 @@ struct X11Desktop::Adapters {
                            QCoreApplication::applicationFilePath()};
     ScannerLinkDetector links;
     BuiltAppBundle bundle;
+    QtAlert alert;
+    LocalBundleFiles files;
+    CommandDiskImageTool images;
     ClosingPress closingPress;
     QtStatusItem statusItem{symbols,
                             [this](QPoint pointer) { return !popover.isShown() && closingPress.claim(pointer); }};
@@ -144,6 +150,9 @@ Desktop X11Desktop::ports() {
             .loginItem = m_adapters->loginItem,
             .links = m_adapters->links,
             .bundle = m_adapters->bundle,
+            .alert = m_adapters->alert,
+            .files = m_adapters->files,
+            .images = m_adapters->images,
             .userDefaults = m_adapters->userDefaults,
             .scheduler = m_adapters->scheduler};
 }

@@ -4,6 +4,7 @@
 
 #include "app/AppDelegate.h"
 #include "clipboard/HistoryFile.h"
+#include "install/DMGCleanup.h"
 #include "platform/AppBundle.h"
 #include "platform/HotKeyCenter.h"
 #include "platform/UserDefaults.h"
@@ -92,7 +93,17 @@ int main(int argc, char** argv) {
     (*desktop)->setResponder(QStringLiteral("showSettingsWindow:"), [&settings] { settings.show(); });
     const auto delegate = std::make_shared<zamber::AppDelegate>(
         ports, zamber::HistoryFile::defaultPath(),
-        zamber::LaunchSteps{.startPeriodicChecks = [] { zamber::UpdateManager::shared().startPeriodicChecks(); }});
+        zamber::LaunchSteps{.startPeriodicChecks = [] { zamber::UpdateManager::shared().startPeriodicChecks(); },
+                            .checkAndPromptMove =
+                                [ports] {
+                                    zamber::DMGCleanup::checkAndPromptMove({.bundle = ports.bundle,
+                                                                            .alert = ports.alert,
+                                                                            .files = ports.files,
+                                                                            .images = ports.images,
+                                                                            .workspace = ports.workspace,
+                                                                            .application = ports.application,
+                                                                            .scheduler = ports.scheduler});
+                                }});
     delegate->applicationDidFinishLaunching();
     const int status = QApplication::exec();
     zamber::UpdateManager::setShared(nullptr); // before what it refers to

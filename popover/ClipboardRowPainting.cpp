@@ -130,7 +130,7 @@ void ClipboardRowView::paintLink(QPainter& painter, const QRect& area, const Row
         painter.setFont(small);
         painter.setPen(style.palette.secondary);
         drawLine(painter, area.topLeft() + QPoint(0, second),
-                 preparedLines(m_item.content.preview(), small, area.width(), 1).value(0));
+                 preparedLines(preview(), small, area.width(), 1).value(0));
     }
 }
 

@@ -41,6 +41,9 @@ struct Thumbnail {
     QImage image = {};
 };
 
+/// Whether a text's counts are known yet, and whether it is sensitive.
+enum class TextState { Measured, Pending };
+
 /// An expanded row's text and how far down it is scrolled (points).
 struct ExpandedText {
     LazyTextLayout& layout;
@@ -63,7 +66,8 @@ class ClipboardRowView {
 public:
     /// The item must outlive the row.
     ClipboardRowView(const ClipboardItem& item, bool isHovered, const RowPreferences& preferences,
-                     Thumbnail thumbnail = {}, std::optional<QUrl> detectedUrl = {});
+                     Thumbnail thumbnail = {}, std::optional<QUrl> detectedUrl = {},
+                     TextState textState = TextState::Measured);
 
     /// The symbol at the row's start, by its name and colour.
     struct TypeIcon {
@@ -80,6 +84,8 @@ public:
     QStringList counts() const;
     /// The address's host, or all of it where there is no host; only for a row with a link.
     QString linkTitle() const;
+    /// The text for the row; empty while it is not known whether it must be masked.
+    QString preview() const;
     /// The small buttons of a highlighted row, from left to right.
     QList<RowAction> actions() const;
     QString age(double now) const;
@@ -133,6 +139,7 @@ private:
     RowPreferences m_preferences;
     Thumbnail m_thumbnail;
     std::optional<QUrl> m_detectedUrl;
+    TextState m_textState;
 };
 
 } // namespace zamber

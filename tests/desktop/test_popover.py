@@ -401,3 +401,37 @@ class DeadKeysTest(DesktopTestCase):
         self.choose()
         self.expect_paste()
         self.editor.wait_for_text("café au lait")
+
+
+class ScaledTestCase:
+    """On a screen where a point is more than a pixel."""
+
+    history = HISTORY
+    preferences = {"popoverSize": "compact"}
+
+    def prepare(self):
+        self.desktop.environment["QT_SCALE_FACTOR"] = str(self.scale)
+
+    def test_it_is_whole_inside_the_work_area_and_its_rows_are_where_they_are_seen(self):
+        icon = self.click_tray_icon()
+        popover = self.zamber.wait_for_popover()
+        self.assertAlmostEqual(popover.width, 360 * self.scale, delta=2)
+        self.assertAlmostEqual(popover.height, 340 * self.scale, delta=2)
+        self.assertGreaterEqual(popover.y, 28)
+        self.assertLess(popover.y, icon.y + 28 + 20 * self.scale)
+        self.assertGreaterEqual(popover.x, 0)
+        self.assertLessEqual(popover.x + popover.width, 1280)
+        self.assertLessEqual(popover.y + popover.height, 800)
+        # The second row: the header, the search field, the first row and the gaps, in points.
+        second = 44 + 40 + 4 + 35 + 6 + 17
+        self.desktop.mouse.click(popover.x + popover.width // 3, popover.y + round(second * self.scale))
+        self.expect_paste()
+        self.editor.wait_for_text("banana bread")
+
+
+class ScaledOnceAndAHalfTest(ScaledTestCase, DesktopTestCase):
+    scale = 1.5
+
+
+class ScaledTwiceTest(ScaledTestCase, DesktopTestCase):
+    scale = 2

@@ -54,9 +54,9 @@ XdgLoginItem::Surroundings XdgLoginItem::defaultSurroundings() {
     return surroundings;
 }
 
-XdgLoginItem::XdgLoginItem(Surroundings surroundings, QString applicationId, QString executable)
+XdgLoginItem::XdgLoginItem(Surroundings surroundings, const QString& applicationId, QString executable)
     : m_surroundings(std::move(surroundings))
-    , m_fileName(std::move(applicationId) + u".desktop"_s)
+    , m_fileName(applicationId + u".desktop"_s)
     , m_executable(std::move(executable)) {}
 
 QString XdgLoginItem::userFile() const {

@@ -106,6 +106,15 @@ bool Windows::hasFocus(xcb_window_t window) const {
     return false;
 }
 
+bool Windows::isFocusOf(std::int64_t process) const {
+    for (xcb_window_t focus = focusWindow(); focus > XCB_INPUT_FOCUS_POINTER_ROOT; focus = parentOf(focus)) {
+        if (processId(focus) == process) {
+            return true;
+        }
+    }
+    return false;
+}
+
 bool Windows::isMapped(xcb_window_t window) const {
     const Owned<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
         m_connection.raw(), xcb_get_window_attributes(m_connection.raw(), window), nullptr));

@@ -39,6 +39,9 @@ public:
     /// Whether the input focus is at that window or at one inside it.
     bool hasFocus(xcb_window_t window) const;
 
+    /// Whether the input focus is at a window of that process, whatever the window manager says (`_NET_WM_PID`).
+    bool isFocusOf(std::int64_t processId) const;
+
     /// Whether the window is there and not hidden.
     bool isMapped(xcb_window_t window) const;
 

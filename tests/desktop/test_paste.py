@@ -2,6 +2,8 @@
 # SPDX-License-Identifier: MIT
 """The way back: which keys are pressed, when, and in which window."""
 
+import time
+
 from case import NO_PREVIOUS_LINE, PASTED_LINE, PASTING_LINE, DesktopTestCase
 from harness import CONTROL, KEY_CODES, SHIFT, Browser, Editor, LineEdit, Mousepad, Terminal, holds_for, wait_until
 
@@ -158,6 +160,25 @@ class PasteTest(DesktopTestCase):
         self.wait_for_expected_lines()
         self.assert_no_keystroke_into_the_program(mark)
         self.assertEqual([node.text for node in self.zamber.tree().all(role="text") if node.text], [])
+
+    def test_a_popover_that_is_opened_at_the_very_moment_of_a_paste_gets_no_keystroke(self):
+        arrived = ""
+        for step in range(24):
+            self.zamber.open_popover()
+            self.choose()
+            self.expect_paste()
+            self.zamber.wait_until_closed()
+            due = time.perf_counter() + 0.32 + step * 0.003
+            while time.perf_counter() < due:
+                pass  # too short a time for anything else
+            self.zamber.open_popover()
+            self.wait_for_expected_lines()
+            self.assertEqual([node.text for node in self.zamber.tree().all(role="text") if node.text], [], step)
+            self.keyboard.tap("Escape")
+            self.zamber.wait_until_closed()
+            self.desktop.wait_until_active(self.editor.window)
+            self.assertIn(self.editor.text(), (arrived, arrived + "first"))
+            arrived = self.editor.text()
 
     def assert_no_keystroke_into_the_program(self, mark):
         def nothing_came():

@@ -30,7 +30,7 @@ from harness import (  # noqa: E402
 WARM_UP_LAPS = 3
 MAX_ITEMS = 20
 # What a lap may leave behind, over all laps after the warm-up: the allocator's leftovers, not a leak.
-MOST_GROWTH_KIBIBYTES = 6144
+MOST_GROWTH_KIBIBYTES = 2048
 POLL_SECONDS = 0.55
 LONG_TEXT_CHARACTERS = 2_000_000
 
@@ -299,19 +299,23 @@ def judge(laps, soak):
     """What is wrong after all laps, in sentences."""
     complaints = [f"lost: {what} ({count} times)" for what, count in collections.Counter(soak.lost).items()]
     steady = laps[WARM_UP_LAPS:]
-    if len(steady) < 2:
+    if len(steady) < 4:
         return [*complaints, "too few laps to tell: give it more minutes"]
-    first, last = steady[0], steady[-1]
-    growth = last.private - first.private
-    if growth > MOST_GROWTH_KIBIBYTES:
-        complaints.append(f"private memory grew by {growth} KiB")
-    if last.descriptors > first.descriptors:
-        complaints.append(f"file descriptors grew from {first.descriptors} to {last.descriptors}")
-    if last.threads > first.threads:
-        complaints.append(f"threads grew from {first.threads} to {last.threads}")
-    for kind, count in last.resources.items():
-        if count > first.resources[kind]:
-            complaints.append(f"X resources of kind {kind} grew from {first.resources[kind]} to {count}")
+    # Each lap ends at a slightly different moment. What grows is more at its least than it was at its most.
+    first, last = steady[: len(steady) // 2], steady[-(len(steady) // 2):]
+
+    def growth(amount):
+        return min(map(amount, last)) - max(map(amount, first))
+
+    if growth(lambda lap: lap.private) > MOST_GROWTH_KIBIBYTES:
+        complaints.append(f"private memory grew by {growth(lambda lap: lap.private)} KiB")
+    if growth(lambda lap: lap.descriptors) > 0:
+        complaints.append("file descriptors grew")
+    if growth(lambda lap: lap.threads) > 0:
+        complaints.append("threads grew")
+    for kind in sorted({kind for lap in steady for kind in lap.resources}):
+        if growth(lambda lap, kind=kind: lap.resources[kind]) > 0:
+            complaints.append(f"X resources of kind {kind} grew: {[lap.resources[kind] for lap in steady]}")
     return complaints
 
 

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "clipboard/ClipboardItem.h"
+#include "popover/RowStyle.h"
 #include "ui/Palette.h"
 
-#include <QImage>
 #include <QPoint>
 #include <QRect>
 #include <QStaticText>
@@ -17,48 +17,6 @@
 class QPainter;
 
 namespace zamber {
-
-class LazyTextLayout;
-class Symbols;
-
-/// What the user wants rows to show.
-struct RowPreferences {
-    bool showLineCount = true;
-    bool showCharCount = true;
-    bool previewURLs = true;
-    bool hideSensitive = false;
-
-    bool operator==(const RowPreferences&) const = default;
-};
-
-/// What a row's small buttons do.
-enum class RowAction { OpenLink, Pin, Delete };
-
-/// An image entry's picture: still being decoded, decoded, or not to be decoded at all.
-enum class ThumbnailState { Pending, Ready, Undecodable };
-struct Thumbnail {
-    ThumbnailState state = ThumbnailState::Pending;
-    QImage image = {};
-};
-
-/// Whether a text's counts are known yet, and whether it is sensitive.
-enum class TextState { Measured, Pending };
-
-/// An expanded row's text and how far down it is scrolled (points).
-struct ExpandedText {
-    LazyTextLayout& layout;
-    double scrollOffset = 0;
-};
-
-/// What a row is drawn with.
-struct RowStyle {
-    const Palette& palette;
-    const Symbols& symbols;
-    double devicePixelRatio = 1;
-    double now = 0;                       ///< seconds since 1970
-    double highlight = 0;                 ///< how far the highlight has faded in, 0 to 1
-    std::optional<RowAction> pressedOver; ///< the small button under the pointer
-};
 
 /// One entry of the history as the list shows it. A value: everything is computed from what it was made of, and
 /// whatever moves or changes is handed in by the list.

@@ -186,3 +186,11 @@ class SettingsWindowTest(SettingsTestCase):
         self.paste_entry(1)
         self.editor.wait_for_text("second")
         self.assertTrue(self.settings().visible)
+
+    def test_where_it_was_in_front_an_entry_is_pasted_into_it_and_nowhere_else(self):
+        self.open_settings()
+        self.paste_entry(1)
+        wait_until(lambda: "✅ Pasted via CGEvent" in self.zamber.stdout_lines(), 5.0, "the paste")
+        self.assertIn("🔵 Pasting into: Zamber", self.zamber.stdout_lines())
+        self.assertEqual(self.editor.text(), "")
+        self.wait_for_settings()

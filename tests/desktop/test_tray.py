@@ -282,9 +282,8 @@ class EmbeddedIconTest(DesktopTestCase):
         self.open_menu()
         self.keyboard.type_text(",")
         self.wait_until_menu_is_gone()
+        wait_until(lambda: self.desktop.window(title="Zamber Settings", pid=self.zamber.pid), 5.0, "the settings")
         self.assertIsNone(self.zamber.popover())
-        self.paste_entry(0)
-        self.editor.wait_for_text("apple tart")
 
     def test_another_key_does_nothing(self):
         self.open_menu()

@@ -55,8 +55,7 @@ ClipboardItem imageItem(const QByteArray& bytes) {
 class ThumbnailCacheTest : public testing::Test {
 public:
     ThumbnailState stateInTheEnd(const ClipboardItem& item) {
-        EXPECT_TRUE(
-            QTest::qWaitFor([&] { return cache.thumbnail(item, 1).state != ThumbnailState::Pending; }, 10'000));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return cache.thumbnail(item, 1).state != ThumbnailState::Pending; }, 10'000));
         return cache.thumbnail(item, 1).state;
     }
 

@@ -20,7 +20,8 @@ void AppDelegate::createPopover() {
         ClipboardListView::Callbacks{.openSettings = [this] { openSettings(); },
                                      .closePopover = [this] { m_desktop.popover.performClose(); },
                                      .openAddress = [this](const QUrl& address) { m_desktop.workspace.open(address); },
-                                     .linkDetector = &m_desktop.links});
+                                     .linkDetector = &m_desktop.links,
+                                     .commandKeyHint = m_desktop.hotKeys.commandKeyHint()});
     m_desktop.popover.setContent(m_listView.get());
     m_desktop.appearance.addChangedHandler([this] {
         updatePopoverAppearance();

@@ -26,7 +26,7 @@ public:
     /// Forgets all other entries.
     void keepOnly(const QList<ClipboardItem>& items);
 
-    static constexpr qsizetype LARGE_BYTES = 256 * 1024;
+    static constexpr qsizetype LARGE_BYTES = qsizetype{256} * 1024;
 
 signals:
     void measured(const QUuid& item);

@@ -97,7 +97,7 @@ void QtStatusItem::useTray() {
     m_icon->setContextMenu(&m_menu);
     connect(m_icon.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason == QSystemTrayIcon::Trigger) {
-            handleLeftClick();
+            handleClickOrItsSecondHalf();
         }
     });
     m_icon->show();
@@ -112,12 +112,7 @@ void QtStatusItem::exportItem() {
         images << picture.toImage();
     }
     new NotifierItem(&m_busObject,
-                     {.activated =
-                          [this] {
-                              if (!m_hasClosedPopover || !m_hasClosedPopover(QCursor::pos())) {
-                                  handleLeftClick();
-                              }
-                          },
+                     {.activated = [this] { handleClickOrItsSecondHalf(); },
                       .menuRequested = [this] { m_menu.popup(QCursor::pos()); }},
                      MENU_PATH, m_description, images);
     m_busMenu = new NotifierMenu(&m_busObject, [this] { tell(MouseButton::Right); });
@@ -189,6 +184,13 @@ bool QtStatusItem::eventFilter(QObject* watched, QEvent* event) {
 void QtStatusItem::tell(MouseButton button) const {
     if (m_handler) {
         m_handler(button);
+    }
+}
+
+void QtStatusItem::handleClickOrItsSecondHalf() {
+    // The press has closed the popover where the icon's place is not known: in a host's panel, in a tray that is new.
+    if (!m_hasClosedPopover || !m_hasClosedPopover(QCursor::pos())) {
+        handleLeftClick();
     }
 }
 

@@ -52,6 +52,7 @@ private:
     void useTray();
     void exportItem();
     void tell(MouseButton button) const;
+    void handleClickOrItsSecondHalf();
     void handleLeftClick();
 
     const Symbols& m_symbols;

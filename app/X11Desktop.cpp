@@ -127,7 +127,10 @@ void X11Desktop::setResponder(const QString& action, std::function<void()> respo
 }
 
 void X11Desktop::bringToFront(WId window) {
-    m_adapters->windows.activate(static_cast<xcb_window_t>(window));
+    const auto number = static_cast<xcb_window_t>(window);
+    // Asked to the front alone, the user would be taken to the desktop that the window is on.
+    m_adapters->windows.moveToCurrentDesktop(number);
+    m_adapters->windows.activate(number);
 }
 
 void X11Desktop::requestShow() {

@@ -16,6 +16,8 @@ namespace {
 constexpr std::uint32_t SOURCE_APPLICATION = 1;
 constexpr std::uint32_t SOURCE_PAGER = 2;
 
+constexpr std::uint32_t EVERY_DESKTOP = 0xFFFFFFFF;
+
 std::optional<std::uint32_t> firstNumber(const Property& property) {
     if (property.format != 32 || property.bytes.size() < 4) {
         return std::nullopt;
@@ -93,6 +95,17 @@ void Windows::activate(xcb_window_t window) const {
         const std::uint32_t above = XCB_STACK_MODE_ABOVE;
         xcb_configure_window(m_connection.raw(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
         xcb_set_input_focus(m_connection.raw(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+    }
+    m_connection.flush();
+}
+
+void Windows::moveToCurrentDesktop(xcb_window_t window) const {
+    const auto desktopOf = [this](xcb_window_t owner, Atom property) {
+        return firstNumber(m_connection.readProperty(owner, m_connection.atom(property), Connection::Afterwards::Keep));
+    };
+    const std::optional<std::uint32_t> current = desktopOf(m_connection.root(), Atom::NetCurrentDesktop);
+    if (current && desktopOf(window, Atom::NetWmDesktop) != EVERY_DESKTOP) {
+        tellWindowManager(window, m_connection.atom(Atom::NetWmDesktop), {*current, SOURCE_PAGER, 0, 0, 0});
     }
     m_connection.flush();
 }

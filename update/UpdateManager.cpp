@@ -15,6 +15,7 @@
 #include <QJsonObject>
 #include <QNetworkAccessManager>
 #include <QSslSocket>
+#include <QStringConverter>
 #include <QThreadPool>
 
 #include <cassert>
@@ -44,6 +45,15 @@ std::optional<qint64> decimalNumber(const QString& text) {
     qint64 number = 0;
     const auto [rest, error] = std::from_chars(begin, end, number);
     return error == std::errc() && rest == end ? std::optional(number) : std::nullopt;
+}
+
+/// JSON may come in any of Unicode's encodings, which its first bytes tell (RFC 4627, section 3).
+QByteArray asUtf8(const QByteArray& json) {
+    const auto encoding = QStringConverter::encodingForData(json, u'{');
+    if (!encoding || *encoding == QStringConverter::Utf8) {
+        return json;
+    }
+    return QString(QStringDecoder(*encoding)(json)).toUtf8();
 }
 
 } // namespace
@@ -152,7 +162,7 @@ void UpdateManager::handleFailure(const QString& reason) {
 
 void UpdateManager::handleBody(const QByteArray& body) {
     QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(body, &error);
+    const QJsonDocument document = QJsonDocument::fromJson(asUtf8(body), &error);
     if (error.error != QJsonParseError::NoError) {
         logLine("⚠️ Update parse error: " + error.errorString().toStdString() + " at byte " +
                 std::to_string(error.offset));

@@ -19,6 +19,8 @@ constexpr std::chrono::seconds LONGEST_CHECK{60};
 constexpr qint64 LARGEST_BODY_BYTES = 1'000'000;
 constexpr qint64 READ_BUFFER_BYTES = 65'536;
 
+constexpr int MOST_REDIRECTIONS = 16;
+
 const QString TIMED_OUT = u"The request timed out."_s;
 
 constexpr int FIRST_ERROR_STATUS = 400;
@@ -32,6 +34,8 @@ QNetworkRequest requestFor(const QUrl& address) {
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
     request.setRawHeader("Accept-Language", "*");
+    // By hand: the library takes one without a place to go to for a failure, and throws the body away.
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     return request;
 }
 
@@ -48,15 +52,20 @@ bool hasBody(const QNetworkReply& reply) {
 } // namespace
 
 UpdateRequest::UpdateRequest(QNetworkAccessManager& access, Scheduler& scheduler, const QUrl& address, Done done)
-    : m_scheduler(scheduler)
-    , m_done(std::move(done))
-    , m_reply(access.get(requestFor(address))) {
+    : m_access(access)
+    , m_scheduler(scheduler)
+    , m_done(std::move(done)) {
+    send(address);
+    m_totalTimer = scheduler.after(LONGEST_CHECK, [this] { giveUp(TIMED_OUT); });
+}
+
+void UpdateRequest::send(const QUrl& address) {
+    m_reply = m_access.get(requestFor(address));
     m_reply->setReadBufferSize(READ_BUFFER_BYTES);
     connect(m_reply, &QNetworkReply::metaDataChanged, this, &UpdateRequest::restartSilenceTimer);
     connect(m_reply, &QNetworkReply::readyRead, this, &UpdateRequest::takeData);
     connect(m_reply, &QNetworkReply::finished, this, &UpdateRequest::finish);
     restartSilenceTimer();
-    m_totalTimer = scheduler.after(LONGEST_CHECK, [this] { giveUp(TIMED_OUT); });
 }
 
 UpdateRequest::~UpdateRequest() {
@@ -104,7 +113,30 @@ void UpdateRequest::giveUp(const QString& reason) {
     }
 }
 
+bool UpdateRequest::followRedirection() {
+    const QUrl target = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
+    if (m_failure || target.isEmpty() || !target.isValid()) {
+        return false;
+    }
+    const QUrl address = m_reply->url().resolved(target);
+    if (address.scheme() != u"https"_s && address.scheme() != m_reply->url().scheme()) {
+        m_failure = u"The service sends on to an insecure place."_s;
+        return false;
+    }
+    if (++m_redirections > MOST_REDIRECTIONS) {
+        m_failure = u"The service sends on too often."_s;
+        return false;
+    }
+    m_reply->deleteLater();
+    m_body.clear();
+    send(address);
+    return true;
+}
+
 void UpdateRequest::finish() {
+    if (followRedirection()) {
+        return;
+    }
     if (!m_failure && hasBody(*m_reply)) {
         takeData();
     }

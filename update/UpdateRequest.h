@@ -20,6 +20,7 @@ class QUrl;
 namespace zamber {
 
 /// One GET with nothing in it but its address, bounded in time and size: 10 s without a byte, 60 s in all, 1 MB.
+/// It goes where it is sent on to (RFC 9110, section 15.4), but not out of TLS.
 class UpdateRequest final : public QObject {
     Q_OBJECT
 
@@ -33,14 +34,18 @@ public:
     ~UpdateRequest() override;
 
 private:
+    void send(const QUrl& address);
+    bool followRedirection();
     void takeData();
     void restartSilenceTimer();
     void stopTimers();
     void giveUp(const QString& reason);
     void finish();
 
+    QNetworkAccessManager& m_access;
     Scheduler& m_scheduler;
     const Done m_done;
+    int m_redirections = 0;
     QPointer<QNetworkReply> m_reply;
     QByteArray m_body;
     std::optional<QString> m_failure;

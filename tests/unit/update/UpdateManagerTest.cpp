@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "UpdateFixture.h"
 
+#include <QStringConverter>
+
 #include <gmock/gmock.h>
 
 namespace zamber {
@@ -251,6 +253,20 @@ TEST_F(UpdateManagerTest, TheFirstCheckIsAfterFiveSecondsAndThenEveryFourHours) 
     ASSERT_TRUE(waitUntil([this] { return !manager->isChecking(); }));
     scheduler.advance(14400s);
     EXPECT_TRUE(manager->isChecking());
+}
+
+TEST_F(UpdateManagerTest, AReplyMayComeInAnyOfUnicodesEncodings) {
+    using Encoding = QStringConverter::Encoding;
+    for (const auto encoding :
+         {Encoding::Utf8, Encoding::Utf16LE, Encoding::Utf16BE, Encoding::Utf32LE, Encoding::Utf32BE}) {
+        for (const auto mark : {QStringConverter::Flag::Default, QStringConverter::Flag::WriteBom}) {
+            checkWith("{}");
+            ASSERT_FALSE(manager->updateAvailable());
+            QStringEncoder encode(encoding, mark);
+            checkWith(encode(QString::fromUtf8(GOOD_REPLY)));
+            EXPECT_TRUE(manager->updateAvailable()) << QStringConverter::nameForEncoding(encoding);
+        }
+    }
 }
 
 TEST_F(UpdateManagerTest, StoppingEndsTheRepeatedChecks) {

@@ -90,6 +90,18 @@ TEST_F(UpdateTransport, ARedirectIsFollowed) {
     EXPECT_FALSE(service.requests[1].toLower().contains("\nreferer:"));
 }
 
+TEST_F(UpdateTransport, ARedirectToNowhereIsAnAnswerLikeAnyOther) {
+    for (const char* status : {"300 Multiple Choices", "301 Moved Permanently", "302 Found", "303 See Other",
+                               "307 Temporary Redirect", "308 Permanent Redirect"}) {
+        service.answer = HttpsServer::reply("{}");
+        check();
+        ASSERT_FALSE(manager->updateAvailable());
+        service.answer = HttpsServer::reply(GOOD_REPLY, status);
+        check();
+        EXPECT_TRUE(manager->updateAvailable()) << status;
+    }
+}
+
 TEST_F(UpdateTransport, ARedirectThatNeverEndsIsAFailure) {
     service.answer = HttpsServer::reply("{}", "302 Found", "Location: /again\r\n");
     check();

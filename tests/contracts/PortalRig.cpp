@@ -16,8 +16,9 @@ const auto SERVICE = u"org.freedesktop.portal.Desktop"_s;
 const auto PATH = u"/org/freedesktop/portal/desktop"_s;
 constexpr int PATIENCE_MS = 10'000;
 
-QString startBus(QProcess& daemon) {
-    daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+QString startBus(QProcess& daemon, const QString& folder) {
+    daemon.start(u"dbus-daemon"_s,
+                 {u"--session"_s, u"--nofork"_s, u"--print-address"_s, u"--address=unix:dir="_s + folder});
     if (!daemon.waitForStarted() || !daemon.waitForReadyRead(PATIENCE_MS)) {
         throw std::runtime_error("dbus-daemon does not start");
     }
@@ -50,7 +51,7 @@ PortalRig::PortalRig()
     , m_client(u"none"_s) {
     qRegisterMetaType<QDBusVariant>(); // the signal is taken on with the object, before Qt would do it by itself
     qDBusRegisterMetaType<PortalColor>();
-    const QString address = startBus(m_daemon);
+    const QString address = startBus(m_daemon, m_folder.path());
     m_service = QDBusConnection::connectToBus(address, uniqueName("portal"));
     m_client = QDBusConnection::connectToBus(address, uniqueName("client"));
     m_service.registerObject(PATH, this,

@@ -11,6 +11,7 @@
 #include <QHash>
 #include <QObject>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QVariant>
 
 #include <functional>
@@ -58,6 +59,7 @@ private slots:
     void heard() { ++m_heard; }
 
 private:
+    QTemporaryDir m_folder; // of the bus
     QProcess m_daemon;
     QDBusConnection m_service;
     QDBusConnection m_client;

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Workspace.h"
+
+#include <expected>
+#include <functional>
+#include <memory>
+
+namespace zamber {
+
+/// The shared workspace.
+class MacWorkspace final : public Workspace {
+public:
+    MacWorkspace();
+    ~MacWorkspace() override;
+
+    std::optional<RunningApplication> frontmostApplication() override;
+    void activate(const RunningApplication& application) override;
+    void open(const QUrl& address) override;
+    void openNewInstance(const QString& path, std::function<void(const std::optional<QString>& error)> done);
+    std::expected<void, QString> moveToTrash(const QString& path);
+
+private:
+    struct Seen;
+
+    std::unique_ptr<Seen> m_seen;
+};
+
+} // namespace zamber

@@ -65,6 +65,7 @@ public:
 
 private:
     void createStatusItem();
+    void updateMenuAppearance();
     void createPopover();
     void followUpdates();
     void observePreferences();

@@ -3,11 +3,14 @@
 #include "MacDesktop.h"
 
 #include "platform/macos/MacAccessibilityTrust.h"
+#include "platform/macos/MacAlert.h"
 #include "platform/macos/MacAppBundle.h"
 #include "platform/macos/MacAppearance.h"
 #include "platform/macos/MacApplication.h"
 #include "platform/macos/MacApplicationDelegate.h"
 #include "platform/macos/MacApplicationSupport.h"
+#include "platform/macos/MacBundleFiles.h"
+#include "platform/macos/MacDiskImageTool.h"
 #include "platform/macos/MacHotKeyCenter.h"
 #include "platform/macos/MacKeyMonitor.h"
 #include "platform/macos/MacKeystrokePoster.h"
@@ -45,6 +48,9 @@ struct MacDesktop::Adapters {
     MacLoginItem loginItem;
     MacLinkDetector links;
     MacAppBundle bundle;
+    MacAlert alert;
+    MacBundleFiles files;
+    MacDiskImageTool images;
     MacStatusItem statusItem;
     MacPopover popover;
 };
@@ -96,6 +102,9 @@ Desktop MacDesktop::ports() {
             .loginItem = m_adapters->loginItem,
             .links = m_adapters->links,
             .bundle = m_adapters->bundle,
+            .alert = m_adapters->alert,
+            .files = m_adapters->files,
+            .images = m_adapters->images,
             .userDefaults = m_adapters->userDefaults,
             .scheduler = m_adapters->scheduler};
 }

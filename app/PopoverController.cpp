@@ -20,10 +20,12 @@ void AppDelegate::createPopover() {
         ClipboardListView::Callbacks{.openSettings = [this] { openSettings(); },
                                      .closePopover = [this] { m_desktop.popover.performClose(); },
                                      .openAddress = [this](const QUrl& address) { m_desktop.workspace.open(address); },
-                                     .linkDetector = &m_desktop.links});
+                                     .linkDetector = &m_desktop.links,
+                                     .commandKeyHint = m_desktop.hotKeys.commandKeyHint()});
     m_desktop.popover.setContent(m_listView.get());
     m_desktop.appearance.addChangedHandler([this] {
         updatePopoverAppearance();
+        updateMenuAppearance();
         m_listView->updateAppearance();
         if (m_permissionWindow) {
             m_permissionWindow->updateAppearance();

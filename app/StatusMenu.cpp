@@ -1,15 +1,29 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
+#include "platform/Appearance.h"
 #include "platform/Application.h"
 #include "platform/PopoverHost.h"
 #include "platform/StatusItem.h"
+#include "ui/Palette.h"
+
+#include <QApplication>
+#include <QPalette>
 
 namespace zamber {
 
 void AppDelegate::createStatusItem() {
     m_desktop.statusItem.showSymbol(QStringLiteral("doc.on.clipboard"), QStringLiteral("Zamber"));
+    updateMenuAppearance();
     m_desktop.statusItem.setClickedHandler([this](MouseButton button) { togglePopover(button); });
+}
+
+void AppDelegate::updateMenuAppearance() {
+    // Menus that we draw ourselves, the tray's among them, which no view of ours owns.
+    const Appearance& appearance = m_desktop.appearance;
+    const Palette palette =
+        appearance.isDark() ? Palette::dark(appearance.accentColor()) : Palette::light(appearance.accentColor());
+    QApplication::setPalette(palette.forWidgets(), "QMenu");
 }
 
 void AppDelegate::togglePopover(MouseButton button) {

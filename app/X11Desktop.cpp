@@ -8,8 +8,11 @@
 #include "platform/freedesktop/BuiltAppBundle.h"
 #include "platform/freedesktop/CanberraSound.h"
 #include "platform/freedesktop/ClosingPress.h"
+#include "platform/freedesktop/CommandDiskImageTool.h"
+#include "platform/freedesktop/LocalBundleFiles.h"
 #include "platform/freedesktop/PopoverWindow.h"
 #include "platform/freedesktop/PortalAppearance.h"
+#include "platform/freedesktop/QtAlert.h"
 #include "platform/freedesktop/QtApplication.h"
 #include "platform/freedesktop/QtKeyMonitor.h"
 #include "platform/freedesktop/QtScheduler.h"
@@ -17,10 +20,12 @@
 #include "platform/freedesktop/ScannerLinkDetector.h"
 #include "platform/freedesktop/SettingsUserDefaults.h"
 #include "platform/freedesktop/SingleInstance.h"
+#include "platform/freedesktop/TextFieldPaste.h"
 #include "platform/freedesktop/XdgLoginItem.h"
 #include "platform/x11/ButtonPresses.h"
 #include "platform/x11/Connection.h"
 #include "platform/x11/Keyboard.h"
+#include "platform/x11/Panels.h"
 #include "platform/x11/Windows.h"
 #include "platform/x11/X11AccessibilityTrust.h"
 #include "platform/x11/X11HotKeyCenter.h"
@@ -81,6 +86,7 @@ struct X11Desktop::Adapters {
     x11::X11Pasteboard pasteboard{*clipboardConnection};
     x11::Keyboard keyboard{*inputConnection};
     x11::Windows windows{*inputConnection};
+    x11::Panels panels{*inputConnection};
     x11::ButtonPresses presses{*inputConnection};
     x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard};
     x11::X11Workspace workspace{*inputConnection, windows, applicationNameOfClass};
@@ -89,6 +95,7 @@ struct X11Desktop::Adapters {
 
     QtApplication application{[this](WId window) { windows.activate(static_cast<xcb_window_t>(window)); }};
     QtKeyMonitor keyMonitor;
+    TextFieldPaste textFieldPaste{pasteboard};
     PortalAppearance appearance;
     BootstrapSymbols symbols;
     CanberraSound sounds;
@@ -96,12 +103,16 @@ struct X11Desktop::Adapters {
                            QCoreApplication::applicationFilePath()};
     ScannerLinkDetector links;
     BuiltAppBundle bundle;
+    QtAlert alert;
+    LocalBundleFiles files;
+    CommandDiskImageTool images;
     ClosingPress closingPress;
     QtStatusItem statusItem{symbols,
                             [this](QPoint pointer) { return !popover.isShown() && closingPress.claim(pointer); }};
     PopoverWindow popover{appearance,
                           {.isComposited = [this] { return windows.isComposited(); },
-                           .activateWindow = [this](WId id) { presentPopover(static_cast<xcb_window_t>(id)); }}};
+                           .activateWindow = [this](WId id) { presentPopover(static_cast<xcb_window_t>(id)); },
+                           .workArea = [this](const QRect& monitor) { return panels.workArea(monitor); }}};
 };
 
 std::expected<void, std::string> X11Desktop::prepare() {
@@ -113,6 +124,8 @@ std::expected<void, std::string> X11Desktop::prepare() {
     }
     // On Wayland too: the clipboard, the hot keys and the keystroke are spoken over X there.
     qputenv("QT_QPA_PLATFORM", "xcb");
+    // A frame is painted when something has changed, not five milliseconds later.
+    qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
     return {};
 }
 
@@ -150,7 +163,10 @@ void X11Desktop::setResponder(const QString& action, std::function<void()> respo
 }
 
 void X11Desktop::bringToFront(WId window) {
-    m_adapters->windows.activate(static_cast<xcb_window_t>(window));
+    const auto number = static_cast<xcb_window_t>(window);
+    // Asked to the front alone, the user would be taken to the desktop that the window is on.
+    m_adapters->windows.moveToCurrentDesktop(number);
+    m_adapters->windows.activate(number);
 }
 
 Desktop X11Desktop::ports() {
@@ -169,6 +185,9 @@ Desktop X11Desktop::ports() {
             .loginItem = m_adapters->loginItem,
             .links = m_adapters->links,
             .bundle = m_adapters->bundle,
+            .alert = m_adapters->alert,
+            .files = m_adapters->files,
+            .images = m_adapters->images,
             .userDefaults = m_adapters->userDefaults,
             .scheduler = m_adapters->scheduler};
 }

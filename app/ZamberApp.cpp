@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
+#include "install/DMGCleanup.h"
 #include "platform/AppBundle.h"
 #include "platform/HotKeyCenter.h"
 #include "platform/UserDefaults.h"
@@ -77,7 +78,17 @@ int main(int argc, char** argv) {
     }
     const auto delegate = std::make_shared<zamber::AppDelegate>(
         ports, ChosenDesktop::historyFile(),
-        zamber::LaunchSteps{.startPeriodicChecks = [] { zamber::UpdateManager::shared().startPeriodicChecks(); }});
+        zamber::LaunchSteps{.startPeriodicChecks = [] { zamber::UpdateManager::shared().startPeriodicChecks(); },
+                            .checkAndPromptMove =
+                                [ports] {
+                                    zamber::DMGCleanup::checkAndPromptMove({.bundle = ports.bundle,
+                                                                            .alert = ports.alert,
+                                                                            .files = ports.files,
+                                                                            .images = ports.images,
+                                                                            .workspace = ports.workspace,
+                                                                            .application = ports.application,
+                                                                            .scheduler = ports.scheduler});
+                                }});
     delegate->applicationDidFinishLaunching();
     const int status = QApplication::exec();
     zamber::UpdateManager::setShared(nullptr); // before what it refers to

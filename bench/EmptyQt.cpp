@@ -5,13 +5,16 @@
 
 #include <QApplication>
 #include <QDBusConnection>
+#include <QNetworkRequest>
 #include <QSvgRenderer>
 #include <QSystemTrayIcon>
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QDBusConnection::sessionBus();
-    const QSvgRenderer renderer; // so that the module is loaded
+    // So that the modules are loaded.
+    const QSvgRenderer renderer;
+    const QNetworkRequest request;
     QPixmap square(22, 22);
     square.fill(Qt::white);
     QSystemTrayIcon icon{QIcon(square)};

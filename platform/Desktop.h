@@ -5,9 +5,12 @@
 namespace zamber {
 
 class AccessibilityTrust;
+class Alert;
 class AppBundle;
 class Appearance;
 class Application;
+class BundleFiles;
+class DiskImageTool;
 class HotKeyCenter;
 class KeyMonitor;
 class KeystrokePoster;
@@ -39,6 +42,9 @@ struct Desktop {
     LoginItem& loginItem;
     LinkDetector& links;
     AppBundle& bundle;
+    Alert& alert;
+    BundleFiles& files;
+    DiskImageTool& images;
     UserDefaults& userDefaults;
     Scheduler& scheduler;
 };

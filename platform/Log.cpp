@@ -13,10 +13,12 @@ namespace zamber {
 
 namespace {
 
-/// A pipe that nobody reads is full some day; waiting for its reader would stop the program.
+/// A pipe that nobody reads is full some day; its reader gets a moment, and does not stop the program.
+constexpr int LONGEST_WAIT_MS = 20;
+
 bool canBeWritten(int descriptor) {
     pollfd state{.fd = descriptor, .events = POLLOUT, .revents = 0};
-    return poll(&state, 1, 0) == 1 && (state.revents & POLLOUT) != 0;
+    return poll(&state, 1, LONGEST_WAIT_MS) == 1 && (state.revents & POLLOUT) != 0;
 }
 
 } // namespace

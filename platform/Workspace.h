@@ -6,6 +6,8 @@
 #include <QUrl>
 
 #include <cstdint>
+#include <expected>
+#include <functional>
 #include <optional>
 
 namespace zamber {
@@ -26,6 +28,14 @@ struct RunningApplication {
 class Workspace {
 public:
     virtual ~Workspace() = default;
+
+    /// Starts the application that lies there as a process of its own, also while another of it runs. Calls back once,
+    /// from the main loop: with an error for people, or nothing when it has started.
+    using Started = std::function<void(const std::optional<QString>& error)>;
+    virtual void openNewInstance(const QString& path, Started done) = 0;
+
+    /// Moves a file to the user's Trash; the error is a sentence for people.
+    virtual std::expected<void, QString> moveToTrash(const QString& path) = 0;
 
     /// The application whose window has the keyboard, this program included; nothing on an empty desktop.
     virtual std::optional<RunningApplication> frontmostApplication() = 0;

@@ -57,7 +57,7 @@ ClipboardListView::ClipboardListView(KeyMonitor& keyMonitor, const Appearance& a
     , m_banner(new UpdateBanner(symbols, this))
     , m_search(new SearchField(symbols, u"Search clipboard…"_s, this))
     , m_list(new HistoryListWidget(symbols, appearance, scheduler, m_callbacks.linkDetector, this))
-    , m_emptyState(new EmptyState(symbols, this))
+    , m_emptyState(new EmptyState(symbols, m_callbacks.commandKeyHint, this))
     , m_footer(new PopoverFooter(symbols, this))
     , m_clearConfirmation(
           new ConfirmationSheet({.title = u"Clear all clipboard items?"_s,

@@ -47,6 +47,7 @@ public:
         std::function<void()> closePopover;
         std::function<void(const QUrl&)> openAddress = {};
         LinkDetector* linkDetector = nullptr;
+        QString commandKeyHint = {}; ///< which key ⌘ is, for people
     };
 
     ClipboardListView(KeyMonitor& keyMonitor, const Appearance& appearance, const Symbols& symbols,

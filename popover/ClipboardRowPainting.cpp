@@ -31,16 +31,8 @@ constexpr int SCROLL_THUMB_MINIMUM = 18;
 
 QColor mixed(const QColor& from, const QColor& to, double part) {
     const auto channel = [part](float start, float end) { return start + (end - start) * static_cast<float>(part); };
-    // Weighted by opacity, so that a faint ground does not turn grey on its way to a coloured one.
-    const float alpha = channel(from.alphaF(), to.alphaF());
-    if (alpha <= 0) {
-        return Qt::transparent;
-    }
-    const auto weighted = [&](float start, float end) {
-        return std::clamp(channel(start * from.alphaF(), end * to.alphaF()) / alpha, 0.0F, 1.0F);
-    };
-    return QColor::fromRgbF(weighted(from.redF(), to.redF()), weighted(from.greenF(), to.greenF()),
-                            weighted(from.blueF(), to.blueF()), alpha);
+    return QColor::fromRgbF(channel(from.redF(), to.redF()), channel(from.greenF(), to.greenF()),
+                            channel(from.blueF(), to.blueF()));
 }
 
 /// Draws a symbol in the middle of a box, on whole device pixels.
@@ -60,9 +52,8 @@ void paintHairline(QPainter& painter, const QRectF& box, double radius, const QC
     painter.drawRoundedRect(box.adjusted(half, half, -half, -half), radius - half, radius - half);
 }
 
-void drawLine(QPainter& painter, const QRectF& area, double top, const QString& text) {
-    const QFontMetricsF metrics(painter.font());
-    painter.drawText(QPointF(area.left(), std::round(top + metrics.ascent())), text);
+void drawLine(QPainter& painter, QPointF topLeft, const QStaticText& text) {
+    painter.drawStaticText(QPointF(topLeft.x(), std::round(topLeft.y())), text);
 }
 
 } // namespace
@@ -85,9 +76,13 @@ void ClipboardRowView::paint(QPainter& painter, const QRect& row, const RowStyle
 void ClipboardRowView::paintGround(QPainter& painter, const QRect& row, const RowStyle& style) const {
     const Palette& palette = style.palette;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(mixed(faded(palette.primary, 0.04), faded(palette.accent, 0.1), style.highlight));
+    // Opaque, though they are meant to shine through: Qt hands large translucent shapes to other threads and waits.
+    const QColor quiet = composed(faded(palette.primary, 0.04), palette.ultraThinMaterial);
+    const QColor lit = composed(faded(palette.accent, 0.1), palette.ultraThinMaterial);
+    const QColor ground = mixed(quiet, lit, style.highlight);
+    painter.setBrush(ground);
     painter.drawRoundedRect(row, GROUND_RADIUS, GROUND_RADIUS);
-    paintHairline(painter, row, GROUND_RADIUS, faded(palette.primary, 0.06));
+    paintHairline(painter, row, GROUND_RADIUS, composed(faded(palette.primary, 0.06), ground));
 }
 
 void ClipboardRowView::paintContent(QPainter& painter, const QRect& row, const RowStyle& style,
@@ -127,15 +122,15 @@ void ClipboardRowView::paintLink(QPainter& painter, const QRect& area, const Row
     const QFont hostFont = textFont(12, QFont::Medium);
     painter.setFont(hostFont);
     painter.setPen(style.palette.blue);
-    drawLine(painter, area, area.top(), elidedLines(linkTitle(), hostFont, area.width(), 1).value(0));
+    drawLine(painter, area.topLeft(), preparedLines(linkTitle(), hostFont, area.width(), 1).value(0));
 
     if (hasLinkPreview()) {
         const int second = lineHeight(hostFont) + LINK_SPACING;
         const QFont small = textFont(10);
         painter.setFont(small);
         painter.setPen(style.palette.secondary);
-        drawLine(painter, area, area.top() + second,
-                 elidedLines(m_item.content.preview(), small, area.width(), 1).value(0));
+        drawLine(painter, area.topLeft() + QPoint(0, second),
+                 preparedLines(preview(), small, area.width(), 1).value(0));
     }
 }
 
@@ -163,10 +158,10 @@ void ClipboardRowView::paintText(QPainter& painter, const QRect& area, const Row
         }
     } else {
         painter.setFont(font);
-        double top = shown.top();
-        for (const QString& line : previewLines(static_cast<int>(shown.width()))) {
-            drawLine(painter, shown, top, line);
-            top += height;
+        QPointF place = shown.topLeft();
+        for (const QStaticText& line : previewLines(static_cast<int>(shown.width()))) {
+            drawLine(painter, place, line);
+            place.ry() += height;
         }
     }
 
@@ -175,21 +170,24 @@ void ClipboardRowView::paintText(QPainter& painter, const QRect& area, const Row
 
 void ClipboardRowView::paintCounts(QPainter& painter, QPointF topLeft, const RowStyle& style) const {
     const QFont font = textFont(9, QFont::Medium);
-    const QFontMetricsF metrics(font);
     painter.setFont(font);
     painter.setPen(style.palette.tertiary);
-    QRectF place(topLeft, QSizeF());
     for (const QString& part : counts()) {
-        drawLine(painter, place, place.top(), part);
-        place.moveLeft(place.left() + metrics.horizontalAdvance(part) + COUNT_SPACING);
+        const QStaticText text = preparedLine(part, font);
+        drawLine(painter, topLeft, text);
+        topLeft.rx() += text.size().width() + COUNT_SPACING;
     }
 }
 
 void ClipboardRowView::paintTrailing(QPainter& painter, const QRect& row, const RowStyle& style) const {
     const QRect ageBox(row.right() + 1 - PADDING_HORIZONTAL - AGE_WIDTH, row.top(), AGE_WIDTH, row.height());
-    painter.setFont(textFont(10, QFont::Medium));
+    const QFont ageFont = textFont(10, QFont::Medium);
+    const QStaticText ageText = preparedLine(age(style.now), ageFont);
+    painter.setFont(ageFont);
     painter.setPen(style.palette.quaternary);
-    painter.drawText(ageBox, Qt::AlignRight | Qt::AlignVCenter | Qt::TextDontClip, age(style.now));
+    drawLine(painter,
+             QPointF(ageBox.right() + 1 - ageText.size().width(), ageBox.center().y() + 1 - lineHeight(ageFont) / 2.0),
+             ageText);
 
     if (style.highlight > 0) {
         for (const RowAction action : actions()) {

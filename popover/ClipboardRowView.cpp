@@ -43,15 +43,16 @@ QFont countsFont() {
 } // namespace
 
 ClipboardRowView::ClipboardRowView(const ClipboardItem& item, bool isHovered, const RowPreferences& preferences,
-                                   Thumbnail thumbnail, std::optional<QUrl> detectedUrl)
+                                   Thumbnail thumbnail, std::optional<QUrl> detectedUrl, TextState textState)
     : m_item(item)
     , m_isHovered(isHovered)
     , m_preferences(preferences)
     , m_thumbnail(std::move(thumbnail))
-    , m_detectedUrl(std::move(detectedUrl)) {}
+    , m_detectedUrl(std::move(detectedUrl))
+    , m_textState(textState) {}
 
 ClipboardRowView::TypeIcon ClipboardRowView::typeIcon() const {
-    if (m_preferences.hideSensitive && m_item.content.isSensitive()) {
+    if (m_preferences.hideSensitive && m_textState == TextState::Measured && m_item.content.isSensitive()) {
         return {u"lock.fill"_s, &Palette::red, u"sensitive"_s};
     }
     if (m_detectedUrl) {
@@ -68,7 +69,7 @@ bool ClipboardRowView::isExpandable() const {
 }
 
 QStringList ClipboardRowView::counts() const {
-    if (showsThumbnail() || m_detectedUrl || m_item.content.lineCount() < 2) {
+    if (showsThumbnail() || m_detectedUrl || m_textState == TextState::Pending || m_item.content.lineCount() < 2) {
         return {};
     }
     QStringList parts;
@@ -89,6 +90,11 @@ QString ClipboardRowView::linkTitle() const {
     return host.isEmpty() ? m_detectedUrl->toString() : host;
 }
 
+QString ClipboardRowView::preview() const {
+    const bool mayBeSecret = m_preferences.hideSensitive && m_textState == TextState::Pending;
+    return mayBeSecret ? QString() : m_item.content.preview();
+}
+
 QList<RowAction> ClipboardRowView::actions() const {
     return m_detectedUrl ? QList{RowAction::OpenLink, RowAction::Pin, RowAction::Delete}
                          : QList{RowAction::Pin, RowAction::Delete};
@@ -106,9 +112,10 @@ bool ClipboardRowView::showsHost() const {
     return m_detectedUrl && m_preferences.previewURLs;
 }
 
-QStringList ClipboardRowView::previewLines(int width) const {
-    const int mostLines = m_detectedUrl || m_item.content.lineCount() < 2 ? 2 : 3;
-    return elidedLines(m_item.content.preview(), previewFont(), width, mostLines);
+QList<QStaticText> ClipboardRowView::previewLines(int width) const {
+    const bool hasFewLines = m_textState == TextState::Measured && m_item.content.lineCount() < 2;
+    const int mostLines = m_detectedUrl || hasFewLines ? 2 : 3;
+    return preparedLines(preview(), previewFont(), width, mostLines);
 }
 
 int ClipboardRowView::contentWidth(int rowWidth) const {

@@ -3,11 +3,12 @@
 #pragma once
 
 #include "clipboard/ClipboardItem.h"
+#include "popover/RowStyle.h"
 #include "ui/Palette.h"
 
-#include <QImage>
 #include <QPoint>
 #include <QRect>
+#include <QStaticText>
 #include <QStringList>
 #include <QUrl>
 
@@ -17,52 +18,14 @@ class QPainter;
 
 namespace zamber {
 
-class LazyTextLayout;
-class Symbols;
-
-/// What the user wants rows to show.
-struct RowPreferences {
-    bool showLineCount = true;
-    bool showCharCount = true;
-    bool previewURLs = true;
-    bool hideSensitive = false;
-
-    bool operator==(const RowPreferences&) const = default;
-};
-
-/// What a row's small buttons do.
-enum class RowAction { OpenLink, Pin, Delete };
-
-/// An image entry's picture: still being decoded, decoded, or not to be decoded at all.
-enum class ThumbnailState { Pending, Ready, Undecodable };
-struct Thumbnail {
-    ThumbnailState state = ThumbnailState::Pending;
-    QImage image = {};
-};
-
-/// An expanded row's text and how far down it is scrolled (points).
-struct ExpandedText {
-    LazyTextLayout& layout;
-    double scrollOffset = 0;
-};
-
-/// What a row is drawn with.
-struct RowStyle {
-    const Palette& palette;
-    const Symbols& symbols;
-    double devicePixelRatio = 1;
-    double now = 0;                       ///< seconds since 1970
-    double highlight = 0;                 ///< how far the highlight has faded in, 0 to 1
-    std::optional<RowAction> pressedOver; ///< the small button under the pointer
-};
-
 /// One entry of the history as the list shows it. A value: everything is computed from what it was made of, and
 /// whatever moves or changes is handed in by the list.
 class ClipboardRowView {
 public:
     /// The item must outlive the row.
     ClipboardRowView(const ClipboardItem& item, bool isHovered, const RowPreferences& preferences,
-                     Thumbnail thumbnail = {}, std::optional<QUrl> detectedUrl = {});
+                     Thumbnail thumbnail = {}, std::optional<QUrl> detectedUrl = {},
+                     TextState textState = TextState::Measured);
 
     /// The symbol at the row's start, by its name and colour.
     struct TypeIcon {
@@ -79,6 +42,8 @@ public:
     QStringList counts() const;
     /// The address's host, or all of it where there is no host; only for a row with a link.
     QString linkTitle() const;
+    /// The text for the row; empty while it is not known whether it must be masked.
+    QString preview() const;
     /// The small buttons of a highlighted row, from left to right.
     QList<RowAction> actions() const;
     QString age(double now) const;
@@ -108,7 +73,7 @@ private:
     bool hasLinkPreview() const;
     int countsHeight() const;
     int actionsWidth() const;
-    QStringList previewLines(int width) const;
+    QList<QStaticText> previewLines(int width) const;
     int contentHeight(int width) const;
     QRect contentArea(const QRect& row) const;
 
@@ -132,6 +97,7 @@ private:
     RowPreferences m_preferences;
     Thumbnail m_thumbnail;
     std::optional<QUrl> m_detectedUrl;
+    TextState m_textState;
 };
 
 } // namespace zamber

@@ -44,11 +44,8 @@ HistoryListWidget::HistoryListWidget(const Symbols& symbols, const Appearance& a
 
     connect(&m_glide, &GlidingScroll::advanced, this, &HistoryListWidget::glide);
     connect(&m_highlights, &RowHighlights::advanced, this, &HistoryListWidget::highlightsAdvanced);
-    connect(&m_thumbnails, &ThumbnailCache::loaded, this, [this](const QUuid& id) {
-        if (const auto row = rowOf(id)) {
-            keepingPlace([&] { measure(m_sections.elementOfRow(*row)); });
-        }
-    });
+    connect(&m_thumbnails, &ThumbnailCache::loaded, this, &HistoryListWidget::remeasure);
+    connect(&m_largeTexts, &LargeTexts::measured, this, &HistoryListWidget::remeasure);
 }
 
 HistoryListWidget::~HistoryListWidget() = default;
@@ -79,6 +76,13 @@ std::optional<int> HistoryListWidget::rowOf(const QUuid& id) const {
 void HistoryListWidget::forgetOthersThan(const QList<ClipboardItem>& items) {
     m_thumbnails.keepOnly(items);
     m_links.keepOnly(items);
+    m_largeTexts.keepOnly(items);
+}
+
+void HistoryListWidget::remeasure(const QUuid& id) {
+    if (const auto row = rowOf(id)) {
+        keepingPlace([&] { measure(m_sections.elementOfRow(*row)); });
+    }
 }
 
 void HistoryListWidget::setPreferences(const RowPreferences& preferences) {
@@ -102,8 +106,12 @@ Motion HistoryListWidget::motion() const {
 
 ClipboardRowView HistoryListWidget::rowView(int row) {
     const ClipboardItem& entry = item(row);
-    return {entry, isHovered(row), m_preferences, m_thumbnails.thumbnail(entry, devicePixelRatioF()),
-            m_links.in(entry)};
+    return {entry,
+            isHovered(row),
+            m_preferences,
+            m_thumbnails.thumbnail(entry, devicePixelRatioF()),
+            m_links.in(entry),
+            m_largeTexts.isMeasured(entry) ? TextState::Measured : TextState::Pending};
 }
 
 int HistoryListWidget::rowWidth() const {

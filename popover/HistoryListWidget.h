@@ -5,6 +5,7 @@
 #include "popover/ClipboardRowView.h"
 #include "popover/DetectedLinks.h"
 #include "popover/GlidingScroll.h"
+#include "popover/LargeTexts.h"
 #include "popover/RowHighlights.h"
 #include "popover/RowSections.h"
 #include "popover/RowStack.h"
@@ -63,6 +64,8 @@ public:
     /// What a press of the row, or of one of its buttons, does; also for assistive technology.
     void choose(int index);
     void perform(int index, RowAction action);
+    /// The row's text as it is shown, unexpanded.
+    QString preview(int index) { return rowView(index).preview(); }
     /// Where the row's link leads, if it has one.
     std::optional<QUrl> link(int index) { return m_links.in(item(index)); }
     /// The small buttons that the row has while it is highlighted.
@@ -103,6 +106,7 @@ private:
     const ClipboardItem& item(int row) const { return m_items[row]; }
     std::optional<int> rowOf(const QUuid& id) const;
     ClipboardRowView rowView(int row);
+    void remeasure(const QUuid& id);
     int rowWidth() const;
     int currentHeight(int row);
     Expansion& expansion(int row);
@@ -140,6 +144,7 @@ private:
     RowStack m_stack;
     ThumbnailCache m_thumbnails;
     DetectedLinks m_links;
+    LargeTexts m_largeTexts;
     RowHighlights m_highlights;
     QList<QUuid> m_litBefore;
     std::map<QUuid, Expansion> m_expansions;

@@ -135,7 +135,7 @@ QString HistoryRowAccessible::text(QAccessible::Text kind) const {
 QString HistoryRowAccessible::name(int row) const {
     const ClipboardItem& item = m_list->items()[row];
     if (!m_part) {
-        return item.content.preview();
+        return m_list->preview(row);
     }
     return m_part == RowPart::Text ? QString::fromUtf8(item.content.bytes().first(
                                          std::min(item.content.bytes().size(), MOST_EXPOSED_BYTES)))

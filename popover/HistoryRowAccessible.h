@@ -43,7 +43,7 @@ public:
 
     QStringList actionNames() const override;
     QString localizedActionName(const QString& name) const override { return name; }
-    void doAction(const QString& name) override;
+    void doAction(const QString& wanted) override;
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
 private:

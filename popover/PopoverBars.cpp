@@ -133,7 +133,7 @@ void PopoverFooter::paintEvent(QPaintEvent*) {
     painter.fillRect(QRectF(0, 0, width(), 1), faded(m_palette.separator, 0.6));
 }
 
-EmptyState::EmptyState(const Symbols& symbols, QWidget* parent)
+EmptyState::EmptyState(const Symbols& symbols, const QString& commandKeyHint, QWidget* parent)
     : QWidget(parent)
     , m_icon(new SymbolView(symbols, u"clipboard"_s, 32, QFont::Light, this))
     , m_title(new TextLabel({}, textFont(13, QFont::Medium), this))
@@ -141,6 +141,7 @@ EmptyState::EmptyState(const Symbols& symbols, QWidget* parent)
     m_icon->setObjectName(u"emptyStateIcon"_s);
     m_title->setObjectName(u"emptyStateTitle"_s);
     m_hint->setObjectName(u"emptyStateHint"_s);
+    m_hint->setToolTip(commandKeyHint);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(EMPTY_STATE_SPACING);

@@ -67,7 +67,8 @@ class EmptyState final : public QWidget {
     Q_OBJECT
 
 public:
-    EmptyState(const Symbols& symbols, QWidget* parent);
+    /// The hint says which key ⌘ is, where the keyboard does not.
+    EmptyState(const Symbols& symbols, const QString& commandKeyHint, QWidget* parent);
 
     enum class Reason { EmptyHistory, NoMatch };
     void setReason(Reason reason);

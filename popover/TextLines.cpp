@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "popover/TextLines.h"
 
+#include <QCoreApplication>
 #include <QFontMetricsF>
+#include <QHash>
 #include <QPainter>
+#include <QPointer>
 #include <QTextOption>
 
 #include <algorithm>
@@ -58,6 +61,41 @@ QString elided(const QString& line, const QFont& font, int width) {
     return text;
 }
 
+/// What a prepared text depends on; the interface has one typeface.
+struct LineKey {
+    QString text;
+    int pixelSize;
+    int weight;
+    int width;
+    int mostLines;
+
+    bool operator==(const LineKey&) const = default;
+    friend size_t qHash(const LineKey& key, size_t seed) {
+        return qHashMulti(seed, key.text, key.pixelSize, key.weight, key.width, key.mostLines);
+    }
+};
+
+constexpr qsizetype MOST_KEPT_TEXTS = 400;
+
+/// Goes with the application, before what its fonts stand on.
+QHash<LineKey, QList<QStaticText>>* keptLines() {
+    static QPointer<QObject> owner;
+    static QHash<LineKey, QList<QStaticText>> kept;
+    if (owner == nullptr) {
+        owner = new QObject(QCoreApplication::instance());
+        QObject::connect(owner, &QObject::destroyed, [] { kept.clear(); });
+    }
+    return &kept;
+}
+
+QStaticText prepared(const QString& line, const QFont& font) {
+    QStaticText text(line);
+    text.setTextFormat(Qt::PlainText);
+    text.setPerformanceHint(QStaticText::AggressiveCaching);
+    text.prepare({}, font);
+    return text;
+}
+
 /// Where a character ends that begins before `limit` bytes.
 qsizetype characterBoundary(const QByteArray& utf8, qsizetype limit) {
     const auto isContinuation = [&](qsizetype at) { return (static_cast<unsigned char>(utf8[at]) & 0xC0U) == 0x80U; };
@@ -96,6 +134,27 @@ QStringList elidedLines(const QString& text, const QFont& font, int width, int m
     }
     layout.endLayout();
     return lines;
+}
+
+QList<QStaticText> preparedLines(const QString& text, const QFont& font, int width, int mostLines) {
+    const LineKey key{text, font.pixelSize(), font.weight(), width, mostLines};
+    QHash<LineKey, QList<QStaticText>>& kept = *keptLines();
+    if (const auto known = kept.constFind(key); known != kept.constEnd()) {
+        return *known;
+    }
+    QList<QStaticText> lines;
+    for (const QString& line : elidedLines(text, font, width, mostLines)) {
+        lines.append(prepared(line, font));
+    }
+    if (kept.size() >= MOST_KEPT_TEXTS) {
+        kept.clear();
+    }
+    return *kept.insert(key, lines);
+}
+
+QStaticText preparedLine(const QString& text, const QFont& font) {
+    constexpr int wideEnough = 100'000;
+    return preparedLines(text, font, wideEnough, 1).value(0);
 }
 
 LazyTextLayout::LazyTextLayout(QByteArray text, const QFont& font, int width)

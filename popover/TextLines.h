@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QFont>
+#include <QStaticText>
 #include <QString>
 #include <QStringList>
 #include <QTextLayout>
@@ -21,6 +22,13 @@ int lineHeight(const QFont& font);
 /// The text broken into at most so many lines of the width (points), the last one ending in "…" when there is more.
 /// Looks only at as much of the text as could possibly be shown.
 QStringList elidedLines(const QString& text, const QFont& font, int width, int mostLines);
+
+/// The same lines ready to be drawn. Those last asked for are kept, as long as the application runs: breaking and
+/// shaping the same few texts anew would be most of what drawing a list costs.
+QList<QStaticText> preparedLines(const QString& text, const QFont& font, int width, int mostLines);
+
+/// A text that is drawn on one line, however long it is.
+QStaticText preparedLine(const QString& text, const QFont& font);
 
 /// A text of any length, broken into lines only as far down as somebody looks.
 class LazyTextLayout {

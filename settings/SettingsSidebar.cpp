@@ -65,8 +65,8 @@ public:
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         const Palette& palette = m_look.palette();
-        const QRect row = option.rect.adjusted(0, option.rect.height() - ROW_HEIGHT, 0, 0);
-        paintTitle(*painter, option.rect, index.data(TITLE_ROLE).toString());
+        const QRect row = option.rect;
+        paintTitle(*painter, row, index.data(TITLE_ROLE).toString());
 
         const bool isSelected = option.state.testFlag(QStyle::State_Selected);
         const bool hasFocus = m_list->hasFocus();
@@ -97,13 +97,13 @@ public:
     }
 
 private:
-    void paintTitle(QPainter& painter, const QRect& item, const QString& title) const {
+    void paintTitle(QPainter& painter, const QRect& row, const QString& title) const {
         if (title.isEmpty()) {
             return;
         }
         painter.setFont(textFont(TITLE_POINTS, QFont::DemiBold));
         painter.setPen(m_look.palette().tertiary);
-        const QRect place(item.left() + ROW_PADDING, item.top(), item.width() - ROW_PADDING,
+        const QRect place(row.left() + ROW_PADDING, row.top() - TITLE_HEIGHT, row.width() - ROW_PADDING,
                           TITLE_HEIGHT - TITLE_BOTTOM);
         painter.drawText(place, Qt::AlignLeft | Qt::AlignBottom, title);
     }
@@ -142,9 +142,14 @@ QSize SettingsSidebar::sizeHint() const {
     return {WIDTH, QListWidget::sizeHint().height()};
 }
 
+QRect SettingsSidebar::visualRect(const QModelIndex& index) const {
+    const QRect item = QListWidget::visualRect(index);
+    return item.adjusted(0, item.height() - ROW_HEIGHT, 0, 0);
+}
+
 bool SettingsSidebar::isOnTitle(const QPoint& position) const {
     const QListWidgetItem* const item = itemAt(position);
-    return item == nullptr || position.y() < visualItemRect(item).bottom() + 1 - ROW_HEIGHT;
+    return item == nullptr || position.y() < visualItemRect(item).top();
 }
 
 void SettingsSidebar::mousePressEvent(QMouseEvent* event) {

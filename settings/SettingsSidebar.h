@@ -22,6 +22,9 @@ public:
 
     QSize sizeHint() const override;
 
+    /// Where the page's name stands, without the title above it.
+    QRect visualRect(const QModelIndex& index) const override;
+
 signals:
     void tabSelected(SettingsTab tab);
 

@@ -6,18 +6,29 @@ namespace zamber {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+struct Description {
+    QString rawValue;
+    QString icon;
+    QColor Palette::* iconColor;
+};
+
+/// In the order of ALL_SETTINGS_TABS.
+const Description& describe(SettingsTab tab) {
+    static const std::array<Description, ALL_SETTINGS_TABS.size()> descriptions{{
+        {u"General"_s, u"gearshape.fill"_s, &Palette::gray},
+        {u"Clipboard"_s, u"clipboard.fill"_s, &Palette::blue},
+        {u"Shortcuts"_s, u"keyboard.fill"_s, &Palette::orange},
+        {u"About"_s, u"info.circle.fill"_s, &Palette::secondary},
+    }};
+    return descriptions[static_cast<std::size_t>(tab)];
+}
+
+} // namespace
+
 QString rawValue(SettingsTab tab) {
-    switch (tab) {
-    case SettingsTab::General:
-        return u"General"_s;
-    case SettingsTab::Clipboard:
-        return u"Clipboard"_s;
-    case SettingsTab::Shortcuts:
-        return u"Shortcuts"_s;
-    case SettingsTab::About:
-        break;
-    }
-    return u"About"_s;
+    return describe(tab).rawValue;
 }
 
 std::optional<SettingsTab> settingsTab(const QString& name) {
@@ -30,31 +41,11 @@ std::optional<SettingsTab> settingsTab(const QString& name) {
 }
 
 QString icon(SettingsTab tab) {
-    switch (tab) {
-    case SettingsTab::General:
-        return u"gearshape.fill"_s;
-    case SettingsTab::Clipboard:
-        return u"clipboard.fill"_s;
-    case SettingsTab::Shortcuts:
-        return u"keyboard.fill"_s;
-    case SettingsTab::About:
-        break;
-    }
-    return u"info.circle.fill"_s;
+    return describe(tab).icon;
 }
 
 QColor iconColor(SettingsTab tab, const Palette& palette) {
-    switch (tab) {
-    case SettingsTab::General:
-        return palette.gray;
-    case SettingsTab::Clipboard:
-        return palette.blue;
-    case SettingsTab::Shortcuts:
-        return palette.orange;
-    case SettingsTab::About:
-        break;
-    }
-    return palette.secondary;
+    return palette.*describe(tab).iconColor;
 }
 
 } // namespace zamber

@@ -22,7 +22,7 @@ inline constexpr std::array ALL_SETTINGS_TABS{SettingsTab::General, SettingsTab:
 QString rawValue(SettingsTab tab);
 
 /// The page of exactly that name, if there is one.
-std::optional<SettingsTab> settingsTab(const QString& rawValue);
+std::optional<SettingsTab> settingsTab(const QString& name);
 
 /// The name of the page's symbol.
 QString icon(SettingsTab tab);

@@ -152,9 +152,11 @@ QWidget* SettingsUI::section(const SettingsLook& look, const QString& title, con
     column->setSpacing(0);
     if (!title.isEmpty()) {
         auto* label = new TextLabel(title, textFont(SECTION_TITLE_POINTS, QFont::Medium));
-        label->setContentsMargins(SECTION_TITLE_LEADING, 0, 0, SECTION_TITLE_BOTTOM);
         look.apply(label, [label](const Palette& palette) { label->setColor(palette.secondary); });
-        column->addWidget(label);
+        auto* line = new QHBoxLayout;
+        line->setContentsMargins(SECTION_TITLE_LEADING, 0, 0, SECTION_TITLE_BOTTOM);
+        line->addWidget(label);
+        column->addLayout(line);
     }
     auto* card = new Card(look);
     auto* rows = new QVBoxLayout(card);

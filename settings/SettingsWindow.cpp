@@ -41,11 +41,6 @@ void SettingsWindow::show() {
         m_view->installEventFilter(this);
         const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
         m_view->move(workArea.center() - m_view->rect().center());
-    } else if (!m_view->isActiveWindow()) {
-        // Mapped anew, it comes to the desktop that the user is on; asked to the front, the user might be taken to it.
-        const QPoint place = m_view->pos();
-        m_view->hide();
-        m_view->move(place);
     }
     m_view->showNormal();
     m_view->raise();

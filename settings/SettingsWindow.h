@@ -19,7 +19,7 @@ class SettingsWindow final : public QObject {
     Q_OBJECT
 
 public:
-    /// Asks the desktop to bring a window to the front, which it may refuse to a program that just shows one.
+    /// Brings a window to the front and to the desktop that the user is on, which showing one may not.
     using BringToFront = std::function<void(WId)>;
 
     /// All of them outlive the window.

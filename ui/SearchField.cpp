@@ -82,7 +82,7 @@ void SearchField::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(m_palette.quinaryFill);
+    painter.setBrush(composed(m_palette.quinaryFill, m_palette.ultraThinMaterial));
     painter.drawRoundedRect(rect(), RADIUS, RADIUS);
 
     const QPixmap glass =

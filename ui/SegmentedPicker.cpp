@@ -82,7 +82,7 @@ SegmentedPicker::SegmentedPicker(const QString& name, const QList<Choice>& choic
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     for (const Choice& choice : choices) {
         auto* segment = new Segment(choice.title, this);
-        connect(segment, &QRadioButton::toggled, this, [this] { slide(); });
+        connect(segment, &QRadioButton::toggled, this, &SegmentedPicker::handleChange);
         connect(segment, &QRadioButton::toggled, this, [this, value = choice.value](bool isChecked) {
             if (isChecked && !signalsBlocked()) {
                 Q_EMIT chosen(value);
@@ -90,6 +90,7 @@ SegmentedPicker::SegmentedPicker(const QString& name, const QList<Choice>& choic
         });
         m_segments << segment;
     }
+    handleChange();
     m_sliding->setDuration(static_cast<int>(SLIDING.count()));
     m_sliding->setEasingCurve(QEasingCurve::InOutQuad);
     connect(m_sliding, &QVariantAnimation::valueChanged, this, [this](const QVariant& position) {
@@ -118,7 +119,7 @@ void SegmentedPicker::setValue(const QString& value) {
     for (Segment* const segment : m_segments) {
         segment->setAutoExclusive(true);
     }
-    slide();
+    handleChange();
 }
 
 void SegmentedPicker::setColors(const Palette& palette) {
@@ -146,6 +147,15 @@ void SegmentedPicker::resizeEvent(QResizeEvent*) {
     for (qsizetype i = 0; i < m_segments.size(); ++i) {
         m_segments[i]->setGeometry(place(i).toAlignedRect());
     }
+}
+
+void SegmentedPicker::handleChange() {
+    // Qt lets Tab stop at the first of a group, whichever is chosen.
+    const auto checked = checkedIndex();
+    for (qsizetype i = 0; i < m_segments.size(); ++i) {
+        m_segments[i]->setFocusPolicy(i == checked.value_or(0) ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+    slide();
 }
 
 void SegmentedPicker::slide() {

@@ -51,6 +51,7 @@ private:
 
     QRectF place(qsizetype index) const;
     std::optional<qsizetype> checkedIndex() const;
+    void handleChange();
     void slide();
 
     QList<Choice> m_choices;

@@ -11,11 +11,12 @@ add_executable(make_icons "${packaging}/MakeIcons.cpp")
 target_link_libraries(make_icons PRIVATE Qt6::Svg zamber_options)
 set_target_properties(make_icons PROPERTIES MACOSX_BUNDLE OFF)
 if(NOT CMAKE_CROSSCOMPILING)
+  set(picture "${CMAKE_SOURCE_DIR}/packaging/icons/Zamber.svg")
   set(icons "${CMAKE_BINARY_DIR}/Zamber.icns")
   add_custom_command(
     OUTPUT "${icons}"
-    COMMAND make_icons "${packaging}/Zamber.svg" "${icons}"
-    DEPENDS make_icons "${packaging}/Zamber.svg"
+    COMMAND make_icons "${picture}" "${icons}"
+    DEPENDS make_icons "${picture}"
     VERBATIM)
   target_sources(zamber PRIVATE "${icons}")
   set_source_files_properties("${icons}" TARGET_DIRECTORY zamber PROPERTIES MACOSX_PACKAGE_LOCATION Resources GENERATED

@@ -37,7 +37,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierPixmap& p
     argument.beginStructure();
     argument >> pixmap.width >> pixmap.height >> pixmap.bytes;
     argument.endStructure();
-    return argument;
+    return argument; // NOLINT(bugprone-return-const-ref-from-parameter): the shape is Qt's
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, const NotifierToolTip& toolTip) {
@@ -51,7 +51,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierToolTip& 
     argument.beginStructure();
     argument >> toolTip.icon >> toolTip.pixmaps >> toolTip.title >> toolTip.text;
     argument.endStructure();
-    return argument;
+    return argument; // NOLINT(bugprone-return-const-ref-from-parameter): the shape is Qt's
 }
 
 NotifierItem::NotifierItem(QObject* object, Callbacks callbacks, const QString& menuPath, const QString& title,

@@ -51,7 +51,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierMenuNode&
     }
     argument.endArray();
     argument.endStructure();
-    return argument;
+    return argument; // NOLINT(bugprone-return-const-ref-from-parameter): the shape is Qt's
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, const NotifierMenuEntry& entry) {
@@ -65,7 +65,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierMenuEntry
     argument.beginStructure();
     argument >> entry.id >> entry.properties;
     argument.endStructure();
-    return argument;
+    return argument; // NOLINT(bugprone-return-const-ref-from-parameter): the shape is Qt's
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, const NotifierMenuEvent& event) {
@@ -79,7 +79,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierMenuEvent
     argument.beginStructure();
     argument >> event.id >> event.type >> event.data >> event.timestamp;
     argument.endStructure();
-    return argument;
+    return argument; // NOLINT(bugprone-return-const-ref-from-parameter): the shape is Qt's
 }
 
 NotifierMenu::NotifierMenu(QObject* object, std::function<void()> wanted)

@@ -7,6 +7,7 @@
 #include <QPainterPath>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace zamber {
@@ -21,6 +22,18 @@ constexpr int SHADOW_DROP = 8;
 constexpr double SHADOW_OPACITY = 0.36;
 /// From the shadow's outer corner to where it runs straight.
 constexpr int SHADOW_CORNER = 2 * SHADOW_BLUR + CORNER_RADIUS;
+
+constexpr int LINE_WIDTH = 1;
+/// Qt hands translucent areas of more rows to other threads and waits for them.
+constexpr int MOST_ROWS_AT_ONCE = 64;
+
+std::array<QRect, 4> cornersOf(const QRect& rectangle) {
+    const QSize size(CORNER_RADIUS, CORNER_RADIUS);
+    const int right = rectangle.right() + 1 - CORNER_RADIUS;
+    const int bottom = rectangle.bottom() + 1 - CORNER_RADIUS;
+    return {QRect(rectangle.topLeft(), size), QRect(QPoint(right, rectangle.top()), size),
+            QRect(QPoint(rectangle.left(), bottom), size), QRect(QPoint(right, bottom), size)};
+}
 
 /// How far a point lies outside a rounded square around the origin; negative inside.
 double distanceFromRoundedSquare(double x, double y, double halfSide, double radius) {
@@ -82,6 +95,16 @@ protected:
         QPainter painter(this);
         painter.translate(-pos());
         m_frame->paintRim(painter);
+    }
+
+    void resizeEvent(QResizeEvent*) override {
+        // Only where it draws: what lies under it would have to be painted anew with every change of the content.
+        QRegion ring = rect();
+        ring -= rect().adjusted(LINE_WIDTH, LINE_WIDTH, -LINE_WIDTH, -LINE_WIDTH);
+        for (const QRect& corner : cornersOf(rect())) {
+            ring += corner;
+        }
+        setMask(ring);
     }
 
 private:
@@ -171,27 +194,44 @@ void PopoverFrame::paintShadow(QPainter& painter) const {
 }
 
 void PopoverFrame::paintRim(QPainter& painter) const {
-    const QRectF inner = rect().marginsRemoved(shadowMargins());
-    const double radius = m_shape == FrameShape::RoundedWithShadow ? CORNER_RADIUS : 0;
-    painter.setRenderHint(QPainter::Antialiasing);
-
-    if (m_shape == FrameShape::RoundedWithShadow) {
-        // The content is square and knows nothing of corners: they are taken away from the picture, softly, and
-        // what lies under them is put back.
-        QPainterPath corners;
-        corners.addRect(inner);
-        corners.addRoundedRect(inner, radius, radius);
-        painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
-        painter.fillPath(corners, Qt::black);
-        painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
-        paintShadow(painter);
-        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    const QRect inner = rect().marginsRemoved(shadowMargins());
+    const QColor color = m_look == FrameLook::Dark ? QColor(255, 255, 255, 46) : QColor(0, 0, 0, 40);
+    const int inset = m_shape == FrameShape::RoundedWithShadow ? CORNER_RADIUS : 0;
+    const int length = inner.width() - 2 * inset;
+    painter.fillRect(inner.left() + inset, inner.top(), length, LINE_WIDTH, color);
+    painter.fillRect(inner.left() + inset, inner.bottom(), length, LINE_WIDTH, color);
+    const int bottom = inner.bottom() + 1 - std::max(inset, LINE_WIDTH);
+    for (int top = inner.top() + std::max(inset, LINE_WIDTH); top < bottom; top += MOST_ROWS_AT_ONCE) {
+        const int height = std::min(MOST_ROWS_AT_ONCE, bottom - top);
+        painter.fillRect(inner.left(), top, LINE_WIDTH, height, color);
+        painter.fillRect(inner.right(), top, LINE_WIDTH, height, color);
     }
+    if (m_shape == FrameShape::RoundedWithShadow) {
+        for (const QRect& corner : cornersOf(inner)) {
+            paintCorner(painter, corner, color);
+        }
+    }
+}
 
-    painter.setPen(m_look == FrameLook::Dark ? QColor(255, 255, 255, 46) : QColor(0, 0, 0, 40));
+void PopoverFrame::paintCorner(QPainter& painter, const QRect& corner, const QColor& color) const {
+    const QRectF inner = rect().marginsRemoved(shadowMargins());
+    painter.save();
+    painter.setClipRect(corner);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // The content is square and knows nothing of corners: they are taken away from the picture, softly, and what
+    // lies under them is put back.
+    QPainterPath outside;
+    outside.addRect(inner);
+    outside.addRoundedRect(inner, CORNER_RADIUS, CORNER_RADIUS);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    painter.fillPath(outside, Qt::black);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
+    paintShadow(painter);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setPen(QPen(color, LINE_WIDTH));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(inner.adjusted(0.5, 0.5, -0.5, -0.5), std::max(0.0, radius - 0.5),
-                            std::max(0.0, radius - 0.5));
+    painter.drawRoundedRect(inner.adjusted(0.5, 0.5, -0.5, -0.5), CORNER_RADIUS - 0.5, CORNER_RADIUS - 0.5);
+    painter.restore();
 }
 
 void PopoverFrame::resizeEvent(QResizeEvent* event) {

@@ -52,6 +52,7 @@ private:
     void arrange();
     void paintShadow(QPainter& painter) const;
     void paintRim(QPainter& painter) const;
+    void paintCorner(QPainter& painter, const QRect& corner, const QColor& color) const;
 
     QPointer<QWidget> m_content;
     Rim* m_rim;

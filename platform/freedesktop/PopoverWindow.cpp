@@ -12,6 +12,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <cmath>
 
 namespace zamber {
 
@@ -121,10 +122,26 @@ bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void PopoverWindow::place() {
     if (m_anchor) {
-        const QRect workArea = screenNear(m_anchor->screenRectangle.center())->availableGeometry();
+        const QRect workArea = workAreaOf(*screenNear(m_anchor->screenRectangle.center()));
         m_frame.setContentGeometry(
             popoverPlacement(m_anchor->screenRectangle, m_contentSize, m_preferredEdge, workArea));
     }
+}
+
+QRect PopoverWindow::workAreaOf(const QScreen& screen) const {
+    const QRect available = screen.availableGeometry();
+    if (!m_windowSystem.workArea || QGuiApplication::screens().size() < 2) {
+        return available;
+    }
+    // A screen begins at the same place in points and in pixels; only what lies inside it is scaled.
+    const QPoint origin = screen.geometry().topLeft();
+    const double ratio = screen.devicePixelRatio();
+    const QRect free = m_windowSystem.workArea(QRect(origin, (QSizeF(screen.geometry().size()) * ratio).toSize()));
+    const QPointF topLeft = QPointF(free.topLeft() - origin) / ratio;
+    const QPointF bottomRight = QPointF(free.topLeft() - origin + QPoint(free.width(), free.height())) / ratio;
+    const QPoint start(static_cast<int>(std::ceil(topLeft.x())), static_cast<int>(std::ceil(topLeft.y())));
+    const QPoint end(static_cast<int>(bottomRight.x()), static_cast<int>(bottomRight.y()));
+    return QRect(start + origin, QSize(end.x() - start.x(), end.y() - start.y())) & available;
 }
 
 void PopoverWindow::applyLook() {

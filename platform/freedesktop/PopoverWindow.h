@@ -25,6 +25,9 @@ public:
         std::function<bool()> isComposited;
         /// Asks the window manager for the keyboard focus, beyond what Qt does.
         std::function<void(WId)> activateWindow;
+        /// What panels leave of a monitor, in pixels. Where there are several monitors Qt does not know; without this
+        /// function the popover may lie over a panel there.
+        std::function<QRect(const QRect&)> workArea = {};
     };
 
     PopoverWindow(const Appearance& appearance, WindowSystem windowSystem);
@@ -51,6 +54,7 @@ protected:
 
 private:
     void place();
+    QRect workAreaOf(const QScreen& screen) const;
     void applyLook();
     void closeUnlessOursIsActive();
 

@@ -21,7 +21,8 @@ QWidget* frontWindow() {
     for (QWidget* const window : QApplication::topLevelWidgets()) {
         const bool isOrdinary = window->windowType() == Qt::Window || window->windowType() == Qt::Dialog ||
                                 window->windowType() == Qt::Tool;
-        if (window->isVisible() && isOrdinary && (front == nullptr || window->windowType() == Qt::Tool)) {
+        const bool isManaged = !window->windowFlags().testFlag(Qt::BypassWindowManagerHint); // a tray icon's is not
+        if (window->isVisible() && isOrdinary && isManaged && (front == nullptr || window->windowType() == Qt::Tool)) {
             front = window;
         }
     }

@@ -16,6 +16,7 @@
 #include <QPainter>
 #include <QScreen>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -37,13 +38,16 @@ QPixmap trayPixmap(const Symbols& symbols, const QString& name, int size) {
         return symbols.pixmap(name, {.pointSize = size * 0.8, .weight = QFont::Medium, .color = color});
     };
     const QPixmap light = glyph(QColor(0xf4, 0xf4, 0xf6));
-    const QPixmap dark = glyph(QColor(0, 0, 0, 70));
+    const QPixmap dark = glyph(QColor(0x1c, 0x1e, 0x22, 150));
     QPixmap icon(size, size);
     icon.fill(Qt::transparent);
     QPainter painter(&icon);
     const QPoint corner((size - light.width()) / 2, (size - light.height()) / 2);
-    for (const QPoint offset : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)}) {
-        painter.drawPixmap(corner + offset, dark);
+    const int rim = std::max(1, size / 24);
+    for (const int x : {-rim, 0, rim}) {
+        for (const int y : {-rim, 0, rim}) {
+            painter.drawPixmap(corner + QPoint(x, y), dark);
+        }
     }
     painter.drawPixmap(corner, light);
     return icon;
@@ -93,7 +97,7 @@ void QtStatusItem::useTray() {
     m_icon->setContextMenu(&m_menu);
     connect(m_icon.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason == QSystemTrayIcon::Trigger) {
-            handleLeftClick();
+            handleClickOrItsSecondHalf();
         }
     });
     m_icon->show();
@@ -108,12 +112,7 @@ void QtStatusItem::exportItem() {
         images << picture.toImage();
     }
     new NotifierItem(&m_busObject,
-                     {.activated =
-                          [this] {
-                              if (!m_hasClosedPopover || !m_hasClosedPopover(QCursor::pos())) {
-                                  handleLeftClick();
-                              }
-                          },
+                     {.activated = [this] { handleClickOrItsSecondHalf(); },
                       .menuRequested = [this] { m_menu.popup(QCursor::pos()); }},
                      MENU_PATH, m_description, images);
     m_busMenu = new NotifierMenu(&m_busObject, [this] { tell(MouseButton::Right); });
@@ -185,6 +184,13 @@ bool QtStatusItem::eventFilter(QObject* watched, QEvent* event) {
 void QtStatusItem::tell(MouseButton button) const {
     if (m_handler) {
         m_handler(button);
+    }
+}
+
+void QtStatusItem::handleClickOrItsSecondHalf() {
+    // The press has closed the popover where the icon's place is not known: in a host's panel, in a tray that is new.
+    if (!m_hasClosedPopover || !m_hasClosedPopover(QCursor::pos())) {
+        handleLeftClick();
     }
 }
 

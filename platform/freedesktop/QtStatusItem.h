@@ -40,8 +40,9 @@ public:
     void setClickedHandler(ClickedHandler handler) override;
     void showMenuOnce(const QList<MenuItem>& menu) override;
 
-    /// Whether a tray has taken the icon in and tells where it lies.
-    bool isInTray() const { return m_icon && !m_icon->geometry().isEmpty(); }
+    /// Whether a tray has taken the icon in and tells where it lies. Until then its window waits at the screen's
+    /// origin.
+    bool isInTray() const { return m_icon && !m_icon->geometry().isEmpty() && !m_icon->geometry().topLeft().isNull(); }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -51,6 +52,7 @@ private:
     void useTray();
     void exportItem();
     void tell(MouseButton button) const;
+    void handleClickOrItsSecondHalf();
     void handleLeftClick();
 
     const Symbols& m_symbols;

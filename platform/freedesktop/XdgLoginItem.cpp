@@ -54,9 +54,9 @@ XdgLoginItem::Surroundings XdgLoginItem::defaultSurroundings() {
     return surroundings;
 }
 
-XdgLoginItem::XdgLoginItem(Surroundings surroundings, QString applicationId, QString executable)
+XdgLoginItem::XdgLoginItem(Surroundings surroundings, const QString& applicationId, QString executable)
     : m_surroundings(std::move(surroundings))
-    , m_fileName(std::move(applicationId) + u".desktop"_s)
+    , m_fileName(applicationId + u".desktop"_s)
     , m_executable(std::move(executable)) {}
 
 QString XdgLoginItem::userFile() const {
@@ -78,7 +78,7 @@ LoginItemStatus XdgLoginItem::status() const {
 std::expected<void, QString> XdgLoginItem::registerItem() {
     const QString entry = u"[Desktop Entry]\n"
                           "Type=Application\n"
-                          "Version=1.5\n"
+                          "Version=1.0\n"
                           "Name=Zamber\n"
                           "Comment=Keeps a history of what you copy\n"
                           "Exec=%1\n"
@@ -87,7 +87,9 @@ std::expected<void, QString> XdgLoginItem::registerItem() {
                           "Terminal=false\n"
                           "StartupNotify=false\n"
                           "X-GNOME-Autostart-enabled=true\n"_s;
-    return write(entry.arg(execValueOf(m_executable), stringValueOf(m_executable)).toUtf8());
+    // GLib looks for a program before it reads the percent signs, and does not find one with such a path.
+    const QString launcher = m_executable.contains(u'%') ? u"env "_s : QString();
+    return write(entry.arg(launcher + execValueOf(m_executable), stringValueOf(m_executable)).toUtf8());
 }
 
 std::expected<void, QString> XdgLoginItem::unregisterItem() {

@@ -25,7 +25,7 @@ public:
     static Surroundings defaultSurroundings();
 
     /// `executable` is the absolute path of the program that is running.
-    XdgLoginItem(Surroundings surroundings, QString applicationId, QString executable);
+    XdgLoginItem(Surroundings surroundings, const QString& applicationId, QString executable);
 
     LoginItemStatus status() const override;
     std::expected<void, QString> registerItem() override;

@@ -4,8 +4,6 @@
 
 #include "platform/Workspace.h"
 
-#include <expected>
-#include <functional>
 #include <memory>
 
 namespace zamber {
@@ -16,11 +14,11 @@ public:
     MacWorkspace();
     ~MacWorkspace() override;
 
+    void openNewInstance(const QString& path, Started done) override;
+    std::expected<void, QString> moveToTrash(const QString& path) override;
     std::optional<RunningApplication> frontmostApplication() override;
     void activate(const RunningApplication& application) override;
     void open(const QUrl& address) override;
-    void openNewInstance(const QString& path, std::function<void(const std::optional<QString>& error)> done);
-    std::expected<void, QString> moveToTrash(const QString& path);
 
 private:
     struct Seen;

@@ -60,7 +60,7 @@ void MacWorkspace::open(const QUrl& address) {
     [NSWorkspace.sharedWorkspace openURL:address.toNSURL()];
 }
 
-void MacWorkspace::openNewInstance(const QString& path, std::function<void(const std::optional<QString>& error)> done) {
+void MacWorkspace::openNewInstance(const QString& path, Started done) {
     NSWorkspaceOpenConfiguration* const configuration = [NSWorkspaceOpenConfiguration configuration];
     configuration.createsNewApplicationInstance = YES;
     [NSWorkspace.sharedWorkspace openApplicationAtURL:[NSURL fileURLWithPath:path.toNSString()]

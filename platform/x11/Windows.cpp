@@ -16,6 +16,8 @@ namespace {
 constexpr std::uint32_t SOURCE_APPLICATION = 1;
 constexpr std::uint32_t SOURCE_PAGER = 2;
 
+constexpr std::uint32_t EVERY_DESKTOP = 0xFFFFFFFF;
+
 std::optional<std::uint32_t> firstNumber(const Property& property) {
     if (property.format != 32 || property.bytes.size() < 4) {
         return std::nullopt;
@@ -97,9 +99,29 @@ void Windows::activate(xcb_window_t window) const {
     m_connection.flush();
 }
 
+void Windows::moveToCurrentDesktop(xcb_window_t window) const {
+    const auto desktopOf = [this](xcb_window_t owner, Atom property) {
+        return firstNumber(m_connection.readProperty(owner, m_connection.atom(property), Connection::Afterwards::Keep));
+    };
+    const std::optional<std::uint32_t> current = desktopOf(m_connection.root(), Atom::NetCurrentDesktop);
+    if (current && desktopOf(window, Atom::NetWmDesktop) != EVERY_DESKTOP) {
+        tellWindowManager(window, m_connection.atom(Atom::NetWmDesktop), {*current, SOURCE_PAGER, 0, 0, 0});
+    }
+    m_connection.flush();
+}
+
 bool Windows::hasFocus(xcb_window_t window) const {
     for (xcb_window_t focus = focusWindow(); focus > XCB_INPUT_FOCUS_POINTER_ROOT; focus = parentOf(focus)) {
         if (focus == window) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool Windows::isFocusOf(std::int64_t process) const {
+    for (xcb_window_t focus = focusWindow(); focus > XCB_INPUT_FOCUS_POINTER_ROOT; focus = parentOf(focus)) {
+        if (processId(focus) == process) {
             return true;
         }
     }

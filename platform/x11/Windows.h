@@ -33,11 +33,18 @@ public:
     /// Asks for the window to come to the front with the keyboard, as a pager does (EWMH, `_NET_ACTIVE_WINDOW`).
     void activate(xcb_window_t window) const;
 
+    /// Asks for the window to come to the desktop that the user is on (EWMH, `_NET_WM_DESKTOP`), unless the user has it
+    /// on all of them.
+    void moveToCurrentDesktop(xcb_window_t window) const;
+
     /// Asks for a window of ours, which is shown, to stay out of the taskbar and the pager (EWMH, `_NET_WM_STATE`).
     void keepOutOfTaskbar(xcb_window_t window) const;
 
     /// Whether the input focus is at that window or at one inside it.
     bool hasFocus(xcb_window_t window) const;
+
+    /// Whether the input focus is at a window of that process, whatever the window manager says (`_NET_WM_PID`).
+    bool isFocusOf(std::int64_t processId) const;
 
     /// Whether the window is there and not hidden.
     bool isMapped(xcb_window_t window) const;

@@ -94,16 +94,15 @@ void X11KeystrokePoster::post() {
         finish();
         return;
     }
-    liftHeldModifiers();
     const PasteKeystroke keystroke = pasteKeystrokeOf(m_windows.windowClass(*front));
     if (keystroke == PasteKeystroke::ShiftInsert) {
-        m_pasteboard.offerAsPrimary([this, keystroke] {
-            type(keystroke);
+        m_pasteboard.offerAsPrimary([this, front, keystroke] {
+            typeInto(*front, keystroke);
             finish();
         });
         return;
     }
-    type(keystroke);
+    typeInto(*front, keystroke);
     finish();
 }
 
@@ -149,29 +148,44 @@ void X11KeystrokePoster::liftHeldModifiers() const {
     }
 }
 
-void X11KeystrokePoster::type(PasteKeystroke keystroke) const {
+void X11KeystrokePoster::typeInto(xcb_window_t front, PasteKeystroke keystroke) const {
+    const std::vector<xcb_keycode_t> keys = keysOf(keystroke);
+    // Nobody moves the focus between the last look and the keystroke.
+    xcb_grab_server(m_connection.raw());
+    if (mayType(front)) {
+        liftHeldModifiers();
+        for (const xcb_keycode_t key : keys) {
+            fake(XCB_KEY_PRESS, key);
+        }
+        for (const xcb_keycode_t key : keys | std::views::reverse) {
+            fake(XCB_KEY_RELEASE, key);
+        }
+    }
+    xcb_ungrab_server(m_connection.raw());
+    m_connection.flush();
+}
+
+bool X11KeystrokePoster::mayType(xcb_window_t front) const {
+    if (m_windows.activeWindow() != front) {
+        return false;
+    }
+    // The focus may be at a window of ours before the window manager says so.
+    return !m_windows.isFocusOf(getpid()) || (front == targetWindow() && m_windows.hasFocus(front));
+}
+
+std::vector<xcb_keycode_t> X11KeystrokePoster::keysOf(PasteKeystroke keystroke) const {
     const xcb_keycode_t control = m_keyboard.keyFor(XKB_KEY_Control_L).value_or(PHYSICAL_CONTROL);
     const xcb_keycode_t shift = m_keyboard.keyFor(XKB_KEY_Shift_L).value_or(PHYSICAL_SHIFT);
     const xcb_keycode_t v = m_keyboard.keyFor(XKB_KEY_v).value_or(PHYSICAL_V);
-    std::vector<xcb_keycode_t> keys;
     switch (keystroke) {
     case PasteKeystroke::ControlV:
-        keys = {control, v};
-        break;
+        return {control, v};
     case PasteKeystroke::ControlShiftV:
-        keys = {control, shift, v};
-        break;
+        return {control, shift, v};
     case PasteKeystroke::ShiftInsert:
-        keys = {shift, m_keyboard.keyFor(XKB_KEY_Insert).value_or(PHYSICAL_INSERT)};
-        break;
+        return {shift, m_keyboard.keyFor(XKB_KEY_Insert).value_or(PHYSICAL_INSERT)};
     }
-    for (const xcb_keycode_t key : keys) {
-        fake(XCB_KEY_PRESS, key);
-    }
-    for (const xcb_keycode_t key : keys | std::views::reverse) {
-        fake(XCB_KEY_RELEASE, key);
-    }
-    m_connection.flush();
+    return {};
 }
 
 void X11KeystrokePoster::fake(std::uint8_t event, xcb_keycode_t key) const {

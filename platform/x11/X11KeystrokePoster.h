@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <deque>
+#include <vector>
 
 namespace zamber::x11 {
 
@@ -45,7 +46,9 @@ private:
     std::optional<xcb_window_t> targetWindow() const;
     bool isOurs(xcb_window_t window) const;
     void liftHeldModifiers() const;
-    void type(PasteKeystroke keystroke) const;
+    void typeInto(xcb_window_t front, PasteKeystroke keystroke) const;
+    std::vector<xcb_keycode_t> keysOf(PasteKeystroke keystroke) const;
+    bool mayType(xcb_window_t front) const;
     void fake(std::uint8_t event, xcb_keycode_t key) const;
 
     Connection& m_connection;

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Workspace.h"
 
+#include "platform/freedesktop/SessionFiles.h"
+
+#include <QCoreApplication>
 #include <QDesktopServices>
 
 #include <utility>
@@ -17,6 +20,18 @@ X11Workspace::X11Workspace(Connection& connection, Windows& windows, NameOfClass
             m_handles.erase(as<xcb_destroy_notify_event_t>(event).window);
         }
     });
+}
+
+void X11Workspace::openNewInstance(const QString& path, Started done) {
+    const auto started = startNewInstance(path);
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(),
+        [done = std::move(done), error = started ? std::nullopt : std::optional(started.error())] { done(error); },
+        Qt::QueuedConnection);
+}
+
+std::expected<void, QString> X11Workspace::moveToTrash(const QString& path) {
+    return moveFileToTrash(path);
 }
 
 std::optional<RunningApplication> X11Workspace::frontmostApplication() {

@@ -19,6 +19,9 @@ public:
 
     X11Workspace(Connection& connection, Windows& windows, NameOfClass nameOfClass);
 
+    void openNewInstance(const QString& path, Started done) override;
+    std::expected<void, QString> moveToTrash(const QString& path) override;
+
     std::optional<RunningApplication> frontmostApplication() override;
     void activate(const RunningApplication& application) override;
     void open(const QUrl& address) override;

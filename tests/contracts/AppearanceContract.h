@@ -7,6 +7,9 @@
 #include <gtest/gtest.h>
 
 #include <concepts>
+#include <memory>
+#include <utility>
+#include <vector>
 
 namespace zamber {
 
@@ -35,28 +38,23 @@ TYPED_TEST_P(AppearanceContract, LightAndDarkFollowTheDesktop) {
 
 TYPED_TEST_P(AppearanceContract, TheHandlerIsCalledAfterAChangeAndOnlyThen) {
     this->rig.setDark(false);
-    int calls = 0;
-    bool wasDarkWhenCalled = false;
-    this->appearance.addChangedHandler([&] {
-        ++calls;
-        wasDarkWhenCalled = this->appearance.isDark();
-    });
+    // Handlers stay for as long as the appearance does, which outlives the test's own variables.
+    const auto darkAtCalls = std::make_shared<std::vector<bool>>();
+    this->appearance.addChangedHandler(
+        [darkAtCalls, &appearance = this->appearance] { darkAtCalls->push_back(appearance.isDark()); });
     this->rig.setDark(false);
-    EXPECT_EQ(calls, 0);
+    EXPECT_TRUE(darkAtCalls->empty());
     this->rig.setDark(true);
-    EXPECT_EQ(calls, 1);
-    EXPECT_TRUE(wasDarkWhenCalled);
+    EXPECT_EQ(*darkAtCalls, std::vector<bool>{true});
 }
 
 TYPED_TEST_P(AppearanceContract, EveryHandlerIsTold) {
     this->rig.setDark(false);
-    int first = 0;
-    int second = 0;
-    this->appearance.addChangedHandler([&] { ++first; });
-    this->appearance.addChangedHandler([&] { ++second; });
+    const auto calls = std::make_shared<std::pair<int, int>>();
+    this->appearance.addChangedHandler([calls] { ++calls->first; });
+    this->appearance.addChangedHandler([calls] { ++calls->second; });
     this->rig.setDark(true);
-    EXPECT_EQ(first, 1);
-    EXPECT_EQ(second, 1);
+    EXPECT_EQ(*calls, std::pair(1, 1));
 }
 
 TYPED_TEST_P(AppearanceContract, ThereIsAlwaysAnOpaqueAccentColour) {

@@ -20,6 +20,9 @@ class AccessibilityTestCase(DesktopTestCase):
 
     def setUp(self):
         super().setUp()
+        # Who asks about a row that has just gone gets no answer, and Qt says so; that is no fault.
+        all_lines = self.zamber.stderr_lines
+        self.zamber.stderr_lines = lambda: [line for line in all_lines() if "Accessible invalid" not in line]
         self.zamber.open_popover()
 
     def rows(self):

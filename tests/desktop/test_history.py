@@ -86,7 +86,7 @@ class KilledTest(HistoryTestCase):
 
     def test_killed_two_seconds_after_a_copy_loses_nothing(self):
         self.clipboard.copy_text("in time")
-        time.sleep(2.0)
+        time.sleep(2.0)  # what is promised after this time, not sooner: nothing to wait for
         self.kill()
         self.assertEqual(self.zamber.history(), ["in time", "old", "older"])
         self.restart(loaded=3)
@@ -95,7 +95,7 @@ class KilledTest(HistoryTestCase):
     def test_ended_while_a_save_waits_does_not_save(self):
         before = self.zamber.history_path.read_bytes()
         self.clipboard.copy_text("too late")
-        time.sleep(POLL_SECONDS + 0.1)
+        time.sleep(POLL_SECONDS + 0.1)  # captured, which nothing shows before the save that must not come
         self.zamber.stop()
         self.assertEqual(self.zamber.history_path.read_bytes(), before)
         self.restart(loaded=2)
@@ -220,7 +220,7 @@ class OneWriteTest(HistoryTestCase):
             wanted = [f"{attempt} third", f"{attempt} second", f"{attempt} first"]
             for text in reversed(wanted):
                 self.clipboard.copy_text(text)
-                time.sleep(POLL_SECONDS + 0.02)
+                time.sleep(POLL_SECONDS + 0.02)  # a poll between two copies; only a save would tell of it
             closings = watch.closings_within(SAVED_SECONDS)
             entries = self.zamber.records()[:3]
             captured = [record["timestamp"] for record in entries]

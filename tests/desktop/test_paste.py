@@ -2,8 +2,10 @@
 # SPDX-License-Identifier: MIT
 """The way back: which keys are pressed, when, and in which window."""
 
+import time
+
 from case import NO_PREVIOUS_LINE, PASTED_LINE, PASTING_LINE, DesktopTestCase
-from harness import CONTROL, KEY_CODES, SHIFT, Editor, Terminal, holds_for, wait_until
+from harness import CONTROL, KEY_CODES, SHIFT, Browser, Editor, LineEdit, Mousepad, Terminal, holds_for, wait_until
 
 # How long held modifiers are waited for before they are lifted, and the delay before that.
 BOUND_MILLISECONDS = 2000
@@ -159,6 +161,25 @@ class PasteTest(DesktopTestCase):
         self.assert_no_keystroke_into_the_program(mark)
         self.assertEqual([node.text for node in self.zamber.tree().all(role="text") if node.text], [])
 
+    def test_a_popover_that_is_opened_at_the_very_moment_of_a_paste_gets_no_keystroke(self):
+        arrived = ""
+        for step in range(24):
+            self.zamber.open_popover()
+            self.choose()
+            self.expect_paste()
+            self.zamber.wait_until_closed()
+            due = time.perf_counter() + 0.32 + step * 0.003
+            while time.perf_counter() < due:
+                pass  # too short a time for anything else
+            self.zamber.open_popover()
+            self.wait_for_expected_lines()
+            self.assertEqual([node.text for node in self.zamber.tree().all(role="text") if node.text], [], step)
+            self.keyboard.tap("Escape")
+            self.zamber.wait_until_closed()
+            self.desktop.wait_until_active(self.editor.window)
+            self.assertIn(self.editor.text(), (arrived, arrived + "first"))
+            arrived = self.editor.text()
+
     def assert_no_keystroke_into_the_program(self, mark):
         def nothing_came():
             return all(event.focus is None or event.focus.pid != self.zamber.pid
@@ -247,4 +268,70 @@ class QuickPasteOffTest(DesktopTestCase):
         self.keyboard.chord("Super_L", "Shift_L", "2")
         holds_for(lambda: not self.keys.presses(KEY_CODES["v"]), 0.6, "no keystroke is sent")
         self.assertEqual(self.clipboard.owner(), before)
+        self.assertEqual(self.editor.text(), "")
+
+    def test_switched_on_and_off_it_takes_effect_with_the_next_press(self):
+        self.zamber.write_preferences(quickPasteEnabled=True)
+        self.let_a_poll_pass()
+        self.keyboard.chord("Super_L", "Shift_L", "2")
+        self.expected_lines.append(PASTED_LINE)
+        self.editor.wait_for_text("second")
+        self.zamber.write_preferences(quickPasteEnabled=False)
+        self.let_a_poll_pass()
+        mark = self.keys.mark()
+        self.keyboard.chord("Super_L", "Shift_L", "3")
+        holds_for(lambda: not self.keys.presses(KEY_CODES["v"], mark), 0.6, "no keystroke is sent")
+
+
+class PasteTargetsTest(DesktopTestCase):
+    """What people paste into. The terminals are in PasteTest."""
+
+    history = ("größe 漢字 👍", "second")
+    preferences = {"quickPasteEnabled": True}
+
+    def paste_twice_and_quick_paste(self, target):
+        self.paste_entry(0)
+        target.wait_for_text("größe 漢字 👍")
+        self.paste_entry(1)
+        target.wait_for_text("größe 漢字 👍second")
+        self.keyboard.chord("Super_L", "Shift_L", "2")
+        self.expected_lines.append(PASTED_LINE)
+        target.wait_for_text("größe 漢字 👍secondsecond")
+        self.assertEqual(self.editor.keys(), [])
+
+    def test_a_text_field_of_a_web_page(self):
+        self.paste_twice_and_quick_paste(Browser(self.desktop))
+
+    def test_a_line_in_a_qt_program(self):
+        self.paste_twice_and_quick_paste(LineEdit(self.desktop))
+
+    def test_a_real_editor(self):
+        editor = Mousepad(self.desktop)
+        self.paste_entry(0)
+        self.wait_for_expected_lines()
+        editor.wait_for_saved_text("größe 漢字 👍")
+
+
+class OwnWindowTest(DesktopTestCase):
+    """The popover itself was in front when it was called up."""
+
+    history = ("first", "second")
+    preferences = {"quickPasteEnabled": True}
+
+    def test_shown_again_it_remembers_this_program(self):
+        self.zamber.open_popover()
+        self.zamber.press_hot_key()
+        self.zamber.wait_for_popover()
+        self.choose(1)
+        self.expected_lines += ["🔵 Pasting into: Zamber", PASTED_LINE]
+        self.zamber.wait_until_closed()
+        self.wait_for_expected_lines()
+        self.assertEqual(self.clipboard.text(), "second")
+
+    def test_a_quick_paste_in_the_open_popover_goes_into_its_search_field(self):
+        self.zamber.open_popover()
+        self.keyboard.chord("Super_L", "Shift_L", "2")
+        self.expected_lines.append(PASTED_LINE)
+        wait_until(lambda: "second" in [node.text for node in self.zamber.tree().all(role="text")],
+                   what="the entry in the search field")
         self.assertEqual(self.editor.text(), "")

@@ -197,7 +197,9 @@ class TrayTest(DesktopTestCase):
     def test_after_the_menu_a_click_opens_the_popover_again(self):
         self.open_menu()
         self.keyboard.tap("Escape")
+        # The pointer is let go of a moment after the window has gone; nobody's hand is faster.
         wait_until(lambda: self.zamber.menu() is None, what="the menu to be gone")
+        holds_for(lambda: self.zamber.menu() is None, 0.3, "the menu stays closed")
         self.click_tray_icon()
         self.zamber.wait_for_popover()
 

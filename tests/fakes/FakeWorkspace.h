@@ -6,6 +6,7 @@
 #include "tests/fakes/Journal.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <algorithm>
 #include <utility>
@@ -18,6 +19,32 @@ class FakeWorkspace final : public Workspace {
 public:
     explicit FakeWorkspace(Journal& journal)
         : m_journal(journal) {}
+
+    /// Calls back at once, or with `finishOpening` when the test holds it.
+    void openNewInstance(const QString& path, Started done) override {
+        m_journal.note("new instance of " + path.toStdString());
+        if (missingFiles.contains(path)) {
+            openingError = QStringLiteral("No such file");
+        }
+        if (isOpeningHeld) {
+            m_opening = std::move(done);
+        } else {
+            done(openingError);
+        }
+    }
+    void finishOpening() { std::exchange(m_opening, nullptr)(openingError); }
+    bool isOpeningHeld = false;
+    std::optional<QString> openingError;
+
+    std::expected<void, QString> moveToTrash(const QString& path) override {
+        m_journal.note("trash " + path.toStdString());
+        if (trashError || missingFiles.contains(path)) {
+            return std::unexpected(trashError.value_or(QStringLiteral("No such file")));
+        }
+        return {};
+    }
+    std::optional<QString> trashError;
+    QStringList missingFiles;
 
     RunningApplication launch(std::optional<QString> name) {
         const RunningApplication application{.handle = ++m_lastHandle,
@@ -57,6 +84,7 @@ public:
     void open(const QUrl& address) override { m_journal.note("open " + address.toString().toStdString()); }
 
 private:
+    Started m_opening;
     Journal& m_journal;
     std::vector<RunningApplication> m_running;
     std::optional<RunningApplication> m_frontmost;

@@ -293,6 +293,10 @@ class PrivateDesktop:
             raise RuntimeError(f"{command[0]} ended with {answer.returncode}: {answer.stderr.decode()}")
         return answer.stdout.decode()
 
+    def bus_name_has_owner(self, name):
+        return "true" in self.run(["gdbus", "call", "--session", "-d", "org.freedesktop.DBus", "-o", "/", "-m",
+                                   "org.freedesktop.DBus.NameHasOwner", name])
+
     def set_layout(self, layouts, group=0):
         """Keyboard layouts as setxkbmap names them, "us,ru" for two, and which of them is active."""
         self.run(["setxkbmap", "-layout", layouts])

@@ -84,6 +84,31 @@ class Mousepad(Partner):
         wait_until(saved, timeout, lambda: f"{expected!r}; mousepad saved {self.path.read_text()!r}")
 
 
+class TextField(Partner):
+    """A single text field of somebody else's making, in a window of its own."""
+
+    def __init__(self, desktop, script):
+        self._text_file = desktop.directory / f"field-{next(_numbers)}"
+        super().__init__(desktop, script.removesuffix(".py"), [PYTHON, PARTNERS / script, self._text_file])
+        wait_until(self._text_file.exists, START_SECONDS, lambda: f"the field to have the focus: {self.child.stderr()}")
+
+    def text(self):
+        return self._text_file.read_text()
+
+    def wait_for_text(self, expected, timeout=6.0):
+        wait_until(lambda: self.text() == expected, timeout, lambda: f"{expected!r}; the field holds {self.text()!r}")
+
+
+class Browser(TextField):
+    def __init__(self, desktop):
+        super().__init__(desktop, "web_page.py")
+
+
+class LineEdit(TextField):
+    def __init__(self, desktop):
+        super().__init__(desktop, "line_edit.py")
+
+
 class Terminal(Partner):
     """An xterm in which every byte that arrives is written to a file."""
 

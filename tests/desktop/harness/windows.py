@@ -7,6 +7,10 @@ from dataclasses import dataclass
 from Xlib import X, Xatom, error
 
 
+# Window managers that give their frames a class, as if they were programs' windows.
+FRAME_CLASSES = (b"i3-frame\0i3-frame\0",)
+
+
 @dataclass(frozen=True)
 class Window:
     id: int
@@ -95,10 +99,10 @@ def embedded_windows(display):
 
 
 def _is_client(display, window):
-    return (
-        window.get_full_property(display.intern_atom("WM_STATE"), X.AnyPropertyType) is not None
-        or window.get_full_property(Xatom.WM_CLASS, Xatom.STRING) is not None
-    )
+    if window.get_full_property(display.intern_atom("WM_STATE"), X.AnyPropertyType) is not None:
+        return True
+    names = window.get_full_property(Xatom.WM_CLASS, Xatom.STRING)
+    return names is not None and names.value not in FRAME_CLASSES
 
 
 def focused_window(display):

@@ -3,9 +3,12 @@
 """The program under test, and what can be seen of it from outside."""
 
 import base64
+import binascii
 import json
 import os
 import pathlib
+import re
+import subprocess
 import time
 
 from .waiting import wait_until
@@ -13,8 +16,22 @@ from .windows import active_window, focused_window, top_level_windows
 
 READY_LINE = "✅ Accessibility: trusted"
 UNTRUSTED_LINE = "⚠️ Accessibility: NOT trusted — opening System Settings"
+UPDATE_FAILED = "⚠️ Update check failed: "
+STALE_NODE = re.compile(r"qt\.accessibility\.atspi: WARNING .*(Accessible invalid|Could not find accessible on path)")
 START_SECONDS = 10.0
 SANITIZER_VARIABLES = ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
+
+
+def _without_network():
+    """What runs a program in a network of its own that leads nowhere. It asks for updates some seconds after its
+    start, and no test is to reach out of the machine; X and D-Bus are spoken over sockets in the file system."""
+    for command in (["unshare", "--net", "--"], ["unshare", "--user", "--map-current-user", "--net", "--"]):
+        if subprocess.run([*command, "true"], capture_output=True, check=False).returncode == 0:
+            return command
+    return []
+
+
+WITHOUT_NETWORK = _without_network()
 
 
 def default_binary():
@@ -71,7 +88,7 @@ class Zamber:
     def start(self):
         environment = dict(self._desktop.environment, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         environment.update({name: os.environ[name] for name in SANITIZER_VARIABLES if name in os.environ})
-        self.child = self._desktop.start("zamber", [self.binary], environment=environment)
+        self.child = self._desktop.start("zamber", [*WITHOUT_NETWORK, self.binary], environment=environment)
         wait_until(
             lambda: not self.is_running() or self._ready_line in self.stdout_lines(), START_SECONDS,
             lambda: f"{self._ready_line!r}; so far {self.stdout_lines()}, {self.stderr_lines()}",
@@ -91,10 +108,12 @@ class Zamber:
         return self.child.pid
 
     def stdout_lines(self):
-        return self.child.stdout_lines()
+        """What it has logged, but for the news that the update service is out of reach, as it always is here."""
+        return [line for line in self.child.stdout_lines() if not line.startswith(UPDATE_FAILED)]
 
     def stderr_lines(self):
-        return self.child.stderr_lines()
+        """What went wrong, but for what Qt says of a reader, as the tests are, that asks for a node just gone."""
+        return [line for line in self.child.stderr_lines() if not STALE_NODE.match(line)]
 
     def records(self):
         """The history file's records, newest first; empty while there is none or it is just being written."""
@@ -104,9 +123,12 @@ class Zamber:
             return []
 
     def history(self):
-        """The entries in the history file, newest first: texts as str, images as bytes."""
-        return [record["value"] if record["type"] == "text" else base64.b64decode(record["value"])
-                for record in self.records()]
+        """The entries in the history file, newest first: texts as str, images as bytes; empty as the records are."""
+        try:
+            return [record["value"] if record["type"] == "text" else base64.b64decode(record["value"])
+                    for record in self.records()]
+        except binascii.Error:
+            return []  # read while it was written: the beginning of the new and the end of the old
 
     def wait_for_history(self, expected, timeout=6.0):
         """Waits until the file, which is written a second after the last change, holds just these entries."""

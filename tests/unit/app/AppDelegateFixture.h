@@ -6,9 +6,12 @@
 #include "clipboard/ClipboardManager.h"
 #include "settings/keys/PreferenceKeys.h"
 #include "tests/fakes/FakeAccessibilityTrust.h"
+#include "tests/fakes/FakeAlert.h"
 #include "tests/fakes/FakeAppBundle.h"
 #include "tests/fakes/FakeAppearance.h"
 #include "tests/fakes/FakeApplication.h"
+#include "tests/fakes/FakeBundleFiles.h"
+#include "tests/fakes/FakeDiskImageTool.h"
 #include "tests/fakes/FakeHotKeyCenter.h"
 #include "tests/fakes/FakeKeyMonitor.h"
 #include "tests/fakes/FakeKeystrokePoster.h"
@@ -52,6 +55,9 @@ protected:
                     .loginItem = loginItem,
                     .links = links,
                     .bundle = bundle,
+                    .alert = alert,
+                    .files = files,
+                    .images = images,
                     .userDefaults = defaults,
                     .scheduler = scheduler},
             folder.filePath(QStringLiteral("history.json")).toStdString(),
@@ -109,6 +115,9 @@ protected:
     FakeLoginItem loginItem;
     FakeLinkDetector links;
     FakeAppBundle bundle;
+    FakeAlert alert{journal};
+    FakeBundleFiles files{journal};
+    FakeDiskImageTool images{journal};
     FakeUserDefaults defaults{journal};
     FakeScheduler scheduler;
     std::shared_ptr<AppDelegate> delegate;

@@ -16,10 +16,6 @@ namespace {
 
 class LinksOf : public testing::TestWithParam<LinkGroup> {};
 
-std::string nameOfGroup(const testing::TestParamInfo<LinkGroup>& group) {
-    return group.param.name;
-}
-
 } // namespace
 
 TEST_P(LinksOf, TheTableAreFound) {
@@ -37,7 +33,7 @@ TEST_P(LinksOf, TheTableAreFound) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, LinksOf, testing::ValuesIn(linkTable()), nameOfGroup);
+INSTANTIATE_TEST_SUITE_P(All, LinksOf, testing::ValuesIn(linkTable()));
 
 TEST(LinkTable, HasAtLeast150Cases) {
     std::size_t count = 0;

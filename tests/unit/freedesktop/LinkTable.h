@@ -4,6 +4,7 @@
 
 #include <QStringView>
 
+#include <ostream>
 #include <span>
 #include <vector>
 
@@ -20,6 +21,9 @@ struct LinkCase {
 struct LinkGroup {
     const char* name;
     std::span<const LinkCase> cases;
+
+    /// Names the group's test.
+    friend std::ostream& operator<<(std::ostream& stream, const LinkGroup& group) { return stream << group.name; }
 };
 
 /// From RFC 3986, RFC 6531 and what stands in front of people all day.

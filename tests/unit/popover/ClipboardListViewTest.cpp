@@ -13,6 +13,7 @@ TEST_F(ClipboardListViewTest, AnEmptyHistoryInvitesToCopy) {
     open();
     EXPECT_EQ(labelText(u"emptyStateTitle"_s), u"Copy something to get started"_s);
     EXPECT_EQ(labelText(u"emptyStateHint"_s), u"⌘⇧V to open anytime"_s);
+    EXPECT_EQ(stage.view->findChild<QWidget*>(u"emptyStateHint"_s)->toolTip(), u"⌘ is Command"_s);
     EXPECT_EQ(badge(), QString());
     EXPECT_EQ(visible<QAbstractButton>(u"Clear"_s), nullptr);
     EXPECT_FALSE(stage.list().isVisible());

@@ -2,47 +2,18 @@
 // SPDX-License-Identifier: MIT
 
 // Every number of the layout, against what is really painted.
-#include "platform/freedesktop/BootstrapSymbols.h"
 #include "popover/TextLines.h"
 #include "settings/keys/PreferenceKeys.h"
-#include "tests/unit/popover/PaintRecorder.h"
-#include "tests/unit/popover/PopoverStage.h"
+#include "tests/unit/popover/PopoverGeometryFixture.h"
 #include "ui/Typography.h"
 
 #include <QAbstractButton>
 #include <QBuffer>
 #include <QFontMetricsF>
-#include <QMouseEvent>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-#include <cmath>
 
 namespace zamber {
 
-using namespace Qt::StringLiterals;
-
 namespace {
-
-using Level = QColor Palette::*;
-using Kind = Painted::Kind;
-
-constexpr double ANY = -1;
-/// Half a line of rounding, of fonts and of whole pixels.
-constexpr double TOLERANCE_POINTS = 1.0;
-
-struct Expected {
-    QString what; ///< a text or a symbol's name
-    double x;
-    double y;
-    double width;
-    double height;
-    double points;
-    int weight;
-    Level level;
-    double opacity = 1;
-};
 
 double textWidth(const QString& text, int points, QFont::Weight weight) {
     return QFontMetricsF(textFont(points, weight)).horizontalAdvance(text);
@@ -61,77 +32,6 @@ QByteArray png(QSize size) {
     image.save(&buffer, "PNG");
     return bytes;
 }
-
-class PopoverGeometryTest : public testing::Test {
-protected:
-    void open() {
-        stage.makeView();
-        stage.view->show();
-        QTest::qWait(0);
-    }
-
-    void look() { painted = PaintRecorder::record(*stage.view, symbols); }
-
-    /// The thing of that name, the topmost one at or below `fromY`.
-    const Painted* find(const QString& what, double fromY = 0) const {
-        const Painted* found = nullptr;
-        for (const Painted& one : painted) {
-            if (one.what == what && one.place.top() >= fromY && (!found || one.place.top() < found->place.top())) {
-                found = &one;
-            }
-        }
-        return found;
-    }
-
-    void expect(const Expected& expected, double fromY = 0) const {
-        SCOPED_TRACE(expected.what.toStdString());
-        const Painted* found = find(expected.what, fromY);
-        ASSERT_NE(found, nullptr);
-        const auto near = [](double is, double should, const char* side) {
-            if (should != ANY) {
-                EXPECT_NEAR(is, should, TOLERANCE_POINTS) << side;
-            }
-        };
-        near(found->place.x(), expected.x, "x");
-        near(found->place.y(), expected.y, "y");
-        near(found->place.width(), expected.width, "width");
-        near(found->place.height(), expected.height, "height");
-        EXPECT_EQ(found->points, expected.points);
-        EXPECT_EQ(found->weight, expected.weight);
-        EXPECT_EQ(found->color.rgba(), faded(palette.*expected.level, expected.opacity).rgba());
-    }
-
-    /// A filled shape of the colour with that rectangle.
-    void expectFill(const QRectF& place, const QColor& color) const {
-        for (const Painted& one : painted) {
-            const QRectF off(one.place.topLeft() - place.topLeft(), one.place.bottomRight() - place.bottomRight());
-            if (one.kind == Kind::Fill && one.color.rgba() == color.rgba() && std::abs(off.left()) <= 0.5 &&
-                std::abs(off.top()) <= 0.5 && std::abs(off.right()) <= 0.5 && std::abs(off.bottom()) <= 0.5) {
-                return;
-            }
-        }
-        ADD_FAILURE() << "nothing of " << color.name(QColor::HexArgb).toStdString() << " at " << place.x() << ","
-                      << place.y() << " " << place.width() << "x" << place.height();
-    }
-
-    void hover(int row) {
-        HistoryListWidget& list = stage.list();
-        const QPoint point = list.rowRectangle(row).center();
-        QMouseEvent move(QEvent::MouseMove, point, list.mapToGlobal(point), Qt::NoButton, Qt::NoButton, {});
-        QCoreApplication::sendEvent(&list, &move);
-    }
-
-    /// Where the row lies in the whole view.
-    QRectF rowPlace(int row) { return QRectF(stage.list().rowRectangle(row)).translated(stage.list().pos()); }
-    /// Where something of that height begins that stands in the middle of the row.
-    double middle(int row, double height) { return rowPlace(row).center().y() - height / 2; }
-
-    const BootstrapSymbols realSymbols;
-    const TaggedSymbols symbols{realSymbols};
-    PopoverStage stage{symbols};
-    Palette palette = Palette::light(stage.appearance.accentColor());
-    QList<Painted> painted;
-};
 
 } // namespace
 
@@ -162,7 +62,7 @@ TEST_F(PopoverGeometryTest, TheSearchField) {
     stage.copyTexts(2);
     open();
     look();
-    expectFill(QRectF(12, 44, 440 - 24, 32), palette.quinaryFill);
+    expectFill(QRectF(12, 44, 440 - 24, 32), composed(palette.quinaryFill, palette.ultraThinMaterial));
     expect({u"magnifyingglass"_s, 12 + 10, 44 + 9, 14, 14, 12, QFont::Medium, &Palette::tertiary});
     expect({u"Search clipboard…"_s, 12 + 10 + 14 + 8, 44 + 8, ANY, 16, 13, QFont::Normal, &Palette::tertiary});
     EXPECT_EQ(find(u"xmark.circle.fill"_s), nullptr);
@@ -187,7 +87,7 @@ TEST_F(PopoverGeometryTest, TheUpdateBanner) {
     expect({u"xmark"_s, 440 - 14 - 10, 44 + 11, 10, 10, 8, QFont::Bold, &Palette::secondary});
     const double buttonWidth = QFontMetrics(textFont(10, QFont::DemiBold)).horizontalAdvance(u"Update"_s) + 14;
     expectFill(QRectF(440 - 14 - 10 - 8 - buttonWidth, 44 + 8, buttonWidth, 16), palette.accentFill);
-    expectFill(QRectF(12, 44 + 32, 440 - 24, 32), palette.quinaryFill);
+    expectFill(QRectF(12, 44 + 32, 440 - 24, 32), composed(palette.quinaryFill, palette.ultraThinMaterial));
 }
 
 TEST_F(PopoverGeometryTest, TheFooter) {
@@ -271,7 +171,7 @@ TEST_F(PopoverGeometryTest, APlainRow) {
     EXPECT_EQ(rowPlace(0), QRectF(8, 84 + 4, 424, line + 20));
     EXPECT_EQ(rowPlace(1).top(), rowPlace(0).bottom() + 6);
     const double top = rowPlace(1).top();
-    expectFill(rowPlace(1), faded(palette.primary, 0.04));
+    expectFill(rowPlace(1), composed(faded(palette.primary, 0.04), palette.ultraThinMaterial));
     expect({u"doc.text"_s, 8 + 12 + 2, middle(1, 12), 12, 12, 10, QFont::Medium, &Palette::secondary}, top);
     expect({u"plain"_s, 8 + 12 + 16 + 10, top + 10, ANY, ANY, 12, QFont::Normal, &Palette::primary});
     const double ageWidth = textWidth(u"7m"_s, 10, QFont::Medium);
@@ -283,7 +183,7 @@ TEST_F(PopoverGeometryTest, AHighlightedRow) {
     stage.copyTexts(2);
     open();
     look();
-    expectFill(rowPlace(0), faded(palette.accent, 0.1));
+    expectFill(rowPlace(0), composed(faded(palette.accent, 0.1), palette.ultraThinMaterial));
     const double right = 432 - 12 - 28 - 10; // the age's box and the space before it
     const double middleOfRow = rowPlace(0).center().y();
     // A symbol of 12 in the middle of each box of 22.
@@ -422,98 +322,6 @@ TEST_F(PopoverGeometryTest, TheClearAlert) {
     ASSERT_TRUE(clear && cancel);
     EXPECT_EQ(clear->color.rgba(), palette.red.rgba());
     EXPECT_LT(clear->place.bottom(), cancel->place.top()) << "in this order";
-}
-
-/// Sizes with the most that may stand in them.
-class PopoverClippingTest : public PopoverGeometryTest, public testing::WithParamInterface<const char*> {};
-
-TEST_P(PopoverClippingTest, NoTextReachesBeyondItsPlace) {
-    stage.defaults.setString(keys::popoverSize.name, QString::fromLatin1(GetParam()));
-    stage.defaults.setInteger(keys::maxItems.name, 100000);
-    stage.copyText("https://a-rather-long-name-of-a-host.in-some-department.example.org/with/a/path");
-    stage.manager->togglePin(stage.manager->items()[0]);
-    stage.copyText(QByteArray("many\n").repeated(100000));
-    stage.copyText(QByteArray("wide words all over the place ").repeated(40));
-    stage.copyText(QByteArray(400, 'W'));
-    stage.scheduler.advance(std::chrono::hours(24 * 11));
-    for (int number = 0; number < 60; ++number) {
-        stage.copyText("text " + QByteArray::number(number));
-    }
-    open();
-    stage.view->setUpdateNotice(UpdateNotice{u"10.12.144"_s, [] {}, [] {}});
-    for (int row = 0; row < 8; ++row) {
-        stage.keyMonitor.press(HardwareKey::DownArrow);
-        QTest::qWait(0);
-        look();
-        for (const Painted& one : painted) {
-            if (one.kind != Kind::Fill) {
-                EXPECT_GE(one.place.left(), 14) << one.what.toStdString();
-                EXPECT_LE(one.place.right(), stage.view->width() - 14 + 0.5) << one.what.toStdString();
-            }
-        }
-        // No two things in the same line overlap.
-        for (qsizetype index = 0; index < painted.size(); ++index) {
-            for (qsizetype other = index + 1; other < painted.size(); ++other) {
-                const Painted& one = painted[index];
-                const Painted& two = painted[other];
-                const bool bothShow =
-                    one.kind != Kind::Fill && two.kind != Kind::Fill && !one.what.isEmpty() && !two.what.isEmpty();
-                if (bothShow && !one.visiblePart.isEmpty() && !two.visiblePart.isEmpty()) {
-                    EXPECT_FALSE(one.visiblePart.adjusted(0.5, 1, -0.5, -1)
-                                     .intersects(two.visiblePart.adjusted(0.5, 1, -0.5, -1)))
-                        << one.what.toStdString() << " and " << two.what.toStdString();
-                }
-            }
-        }
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Sizes, PopoverClippingTest, testing::Values("compact", "normal", "large"),
-                         [](const auto& size) { return std::string(size.param); });
-
-TEST(PopoverSymbols, EveryOneIsDrawnAndLooksDifferentFromEveryOther) {
-    const BootstrapSymbols symbols;
-    QHash<QString, QImage> seen;
-    for (const QString& name :
-         {u"clipboard.fill"_s, u"gearshape.fill"_s, u"arrow.down.circle.fill"_s, u"xmark"_s, u"magnifyingglass"_s,
-          u"xmark.circle.fill"_s, u"clipboard"_s, u"pin.fill"_s, u"clock"_s, u"trash"_s, u"lock.fill"_s, u"link"_s,
-          u"photo"_s, u"doc.text"_s, u"safari"_s, u"pin"_s, u"pin.slash.fill"_s}) {
-        for (const double ratio : {1.0, 1.5, 2.0}) {
-            const QImage image = symbols.pixmap(name, {10, QFont::Medium, Qt::black, ratio})
-                                     .toImage()
-                                     .convertToFormat(QImage::Format_ARGB32);
-            ASSERT_EQ(image.width(), std::ceil(12 * ratio)) << name.toStdString();
-            int inked = 0;
-            for (int y = 0; y < image.height(); ++y) {
-                for (int x = 0; x < image.width(); ++x) {
-                    inked += qAlpha(image.pixel(x, y)) > 128 ? 1 : 0;
-                }
-            }
-            EXPECT_GT(inked, image.width() * image.height() / 20) << name.toStdString();
-            EXPECT_LT(inked, image.width() * image.height()) << name.toStdString();
-            const QString key = seen.key(image);
-            EXPECT_TRUE(key.isEmpty()) << name.toStdString() << " looks like " << key.toStdString();
-            seen.insert(name + QString::number(ratio), image);
-        }
-    }
-}
-
-TEST(PopoverSymbols, AHeavierWeightHasMoreInkAndALightOneLess) {
-    const BootstrapSymbols symbols;
-    const auto ink = [&](QFont::Weight weight) {
-        const QImage image = symbols.pixmap(u"clipboard"_s, {32, weight, Qt::black, 2}).toImage();
-        qint64 sum = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                sum += image.pixelColor(x, y).alpha();
-            }
-        }
-        return sum;
-    };
-    EXPECT_LT(ink(QFont::Light), ink(QFont::Normal));
-    EXPECT_LT(ink(QFont::Normal), ink(QFont::Medium));
-    EXPECT_LT(ink(QFont::Medium), ink(QFont::DemiBold));
-    EXPECT_LT(ink(QFont::DemiBold), ink(QFont::Bold));
 }
 
 } // namespace zamber

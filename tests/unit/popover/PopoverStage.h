@@ -64,7 +64,8 @@ public:
             ClipboardListView::Callbacks{.openSettings = [this] { ++settingsOpened; },
                                          .closePopover = [this] { ++closed; },
                                          .openAddress = [this](const QUrl& address) { opened.append(address); },
-                                         .linkDetector = &linkDetector});
+                                         .linkDetector = &linkDetector,
+                                         .commandKeyHint = QStringLiteral("⌘ is Command")});
         return *view;
     }
 

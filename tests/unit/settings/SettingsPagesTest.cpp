@@ -241,6 +241,25 @@ TEST_F(SettingsPagesTest, ThePickerIsWorkedByTheArrowKeys) {
     EXPECT_EQ(stage.defaults.integer(u"maxItems"_s), 100);
 }
 
+TEST_F(SettingsPagesTest, TabStopsAtTheSegmentThatIsChosenAndAtTheFirstWhereNoneIs) {
+    open(SettingsTab::Clipboard);
+    const auto segments = picker(u"Max items"_s).findChildren<QRadioButton*>();
+    const auto stops = [&] {
+        QStringList titles;
+        for (const QRadioButton* const segment : segments) {
+            if (segment->focusPolicy() & Qt::TabFocus) {
+                titles << segment->text();
+            }
+        }
+        return titles;
+    };
+    EXPECT_EQ(stops(), QStringList(u"20"_s));
+    stage.defaults.setInteger(u"maxItems"_s, 100);
+    EXPECT_EQ(stops(), QStringList(u"100"_s));
+    stage.defaults.setInteger(u"maxItems"_s, 7);
+    EXPECT_EQ(stops(), QStringList(u"10"_s));
+}
+
 // Shortcuts
 
 TEST_F(SettingsPagesTest, WithoutQuickPasteItsSectionShowsOnlyTheSwitchAndItsCaption) {

@@ -10,6 +10,9 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
 
 #include <cstdio>
 
@@ -19,18 +22,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr auto AVAILABLE = R"({"updateAvailable": true, "latestVersion": "3.0.0"})";
+
 struct Camera {
     QString folder;
     QString suffix;
+    bool isGood = true;
 
-    void shoot(SettingsStage& stage, const QString& name) const {
+    void shoot(SettingsStage& stage, const QString& name) {
         QApplication::processEvents();
         const QString path = u"%1/settings-%2%3.png"_s.arg(folder, name, suffix);
-        std::puts(stage.view->grab().save(path) ? qPrintable(path) : "not saved");
+        const QImage picture = stage.view->grab().toImage();
+        const bool isWhole = picture.size() == stage.view->size() * picture.devicePixelRatio();
+        const bool isSaved = isWhole && picture.save(path);
+        isGood = isGood && isSaved;
+        std::printf("%s%s\n", qPrintable(path), isSaved ? "" : ": not saved");
     }
 };
 
-void shootAll(const Camera& camera, const Symbols& symbols, bool isDark) {
+void scrollToEnd(SettingsStage& stage) {
+    if (const auto* const page = qobject_cast<QScrollArea*>(stage.view->page())) {
+        page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum());
+    }
+}
+
+void shootAll(Camera& camera, const Symbols& symbols, bool isDark) {
     SettingsStage stage(symbols);
     stage.appearance.setDark(isDark);
     stage.loginItem.current = LoginItemStatus::Enabled;
@@ -40,10 +56,27 @@ void shootAll(const Camera& camera, const Symbols& symbols, bool isDark) {
         camera.shoot(stage, rawValue(tab).toLower());
     }
     stage.defaults.setBoolean(keys::quickPasteEnabled.name, true);
-    stage.defaults.setBoolean(keys::hideSensitive.name, true);
-    stage.trust.isGranted = false;
     stage.select(SettingsTab::Shortcuts);
     camera.shoot(stage, u"shortcuts-quick-paste"_s);
+
+    stage.select(SettingsTab::General);
+    scrollToEnd(stage);
+    camera.shoot(stage, u"general-end"_s);
+    stage.updates->checkForUpdates();
+    camera.shoot(stage, u"general-checking"_s);
+}
+
+/// What the end of the General page shows when there is something to do.
+void shootToDo(Camera& camera, const Symbols& symbols, bool isDark) {
+    SettingsStage stage(symbols);
+    stage.appearance.setDark(isDark);
+    stage.trust.isGranted = false;
+    stage.answer = AVAILABLE;
+    stage.updates->checkForUpdates();
+    camera.isGood = camera.isGood && QTest::qWaitFor([&] { return stage.updates->updateAvailable(); });
+    stage.open();
+    scrollToEnd(stage);
+    camera.shoot(stage, u"general-to-do"_s);
 }
 
 } // namespace
@@ -59,10 +92,14 @@ int main(int argc, char** argv) {
     const QString folder = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(folder);
     const zamber::BootstrapSymbols symbols;
+    bool isGood = true;
     for (const bool isDark : {false, true}) {
         using namespace Qt::StringLiterals;
         const QString suffix = (isDark ? u"-dark"_s : u"-light"_s) + u"@%1x"_s.arg(application.devicePixelRatio());
-        zamber::shootAll({.folder = folder, .suffix = suffix}, symbols, isDark);
+        zamber::Camera camera{.folder = folder, .suffix = suffix};
+        zamber::shootAll(camera, symbols, isDark);
+        zamber::shootToDo(camera, symbols, isDark);
+        isGood = isGood && camera.isGood;
     }
-    return 0;
+    return isGood ? 0 : 1;
 }

@@ -23,7 +23,14 @@ QByteArray firstLine(const QByteArray& head) {
 class NoUpdate : public UpdateFixture, public testing::WithParamInterface<const char*> {};
 
 /// No JSON at all, or none that stands for a whole text.
-class Malformed : public UpdateFixture, public testing::WithParamInterface<std::string> {};
+struct MalformedBody {
+    const char* name;
+    std::string bytes;
+
+    friend std::ostream& operator<<(std::ostream& stream, const MalformedBody& body) { return stream << body.name; }
+};
+
+class Malformed : public UpdateFixture, public testing::WithParamInterface<MalformedBody> {};
 
 } // namespace
 
@@ -169,23 +176,28 @@ TEST_P(Malformed, IsLoggedAsAParseErrorAndKeepsTheState) {
     checkWith(GOOD_REPLY);
     log();
     scheduler.advance(7s);
-    checkWith(QByteArray::fromStdString(GetParam()));
+    checkWith(QByteArray::fromStdString(GetParam().bytes));
     EXPECT_TRUE(manager->updateAvailable());
     EXPECT_EQ(manager->latestVersion(), u"3.0");
     EXPECT_EQ(manager->lastChecked(), FakeScheduler::START_TIME + 7);
     EXPECT_THAT(log(), StartsWith("⚠️ Update parse error: "));
 }
 
-INSTANTIATE_TEST_SUITE_P(Body, Malformed,
-                         testing::Values("", " ", "{", "}", R"({"updateAvailable": true)",
-                                         R"({"updateAvailable": tru})", R"({"updateAvailable" true})",
-                                         R"({'updateAvailable': true})", R"({"updateAvailable": true} x)",
-                                         R"({"updateAvailable": true,})", "true", "null", "\"text\"", "7",
-                                         "<html>Sign in to the network</html>",
-                                         R"({"latestVersion": ")"
-                                         "\xff\xfe"
-                                         R"(", "updateAvailable": true})",
-                                         std::string(64, '\0'), std::string(100'000, '[')));
+INSTANTIATE_TEST_SUITE_P(
+    Body, Malformed,
+    testing::Values(MalformedBody{"nothing", ""}, MalformedBody{"a blank", " "}, MalformedBody{"half of braces", "{"},
+                    MalformedBody{"the other half", "}"}, MalformedBody{"cut off", R"({"updateAvailable": true)"},
+                    MalformedBody{"a cut off word", R"({"updateAvailable": tru})"},
+                    MalformedBody{"no colon", R"({"updateAvailable" true})"},
+                    MalformedBody{"the wrong quotes", R"({'updateAvailable': true})"},
+                    MalformedBody{"something after it", R"({"updateAvailable": true} x)"},
+                    MalformedBody{"a comma too many", R"({"updateAvailable": true,})"},
+                    MalformedBody{"true alone", "true"}, MalformedBody{"null alone", "null"},
+                    MalformedBody{"a text alone", "\"text\""}, MalformedBody{"a number alone", "7"},
+                    MalformedBody{"a page", "<html>Sign in to the network</html>"},
+                    MalformedBody{"no UTF-8", "{\"latestVersion\": \"\xFF\xFE\", \"updateAvailable\": true}"},
+                    MalformedBody{"zeros", std::string(64, '\0')},
+                    MalformedBody{"deep nesting", std::string(100'000, '[')}));
 
 TEST_F(UpdateManagerTest, ASkippedVersionHidesTheBannerAtOnceAndThroughLaterChecksOfTheSameVersion) {
     checkWith(GOOD_REPLY);

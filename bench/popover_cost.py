@@ -1,0 +1,163 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Zamber project
+# SPDX-License-Identifier: MIT
+"""How fast the popover is, from the key press to the last pixel, with histories of all sizes.
+
+    bench/popover_cost.py [--runs N] [--only NAME] ZAMBER PROBE
+
+ZAMBER is the program, PROBE the one of PopoverProbe.cpp. Everything happens on a private X server. Times are
+milliseconds: the median, and the slowest in brackets. Measure on a quiet machine. Ends with 1 when a goal was missed by more than half.
+"""
+
+import argparse
+import base64
+import json
+import pathlib
+import statistics
+import struct
+import subprocess
+import sys
+import time
+import zlib
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "desktop"))
+
+from harness import PrivateDesktop, Zamber  # noqa: E402
+from harness.waiting import wait_until  # noqa: E402
+
+GOALS = {"mapped, warm": 4.6, "painted, warm": 9.4, "painted, first": 24.0, "key, 20": 2.2, "key, 10000": 5.0,
+         "scroll": 16.0}
+TOLERANCE = 1.5
+WORDS = "the clipboard keeps what people copy from window report number http return value function image line".split()
+KEY_CODES = {"k": 45, "e": 26, "p": 33, "BackSpace": 22, "Escape": 9, "Down": 116}
+WHEEL_DOWN = 5
+SETTLE_SECONDS = 2.0
+
+
+def chunk(kind, data):
+    return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+
+
+def pictures(count, width=3840, height=2160):
+    """4K pictures that compress about as well as screen shots; each differs from the others in its comment only."""
+    row = bytes((x * 7 + y * 3) & 0xFF for x in range(width) for y in range(3))
+    pixels = b"".join(b"\0" + row[3 * (y % 97):] + row[:3 * (y % 97)] for y in range(height))
+    header = chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0))
+    data = chunk(b"IDAT", zlib.compress(pixels, 6))
+    for number in range(count):
+        comment = chunk(b"tEXt", b"Comment\0" + str(number).encode())
+        yield b"\x89PNG\r\n\x1a\n" + header + comment + data + chunk(b"IEND", b"")
+
+
+def texts(count):
+    for number in range(count):
+        words = [WORDS[(number * 31 + place * 7 + place * place) % len(WORDS)] for place in range(4 + number % 14)]
+        yield f"{number} " + " ".join(words) + ("\nand a second line" if number % 5 == 0 else "")
+
+
+class Popover:
+    """A running program on a desktop of its own, and the probe that presses its keys."""
+
+    def __init__(self, desktop, binary, probe, contents):
+        self.zamber = Zamber(desktop, binary)
+        self.zamber.write_preferences(maxItems=10000)
+        self.zamber.data_folder.mkdir(parents=True)
+        now = time.time()
+        self.zamber.history_path.write_text(json.dumps([
+            {"type": "text" if isinstance(content, str) else "image",
+             "value": content if isinstance(content, str) else base64.b64encode(content).decode(),
+             "timestamp": now - 60.0 * index, "isPinned": index in (3, 4)}
+            for index, content in enumerate(contents)]))
+        self.zamber.start()
+        time.sleep(SETTLE_SECONDS)
+        self.probe = subprocess.Popen([probe], env=desktop.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                      text=True)
+
+    def ask(self, question):
+        self.probe.stdin.write(question + "\n")
+        self.probe.stdin.flush()
+        answer = json.loads(self.probe.stdout.readline())
+        if "error" in answer or (question == "open" and not answer["mapped"]):
+            raise RuntimeError(f"{question}: {answer}")
+        return answer
+
+    def key(self, name):
+        return self.ask(f"key {KEY_CODES[name]}")
+
+    def close(self):
+        self.key("Escape")
+        self.zamber.wait_until_closed()
+
+    def stop(self):
+        self.probe.stdin.close()
+        self.probe.wait(10)
+        self.zamber.stop()
+
+
+class Report:
+    def __init__(self):
+        self.missed = 0
+
+    def tell(self, what, times, goal=None):
+        median = statistics.median(times)
+        verdict = ""
+        if goal:
+            if median > goal * TOLERANCE:
+                self.missed += 1
+            verdict = ("met" if median <= goal else "within" if median <= goal * TOLERANCE else "MISSED") + f" {goal:g}"
+        print(f"{what:44} {median:8.2f} ms  ({max(times):.2f})  {verdict}", flush=True)
+
+
+def measure(report, name, popover, runs):
+    first = popover.ask("open")
+    report.tell(f"{name}: first opening, mapped", [first["mapped"]])
+    report.tell(f"{name}: first opening, painted", [first["complete"]], GOALS["painted, first"])
+    popover.close()
+    opened = []
+    for _ in range(runs):
+        opened.append(popover.ask("open"))
+        popover.close()
+    report.tell(f"{name}: opening, mapped", [one["mapped"] for one in opened], GOALS["mapped, warm"])
+    report.tell(f"{name}: opening, painted", [one["complete"] for one in opened], GOALS["painted, warm"])
+
+    popover.ask("open")
+    typed = []
+    popover.key("k"), popover.key("BackSpace")
+    for _ in range(max(2, runs // 3)):
+        letters = [popover.key(letter) for letter in "kee"]
+        typed += [letter for letter in letters if letter["drawings"]]
+        for _ in "kee":
+            popover.key("BackSpace")
+    if typed:
+        goal = GOALS["key, 10000"] if name.startswith("10000") else GOALS["key, 20"] if name.startswith("20 ") else None
+        report.tell(f"{name}: key press, first right frame", [one["first"] for one in typed], goal)
+        report.tell(f"{name}: key press, last frame", [one["complete"] for one in typed])
+    turned = [one for one in (popover.ask(f"button {WHEEL_DOWN}") for _ in range(runs)) if one["drawings"]]
+    report.tell(f"{name}: a turn of the wheel, first frame", [one["first"] for one in turned], GOALS["scroll"])
+    report.tell(f"{name}: a turn of the wheel, last frame", [one["complete"] for one in turned])
+    popover.close()
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--runs", type=int, default=15)
+    parser.add_argument("--only", default="", help="just the histories whose name contains this")
+    parser.add_argument("zamber", type=lambda path: pathlib.Path(path).resolve())
+    parser.add_argument("probe", type=lambda path: pathlib.Path(path).resolve())
+    options = parser.parse_args()
+    report = Report()
+    histories = [(f"{count} texts", lambda count=count: texts(count)) for count in (20, 100, 1000, 10000)]
+    histories.append(("100 images of 4K", lambda: pictures(100)))
+    for name, contents in histories:
+        if options.only not in name:
+            continue
+        with PrivateDesktop(accessibility=False) as desktop:
+            popover = Popover(desktop, options.zamber, options.probe, contents())
+            measure(report, name, popover, options.runs)
+            wait_until(popover.zamber.is_running, what="the program to be alive")
+            popover.stop()
+    return 1 if report.missed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+class QLineEdit;
+class QPoint;
+
+namespace zamber {
+
+class Pasteboard;
+
+/// Pastes into the program's own text fields from what the pasteboard already holds.
+///
+/// Qt's fields ask the clipboard's owner and wait in place for the answer. When the owner is this program, nobody would
+/// be there to answer; and another owner may hang.
+class TextFieldPaste final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Comes after the application object, and goes before it.
+    explicit TextFieldPaste(const Pasteboard& pasteboard);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void pasteInto(QLineEdit& field) const;
+    void showMenu(QLineEdit& field, QPoint place) const;
+
+    const Pasteboard& m_pasteboard;
+};
+
+} // namespace zamber

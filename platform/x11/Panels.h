@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/x11/Connection.h"
+
+#include <QRect>
+#include <QSize>
+
+#include <vector>
+
+namespace zamber::x11 {
+
+/// A strip along an edge of the desktop that a panel keeps for itself, in pixels: how far it reaches in from the edge,
+/// and from where to where it runs along it (the last one included).
+struct ReservedStrip {
+    enum class Edge { Left, Right, Top, Bottom };
+    Edge edge = Edge::Top;
+    int depth = 0;
+    int first = 0;
+    int last = 0;
+};
+
+/// What the strips leave of a monitor. A strip that would leave less than half of it is another monitor's: those are
+/// counted from the edge of the whole desktop, also for panels on an edge between two monitors.
+QRect withoutStrips(const QRect& monitor, QSize desktop, const std::vector<ReservedStrip>& strips);
+
+/// The panels of the desktop (EWMH, `_NET_WM_STRUT_PARTIAL`).
+class Panels final {
+public:
+    explicit Panels(const Connection& connection);
+
+    /// What they leave of a monitor, in pixels. Asks the X server twice, however many windows there are.
+    QRect workArea(const QRect& monitor) const;
+
+private:
+    std::vector<ReservedStrip> strips() const;
+
+    const Connection& m_connection;
+    xcb_atom_t m_clientList;
+    xcb_atom_t m_strut;
+};
+
+} // namespace zamber::x11

@@ -23,10 +23,8 @@
 #include "platform/macos/MacSymbols.h"
 #include "platform/macos/MacSystemSound.h"
 #include "platform/macos/MacUserDefaults.h"
+#include "platform/macos/MacWindows.h"
 #include "platform/macos/MacWorkspace.h"
-
-#include <QGuiApplication>
-#include <QWindow>
 
 #include <utility>
 
@@ -53,6 +51,7 @@ struct MacDesktop::Adapters {
     MacDiskImageTool images;
     MacStatusItem statusItem;
     MacPopover popover;
+    FloatingLevel floatingLevel;
 };
 
 std::expected<void, std::string> MacDesktop::prepare() {
@@ -78,12 +77,7 @@ void MacDesktop::setResponder(const QString& action, std::function<void()> respo
 }
 
 void MacDesktop::bringToFront(WId window) {
-    for (QWindow* const candidate : QGuiApplication::topLevelWindows()) {
-        if (candidate->handle() != nullptr && candidate->winId() == window) {
-            candidate->raise();
-            candidate->requestActivate();
-        }
-    }
+    bringWindowToFront(window);
 }
 
 Desktop MacDesktop::ports() {

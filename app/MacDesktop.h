@@ -33,7 +33,7 @@ public:
     /// Has the responder answer to the action of that name.
     static void setResponder(const QString& action, std::function<void()> responder);
 
-    /// Brings a window of ours to the front, with the keyboard.
+    /// Brings a window of ours to the front, with the keyboard, in the space where the user is.
     static void bringToFront(WId window);
 
 private:

@@ -15,10 +15,9 @@ int MacAlert::run(const AlertContent& content) {
         [alert addButtonWithTitle:button.toNSString()];
     }
     [NSApp activateIgnoringOtherApps:YES];
-    const NSModalResponse response = [alert runModal];
-    const bool isButton = response >= NSAlertFirstButtonReturn;
-    return isButton ? static_cast<int>(response - NSAlertFirstButtonReturn)
-                    : static_cast<int>(content.buttons.size()) - 1;
+    const NSInteger pressed = [alert runModal] - NSAlertFirstButtonReturn;
+    const NSInteger last = qMax<NSInteger>(content.buttons.size(), 1) - 1; // with none of ours it has one of its own
+    return static_cast<int>(pressed >= 0 ? pressed : last);
 }
 
 } // namespace zamber

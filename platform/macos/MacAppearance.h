@@ -3,8 +3,7 @@
 #pragma once
 
 #include "platform/Appearance.h"
-
-#include <vector>
+#include "platform/macos/LookChanges.h"
 
 namespace zamber {
 
@@ -23,19 +22,9 @@ public:
     void addChangedHandler(std::function<void()> handler) override;
 
 private:
-    struct Look {
-        bool isDark;
-        QColor accentColor;
-        bool reducedMotion;
-
-        bool operator==(const Look&) const = default;
-    };
-
     Look look() const { return {isDark(), accentColor(), reducedMotion()}; }
-    void tellOfChange();
 
-    std::vector<std::function<void()>> m_changed;
-    Look m_lastLook = look();
+    LookChanges m_changes{look()};
     void* m_observer; ///< retained
 };
 

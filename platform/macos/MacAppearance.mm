@@ -55,7 +55,7 @@
 namespace zamber {
 
 MacAppearance::MacAppearance()
-    : m_observer(retained([[ZamberAppearanceObserver alloc] initWithHandler:[this] { tellOfChange(); }])) {}
+    : m_observer(retained([[ZamberAppearanceObserver alloc] initWithHandler:[this] { m_changes.take(look()); }])) {}
 
 MacAppearance::~MacAppearance() {
     [released<ZamberAppearanceObserver>(m_observer) stop];
@@ -78,18 +78,7 @@ bool MacAppearance::reducedMotion() const {
 }
 
 void MacAppearance::addChangedHandler(std::function<void()> handler) {
-    m_changed.push_back(std::move(handler));
-}
-
-void MacAppearance::tellOfChange() {
-    const Look current = look();
-    if (current == m_lastLook) {
-        return;
-    }
-    m_lastLook = current;
-    for (std::size_t i = 0; i < m_changed.size(); ++i) { // one that is told may add another
-        m_changed[i]();
-    }
+    m_changes.addHandler(std::move(handler));
 }
 
 } // namespace zamber

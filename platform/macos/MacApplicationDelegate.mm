@@ -35,7 +35,7 @@ void installApplicationDelegate() {
 
 void respondToAction(const QString& selector, std::function<void()> responder) {
     responders()[selector] = std::move(responder);
-    const IMP method = imp_implementationWithBlock(^(id, id) {
+    const IMP method = imp_implementationWithBlock(^(id) {
       const std::function<void()> current = responders()[selector];
       current();
     });

@@ -18,7 +18,7 @@ NSTask* task(const QString& command, NSArray<NSString*>* arguments) {
 /// The object as one of that class, or nothing; a missing key of nothing is nothing as well.
 template <class Object>
 Object* as(id object) {
-    return [object isKindOfClass:Object.class] ? object : nil;
+    return [object isKindOfClass:[Object class]] ? object : nil;
 }
 
 AttachedImage attachedImage(NSDictionary* image) {

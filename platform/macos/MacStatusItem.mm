@@ -4,6 +4,7 @@
 
 #include "platform/macos/MacApplicationDelegate.h"
 #include "platform/macos/Retained.h"
+#include "platform/macos/SystemCoordinates.h"
 
 #import <AppKit/AppKit.h>
 
@@ -18,10 +19,9 @@ namespace zamber {
 
 namespace {
 
-/// From the system's coordinates, whose origin is the lower left corner of the first screen, to Qt's.
-QRect fromSystem(NSRect rectangle) {
-    const double top = NSMaxY(NSScreen.screens.firstObject.frame) - NSMaxY(rectangle);
-    return QRectF(NSMinX(rectangle), top, NSWidth(rectangle), NSHeight(rectangle)).toRect();
+QRect onScreen(NSView* view) {
+    const NSRect place = [view.window convertRectToScreen:[view convertRect:view.bounds toView:nil]];
+    return fromSystemCoordinates(QRectF::fromCGRect(place), NSHeight(NSScreen.screens.firstObject.frame));
 }
 
 } // namespace
@@ -46,8 +46,7 @@ std::optional<Anchor> MacStatusItem::button() const {
     if (button == nil) {
         return std::nullopt;
     }
-    const NSRect inWindow = [button convertRect:button.bounds toView:nil];
-    return Anchor{.screenRectangle = fromSystem([button.window convertRectToScreen:inWindow]),
+    return Anchor{.screenRectangle = onScreen(button),
                   .handle = reinterpret_cast<std::uintptr_t>((__bridge void*)button)};
 }
 

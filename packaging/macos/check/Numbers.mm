@@ -23,3 +23,5 @@ static_assert(NSEventTypeRightMouseUp == 4 && NSEventMaskLeftMouseUp == 1 << 2 &
 static_assert(NSPopoverBehaviorTransient == 1 && NSRectEdgeMinY == 1);
 static_assert(NSAlertFirstButtonReturn == 1000);
 static_assert(NSModalResponseStop < NSAlertFirstButtonReturn);
+static_assert(NSFloatingWindowLevel == 3);
+static_assert((__builtin_constant_p(NSSquareStatusItemLength) ? NSSquareStatusItemLength : 0) == -2);

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
+#include "MainLoop.h"
+
 #include "platform/macos/MacAccessibilityTrust.h"
 #include "platform/macos/MacAppBundle.h"
 #include "platform/macos/MacApplicationSupport.h"
@@ -14,6 +16,8 @@
 #include "tests/contracts/SystemSoundContract.h"
 
 #import <AppKit/AppKit.h>
+
+#include <memory>
 
 namespace zamber {
 
@@ -74,6 +78,18 @@ TEST(MacWorkspace, SomethingIsInFrontAndIsTheSameAtEachLook) {
     ASSERT_TRUE(front);
     EXPECT_GT(front->processId, 0);
     EXPECT_EQ(workspace.frontmostApplication(), front);
+}
+
+TEST(MacWorkspace, WhatIsNotThereCanNeitherBeOpenedNorTrashed) {
+    MacWorkspace workspace;
+    const auto outcome = std::make_shared<std::optional<QString>>();
+    workspace.openNewInstance(QStringLiteral("/nowhere/at all.app"),
+                              [outcome](const std::optional<QString>& error) { *outcome = error.value_or(QString()); });
+    EXPECT_TRUE(waitUntil([outcome] { return outcome->has_value(); }));
+    EXPECT_FALSE(outcome->value_or(QString()).isEmpty());
+    const auto moved = workspace.moveToTrash(QStringLiteral("/nowhere/at all"));
+    ASSERT_FALSE(moved);
+    EXPECT_FALSE(moved.error().isEmpty());
 }
 
 } // namespace zamber

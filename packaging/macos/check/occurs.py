@@ -137,7 +137,7 @@ def check_program(path, expected_path):
             taken.setdefault(library, set()).add(name)
         elif name in no_stubs:
             taken.setdefault("ServiceManagement (no stubs)", set()).add(name)
-        elif FRAMEWORKS.match(name):
+        elif FRAMEWORKS.match(name) or (name.removeprefix("_") in names and not name.startswith("_dispatch_")):
             missing.append(f"{name} is in no stub")
         elif name.startswith(("__Z", "__ZT", "___cxa", "___gxx")):
             taken.setdefault("C++ libraries (no stubs)", set()).add(name)

@@ -36,5 +36,5 @@ set(ZAMBER_MACOS_CHECK ON)
 # The frameworks' stubs say what is in them. Qt, ICU, the C and the C++ library have none here: what is left is looked
 # up when the program starts, which ./check-macos then accounts for.
 set(CMAKE_EXE_LINKER_FLAGS_INIT
-    "--ld-path=${ZAMBER_MACOS_LLVM}/ld64.lld -nostdlib -Wl,-undefined,dynamic_lookup -F${ZAMBER_MACOS_SDK}/Frameworks -L${ZAMBER_MACOS_SDK}/lib -lobjc"
+    "-fuse-ld=lld --ld-path=${ZAMBER_MACOS_LLVM}/ld64.lld -nostdlib -Wl,-undefined,dynamic_lookup -F${ZAMBER_MACOS_SDK}/Frameworks -L${ZAMBER_MACOS_SDK}/lib -lobjc -Wl,-syslibroot,${CMAKE_BINARY_DIR}/sysroot"
 )

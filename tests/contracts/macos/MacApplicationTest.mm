@@ -44,7 +44,7 @@ struct MacApplicationRig {
     std::vector<id> observers;
 
     ~MacApplicationRig() {
-        for (const id observer : observers) {
+        for (const id& observer : observers) {
             [NSNotificationCenter.defaultCenter removeObserver:observer];
         }
     }

@@ -52,6 +52,8 @@ struct MacPopoverRig {
     QWidget content;
     AnchoredPopover popover;
 
+    MacPopoverRig() = default;
+
     PopoverHost& host() { return popover; }
     QSize contentSize() { return content.size(); }
     void giveContent() { popover.setContent(&content); }

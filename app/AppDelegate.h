@@ -14,6 +14,8 @@
 #include <memory>
 #include <optional>
 
+class QWidget;
+
 namespace zamber {
 
 class ClipboardListView;
@@ -67,6 +69,7 @@ private:
     void createStatusItem();
     void updateMenuAppearance();
     void createPopover();
+    QWidget* makeListView();
     void followUpdates();
     void observePreferences();
     void handleHotKey(std::uint32_t id);

@@ -14,6 +14,20 @@ namespace zamber {
 
 void AppDelegate::createPopover() {
     updatePopoverSize();
+    m_desktop.popover.setContent([this] { return makeListView(); });
+    m_desktop.appearance.addChangedHandler([this] {
+        updatePopoverAppearance();
+        updateMenuAppearance();
+        if (m_listView) {
+            m_listView->updateAppearance();
+        }
+        if (m_permissionWindow) {
+            m_permissionWindow->updateAppearance();
+        }
+    });
+}
+
+QWidget* AppDelegate::makeListView() {
     m_listView = std::make_unique<ClipboardListView>(
         m_desktop.keyMonitor, m_desktop.appearance, m_desktop.symbols, m_desktop.userDefaults, m_desktop.scheduler,
         clipboardManager,
@@ -22,16 +36,8 @@ void AppDelegate::createPopover() {
                                      .openAddress = [this](const QUrl& address) { m_desktop.workspace.open(address); },
                                      .linkDetector = &m_desktop.links,
                                      .commandKeyHint = m_desktop.hotKeys.commandKeyHint()});
-    m_desktop.popover.setContent(m_listView.get());
-    m_desktop.appearance.addChangedHandler([this] {
-        updatePopoverAppearance();
-        updateMenuAppearance();
-        m_listView->updateAppearance();
-        if (m_permissionWindow) {
-            m_permissionWindow->updateAppearance();
-        }
-    });
     followUpdates();
+    return m_listView.get();
 }
 
 void AppDelegate::followUpdates() {

@@ -24,6 +24,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" 
 
 from harness import PrivateDesktop, Zamber  # noqa: E402
 from harness.waiting import wait_until  # noqa: E402
+from hostile import HostileOwner  # noqa: E402
 
 GOALS = {"mapped, warm": 4.6, "painted, warm": 9.4, "painted, first": 24.0, "key, 20": 2.2, "key, 10000": 5.0,
          "scroll": 16.0}
@@ -32,6 +33,8 @@ WORDS = "the clipboard keeps what people copy from window report number http ret
 KEY_CODES = {"k": 45, "e": 26, "p": 33, "BackSpace": 22, "Escape": 9, "Down": 116}
 WHEEL_DOWN = 5
 SETTLE_SECONDS = 2.0
+PIECE_BYTES = 200_000
+PIECES = 5_000  # more than can be sent while the popover opens
 
 
 def chunk(kind, data):
@@ -60,6 +63,7 @@ class Popover:
 
     def __init__(self, desktop, binary, probe, contents):
         self.zamber = Zamber(desktop, binary)
+        self.zamber.environment = {}  # nobody reads the screen
         self.zamber.write_preferences(maxItems=10000)
         self.zamber.data_folder.mkdir(parents=True)
         now = time.time()
@@ -138,6 +142,28 @@ def measure(report, name, popover, runs):
     popover.close()
 
 
+def measure_disturbed(report, desktop, popover, runs):
+    """The same beside an owner that does not answer, and while one sends hundreds of megabytes."""
+    owner = HostileOwner(desktop)
+
+    for what, offer in (("an owner hangs", {"silent": True}),
+                        ("a large text arrives", {"endless": True, "incr": PIECE_BYTES, "pieces": PIECES})):
+        opened = []
+        for _ in range(runs):
+            asked, ended = owner.requests().count("UTF8_STRING"), len(owner.notes("stopped"))
+            owner.offer({"UTF8_STRING": offer})
+            wait_until(lambda: owner.requests().count("UTF8_STRING") > asked, 5.0, "the owner to be asked")
+            opened.append(popover.ask("open"))
+            if len(owner.notes("stopped")) > ended:
+                raise RuntimeError(f"{what}: it was over before the popover had been painted")
+            popover.close()
+            owner.offer({})  # what has arrived is dropped, so that no save follows
+            if "incr" in offer:
+                wait_until(lambda: len(owner.notes("stopped")) > ended, 30.0, "the rest to be sent")
+        report.tell(f"{what}: opening, mapped", [one["mapped"] for one in opened], GOALS["mapped, warm"])
+        report.tell(f"{what}: opening, painted", [one["complete"] for one in opened], GOALS["painted, warm"])
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--runs", type=int, default=15)
@@ -154,6 +180,8 @@ def main():
         with PrivateDesktop(accessibility=False) as desktop:
             popover = Popover(desktop, options.zamber, options.probe, contents())
             measure(report, name, popover, options.runs)
+            if name == histories[0][0]:
+                measure_disturbed(report, desktop, popover, options.runs)
             wait_until(popover.zamber.is_running, what="the program to be alive")
             popover.stop()
     return 1 if report.missed else 0

@@ -6,6 +6,8 @@
 
 #include <QSize>
 
+#include <functional>
+
 class QWidget;
 
 namespace zamber {
@@ -21,8 +23,12 @@ class PopoverHost {
 public:
     virtual ~PopoverHost() = default;
 
-    /// The widget to show; it stays the caller's.
-    virtual void setContent(QWidget* content) = 0;
+    /// Makes the widget to show, which stays its maker's.
+    using ContentMaker = std::function<QWidget*()>;
+
+    /// What to show. It is made once: when the program has started and nothing else is waiting, or before if it has to
+    /// be shown then.
+    virtual void setContent(ContentMaker makeContent) = 0;
 
     /// The content's size in points; takes effect at once, also while the popover is shown.
     virtual void setContentSize(QSize points) = 0;

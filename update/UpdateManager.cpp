@@ -28,6 +28,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr std::chrono::seconds TLS_LOADING_DELAY{4};
 constexpr std::chrono::seconds FIRST_CHECK_DELAY{5};
 constexpr std::chrono::seconds CHECK_INTERVAL{14400};
 
@@ -98,8 +99,9 @@ void UpdateManager::startPeriodicChecks() {
             manager->checkForUpdates();
         }
     };
-    // Loading the TLS library takes longer than a frame; a worker does it until the first check needs it.
-    QThreadPool::globalInstance()->start([] { QSslSocket::supportsSsl(); });
+    // Loading the TLS library takes longer than a frame; a worker does it, once the start is over.
+    m_scheduler.after(TLS_LOADING_DELAY,
+                      [] { QThreadPool::globalInstance()->start([] { QSslSocket::supportsSsl(); }); });
     m_scheduler.after(FIRST_CHECK_DELAY, check);
     m_timer = m_scheduler.every(CHECK_INTERVAL, check);
 }

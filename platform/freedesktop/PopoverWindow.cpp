@@ -12,11 +12,17 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <utility>
 
 namespace zamber {
 
 namespace {
+
+/// Fonts and layout take longer than all else at the start; what is on the clipboard then is read before, and the
+/// icon is in the tray.
+constexpr std::chrono::milliseconds CONTENT_DELAY{100};
 
 int distance(const QRect& rectangle, QPoint point) {
     const int x = std::max({rectangle.left() - point.x(), 0, point.x() - rectangle.right()});
@@ -58,8 +64,15 @@ PopoverWindow::PopoverWindow(const Appearance& appearance, WindowSystem windowSy
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-void PopoverWindow::setContent(QWidget* content) {
-    m_frame.setContent(content);
+void PopoverWindow::setContent(ContentMaker makeContent) {
+    m_makeContent = std::move(makeContent);
+    QTimer::singleShot(CONTENT_DELAY, this, &PopoverWindow::makeContentUnlessMade);
+}
+
+void PopoverWindow::makeContentUnlessMade() {
+    if (m_makeContent) {
+        m_frame.setContent(std::exchange(m_makeContent, {})());
+    }
 }
 
 void PopoverWindow::setContentSize(QSize points) {
@@ -79,6 +92,7 @@ void PopoverWindow::show(const Anchor& anchor, PopoverEdge preferredEdge) {
     m_preferredEdge = preferredEdge;
     const bool isOpening = !isShown();
 
+    makeContentUnlessMade();
     applyLook();
     m_frame.setShape(m_windowSystem.isComposited() ? FrameShape::RoundedWithShadow : FrameShape::Square);
     place();

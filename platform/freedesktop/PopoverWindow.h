@@ -32,7 +32,7 @@ public:
 
     PopoverWindow(const Appearance& appearance, WindowSystem windowSystem);
 
-    void setContent(QWidget* content) override;
+    void setContent(ContentMaker makeContent) override;
     void setContentSize(QSize points) override;
     void setAppearance(PopoverAppearance appearance) override;
     void show(const Anchor& anchor, PopoverEdge preferredEdge) override;
@@ -53,6 +53,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void makeContentUnlessMade();
     void place();
     QRect workAreaOf(const QScreen& screen) const;
     void applyLook();
@@ -61,6 +62,7 @@ private:
     const Appearance& m_systemAppearance;
     const WindowSystem m_windowSystem;
     PopoverFrame m_frame;
+    ContentMaker m_makeContent; ///< until it is made
     QSize m_contentSize{440, 420};
     PopoverAppearance m_appearance = PopoverAppearance::System;
     std::optional<Anchor> m_anchor;

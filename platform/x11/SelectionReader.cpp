@@ -34,7 +34,7 @@ void SelectionReader::ask(xcb_atom_t target, void (SelectionReader::*handle)(con
     SelectionQuery query = m_change;
     query.target = target;
     m_transfer = &m_transfers.ask(query, [this, handle](const std::optional<Property>& answer) {
-        m_transfer = nullptr;
+        m_hasHung = !std::exchange(m_transfer, nullptr)->isOver();
         (this->*handle)(answer);
     });
 }
@@ -62,6 +62,8 @@ void SelectionReader::handleTargets(const std::optional<Property>& answer) {
 void SelectionReader::handleHint(const std::optional<Property>& answer) {
     if (answer && saysSecret(*answer)) {
         finish(Secret{});
+    } else if (m_hasHung) {
+        finish(Failed{}); // it may have been about to say so
     } else if (m_candidates.empty()) {
         finish(SelectionContent{});
     } else {

@@ -44,6 +44,7 @@ private:
     Done m_done;
     AtomLookup m_atom;
     IncomingTransfer* m_transfer = nullptr; // under way
+    bool m_hasHung = false;                 // the owner, when it was asked last
     int m_requests = 0;
     std::vector<xcb_atom_t> m_candidates; // to ask for, the best last
     xcb_atom_t m_asked = XCB_ATOM_NONE;

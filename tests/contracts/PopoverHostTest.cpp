@@ -11,6 +11,7 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QTest>
 #include <QWindow>
 
 namespace zamber {
@@ -22,7 +23,9 @@ struct FakePopoverHostRig {
 
     PopoverHost& host() { return fake; }
     QSize contentSize() { return fake.contentSize; }
-    void giveContent() {}
+    void giveContent() {
+        fake.setContent([] { return nullptr; });
+    }
     void pressOutside() { fake.pressOutside(); }
 };
 
@@ -45,7 +48,9 @@ struct PopoverWindowRig {
 
     PopoverHost& host() { return real; }
     QSize contentSize() { return content.size(); }
-    void giveContent() { real.setContent(&content); }
+    void giveContent() {
+        real.setContent([this] { return &content; });
+    }
     void pressOutside() { real.pressedOutside(QPoint(-4000, 4000)); }
 };
 
@@ -106,6 +111,7 @@ TEST(PopoverPlacement, OneThatIsTooLargeShowsItsUpperLeftCorner) {
 }
 
 TEST_F(PopoverWindowTest, ItIsAToolWindowAndNeverAPopup) {
+    ASSERT_TRUE(QTest::qWaitFor([this] { return window() != &rig.content; })) << "the content is made";
     EXPECT_EQ(window()->windowType(), Qt::Tool);
     EXPECT_TRUE(window()->windowFlags().testFlag(Qt::FramelessWindowHint));
     EXPECT_TRUE(window()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
@@ -205,16 +211,40 @@ TEST_F(PopoverWindowTest, ItClosesWhenAnotherProgramComesToTheFrontButNotForAWin
     EXPECT_FALSE(popover.isShown());
 }
 
+TEST_F(PopoverWindowTest, TheContentIsMadeOnceForTheFirstShowingOrWhenTheStartIsOver) {
+    int timesMade = 0;
+    const auto make = [&] {
+        ++timesMade;
+        return &rig.content;
+    };
+    popover.setContent(make);
+    EXPECT_EQ(timesMade, 0) << "the start does not wait for it";
+    show();
+    EXPECT_EQ(timesMade, 1);
+    popover.performClose();
+    show();
+    EXPECT_EQ(timesMade, 1);
+    popover.performClose();
+
+    popover.setContent(make);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return timesMade == 2; }));
+    show();
+    EXPECT_EQ(timesMade, 2);
+}
+
 TEST_F(PopoverWindowTest, TheContentStaysTheCallers) {
     auto content = std::make_unique<QWidget>();
     {
         FakeAppearance appearance;
         PopoverWindow other(appearance, {.isComposited = [] { return false; }, .activateWindow = [](WId) {}});
-        other.setContent(content.get());
+        other.setContent([&content] { return content.get(); });
+        other.show({QRect(400, 0, 24, 24)}, PopoverEdge::MinY);
         EXPECT_NE(content->window(), content.get());
     }
     EXPECT_EQ(content->parent(), nullptr);
-    popover.setContent(content.get());
+    popover.setContent([&content] { return content.get(); });
+    show();
+    popover.performClose();
     content.reset();
     show();
     EXPECT_TRUE(popover.isShown()) << "even without a content";

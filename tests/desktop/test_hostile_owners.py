@@ -32,6 +32,14 @@ class SilentOwnersTest(HostileTestCase):
         self.wait_for_newest("found", 15.0)
         self.assertEqual(owner.requests(), ["TARGETS", "UTF8_STRING"])
 
+    def test_who_does_not_say_whether_it_is_a_secret_is_not_asked_for_it(self):
+        owner = self.owner()
+        owner.offer({HINT: {"silent": True}, "UTF8_STRING": text("perhaps a secret")})
+        owner.wait_for_request(HINT)
+        holds_for(lambda: owner.requests() == ["TARGETS", HINT], 11.0, "no more is asked")  # longer than it is waited
+        self.assert_unharmed()
+        self.assert_not_captured("perhaps a secret")
+
     def test_what_is_promised_and_not_delivered_changes_nothing(self):
         self.copy_and_wait("new", ["new", "old"])
         self.paste_entry(1)

@@ -26,9 +26,9 @@ public:
     PopoverAppearance appearance = PopoverAppearance::System;
     QList<Showing> showings;
 
-    void setContent(QWidget* widget) override {
+    void setContent(ContentMaker makeContent) override {
+        content = makeContent();
         note("popover content");
-        content = widget;
     }
 
     void setContentSize(QSize points) override {

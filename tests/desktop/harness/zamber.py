@@ -43,6 +43,9 @@ def default_binary():
 class Zamber:
     """`ready_line` is the last line of its start: another one where it may not press keys."""
 
+    # The tests read its windows as a screen reader does.
+    environment = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
+
     def __init__(self, desktop, binary=None, ready_line=READY_LINE):
         self._desktop = desktop
         self._ready_line = ready_line
@@ -86,7 +89,7 @@ class Zamber:
         self.history_path.write_text(json.dumps(records, ensure_ascii=False))
 
     def start(self):
-        environment = dict(self._desktop.environment, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        environment = dict(self._desktop.environment, **self.environment)
         environment.update({name: os.environ[name] for name in SANITIZER_VARIABLES if name in os.environ})
         self.child = self._desktop.start("zamber", [*WITHOUT_NETWORK, self.binary], environment=environment)
         wait_until(

@@ -97,6 +97,23 @@ TEST_F(ClipboardListKeyboardTest, TypingGoesToTheSearchFieldAndFiltersAtOnce) {
     EXPECT_EQ(textOfRow(0), u"banana"_s);
 }
 
+TEST_F(ClipboardListKeyboardTest, WhatAnInputMethodComposesIsSearchedForOnceItIsCommitted) {
+    stage.copyText("apple");
+    stage.copyText("你好");
+    open();
+    auto* field = visible<QLineEdit>(u"searchField"_s);
+    QInputMethodEvent composing(u"ni hao"_s, {});
+    QCoreApplication::sendEvent(field, &composing);
+    EXPECT_EQ(stage.manager->searchText(), QString());
+    EXPECT_EQ(stage.list().items().size(), 2);
+    QInputMethodEvent committed;
+    committed.setCommitString(u"你好"_s);
+    QCoreApplication::sendEvent(field, &committed);
+    EXPECT_EQ(stage.manager->searchText(), u"你好"_s);
+    ASSERT_EQ(stage.list().items().size(), 1);
+    EXPECT_EQ(textOfRow(0), u"你好"_s);
+}
+
 TEST_F(ClipboardListKeyboardTest, TheClearSearchButtonIsThereWhileThereIsText) {
     stage.copyTexts(2);
     open();

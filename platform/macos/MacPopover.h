@@ -14,7 +14,8 @@ public:
     MacPopover(const MacPopover&) = delete;
     MacPopover& operator=(const MacPopover&) = delete;
 
-    void setContent(QWidget* content) override;
+    /// Makes the content at once: a popover has its view before it can be shown, and the start's order has it so.
+    void setContent(ContentMaker makeContent) override;
     void setContentSize(QSize points) override;
     void setAppearance(PopoverAppearance appearance) override;
     void show(const Anchor& anchor, PopoverEdge preferredEdge) override;

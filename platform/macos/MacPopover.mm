@@ -54,14 +54,14 @@ MacPopover::~MacPopover() {
     released<ZamberPopoverDelegate>(m_delegate);
 }
 
-void MacPopover::setContent(QWidget* content) {
-    m_content = content;
-    borrowed<ZamberPopoverDelegate>(m_delegate).content = content;
+void MacPopover::setContent(ContentMaker makeContent) {
+    m_content = makeContent();
+    borrowed<ZamberPopoverDelegate>(m_delegate).content = m_content;
     NSViewController* const controller = [NSViewController new];
-    controller.view = (__bridge NSView*)reinterpret_cast<void*>(content->winId());
+    controller.view = (__bridge NSView*)reinterpret_cast<void*>(m_content->winId());
     get(m_popover).contentViewController = controller;
     // The controller's view has just given the popover its own size.
-    setContentSize(m_contentSize.isValid() ? m_contentSize : content->size());
+    setContentSize(m_contentSize.isValid() ? m_contentSize : m_content->size());
 }
 
 void MacPopover::setContentSize(QSize points) {

@@ -11,6 +11,8 @@
 
 #import <AppKit/AppKit.h>
 
+#include <utility>
+
 namespace zamber {
 
 namespace {
@@ -29,7 +31,7 @@ struct AnchoredPopover final : PopoverHost {
     }
     ~AnchoredPopover() override { [window close]; }
 
-    void setContent(QWidget* content) override { real.setContent(content); }
+    void setContent(ContentMaker makeContent) override { real.setContent(std::move(makeContent)); }
     void setContentSize(QSize points) override {
         real.setContentSize(points);
         letPass();
@@ -56,7 +58,9 @@ struct MacPopoverRig {
 
     PopoverHost& host() { return popover; }
     QSize contentSize() { return content.size(); }
-    void giveContent() { popover.setContent(&content); }
+    void giveContent() {
+        popover.setContent([this] { return &content; });
+    }
 
     /// A press belongs to the user. To a transient popover it comes to the same when the application is hidden.
     void pressOutside() {

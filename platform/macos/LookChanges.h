@@ -12,7 +12,7 @@ namespace zamber {
 /// What an appearance says of how programs are to look.
 struct Look {
     bool isDark = false;
-    QColor accentColor;
+    QColor accentColor = {};
     bool reducedMotion = false;
 
     bool operator==(const Look&) const = default;

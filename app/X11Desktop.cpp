@@ -61,6 +61,13 @@ struct X11Desktop::Adapters {
         QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover, [this] { handlePress(QCursor::pos()); });
     }
 
+    void bringToFront(WId id) const {
+        const auto window = static_cast<xcb_window_t>(id);
+        // Asked to the front alone, the user would be taken to the desktop that the window is on.
+        windows.moveToCurrentDesktop(window);
+        windows.activate(window);
+    }
+
     void presentPopover(xcb_window_t window) const {
         windows.keepOutOfTaskbar(window);
         windows.activate(window);
@@ -93,7 +100,7 @@ struct X11Desktop::Adapters {
     x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, workspace, pasteboard};
     x11::X11AccessibilityTrust trust{*inputConnection};
 
-    QtApplication application{[this](WId window) { windows.activate(static_cast<xcb_window_t>(window)); }};
+    QtApplication application{[this](WId window) { bringToFront(window); }};
     QtKeyMonitor keyMonitor;
     TextFieldPaste textFieldPaste{pasteboard};
     PortalAppearance appearance;
@@ -163,10 +170,7 @@ void X11Desktop::setResponder(const QString& action, std::function<void()> respo
 }
 
 void X11Desktop::bringToFront(WId window) {
-    const auto number = static_cast<xcb_window_t>(window);
-    // Asked to the front alone, the user would be taken to the desktop that the window is on.
-    m_adapters->windows.moveToCurrentDesktop(number);
-    m_adapters->windows.activate(number);
+    m_adapters->bringToFront(window);
 }
 
 Desktop X11Desktop::ports() {

@@ -4,23 +4,52 @@
 
 #include <QBuffer>
 #include <QDateTime>
+#include <QLocale>
+
+#include <algorithm>
 
 namespace zamber {
 
+using namespace Qt::StringLiterals;
+
 namespace {
+
+/// All of that name, separated by commas; empty when there is none.
+QByteArray headerOf(const QNetworkCacheMetaData& metaData, const QByteArray& wanted) {
+    QByteArrayList values;
+    for (const auto& [name, value] : metaData.rawHeaders()) {
+        if (name.compare(wanted, Qt::CaseInsensitive) == 0) {
+            values.append(value);
+        }
+    }
+    return values.join(", ");
+}
+
+/// It depends on more than what the request says, so that no other request is answered by it.
+bool isForOneRequest(const QNetworkCacheMetaData& metaData) {
+    return headerOf(metaData, "Vary").contains('*');
+}
 
 /// Only by what the service said: without a word of it, an answer is not used again.
 bool isFresh(const QNetworkCacheMetaData& metaData) {
     return metaData.isValid() && metaData.expirationDate() > QDateTime::currentDateTimeUtc();
 }
 
-/// The library takes an answer to be new when it comes, however long others had stored it.
+/// How long ago it was made, by the clock of who made it; 0 when that can't be read.
+qint64 secondsSince(const QByteArray& httpDate) {
+    QDateTime date =
+        QLocale::c().toDateTime(QString::fromLatin1(httpDate).trimmed(), u"ddd, dd MMM yyyy HH:mm:ss 'GMT'"_s);
+    date.setTimeSpec(Qt::UTC);
+    return date.isValid() ? date.secsTo(QDateTime::currentDateTimeUtc()) : 0;
+}
+
+/// The library takes an answer to be new when it comes, however long others had stored it. A date by which it expires
+/// needs no correction by the one when it was made.
 QNetworkCacheMetaData withAge(QNetworkCacheMetaData metaData) {
-    for (const auto& [name, value] : metaData.rawHeaders()) {
-        if (name.compare("Age", Qt::CaseInsensitive) == 0) {
-            metaData.setExpirationDate(metaData.expirationDate().addSecs(-value.trimmed().toLongLong()));
-        }
-    }
+    const QByteArray lifetime = headerOf(metaData, "Cache-Control").toLower();
+    const qint64 sinceMade = lifetime.contains("max-age") ? secondsSince(headerOf(metaData, "Date")) : 0;
+    const qint64 age = std::max(headerOf(metaData, "Age").trimmed().toLongLong(), sinceMade);
+    metaData.setExpirationDate(metaData.expirationDate().addSecs(-std::max<qint64>(age, 0)));
     return metaData;
 }
 
@@ -77,7 +106,7 @@ qint64 FreshAnswers::cacheSize() const {
 
 QIODevice* FreshAnswers::prepare(const QNetworkCacheMetaData& metaData) {
     const QNetworkCacheMetaData arriving = withoutValidators(withAge(metaData));
-    if (!arriving.saveToDisk() || !isFresh(arriving)) {
+    if (!arriving.saveToDisk() || !isFresh(arriving) || isForOneRequest(arriving)) {
         return nullptr;
     }
     m_arrivingMetaData = arriving;

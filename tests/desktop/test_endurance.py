@@ -5,6 +5,7 @@
 from Xlib.ext import res
 
 from case import DesktopTestCase
+from harness import wait_until
 
 WARM_UP_CYCLES = 10
 CYCLES = 100
@@ -40,6 +41,7 @@ class EnduranceTest(DesktopTestCase):
     def test_opening_and_closing_a_hundred_times_leaves_nothing_behind(self):
         for _ in range(WARM_UP_CYCLES):
             self.cycle()
+        wait_until(self.zamber.has_asked_for_updates, 15.0, "the first check, for which libraries are loaded")
         resources, memory = self.resources(), self.resident_kibibytes()
         for _ in range(CYCLES):
             self.cycle()

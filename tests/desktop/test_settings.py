@@ -29,6 +29,12 @@ class SettingsTestCase(DesktopTestCase):
         self.wait_for_settings()
         return window
 
+    def open_from_menu(self):
+        self.click_tray_icon(3)
+        wait_until(self.zamber.menu, 5.0, "the menu")
+        self.keyboard.tap("comma")
+        return self.wait_for_settings()
+
     def settings(self):
         return self.desktop.window(title=TITLE, pid=self.zamber.pid)
 
@@ -165,19 +171,13 @@ class SettingsWindowTest(SettingsTestCase):
         self.assertEqual(self.selected_page(), "General")
 
     def test_the_menu_opens_it_also_when_it_is_minimised_or_on_another_desktop(self):
-        self.click_tray_icon(3)
-        wait_until(self.zamber.menu, 5.0, "the menu")
-        self.keyboard.tap("comma")
-        window = self.wait_for_settings()
+        window = self.open_from_menu()
         for hide in (["xdotool", "windowminimize", str(window.id)], ["xdotool", "set_desktop", "1"]):
             with self.subTest(hide[1]):
                 self.desktop.run(["xdotool", "set_num_desktops", "2"])
                 self.desktop.run(hide)
                 wait_until(lambda: not self.settings() or not self.settings().visible, 3.0, "the window to be hidden")
-                self.click_tray_icon(3)
-                wait_until(self.zamber.menu, 5.0, "the menu")
-                self.keyboard.tap("comma")
-                self.wait_for_settings()
+                self.open_from_menu()
         self.assertEqual(self.desktop.run(["xdotool", "get_desktop"]).strip(), "1", "the user stays where they are")
 
     def test_an_entry_pasted_over_it_goes_to_the_application_before_it(self):
@@ -194,3 +194,19 @@ class SettingsWindowTest(SettingsTestCase):
         self.assertIn("🔵 Pasting into: Zamber", self.zamber.stdout_lines())
         self.assertEqual(self.editor.text(), "")
         self.wait_for_settings()
+
+
+class SettingsUnderAnotherWindowManagerTest(SettingsWindowTest):
+    window_manager = "xfwm4"
+
+
+class SettingsInTilesTest(SettingsTestCase):
+    window_manager = "i3"
+
+    def test_the_menu_brings_it_to_the_workspace_that_the_user_is_on(self):
+        window = self.open_from_menu()
+        self.assertEqual((window.width, window.height), (650, 500), "no tile: its size is fixed")
+        self.desktop.run(["i3-msg", "workspace 2"])
+        wait_until(lambda: not self.settings(), 3.0, "the window to be hidden")
+        self.open_from_menu()
+        self.assertEqual(self.desktop.run(["xdotool", "get_desktop"]).strip(), "1", "the user stays where they are")

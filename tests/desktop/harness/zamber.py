@@ -114,6 +114,9 @@ class Zamber:
         """What it has logged, but for the news that the update service is out of reach, as it always is here."""
         return [line for line in self.child.stdout_lines() if not line.startswith(UPDATE_FAILED)]
 
+    def has_asked_for_updates(self):
+        return any(line.startswith(UPDATE_FAILED) for line in self.child.stdout_lines())
+
     def stderr_lines(self):
         """What went wrong, but for what Qt says of a reader, as the tests are, that asks for a node just gone."""
         return [line for line in self.child.stderr_lines() if not STALE_NODE.match(line)]

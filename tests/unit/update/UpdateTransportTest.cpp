@@ -352,6 +352,8 @@ TEST_F(UpdateTransport, AnAnswerThatIsNotFreshIsAskedForAgainWithoutAMarkOfTheLa
     for (const char* const headers :
          {"", "Cache-Control: no-store\r\n", "Cache-Control: no-cache, max-age=3600\r\n",
           "Cache-Control: max-age=0\r\n", "Cache-Control: max-age=60\r\nAge: 100\r\n",
+          "Cache-Control: max-age=3600\r\nDate: Thu, 01 Jan 1970 00:00:00 GMT\r\n",
+          "Cache-Control: max-age=3600\r\nVary: *\r\n", "Cache-Control: max-age=3600\r\nVary: Host\r\nVary: *\r\n",
           "ETag: \"you\"\r\nLast-Modified: Thu, 01 Jan 1970 00:00:00 GMT\r\n",
           "Cache-Control: max-age=0\r\nETag: \"you\"\r\nLast-Modified: Thu, 01 Jan 1970 00:00:00 GMT\r\n",
           "Expires: Thu, 01 Jan 1970 00:00:00 GMT\r\nETag: \"you\"\r\n"}) {

@@ -17,9 +17,11 @@ endif()
 foreach(component IN LISTS Qt6_FIND_COMPONENTS)
   if(NOT TARGET Qt6::${component})
     add_library(Qt6::${component} INTERFACE IMPORTED GLOBAL)
+    string(TOUPPER "QT_${component}_LIB" definition) # what Qt's headers ask for
     set_target_properties(
-      Qt6::${component} PROPERTIES INTERFACE_INCLUDE_DIRECTORIES
-                                   "${ZAMBER_CHECK_QT};${ZAMBER_CHECK_QT}/Qt${component}")
+      Qt6::${component}
+      PROPERTIES INTERFACE_INCLUDE_DIRECTORIES "${ZAMBER_CHECK_QT};${ZAMBER_CHECK_QT}/Qt${component}"
+                 INTERFACE_COMPILE_DEFINITIONS ${definition})
   endif()
   set(Qt6_${component}_FOUND TRUE)
 endforeach()

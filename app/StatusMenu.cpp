@@ -43,13 +43,18 @@ void AppDelegate::showContextMenu() {
     m_desktop.statusItem.showMenuOnce({
         {.title = QStringLiteral("Settings…"),
          .keyEquivalent = QStringLiteral(","),
-         .action = [this] { openSettings(); }},
+         .action = [this] { openSettings(); },
+         .selector = QStringLiteral("openSettings")},
         separator,
         {.title = mark + QStringLiteral("Launch at Login"),
          .keyEquivalent = {},
-         .action = [this] { toggleLaunchAtLogin(); }},
+         .action = [this] { toggleLaunchAtLogin(); },
+         .selector = QStringLiteral("toggleLaunchAtLogin")},
         separator,
-        {.title = QStringLiteral("Quit Zamber"), .keyEquivalent = QStringLiteral("q"), .action = [this] { quitApp(); }},
+        {.title = QStringLiteral("Quit Zamber"),
+         .keyEquivalent = QStringLiteral("q"),
+         .action = [this] { quitApp(); },
+         .selector = QStringLiteral("quitApp")},
     });
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "X11Desktop.h"
 
+#include "clipboard/HistoryFile.h"
 #include "platform/freedesktop/ApplicationNames.h"
 #include "platform/freedesktop/BootstrapSymbols.h"
 #include "platform/freedesktop/BuiltAppBundle.h"
@@ -18,6 +19,7 @@
 #include "platform/freedesktop/QtStatusItem.h"
 #include "platform/freedesktop/ScannerLinkDetector.h"
 #include "platform/freedesktop/SettingsUserDefaults.h"
+#include "platform/freedesktop/SingleInstance.h"
 #include "platform/freedesktop/TextFieldPaste.h"
 #include "platform/freedesktop/XdgLoginItem.h"
 #include "platform/x11/ButtonPresses.h"
@@ -34,6 +36,8 @@
 #include <QCoreApplication>
 #include <QCursor>
 
+#include <xcb/xcb.h>
+
 #include <utility>
 
 namespace zamber {
@@ -42,9 +46,12 @@ using Connections = std::pair<std::unique_ptr<x11::Connection>, std::unique_ptr<
 
 /// The pasteboard has a connection to itself, so that a large transfer does not stand before a hot key.
 struct X11Desktop::Adapters {
-    explicit Adapters(Connections connections)
-        : clipboardConnection(std::move(connections.first))
+    Adapters(std::unique_ptr<SingleInstance> onlyInstance, Connections connections)
+        : instance(std::move(onlyInstance))
+        , clipboardConnection(std::move(connections.first))
         , inputConnection(std::move(connections.second)) {
+        QObject::connect(instance.get(), &SingleInstance::showRequested, instance.get(),
+                         [this] { application.requestShow(); });
         QObject::connect(&popover, &PopoverWindow::shown, &presses, [this] {
             closingPress.forget();
             presses.setListening(x11::ButtonPresses::Listening::On);
@@ -77,6 +84,7 @@ struct X11Desktop::Adapters {
         }
     }
 
+    std::unique_ptr<SingleInstance> instance;
     std::unique_ptr<x11::Connection> clipboardConnection;
     std::unique_ptr<x11::Connection> inputConnection;
 
@@ -114,13 +122,41 @@ struct X11Desktop::Adapters {
                            .workArea = [this](const QRect& monitor) { return panels.workArea(monitor); }}};
 };
 
+std::expected<void, std::string> X11Desktop::prepare() {
+    xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
+    const bool isConnected = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    if (!isConnected) {
+        return std::unexpected("there is no X server to be reached (on Wayland, XWayland has to be running)");
+    }
+    // On Wayland too: the clipboard, the hot keys and the keystroke are spoken over X there.
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    // A frame is painted when something has changed, not five milliseconds later.
+    qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
+    return {};
+}
+
+std::filesystem::path X11Desktop::historyFile() {
+    return HistoryFile::defaultPath();
+}
+
 std::expected<std::unique_ptr<X11Desktop>, std::string> X11Desktop::create() {
+    auto instance = std::make_unique<SingleInstance>(QStringLiteral("app.zamber.Zamber"));
+    switch (instance->start()) {
+    case SingleInstance::Start::OnlyOne:
+        break;
+    case SingleInstance::Start::OtherShown:
+        return nullptr;
+    case SingleInstance::Start::OtherHangs:
+        return std::unexpected("it is running already, but does not answer");
+    }
     auto clipboard = x11::Connection::open();
     auto input = x11::Connection::open();
     if (!clipboard || !input) {
         return std::unexpected((clipboard ? input : clipboard).error());
     }
-    auto adapters = std::make_unique<Adapters>(Connections(std::move(*clipboard), std::move(*input)));
+    auto adapters =
+        std::make_unique<Adapters>(std::move(instance), Connections(std::move(*clipboard), std::move(*input)));
     return std::unique_ptr<X11Desktop>(new X11Desktop(std::move(adapters)));
 }
 
@@ -135,10 +171,6 @@ void X11Desktop::setResponder(const QString& action, std::function<void()> respo
 
 void X11Desktop::bringToFront(WId window) {
     m_adapters->bringToFront(window);
-}
-
-void X11Desktop::requestShow() {
-    m_adapters->application.requestShow();
 }
 
 Desktop X11Desktop::ports() {

@@ -7,6 +7,7 @@
 #include <QtGui/qwindowdefs.h>
 
 #include <expected>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -17,8 +18,15 @@ namespace zamber {
 /// before them and goes after them.
 class X11Desktop final {
 public:
-    /// The error is a sentence for people.
+    /// Comes before the application object, which would end the process where there is no X server. The errors are
+    /// sentences for people.
+    static std::expected<void, std::string> prepare();
+
+    /// Null when the program runs already and has been asked to show itself.
     static std::expected<std::unique_ptr<X11Desktop>, std::string> create();
+
+    /// Where this user's history is kept.
+    static std::filesystem::path historyFile();
 
     ~X11Desktop();
 
@@ -29,9 +37,6 @@ public:
 
     /// Asks the window manager to bring a window of ours to the front, with the keyboard.
     void bringToFront(WId window);
-
-    /// Another start asks for the program.
-    void requestShow();
 
 private:
     struct Adapters;

@@ -1,14 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "X11Desktop.h"
-
 #include "app/AppDelegate.h"
-#include "clipboard/HistoryFile.h"
 #include "install/DMGCleanup.h"
 #include "platform/AppBundle.h"
 #include "platform/HotKeyCenter.h"
 #include "platform/UserDefaults.h"
-#include "platform/freedesktop/SingleInstance.h"
 #include "settings/SettingsWindow.h"
 #include "update/UpdateManager.h"
 
@@ -16,12 +12,19 @@
 
 #include <fcntl.h>
 #include <unistd.h>
-#include <xcb/xcb.h>
 
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+
+#ifdef __APPLE__
+#include "MacDesktop.h"
+using ChosenDesktop = zamber::MacDesktop;
+#else
+#include "X11Desktop.h"
+using ChosenDesktop = zamber::X11Desktop;
+#endif
 
 namespace {
 
@@ -34,51 +37,29 @@ void keepStandardStreamsOpen() {
     }
 }
 
-/// Asked before Qt is: it ends the process with a core dump where there is no X server.
-bool hasXServer() {
-    xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
-    const bool isConnected = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return isConnected;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
     keepStandardStreamsOpen();
     // The log's reader may go away; the program does not end for it.
     std::signal(SIGPIPE, SIG_IGN);
-    if (!hasXServer()) {
-        std::fputs("zamber: there is no X server to be reached (on Wayland, XWayland has to be running)\n", stderr);
+    if (const auto prepared = ChosenDesktop::prepare(); !prepared) {
+        std::fprintf(stderr, "zamber: %s\n", prepared.error().c_str());
         return EXIT_FAILURE;
     }
-    // On Wayland too: the clipboard, the hot keys and the keystroke are spoken over X there.
-    qputenv("QT_QPA_PLATFORM", "xcb");
-    // A frame is painted when something has changed, not five milliseconds later.
-    qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
     int noArguments = argc > 0 ? 1 : 0; // there is no command line, not even Qt's own
     QApplication application(noArguments, argv);
     QApplication::setApplicationName(QStringLiteral("Zamber"));
     QApplication::setDesktopFileName(QStringLiteral("app.zamber.Zamber"));
 
-    zamber::SingleInstance instance(QStringLiteral("app.zamber.Zamber"));
-    switch (instance.start()) {
-    case zamber::SingleInstance::Start::OnlyOne:
-        break;
-    case zamber::SingleInstance::Start::OtherShown:
-        return EXIT_SUCCESS;
-    case zamber::SingleInstance::Start::OtherHangs:
-        std::fputs("zamber: it is running already, but does not answer\n", stderr);
-        return EXIT_FAILURE;
-    }
-
-    auto desktop = zamber::X11Desktop::create();
+    auto desktop = ChosenDesktop::create();
     if (!desktop) {
         std::fprintf(stderr, "zamber: %s\n", desktop.error().c_str());
         return EXIT_FAILURE;
     }
-    QObject::connect(&instance, &zamber::SingleInstance::showRequested, &application,
-                     [&desktop] { (*desktop)->requestShow(); });
+    if (!*desktop) {
+        return EXIT_SUCCESS; // another one runs already and shows itself
+    }
     const zamber::Desktop ports = (*desktop)->ports();
     zamber::UserDefaults::setStandard(&ports.userDefaults);
     zamber::UpdateManager::setShared(
@@ -92,9 +73,11 @@ int main(int argc, char** argv) {
                                      .updates = zamber::UpdateManager::shared(),
                                      .commandKeyHint = ports.hotKeys.commandKeyHint()},
                                     [&desktop](WId window) { (*desktop)->bringToFront(window); });
-    (*desktop)->setResponder(QStringLiteral("showSettingsWindow:"), [&settings] { settings.show(); });
+    for (const auto& action : {QStringLiteral("showSettingsWindow:"), QStringLiteral("showPreferencesWindow:")}) {
+        (*desktop)->setResponder(action, [&settings] { settings.show(); });
+    }
     const auto delegate = std::make_shared<zamber::AppDelegate>(
-        ports, zamber::HistoryFile::defaultPath(),
+        ports, ChosenDesktop::historyFile(),
         zamber::LaunchSteps{.startPeriodicChecks = [] { zamber::UpdateManager::shared().startPeriodicChecks(); },
                             .checkAndPromptMove =
                                 [ports] {

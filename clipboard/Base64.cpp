@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/Base64.h"
 
+#include "clipboard/Base64Codec.h"
 #include "clipboard/ByteBlocks.h"
-
-#include <modp_b64.h>
 
 #include <array>
 #include <bit>
@@ -14,7 +13,6 @@ namespace zamber {
 
 namespace {
 
-constexpr std::size_t FAILED = static_cast<std::size_t>(-1);
 /// The decoder asks for up to so many bytes more than it fills.
 constexpr std::size_t DECODER_SLACK = 2;
 constexpr std::size_t PIECE_BYTES = std::size_t{1} << 15;
@@ -31,9 +29,9 @@ public:
         , m_to(m_bytes.data()) {}
 
     bool add(std::string_view text) {
-        const auto length = modp_b64_decode(m_to, text.data(), text.size());
-        m_to += length == FAILED ? 0 : length;
-        return length != FAILED;
+        const auto length = base64codec::decode(m_to, text);
+        m_to += length.value_or(0);
+        return length.has_value();
     }
 
     QByteArray bytes() && {
@@ -49,7 +47,7 @@ private:
 } // namespace
 
 void encodeBase64(char* output, std::string_view bytes) {
-    modp_b64_encode(output, bytes.data(), bytes.size());
+    base64codec::encode(output, bytes);
 }
 
 std::optional<QByteArray> fromBase64(std::string_view text) {

@@ -5,6 +5,9 @@
 #include "clipboard/Base64.h"
 #include "clipboard/JsonString.h"
 
+#include <QByteArray>
+#include <QLocale>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -177,9 +180,13 @@ private:
 /// The shortest form that reads back as the same number.
 template <class Output>
 void putNumber(Output& output, double number) {
+#ifdef __cpp_lib_to_chars
     std::array<char, 512> digits{};
     const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
     output.put({digits.data(), result.ptr});
+#else // a standard library without fractions
+    output.put(view(QByteArray::number(number, 'f', QLocale::FloatingPointShortest)));
+#endif
 }
 
 template <class Output>

@@ -4,6 +4,8 @@
 
 #include "clipboard/ByteBlocks.h"
 
+#include <QByteArrayView>
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -289,13 +291,16 @@ bool JsonScanner::skipNumber() {
 }
 
 std::optional<double> jsonNumber(std::string_view rawNumber) {
+#ifdef __cpp_lib_to_chars
     double number = 0;
     const auto* end = rawNumber.data() + rawNumber.size();
     const auto [parsedEnd, error] = std::from_chars(rawNumber.data(), end, number);
-    if (error != std::errc{} || parsedEnd != end) {
-        return std::nullopt;
-    }
-    return number;
+    const bool isNumber = error == std::errc{} && parsedEnd == end;
+#else // a standard library without fractions
+    bool isNumber = false;
+    const double number = QByteArrayView(rawNumber.data(), rawNumber.size()).toDouble(&isNumber);
+#endif
+    return isNumber ? std::optional(number) : std::nullopt;
 }
 
 } // namespace zamber

@@ -19,6 +19,7 @@ struct MenuItem {
     QString title;
     QString keyEquivalent; ///< the key that chooses the item while the menu is open, or empty
     std::function<void()> action;
+    QString selector = {}; ///< what the action is called where actions are sent by name
 };
 
 /// The program's square in the menu bar or tray.

@@ -77,6 +77,10 @@ require_brew() {
         brew --prefix --installed "$name" >/dev/null 2>&1 || missing="$missing $name"
     done
     [ -z "$missing" ] || die "missing here; install it with: brew install$missing"
+    xcrun --find clang++ >/dev/null 2>&1 || die "the compiler is missing; install it with: xcode-select --install"
+    # Homebrew links neither of them where CMake looks.
+    CMAKE_PREFIX_PATH="$(brew --prefix qt):$(brew --prefix icu4c)${CMAKE_PREFIX_PATH:+:$CMAKE_PREFIX_PATH}"
+    export CMAKE_PREFIX_PATH
 }
 
 require_elsewhere() {

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <concepts>
 
@@ -22,24 +23,10 @@ protected:
     Rig rig;
     const Symbols& symbols = rig.symbols();
 
-    static inline const char* const NAMES[] = {"arrow.down.circle.fill",
-                                               "clipboard",
-                                               "clipboard.fill",
-                                               "clock",
-                                               "doc.on.clipboard",
-                                               "doc.text",
-                                               "gearshape.fill",
-                                               "link",
-                                               "lock.fill",
-                                               "photo",
-                                               "magnifyingglass",
-                                               "pin",
-                                               "pin.fill",
-                                               "safari",
-                                               "pin.slash.fill",
-                                               "trash",
-                                               "xmark",
-                                               "xmark.circle.fill"};
+    static constexpr auto NAMES = std::to_array<const char*>(
+        {"arrow.down.circle.fill", "clipboard", "clipboard.fill", "clock", "doc.on.clipboard", "doc.text",
+         "gearshape.fill", "link", "lock.fill", "photo", "magnifyingglass", "pin", "pin.fill", "safari",
+         "pin.slash.fill", "trash", "xmark", "xmark.circle.fill"});
 
     /// The most opaque pixel of the picture.
     static QColor strongest(const QPixmap& pixmap) {

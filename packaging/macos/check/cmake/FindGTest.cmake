@@ -1,0 +1,13 @@
+# GoogleTest's headers alone.
+find_path(ZAMBER_CHECK_GTEST gtest/gtest.h PATHS /usr/include NO_DEFAULT_PATH REQUIRED)
+file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/headers")
+foreach(folder gtest gmock)
+  file(CREATE_LINK "${ZAMBER_CHECK_GTEST}/${folder}" "${CMAKE_BINARY_DIR}/headers/${folder}" SYMBOLIC)
+endforeach()
+foreach(name gtest gtest_main gmock)
+  if(NOT TARGET GTest::${name})
+    add_library(GTest::${name} INTERFACE IMPORTED GLOBAL)
+    set_target_properties(GTest::${name} PROPERTIES INTERFACE_INCLUDE_DIRECTORIES "${CMAKE_BINARY_DIR}/headers")
+  endif()
+endforeach()
+set(GTest_FOUND TRUE)

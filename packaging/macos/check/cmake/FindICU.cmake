@@ -1,0 +1,11 @@
+# ICU's headers alone: a folder that links to them, since the rest of /usr/include is another system's.
+find_path(ZAMBER_CHECK_ICU unicode/utypes.h PATHS /usr/include NO_DEFAULT_PATH REQUIRED)
+file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/headers")
+file(CREATE_LINK "${ZAMBER_CHECK_ICU}/unicode" "${CMAKE_BINARY_DIR}/headers/unicode" SYMBOLIC)
+foreach(component IN LISTS ICU_FIND_COMPONENTS)
+  if(NOT TARGET ICU::${component})
+    add_library(ICU::${component} INTERFACE IMPORTED GLOBAL)
+    set_target_properties(ICU::${component} PROPERTIES INTERFACE_INCLUDE_DIRECTORIES "${CMAKE_BINARY_DIR}/headers")
+  endif()
+endforeach()
+set(ICU_FOUND TRUE)

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Appearance.h"
+#include "platform/macos/LookChanges.h"
+
+namespace zamber {
+
+/// The application's effective appearance, the accent colour and the accessibility settings of the system.
+class MacAppearance final : public Appearance {
+public:
+    /// Comes after the application object.
+    MacAppearance();
+    ~MacAppearance() override;
+    MacAppearance(const MacAppearance&) = delete;
+    MacAppearance& operator=(const MacAppearance&) = delete;
+
+    bool isDark() const override;
+    QColor accentColor() const override;
+    bool reducedMotion() const override;
+    void addChangedHandler(std::function<void()> handler) override;
+
+private:
+    Look look() const { return {isDark(), accentColor(), reducedMotion()}; }
+
+    LookChanges m_changes{look()};
+    void* m_observer; ///< retained
+};
+
+} // namespace zamber

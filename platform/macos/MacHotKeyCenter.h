@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/HotKeyCenter.h"
+
+namespace zamber {
+
+/// Hot keys of the Carbon event manager. They and their handler stay as long as the process, and so has this object to.
+class MacHotKeyCenter final : public HotKeyCenter {
+public:
+    QString commandKeyHint() const override;
+    std::optional<HotKeyRef> registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) override;
+
+    /// To be called once.
+    void setPressedHandler(PressedHandler handler) override;
+
+    /// What the event manager's handler hands on, already on the main queue.
+    void tellPressed(std::uint32_t id) const { m_pressed(id); }
+
+private:
+    PressedHandler m_pressed;
+};
+
+} // namespace zamber

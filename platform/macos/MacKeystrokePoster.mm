@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/macos/MacKeystrokePoster.h"
+
+#import <Carbon/Carbon.h>
+#import <CoreGraphics/CoreGraphics.h>
+
+namespace zamber {
+
+namespace {
+
+void post(CGEventRef event) {
+    if (event != nullptr) {
+        CGEventSetFlags(event, kCGEventFlagMaskCommand);
+        CGEventPost(kCGHIDEventTap, event);
+        CFRelease(event);
+    }
+}
+
+} // namespace
+
+void MacKeystrokePoster::postPaste(const std::optional<RunningApplication>&, std::function<void()> done) {
+    CGEventSourceRef source = CGEventSourceCreate(kCGEventSourceStateHIDSystemState);
+    CGEventRef keyDown = CGEventCreateKeyboardEvent(source, kVK_ANSI_V, true);
+    CGEventRef keyUp = CGEventCreateKeyboardEvent(source, kVK_ANSI_V, false);
+    post(keyDown);
+    post(keyUp);
+    if (source != nullptr) {
+        CFRelease(source);
+    }
+    done();
+}
+
+} // namespace zamber

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/LinkDetector.h"
+
+namespace zamber {
+
+/// The system's data detector.
+class MacLinkDetector final : public LinkDetector {
+public:
+    std::optional<DetectedLink> firstLink(const QString& text) override;
+};
+
+} // namespace zamber

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Scheduler.h"
+
+#include <memory>
+
+namespace zamber {
+
+/// The main queue for what runs once, repeating timers of the main run loop for the rest. While a menu is open the
+/// repeating ones wait, the others do not.
+class MacScheduler final : public Scheduler {
+public:
+    MacScheduler();
+    ~MacScheduler() override;
+    MacScheduler(const MacScheduler&) = delete;
+    MacScheduler& operator=(const MacScheduler&) = delete;
+
+    Token after(std::chrono::milliseconds delay, Action action) override;
+    Token every(std::chrono::milliseconds interval, Action action) override;
+    void invalidate(Token token) override;
+    void soon(Action action) override;
+    double now() const override;
+
+private:
+    struct Timers;
+
+    std::shared_ptr<Timers> m_timers;
+};
+
+} // namespace zamber

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/SystemSound.h"
+
+namespace zamber {
+
+/// The sounds of the system, by their names.
+class MacSystemSound final : public SystemSound {
+public:
+    void play(const QString& name) override;
+};
+
+} // namespace zamber

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/macos/MacScheduler.h"
+
+#include "MainLoop.h"
+
+#include "tests/contracts/SchedulerContract.h"
+
+namespace zamber {
+
+namespace {
+
+struct MacSchedulerRig {
+    MacScheduler real;
+
+    Scheduler& scheduler() { return real; }
+    auto elapsed() { return std::chrono::steady_clock::now().time_since_epoch(); }
+    void letPass(std::chrono::milliseconds time) { zamber::letPass(time); }
+    bool waitUntil(const std::function<bool()>& condition) { return zamber::waitUntil(condition); }
+    double wallClock() {
+        return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+    }
+};
+
+} // namespace
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Mac, SchedulerContract, MacSchedulerRig);
+
+} // namespace zamber

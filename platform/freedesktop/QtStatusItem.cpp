@@ -15,6 +15,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QWindow>
 
 #include <algorithm>
 #include <array>
@@ -159,6 +160,14 @@ void QtStatusItem::showMenuOnce(const QList<MenuItem>& menu) {
 }
 
 bool QtStatusItem::eventFilter(QObject* watched, QEvent* event) {
+    // Qt takes every popup away when the program ceases to be the active one, as it does a moment after the window in
+    // front has gone. A tray icon's menu has nothing to do with that; as long as a user closes it, the program is
+    // active.
+    if (watched == m_menu.windowHandle() && event->type() == QEvent::Close &&
+        QGuiApplication::applicationState() != Qt::ApplicationActive) {
+        event->ignore();
+        return true;
+    }
     // A menu shows an action's shortcut but leaves it to the window that it hangs from, and there is none.
     if (watched == &m_menu && event->type() == QEvent::KeyPress) {
         const QKeySequence pressed(static_cast<QKeyEvent*>(event)->key());

@@ -88,7 +88,9 @@ class KeysTest(DesktopTestCase):
         self.editor.wait_for_text("banana bread")
         self.zamber.open_popover()
         self.assertEqual(len(self.names()), 3, "nothing was cleared")
-        self.assertEqual(self.zamber.tree().all(role="push button", name="Clear All", states=["showing"]), [])
+        # What is read may be a moment old.
+        wait_until(lambda: not self.zamber.tree().all(role="push button", name="Clear All", states=["showing"]), 3.0,
+                   "the question to be gone")
         self.keyboard.tap("Escape")
         self.zamber.wait_until_closed()
 

@@ -5,7 +5,7 @@
 import re
 
 from case import DesktopTestCase
-from harness import wait_until
+from harness import holds_for, wait_until
 
 TITLE = "Zamber Settings"
 PAGES = ("General", "Clipboard", "Shortcuts", "About")
@@ -179,6 +179,17 @@ class SettingsWindowTest(SettingsTestCase):
                 wait_until(lambda: not self.settings() or not self.settings().visible, 3.0, "the window to be hidden")
                 self.open_from_menu()
         self.assertEqual(self.desktop.run(["xdotool", "get_desktop"]).strip(), "1", "the user stays where they are")
+
+    def test_the_menu_stays_when_the_window_in_front_goes(self):
+        self.open_settings()
+        self.desktop.run(["xdotool", "set_num_desktops", "2"])
+        self.click_tray_icon(3)
+        wait_until(self.zamber.menu, 5.0, "the menu")
+        self.desktop.run(["xdotool", "set_desktop", "1"])
+        wait_until(lambda: not self.settings(), 3.0, "the window to be hidden")
+        holds_for(self.zamber.menu, 1.0, "the menu is open")
+        self.keyboard.tap("comma")
+        self.wait_for_settings()
 
     def test_an_entry_pasted_over_it_goes_to_the_application_before_it(self):
         self.open_settings()

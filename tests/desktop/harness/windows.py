@@ -77,14 +77,18 @@ def top_level_windows(display):
 
 
 def embedded_windows(display):
-    """The icons that a tray has taken in."""
-    info = display.intern_atom("_XEMBED_INFO")
+    """The icons that a tray has taken in. Qt gives every window their mark; the others a window manager has."""
+    info, managed = display.intern_atom("_XEMBED_INFO"), display.intern_atom("WM_STATE")
+
+    def has(window, name):
+        return window.get_full_property(name, X.AnyPropertyType) is not None
+
     found = []
 
     def look(window, depth):
         try:
             children = window.query_tree().children
-            is_icon = window.get_full_property(info, X.AnyPropertyType) is not None
+            is_icon = has(window, info) and not has(window, managed)
         except error.XError:
             return
         description = describe(display, window) if is_icon else None

@@ -260,6 +260,9 @@ void ClipboardListView::showRowMenu(int row, QPoint screenPosition) {
 }
 
 void ClipboardListView::showClearConfirmation() {
+    if (!isVisible()) {
+        return; // a press by assistive technology takes its time, and the popover may have closed meanwhile
+    }
     m_clearConfirmation->raise();
     m_clearConfirmation->show();
 }

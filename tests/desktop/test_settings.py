@@ -167,6 +167,7 @@ class SettingsWindowTest(SettingsTestCase):
         self.assertEqual(len([w for w in self.zamber.windows() if w.title == TITLE]), 1)
         self.keyboard.chord("Control_L", "w")
         wait_until(lambda: self.settings() is None or not self.settings().visible, 3.0, "the window to be gone")
+        self.desktop.wait_until_active(self.editor.window)
         self.open_settings()
         self.assertEqual(self.selected_page(), "General")
 

@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     }
     int noArguments = argc > 0 ? 1 : 0; // there is no command line, not even Qt's own
-    QApplication application(noArguments, argv);
+    const QApplication application(noArguments, argv);
     QApplication::setApplicationName(QStringLiteral("Zamber"));
     QApplication::setDesktopFileName(QStringLiteral("app.zamber.Zamber"));
 

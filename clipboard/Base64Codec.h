@@ -6,10 +6,8 @@
 #include <optional>
 #include <string_view>
 
-namespace zamber {
-
 /// What turns bytes into Base64 and back: a library's fast one where there is it, Qt's otherwise.
-namespace base64codec {
+namespace zamber::base64codec {
 
 /// Writes padded Base64 without line breaks, and a zero byte behind it.
 void encode(char* output, std::string_view bytes);
@@ -18,6 +16,4 @@ void encode(char* output, std::string_view bytes);
 /// two bytes more than come out.
 std::optional<std::size_t> decode(char* output, std::string_view text);
 
-} // namespace base64codec
-
-} // namespace zamber
+} // namespace zamber::base64codec

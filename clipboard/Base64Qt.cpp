@@ -10,7 +10,7 @@ namespace zamber::base64codec {
 
 void encode(char* output, std::string_view bytes) {
     const QByteArray text = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size())).toBase64();
-    *std::copy(text.begin(), text.end(), output) = '\0';
+    *std::ranges::copy(text, output).out = '\0';
 }
 
 std::optional<std::size_t> decode(char* output, std::string_view text) {
@@ -23,7 +23,7 @@ std::optional<std::size_t> decode(char* output, std::string_view text) {
     if (!decoded) {
         return std::nullopt;
     }
-    std::copy(decoded.decoded.begin(), decoded.decoded.end(), output);
+    std::ranges::copy(decoded.decoded, output);
     return static_cast<std::size_t>(decoded.decoded.size());
 }
 

@@ -99,9 +99,9 @@ class Root:
             self._dpkg("--purge", "--force-depends", "zamber")  # this machine has it; this root has not
 
     def _dpkg(self, *arguments):
-        # Who is not the superuser keeps the files that are unpacked.
-        return run("dpkg", f"--root={self.folder}", "--force-not-root", "--force-bad-path", *arguments,
-                   env=dict(os.environ, LC_ALL="C.UTF-8"))
+        # Who is not the superuser keeps the files that are unpacked; some machines leave out man pages and documents.
+        return run("dpkg", f"--root={self.folder}", "--path-include=/*", "--force-not-root", "--force-bad-path",
+                   *arguments, env=dict(os.environ, LC_ALL="C.UTF-8"))
 
     def install(self, made):
         return self._dpkg("--install", made)

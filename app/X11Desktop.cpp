@@ -119,7 +119,8 @@ struct X11Desktop::Adapters {
     PopoverWindow popover{appearance,
                           {.isComposited = [this] { return windows.isComposited(); },
                            .activateWindow = [this](WId id) { presentPopover(static_cast<xcb_window_t>(id)); },
-                           .workArea = [this](const QRect& monitor) { return panels.workArea(monitor); }}};
+                           .workArea = [this](const QRect& monitor) { return panels.workArea(monitor); },
+                           .pressedElsewhere = [this](QPoint position) { handlePress(position); }}};
 };
 
 std::expected<void, std::string> X11Desktop::prepare() {

@@ -123,10 +123,11 @@ void PopoverWindow::pressedOutside(QPoint position) {
 bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress && watched->isWindowType() && isShown()) {
         const QWidget* window = widgetOfWindow(watched);
+        const QPoint position = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();
         if (!belongsTo(window, &m_frame)) {
-            performClose();
+            m_windowSystem.pressedElsewhere ? m_windowSystem.pressedElsewhere(position) : performClose();
         } else if (window == &m_frame) {
-            pressedOutside(static_cast<QMouseEvent*>(event)->globalPosition().toPoint()); // on the shadow
+            pressedOutside(position); // on the shadow
         }
     } else if (event->type() == QEvent::ApplicationPaletteChange) {
         applyLook();

@@ -28,6 +28,9 @@ public:
         /// What panels leave of a monitor, in pixels. Where there are several monitors Qt does not know; without this
         /// function the popover may lie over a panel there.
         std::function<QRect(const QRect&)> workArea = {};
+        /// Told of a press, at that place on the screen, in a window of ours that is not the popover's; without this
+        /// function it closes the popover.
+        std::function<void(QPoint)> pressedElsewhere = {};
     };
 
     PopoverWindow(const Appearance& appearance, WindowSystem windowSystem);

@@ -301,6 +301,22 @@ class EmbeddedIconTest(DesktopTestCase):
             # A hand is not quicker than this; a click in the same instant would still be the menu's.
             holds_for(lambda: self.zamber.menu() is None, 0.2, "the menu stays closed")
 
+    def test_a_click_that_closes_the_popover_does_not_show_it_again_for_a_moment(self):
+        for pause in (1.0, 0.0):  # the second click of a pair is another thing to toolkits
+            self.click_tray_icon()
+            self.zamber.wait_for_popover()
+            holds_for(lambda: self.zamber.popover() is not None, pause, "the popover is open")
+            watching = self.desktop.connect()
+            watching.screen().root.change_attributes(event_mask=X.SubstructureNotifyMask)
+            watching.sync()
+            self.click_tray_icon()
+            self.zamber.wait_until_closed()
+            holds_for(lambda: self.zamber.popover() is None, 0.7, "the popover stays closed")
+            seen = [watching.next_event().type for _ in range(watching.pending_events())]
+            self.assertIn(X.UnmapNotify, seen)
+            self.assertNotIn(X.MapNotify, seen)
+            watching.close()
+
     def test_a_tray_that_restarts_again_and_again_gets_the_icon_each_time(self):
         for _ in range(4):
             self.desktop.tray_host.stop()

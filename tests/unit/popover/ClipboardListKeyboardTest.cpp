@@ -126,6 +126,16 @@ TEST_F(ClipboardListKeyboardTest, TheClearSearchButtonIsThereWhileThereIsText) {
     EXPECT_EQ(stage.list().items().size(), 2);
 }
 
+TEST_F(ClipboardListKeyboardTest, APressThatArrivesAfterThePopoverHasClosedAsksNothing) {
+    stage.copyTexts(3);
+    open();
+    auto* const clear = visible<QAbstractButton>(u"Clear"_s);
+    stage.view->hide();
+    clear->click();
+    stage.view->show();
+    EXPECT_EQ(visible<QAbstractButton>(u"Clear All"_s), nullptr);
+}
+
 TEST_F(ClipboardListKeyboardTest, TheSearchTextSurvivesClosing) {
     stage.copyTexts(3);
     open();

@@ -182,16 +182,6 @@ TEST_F(ClipboardListViewTest, ClosingThePopoverTakesTheQuestionAway) {
     EXPECT_EQ(stage.manager->items().size(), 3);
 }
 
-TEST_F(ClipboardListViewTest, APressThatArrivesAfterThePopoverHasClosedAsksNothing) {
-    stage.copyTexts(3);
-    open();
-    auto* const clear = visible<QAbstractButton>(u"Clear"_s);
-    stage.view->hide();
-    clear->click();
-    stage.view->show();
-    EXPECT_EQ(visible<QAbstractButton>(u"Clear All"_s), nullptr);
-}
-
 TEST_F(ClipboardListViewTest, TheSettingsButtonIsThereWhenThereAreSettingsToOpen) {
     open();
     visible<QAbstractButton>(u"Settings"_s)->click();

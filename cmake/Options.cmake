@@ -6,7 +6,7 @@ target_compile_options(
   INTERFACE -Wall
             -Wextra
             -Wpedantic
-            -Werror
+            "$<$<BOOL:${ZAMBER_WERROR}>:-Werror>"
             -Wshadow
             -Wconversion
             -Wno-sign-conversion # Qt's containers count in signed numbers, the standard library in unsigned ones

@@ -98,7 +98,7 @@ class HarnessTest(unittest.TestCase):
         self.desktop.set_layout("us,gr", group=1)
         self.keyboard.tap("v")
         editor.wait_for_text("мω")
-        self.desktop.set_layout("dvorak")
+        self.desktop.set_layout("us(dvorak)")
         self.keyboard.tap("v")
         editor.wait_for_text("мωk")
 

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <optional>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// The file that the history survives in: a JSON array with an object per entry, in their order.
 ///
@@ -22,9 +22,6 @@ namespace zamber {
 class HistoryFile {
 public:
     explicit HistoryFile(std::filesystem::path path);
-
-    /// Where the history of this user is kept.
-    static std::filesystem::path defaultPath();
 
     /// The entries, each with a new id; records that are broken are left out. Nothing when the file cannot be read,
     /// is no regular file, does not fit into memory, is not JSON or not an array of objects.
@@ -41,4 +38,4 @@ private:
     std::filesystem::path m_path;
 };
 
-} // namespace zamber
+} // namespace zamber::clipboard

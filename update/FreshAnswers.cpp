@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::update {
 
 using namespace Qt::StringLiterals;
 
@@ -130,4 +130,4 @@ void FreshAnswers::clear() {
     m_bytes.clear();
 }
 
-} // namespace zamber
+} // namespace zamber::update

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace zamber::freedesktop::selection {
+
+/// How a program wants to be told to paste the clipboard.
+enum class PasteKeystroke {
+    ControlV,
+    ControlShiftV, ///< terminals, where Ctrl+V is a character
+    ShiftInsert,   ///< old terminals, which paste the PRIMARY selection by it
+};
+
+/// By the class of the program's window, in any letter case.
+PasteKeystroke pasteKeystrokeOf(const QString& windowClass);
+
+} // namespace zamber::freedesktop::selection

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/LoginItem.h"
+
+#include <QMap>
+#include <QStringList>
+
+#include <optional>
+
+namespace zamber::freedesktop::session {
+
+/// The login item as an autostart entry (freedesktop.org, Desktop Application Autostart Specification 0.5): a file in
+/// the user's autostart folder, before which those of the system's folders are of no account.
+class XdgLoginItem final : public LoginItem {
+public:
+    /// Where entries lie and which desktop reads them.
+    struct Surroundings {
+        QString userFolder;         ///< $XDG_CONFIG_HOME/autostart
+        QStringList systemFolders;  ///< the same of $XDG_CONFIG_DIRS, the most important one first
+        QStringList currentDesktop; ///< $XDG_CURRENT_DESKTOP
+    };
+
+    static Surroundings defaultSurroundings();
+
+    /// `executable` is the absolute path of the program that is running.
+    XdgLoginItem(Surroundings surroundings, const QString& applicationId, QString executable);
+
+    LoginItemStatus status() const override;
+    std::expected<void, QString> registerItem() override;
+    std::expected<void, QString> unregisterItem() override;
+
+    QString userFile() const;
+
+private:
+    using Keys = QMap<QString, QString>;
+
+    std::optional<Keys> keysInEffect() const;
+    bool hasSystemEntry() const;
+    bool isForThisDesktop(const Keys& keys) const;
+    std::expected<void, QString> write(const QByteArray& entry) const;
+
+    Surroundings m_surroundings;
+    QString m_fileName;
+    QString m_executable;
+};
+
+} // namespace zamber::freedesktop::session

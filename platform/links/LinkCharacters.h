@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace zamber::links {
+
+/// A letter, digit or combining mark of any script: what the names in a link are made of.
+bool isNameCharacter(char32_t character);
+
+/// Of a script that puts no blanks between words, so that a sentence may run into a link: Chinese, Japanese,
+/// Korean (its particles), Thai, Lao, Khmer and Burmese.
+bool isOfUnspacedScript(char32_t character);
+
+/// No address goes on beyond it: blanks, controls, quotation marks, brackets other than (), [] and {}, and the
+/// punctuation of other scripts. RFC 3987 would let the latter in, but nobody who writes it means it.
+bool endsAddress(char32_t character);
+
+/// May stand in the local part of a mail address, between the name characters.
+bool isMailPunctuation(char32_t character);
+
+/// May stand before the @ of an authority (RFC 3986, userinfo), but for brackets.
+bool isUserInformation(char32_t character);
+
+} // namespace zamber::links

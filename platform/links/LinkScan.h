@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/LinkDetector.h"
+
+#include <QStringView>
+
+#include <optional>
+
+namespace zamber::links {
+
+/// One pass over a text for its first link. Three things can make one: "://", an "@", and a name with dots; each is
+/// looked at where it stands, and what was looked at for nothing is not read again.
+class LinkScan {
+public:
+    explicit LinkScan(QStringView text)
+        : m_text(text) {}
+
+    std::optional<DetectedLink> first();
+
+    /// How often a unit of the text has been read: the cost, which is linear.
+    qsizetype charactersRead() const { return m_charactersRead; }
+
+private:
+    struct Range {
+        qsizetype start;
+        qsizetype end;
+    };
+
+    std::optional<DetectedLink> linkWithScheme(qsizetype colon);
+    std::optional<DetectedLink> mailAddress(qsizetype atSign);
+    std::optional<DetectedLink> bareDomain(Range run);
+
+    qsizetype startOfScheme(qsizetype colon);
+    std::optional<qsizetype> endOfAuthority(qsizetype start, qsizetype from);
+    std::optional<qsizetype> endOfPort(qsizetype colon);
+    qsizetype endOfHostRun(qsizetype from);
+    qsizetype endOfPath(qsizetype start, qsizetype from);
+    qsizetype withoutTrailingPunctuation(qsizetype start, qsizetype least, qsizetype end);
+    qsizetype startAfterUnspacedText(Range run);
+    qsizetype endBeforeUnspacedText(Range run);
+    Range withoutUnderscores(Range run);
+
+    bool mayBeginDomain(qsizetype start);
+    bool isInsideExpression(Range domain);
+    bool belongsToMailAddress(qsizetype end);
+
+    char16_t unit(qsizetype at);
+    char32_t character(qsizetype at);
+    char32_t characterBefore(qsizetype at);
+    QStringView text(Range range) const { return m_text.sliced(range.start, range.end - range.start); }
+    std::optional<DetectedLink> link(Range range, const QUrl& address);
+
+    QStringView m_text;
+    qsizetype m_charactersRead = 0;
+    /// Where the scan goes on when an address was read to its end and was no link after all.
+    qsizetype m_scannedTo = 0;
+    /// The @ that the last look ahead has met.
+    qsizetype m_nextMailSign = -1;
+};
+
+} // namespace zamber::links

@@ -83,7 +83,7 @@ QHash<LineKey, QList<QStaticText>>* keptLines() {
     static QHash<LineKey, QList<QStaticText>> kept;
     if (owner == nullptr) {
         owner = new QObject(QCoreApplication::instance());
-        QObject::connect(owner, &QObject::destroyed, [] { kept.clear(); });
+        QObject::connect(owner, &QObject::destroyed, owner, [] { kept.clear(); });
     }
     return &kept;
 }

@@ -5,6 +5,7 @@
 #include <QBuffer>
 #include <QDateTime>
 #include <QLocale>
+#include <QTimeZone>
 
 #include <algorithm>
 
@@ -39,7 +40,7 @@ bool isFresh(const QNetworkCacheMetaData& metaData) {
 qint64 secondsSince(const QByteArray& httpDate) {
     QDateTime date =
         QLocale::c().toDateTime(QString::fromLatin1(httpDate).trimmed(), u"ddd, dd MMM yyyy HH:mm:ss 'GMT'"_s);
-    date.setTimeSpec(Qt::UTC);
+    date.setTimeZone(QTimeZone::utc());
     return date.isValid() ? date.secsTo(QDateTime::currentDateTimeUtc()) : 0;
 }
 

@@ -16,7 +16,7 @@ IncomingTransfer::IncomingTransfer(Connection& connection, const SelectionQuery&
     , m_window(connection.createWindow(XCB_EVENT_MASK_PROPERTY_CHANGE)) {
     m_age.start();
     m_patience.setSingleShot(true);
-    m_patience.callOnTimeout([this] { report(std::nullopt); });
+    m_patience.callOnTimeout(&m_patience, [this] { report(std::nullopt); });
     m_patience.start(PATIENCE);
     xcb_convert_selection(m_connection.raw(), m_window, query.selection, query.target,
                           m_connection.atom(Atom::ZamberAnswer), query.time);
@@ -138,7 +138,7 @@ IncomingTransfers::IncomingTransfers(Connection& connection)
     connection.addEventHandler([this](const xcb_generic_event_t& event) { handleEvent(event); });
     m_sweep.setSingleShot(true);
     m_sweep.setInterval(AFTERMATH);
-    m_sweep.callOnTimeout([this] { sweep(); });
+    m_sweep.callOnTimeout(&m_sweep, [this] { sweep(); });
 }
 
 IncomingTransfer& IncomingTransfers::ask(const SelectionQuery& query, IncomingTransfer::Done done) {

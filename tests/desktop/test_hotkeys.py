@@ -74,10 +74,10 @@ class LayoutsTest(DesktopTestCase):
         self.assert_pasted_by("v", CONTROL, mark)
 
     def test_dvorak_has_its_v_elsewhere(self):
-        self.paste_with_layout("dvorak", 0, DVORAK_V)
+        self.paste_with_layout("us(dvorak)", 0, DVORAK_V)
 
     def test_dvorak_is_the_second_group(self):
-        self.paste_with_layout("us,dvorak", 1, DVORAK_V)
+        self.paste_with_layout("us,us(dvorak)", 1, DVORAK_V)
 
 
 class ChangingMappingTest(DesktopTestCase):

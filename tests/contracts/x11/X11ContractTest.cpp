@@ -192,7 +192,7 @@ struct QtApplicationRig {
         constexpr int GIVEN_UP = 99;
         QTimer bound;
         bound.setSingleShot(true);
-        bound.callOnTimeout([] { QCoreApplication::exit(GIVEN_UP); });
+        bound.callOnTimeout(&bound, [] { QCoreApplication::exit(GIVEN_UP); });
         bound.start(3000);
         QTimer::singleShot(0, qApp, first);
         return QCoreApplication::exec() != GIVEN_UP;

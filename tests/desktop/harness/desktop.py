@@ -298,8 +298,10 @@ class PrivateDesktop:
                                    "org.freedesktop.DBus.NameHasOwner", name])
 
     def set_layout(self, layouts, group=0):
-        """Keyboard layouts as setxkbmap names them, "us,ru" for two, and which of them is active."""
-        self.run(["setxkbmap", "-layout", layouts])
+        """Keyboard layouts as their files name them, "us,ru" for two, "us(dvorak)" for a variant, and which is active."""
+        names = [layout.rstrip(")").partition("(") for layout in layouts.split(",")]
+        self.run(["setxkbmap", "-layout", ",".join(layout for layout, _, _ in names),
+                  "-variant", ",".join(variant for _, _, variant in names)])
         self.keyboard.set_group(group)
         wait_until(lambda: self.keyboard.state().group == group, what=f"layout group {group}")
 

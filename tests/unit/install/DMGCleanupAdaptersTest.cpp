@@ -42,7 +42,7 @@ protected:
         bundle.bundlePath = u"/Volumes/Zamber 1.2/Zamber.app"_s;
         standIn.attach({.imagePath = u"/home/a/Other.dmg"_s, .mountPoints = {u"/Volumes/Other"_s}});
         standIn.attach({.imagePath = u"/home/a/Zamber & more.dmg"_s, .mountPoints = {u"/Volumes/Zamber 1.2"_s}});
-        m_user.callOnTimeout([this] { answer(); });
+        m_user.callOnTimeout(&m_user, [this] { answer(); });
         m_user.start(5);
         testing::internal::CaptureStdout();
     }

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/HistoryFile.h"
 
-#include "clipboard/HistoryJson.h"
+#include "clipboard/HistoryReader.h"
+#include "clipboard/HistoryWriter.h"
 
 #include <QDir>
 #include <QFile>
@@ -146,7 +147,7 @@ std::optional<QList<ClipboardItem>> HistoryFile::read() const {
         return std::nullopt;
     }
     try {
-        return readHistoryJson(JsonScanner([&](char* to, std::size_t size) { return file.read(to, size); }));
+        return readHistoryJson([&](char* to, std::size_t size) { return file.read(to, size); });
     } catch (const std::bad_alloc&) {
         return std::nullopt;
     }

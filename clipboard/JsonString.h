@@ -21,8 +21,4 @@ std::size_t jsonStringLength(std::string_view text);
 /// Writes the text (UTF-8, or a part of it) as it stands in a JSON string and returns the end of what it has written.
 char* writeJsonString(char* to, std::string_view text);
 
-/// The characters (UTF-8) that a well-formed JSON string, given without its quotes, stands for. Half a surrogate pair
-/// becomes U+FFFD.
-QByteArray jsonText(std::string_view rawString);
-
 } // namespace zamber

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "clipboard/HistoryJson.h"
+#include "clipboard/HistoryReader.h"
+#include "clipboard/HistoryWriter.h"
 #include "clipboard/JsonString.h"
 
 #include <QJsonDocument>
@@ -34,13 +35,14 @@ void requireSame(const std::optional<QList<ClipboardItem>>& left, const std::opt
     require(!left || std::ranges::equal(*left, *right, isSame));
 }
 
-JsonScanner::Read inSteps(std::string_view text, std::size_t step) {
-    return [text, step](char* to, std::size_t size) mutable {
+/// Read by so many bytes at a time.
+std::optional<QList<ClipboardItem>> historyFrom(std::string_view text, std::size_t step = std::string_view::npos) {
+    return readHistoryJson([text, step](char* to, std::size_t size) mutable {
         const auto piece = text.substr(0, std::min(step, size));
         std::ranges::copy(piece, to);
         text.remove_prefix(piece.size());
         return piece.size();
-    };
+    });
 }
 
 std::string written(const QList<ClipboardItem>& items) {
@@ -58,11 +60,11 @@ std::string written(const QList<ClipboardItem>& items) {
 /// Any bytes as a history file: read alike however they come, and what was loaded is saved so that it loads the same.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    const auto items = readHistoryJson(JsonScanner(text));
-    requireSame(items, readHistoryJson(JsonScanner(inSteps(text, 1 + size % 7))));
+    const auto items = historyFrom(text);
+    requireSame(items, historyFrom(text, 1 + size % 7));
     if (items) {
         const auto json = written(*items);
-        requireSame(items, readHistoryJson(JsonScanner(json)));
+        requireSame(items, historyFrom(json));
         // Another reader agrees that it is JSON.
         require(QJsonDocument::fromJson(QByteArray::fromRawData(json.data(), static_cast<qsizetype>(json.size())))
                     .isArray());
@@ -71,7 +73,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QByteArray bytes(text.data(), static_cast<qsizetype>(text.size()));
     const QList<ClipboardItem> copied = {{ClipboardContent::text(bytes), 1.5},
                                          {ClipboardContent::image(bytes), 2, true}};
-    const auto loaded = readHistoryJson(JsonScanner(written(copied)));
+    const auto loaded = historyFrom(written(copied));
     require(loaded && loaded->size() == 2);
     require(loaded->at(0).content.bytes() == repairedUtf8(bytes));
     require(loaded->at(1).content.bytes() == bytes);

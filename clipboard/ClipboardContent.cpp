@@ -12,6 +12,7 @@
 #include "settings/keys/PreferenceKeys.h"
 
 #include <algorithm>
+#include <array>
 #include <mutex>
 #include <utility>
 
@@ -71,8 +72,7 @@ struct ClipboardContent::Payload {
     Lazy<qsizetype> lineCount;
     Lazy<qsizetype> charCount;
     Lazy<QByteArray> utf8;
-    Lazy<QByteArray> searchKey;
-    Lazy<QByteArray> turkicSearchKey;
+    mutable std::array<std::optional<QByteArray>, 2> searchKeys;
     mutable std::mutex thumbnailMutex;
     mutable QSize thumbnailBox;
     mutable QImage thumbnail;
@@ -156,8 +156,19 @@ QByteArray ClipboardContent::utf8() const {
 }
 
 const QByteArray& ClipboardContent::searchKey(CaseFolding folding) const {
-    const auto& key = folding == CaseFolding::Turkic ? m_payload->turkicSearchKey : m_payload->searchKey;
-    return key.get([this, folding] { return isImage() ? QByteArray("image") : makeSearchKey(bytes(), folding); });
+    auto& key = m_payload->searchKeys[static_cast<std::size_t>(folding)];
+    if (!key) {
+        key = isImage() ? QByteArray("image") : makeSearchKey(bytes(), folding);
+    }
+    return *key;
+}
+
+bool ClipboardContent::hasSearchKey(CaseFolding folding) const {
+    return isImage() || m_payload->searchKeys[static_cast<std::size_t>(folding)].has_value();
+}
+
+void ClipboardContent::keepSearchKey(CaseFolding folding, QByteArray key) const {
+    m_payload->searchKeys[static_cast<std::size_t>(folding)] = std::move(key);
 }
 
 bool ClipboardContent::hasSameContent(const ClipboardContent& other) const {

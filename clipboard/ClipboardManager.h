@@ -3,6 +3,7 @@
 #pragma once
 
 #include "clipboard/ClipboardItem.h"
+#include "clipboard/SearchKeys.h"
 #include "platform/Scheduler.h"
 
 #include <QList>
@@ -38,7 +39,8 @@ public:
     const QString& searchText() const { return m_searchText; }
     void setSearchText(const QString& text);
 
-    /// The entries that match the search text: pinned ones first, then the newest first.
+    /// The entries that match the search text: pinned ones first, then the newest first. A large text that is still
+    /// being made ready for searching is among them; `searchTextChanged` follows when it is.
     QList<ClipboardItem> filteredItems() const;
 
     /// How many unpinned entries a capture leaves, read from the preferences at each call. May be negative.
@@ -60,6 +62,7 @@ public:
 
 signals:
     void itemsChanged();
+    /// Or what it finds has changed.
     void searchTextChanged();
 
 private:
@@ -67,6 +70,7 @@ private:
                      std::filesystem::path historyFile);
 
     void checkClipboard();
+    void prepareSearch();
     void addItem(const ClipboardContent& content);
     void scheduleSave();
     void saveToDisk();
@@ -78,6 +82,7 @@ private:
     const std::filesystem::path m_historyFile;
     QList<ClipboardItem> m_items;
     QString m_searchText;
+    std::unique_ptr<SearchKeys> m_searchKeys;
     std::optional<Scheduler::Token> m_timer;
     std::optional<Scheduler::Token> m_saveDebouncer;
     int m_lastChangeCount = 0;

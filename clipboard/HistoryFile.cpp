@@ -106,7 +106,11 @@ public:
 private:
     bool preallocate(qint64 newSize) const {
 #ifdef FALLOC_FL_KEEP_SIZE
-        return ::fallocate(m_descriptor, FALLOC_FL_KEEP_SIZE, 0, newSize) == 0;
+        int result = 0;
+        do {
+            result = ::fallocate(m_descriptor, FALLOC_FL_KEEP_SIZE, 0, newSize);
+        } while (result != 0 && errno == EINTR);
+        return result == 0;
 #else
         errno = newSize > 0 ? ENOSYS : 0;
         return false;

@@ -7,7 +7,6 @@
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
 #include "settings/keys/PreferenceKeys.h"
-#include "update/FreshAnswers.h"
 #include "update/StrictAddress.h"
 #include "update/UpdateRequest.h"
 
@@ -135,7 +134,6 @@ void UpdateManager::checkForUpdates() {
     }
     if (!m_access) {
         m_access = m_makeAccess();
-        m_access->setCache(new FreshAnswers); // the access manager's own from here on
     }
     m_request =
         std::make_unique<UpdateRequest>(*m_access, m_scheduler, *address, [this](const UpdateRequest::Answer& answer) {

@@ -214,23 +214,24 @@ class BeginningOfOnlyOneArrayAtStartTest(OddFileAtStartTest):
 class OneWriteTest(HistoryTestCase):
     history = ("old",)
 
-    def test_three_changes_within_half_a_second_each_make_one_write_a_second_after_the_last(self):
+    def test_each_change_is_written_a_second_later_unless_another_comes_before(self):
         watch = self.watch(self.zamber.history_path)
-        for attempt in range(5):
-            wanted = [f"{attempt} third", f"{attempt} second", f"{attempt} first"]
-            for text in reversed(wanted):
-                self.clipboard.copy_text(text)
-                time.sleep(POLL_SECONDS + 0.02)  # a poll between two copies; only a save would tell of it
-            closings = watch.closings_within(SAVED_SECONDS)
-            entries = self.zamber.records()[:3]
-            captured = [record["timestamp"] for record in entries]
-            gaps = [later - earlier for later, earlier in zip(captured, captured[1:])]
-            if [record["value"] for record in entries] != wanted or max(gaps) > 0.9:
-                continue  # a poll came late and saw one copy less, or waited a whole second
-            self.assertEqual(len(closings), 1)
-            self.assertAlmostEqual(closings[0] - captured[0], SAVE_DELAY_SECONDS, delta=0.4)
-            return
-        self.fail("this machine is too slow to copy thrice in two seconds")
+        before = len(self.zamber.records())
+        for text in ("first", "second", "third"):
+            self.clipboard.copy_text(text)
+            time.sleep(POLL_SECONDS + 0.02)  # a poll between two copies; only a save would tell of it
+        closings = watch.closings_within(SAVED_SECONDS)
+        wait_until(lambda: "third" in self.zamber.history(), 10.0, "the last change to be written")
+        closings += watch.closings_within(SAVED_SECONDS)
+        # What was captured, and when, is in the file; on a slow machine a poll comes late and may miss a copy.
+        records = self.zamber.records()
+        captured = sorted(record["timestamp"] for record in records[:len(records) - before])
+        gaps = [later - earlier for earlier, later in zip(captured, captured[1:])]
+        fewest = 1 + sum(gap > SAVE_DELAY_SECONDS + 0.1 for gap in gaps)
+        most = 1 + sum(gap > SAVE_DELAY_SECONDS - 0.1 for gap in gaps)  # in between, either may come first
+        self.assertLessEqual(fewest, len(closings), f"written at {closings}, changed at {captured}")
+        self.assertLessEqual(len(closings), most, f"written at {closings}, changed at {captured}")
+        self.assertGreaterEqual(closings[-1] - captured[-1], SAVE_DELAY_SECONDS - 0.01)
 
     def test_nothing_is_written_while_nothing_changes(self):
         watch = self.watch(self.zamber.history_path)

@@ -12,6 +12,7 @@ import time
 
 from case import DesktopTestCase
 from harness import Zamber, holds_for, wait_until
+from harness.tracing import kill_before_write
 
 POLL_SECONDS = 0.5
 SAVE_DELAY_SECONDS = 1.0
@@ -102,25 +103,35 @@ class KilledTest(HistoryTestCase):
 
 
 class KilledWhileSavingTest(HistoryTestCase):
-    IMAGES = 80
+    IMAGES = 10
     history = tuple(b"\x89PNG" + bytes([number]) * 2_000_000 for number in range(IMAGES))
     preferences = {"maxItems": 1000}
+    # A blank over the opening bracket, blocks of 4 MB, and the bracket.
+    WRITES = 9
 
-    def test_the_next_start_is_empty_and_the_one_after_it_is_well(self):
+    def kill_before_write(self, number):
         old = self.zamber.history_path.stat()
-        watch = self.watch(self.zamber.history_path)
         self.clipboard.copy_text("the straw")
-        wait_until(lambda: watch.events(1.0), 10.0, "the save to begin")
-        self.kill()
-        new = self.zamber.history_path.stat()
-        self.assertEqual(new.st_ino, old.st_ino)
-        with open(self.zamber.history_path, "rb") as file:
-            self.assertNotEqual(file.read(1), b"[", "the save was over before it could be interrupted")
+        kill_before_write(self.zamber.pid, number)
+        self.expected_lines = []
+        self.assertEqual(self.zamber.history_path.stat().st_ino, old.st_ino)
         self.assertEqual(os.listdir(self.zamber.data_folder), [self.zamber.history_path.name])
-        self.restart(loaded=None)
-        self.copy_and_wait("a new beginning", ["a new beginning"])
-        self.zamber.stop()
-        self.restart(loaded=1)
+
+    def test_before_the_first_write_nothing_is_lost(self):
+        self.kill_before_write(1)
+        self.restart(loaded=self.IMAGES)
+
+    def test_in_between_the_next_start_is_empty_and_the_one_after_it_is_well(self):
+        for number in (2, 3, self.WRITES):
+            with self.subTest(write=number):
+                self.kill_before_write(number)
+                with open(self.zamber.history_path, "rb") as file:
+                    self.assertEqual(file.read(1), b" ")
+                self.restart(loaded=None)
+                self.copy_and_wait("a new beginning", ["a new beginning"])
+                self.zamber.stop()
+                self.zamber.write_history(*self.history)
+                self.restart(loaded=self.IMAGES)
 
     def test_left_alone_it_saves_everything(self):
         watch = self.watch(self.zamber.history_path)

@@ -7,7 +7,7 @@
 #include "platform/Log.h"
 #include "platform/Pasteboard.h"
 #include "platform/UserDefaults.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 
 #include <algorithm>
 #include <chrono>
@@ -67,11 +67,11 @@ QList<ClipboardItem> ClipboardManager::filteredItems() const {
     bool isReady = true;
     const auto matches = [&](const ClipboardContent& content) {
         if (!content.hasSearchKey(folding)) {
-            bytesLeft -= content.bytes().size();
-            if (bytesLeft < 0) {
+            if (content.bytes().size() > bytesLeft) {
                 isReady = false;
                 return true;
             }
+            bytesLeft -= content.bytes().size();
         }
         return searchKeyContains(view(content.searchKey(folding)), view(searched));
     };

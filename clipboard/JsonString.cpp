@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/JsonString.h"
 
-#include "clipboard/ByteBlocks.h"
-#include "clipboard/CodePoints.h"
+#include "text/ByteBlocks.h"
 
 #include <cstring>
 
@@ -20,18 +19,6 @@ bool isSpecial(unsigned char byte) {
 }
 
 } // namespace
-
-QByteArray repairedUtf8(const QByteArray& text) {
-    const std::string_view bytes(text.constData(), static_cast<std::size_t>(text.size()));
-    if (asciiLength(bytes) == bytes.size() || text.isValidUtf8()) {
-        return text;
-    }
-    QByteArray repaired;
-    for (std::size_t at = 0; at < bytes.size();) {
-        appendCodePoint(repaired, nextCodePoint(bytes, at));
-    }
-    return repaired;
-}
 
 std::size_t jsonStringLength(std::string_view text) {
     const auto surplus = [](char c) {

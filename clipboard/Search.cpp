@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/Search.h"
 
-#include "clipboard/ByteBlocks.h"
-#include "clipboard/CharacterEnds.h"
-#include "clipboard/NormalForm.h"
+#include "text/ByteBlocks.h"
+#include "text/CharacterEnds.h"
+#include "text/NormalForm.h"
 
 #include <QLocale>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/HistoryReader.h"
 #include "clipboard/HistoryWriter.h"
-#include "clipboard/JsonString.h"
+#include "text/Utf8.h"
 
 #include <QJsonDocument>
 

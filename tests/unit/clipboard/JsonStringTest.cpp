@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/JsonString.h"
 
+#include "text/Utf8.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 

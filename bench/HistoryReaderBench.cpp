@@ -23,7 +23,7 @@ namespace {
 
 /// Each of the readers ends with the entries in memory, the images decoded by the same library.
 std::size_t readByOurs(const std::string& text) {
-    const auto items = readHistoryJson([rest = std::string_view(text)](char* to, std::size_t size) mutable {
+    const auto items = clipboard::readHistoryJson([rest = std::string_view(text)](char* to, std::size_t size) mutable {
         const auto piece = rest.substr(0, size);
         std::ranges::copy(piece, to);
         rest.remove_prefix(piece.size());
@@ -33,7 +33,7 @@ std::size_t readByOurs(const std::string& text) {
 }
 
 QList<QByteArray> decoded(bool isImage, std::string_view value) {
-    return {isImage ? fromBase64(value).value_or(QByteArray())
+    return {isImage ? clipboard::fromBase64(value).value_or(QByteArray())
                     : QByteArray(value.data(), static_cast<qsizetype>(value.size()))};
 }
 
@@ -61,9 +61,9 @@ std::size_t readByQt(const std::string& text) {
     return static_cast<std::size_t>(items.size());
 }
 
-std::string jsonOf(const QList<ClipboardItem>& items) {
+std::string jsonOf(const QList<clipboard::ClipboardItem>& items) {
     std::string text;
-    writeHistoryJson(items, [&](std::string_view block) {
+    clipboard::writeHistoryJson(items, [&](std::string_view block) {
         text += block;
         return true;
     });

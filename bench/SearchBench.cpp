@@ -69,12 +69,12 @@ std::string_view view(const QByteArray& bytes) {
 void measureScripts() {
     for (const auto& [what, parts, searched] : rows()) {
         const auto text = textOf(parts);
-        const auto key = makeSearchKey(text, CaseFolding::Common);
-        const auto searchedKey = makeSearchKey(QByteArray(searched), CaseFolding::Common);
+        const auto key = clipboard::makeSearchKey(text, text::CaseFolding::Common);
+        const auto searchedKey = clipboard::makeSearchKey(QByteArray(searched), text::CaseFolding::Common);
         bool isFound = false;
         const auto times = shortestTimes(
-            15, [&] { isFound = searchKeyContains(view(key), view(searchedKey)); },
-            [&] { benchmark::DoNotOptimize(makeSearchKey(text, CaseFolding::Common)); });
+            15, [&] { isFound = clipboard::searchKeyContains(view(key), view(searchedKey)); },
+            [&] { benchmark::DoNotOptimize(clipboard::makeSearchKey(text, text::CaseFolding::Common)); });
         const auto gigabytes = static_cast<double>(text.size()) / 1e9;
         report(std::string("search, ") + what, gigabytes / times[0], "GB/s", Bound::AtLeast, LEAST_GIGABYTES_A_SECOND,
                isFound ? "found, which it should not be" : "");

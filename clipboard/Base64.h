@@ -8,7 +8,7 @@
 #include <optional>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// How long the Base64 of so many bytes is.
 constexpr std::size_t base64Length(std::size_t bytes) {
@@ -23,4 +23,4 @@ void encodeBase64(char* output, std::string_view bytes);
 /// at its end. Bits that the last character has too many are ignored. The empty text is no bytes.
 std::optional<QByteArray> fromBase64(std::string_view text);
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -4,7 +4,7 @@
 
 #include <modp_b64.h>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 void encodeBase64(char* output, std::string_view bytes) {
     modp_b64_encode(output, bytes.data(), bytes.size());
@@ -21,4 +21,4 @@ std::optional<QByteArray> fromBase64(std::string_view text) {
     return bytes;
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 void encodeBase64(char* output, std::string_view bytes) {
     const QByteArray text = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size())).toBase64();
@@ -21,4 +21,4 @@ std::optional<QByteArray> fromBase64(std::string_view text) {
     return decoded ? std::optional(std::move(decoded.decoded)) : std::nullopt;
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

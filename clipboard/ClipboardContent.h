@@ -13,7 +13,7 @@
 #include <memory>
 #include <optional>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// What was copied: a text or the bytes of an image.
 ///
@@ -60,10 +60,10 @@ public:
 
     /// The text made ready for searching (see Search.h); "image" for an image. Made here when it is not there yet, so
     /// for a large text see `hasSearchKey` first. These three are for the main thread.
-    const QByteArray& searchKey(CaseFolding folding) const;
-    bool hasSearchKey(CaseFolding folding) const;
+    const QByteArray& searchKey(text::CaseFolding folding) const;
+    bool hasSearchKey(text::CaseFolding folding) const;
     /// Takes what `makeSearchKey` has made of `bytes` elsewhere.
-    void keepSearchKey(CaseFolding folding, QByteArray key) const;
+    void keepSearchKey(text::CaseFolding folding, QByteArray key) const;
 
     /// Texts are equal when they are canonically equivalent, images when their bytes are.
     friend bool operator==(const ClipboardContent& left, const ClipboardContent& right) {
@@ -81,4 +81,4 @@ private:
     std::uint64_t m_fingerprint;
 };
 
-} // namespace zamber
+} // namespace zamber::clipboard

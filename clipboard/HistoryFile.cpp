@@ -5,7 +5,6 @@
 #include "clipboard/HistoryReader.h"
 #include "clipboard/HistoryWriter.h"
 
-
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -18,7 +17,7 @@
 #include <tuple>
 #include <utility>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -180,4 +179,4 @@ void HistoryFile::write(const QList<ClipboardItem>& items) const {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

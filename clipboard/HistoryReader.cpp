@@ -15,7 +15,7 @@
 #include <string_view>
 #include <utility>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -261,4 +261,4 @@ std::optional<QList<ClipboardItem>> readHistoryJson(const ReadBytes& read) {
     return error ? std::nullopt : std::optional(parser.handler().takeItems());
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

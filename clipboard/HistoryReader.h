@@ -10,7 +10,7 @@
 #include <functional>
 #include <optional>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// Fills up to `size` bytes and tells how many; 0 at the end.
 using ReadBytes = std::function<std::size_t(char* to, std::size_t size)>;
@@ -20,4 +20,4 @@ using ReadBytes = std::function<std::size_t(char* to, std::size_t size)>;
 /// below a record) or not an array of objects. Reads in steps and holds one record at a time besides the entries.
 std::optional<QList<ClipboardItem>> readHistoryJson(const ReadBytes& read);
 
-} // namespace zamber
+} // namespace zamber::clipboard

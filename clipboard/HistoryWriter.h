@@ -11,7 +11,7 @@
 #include <optional>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// How many bytes the text of the file takes, or nothing when an entry has no time (not a number, infinite), which
 /// JSON cannot say.
@@ -21,4 +21,4 @@ std::optional<std::int64_t> historyJsonSize(const QList<ClipboardItem>& items);
 /// wants to go on; the result is its last answer.
 bool writeHistoryJson(const QList<ClipboardItem>& items, const std::function<bool(std::string_view block)>& take);
 
-} // namespace zamber
+} // namespace zamber::clipboard

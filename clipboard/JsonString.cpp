@@ -6,7 +6,7 @@
 
 #include <cstring>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -28,9 +28,9 @@ std::size_t jsonStringLength(std::string_view text) {
     };
     std::size_t length = text.size();
     std::size_t at = 0;
-    for (; at + BYTE_BLOCK <= text.size(); at += BYTE_BLOCK) {
+    for (; at + text::BYTE_BLOCK <= text.size(); at += text::BYTE_BLOCK) {
         unsigned char sum = 0;
-        for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+        for (std::size_t i = 0; i < text::BYTE_BLOCK; ++i) {
             sum = static_cast<unsigned char>(sum + surplus(text[at + i]));
         }
         length += sum;
@@ -43,7 +43,7 @@ std::size_t jsonStringLength(std::string_view text) {
 
 char* writeJsonString(char* to, std::string_view text) {
     for (std::size_t at = 0; at < text.size(); ++at) {
-        const auto plain = findByte(text, at, isSpecial) - at;
+        const auto plain = text::findByte(text, at, isSpecial) - at;
         std::memcpy(to, text.data() + at, plain);
         to += plain;
         at += plain;
@@ -65,4 +65,4 @@ char* writeJsonString(char* to, std::string_view text) {
     return to;
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

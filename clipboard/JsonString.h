@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// A character of a text takes no more bytes than this in a JSON string.
 inline constexpr std::size_t LONGEST_JSON_ESCAPE_BYTES = 6;
@@ -16,4 +16,4 @@ std::size_t jsonStringLength(std::string_view text);
 /// Writes the text (UTF-8, or a part of it) as it stands in a JSON string and returns the end of what it has written.
 char* writeJsonString(char* to, std::string_view text);
 
-} // namespace zamber
+} // namespace zamber::clipboard

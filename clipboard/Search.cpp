@@ -12,7 +12,7 @@
 #include <cstdint>
 #include <cstring>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -47,13 +47,14 @@ icu::UnicodeString withTurkicI(const icu::UnicodeString& text) {
 }
 
 /// Folds by ICU what hangs together.
-void appendFolded(QByteArray& key, std::string_view piece, CaseFolding folding) {
-    auto apart = decomposed(icu::UnicodeString::fromUTF8({piece.data(), static_cast<std::int32_t>(piece.size())}));
-    if (folding == CaseFolding::Turkic) {
+void appendFolded(QByteArray& key, std::string_view piece, text::CaseFolding folding) {
+    auto apart =
+        text::decomposed(icu::UnicodeString::fromUTF8({piece.data(), static_cast<std::int32_t>(piece.size())}));
+    if (folding == text::CaseFolding::Turkic) {
         apart = withTurkicI(apart);
     }
     apart.foldCase();
-    decomposed(apart).toUTF8String(key);
+    text::decomposed(apart).toUTF8String(key);
 }
 
 void appendLowerCaseAscii(QByteArray& key, std::string_view text) {
@@ -62,8 +63,8 @@ void appendLowerCaseAscii(QByteArray& key, std::string_view text) {
     char* to = key.data() + start;
     const auto lowerCased = [](char c) { return static_cast<char>(c + (isUpperCaseAscii(c) ? 'a' - 'A' : 0)); };
     std::size_t at = 0;
-    for (; at + BYTE_BLOCK <= text.size(); at += BYTE_BLOCK) {
-        for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+    for (; at + text::BYTE_BLOCK <= text.size(); at += text::BYTE_BLOCK) {
+        for (std::size_t i = 0; i < text::BYTE_BLOCK; ++i) {
             to[at + i] = lowerCased(text[at + i]);
         }
     }
@@ -72,9 +73,9 @@ void appendLowerCaseAscii(QByteArray& key, std::string_view text) {
     }
 }
 
-bool needsIcu(std::string_view piece, CaseFolding folding) {
-    const unsigned char entangled = folding == CaseFolding::Turkic ? 'I' : 0x80;
-    return findByte(piece, 0, [entangled](unsigned char byte) {
+bool needsIcu(std::string_view piece, text::CaseFolding folding) {
+    const unsigned char entangled = folding == text::CaseFolding::Turkic ? 'I' : 0x80;
+    return text::findByte(piece, 0, [entangled](unsigned char byte) {
                return static_cast<unsigned char>((byte >= 0x80) | (byte == entangled));
            }) < piece.size();
 }
@@ -122,27 +123,27 @@ std::size_t findText(std::string_view text, std::string_view searched, std::size
 
 } // namespace
 
-CaseFolding userCaseFolding() {
+text::CaseFolding userCaseFolding() {
     const auto language = QLocale().language();
     const bool isTurkic = language == QLocale::Turkish || language == QLocale::Azerbaijani;
-    return isTurkic ? CaseFolding::Turkic : CaseFolding::Common;
+    return isTurkic ? text::CaseFolding::Turkic : text::CaseFolding::Common;
 }
 
-QByteArray makeSearchKey(const QByteArray& text, CaseFolding folding) {
+QByteArray makeSearchKey(const QByteArray& text, text::CaseFolding folding) {
     const std::atomic<bool> isStopped = false;
     return makeSearchKey(text, folding, isStopped);
 }
 
-QByteArray makeSearchKey(const QByteArray& text, CaseFolding folding, const std::atomic<bool>& isStopped) {
+QByteArray makeSearchKey(const QByteArray& text, text::CaseFolding folding, const std::atomic<bool>& isStopped) {
     const auto needsFolding = [](unsigned char byte) {
         return static_cast<unsigned char>((byte >= 0x80) | ((byte >= 'A') & (byte <= 'Z')));
     };
-    if (findByte(view(text), 0, needsFolding) == view(text).size()) {
+    if (text::findByte(view(text), 0, needsFolding) == view(text).size()) {
         return text;
     }
     QByteArray key;
     key.reserve(text.size() + text.size() / 8);
-    NormalPieces pieces(view(text), FOLDED_AT_ONCE_BYTES);
+    text::NormalPieces pieces(view(text), FOLDED_AT_ONCE_BYTES);
     for (auto piece = pieces.next(); !piece.empty() && !isStopped; piece = pieces.next()) {
         if (needsIcu(piece, folding)) {
             appendFolded(key, piece, folding);
@@ -160,11 +161,11 @@ bool searchKeyContains(std::string_view key, std::string_view searchedKey) {
     }
     for (auto start = findText(key, searchedKey, 0); start < key.size();
          start = findText(key, searchedKey, start + 1)) {
-        if (endsCharacter(key, start + searchedKey.size())) {
+        if (text::endsCharacter(key, start + searchedKey.size())) {
             return true;
         }
     }
     return false;
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -28,7 +28,7 @@ SearchKeys::~SearchKeys() {
     m_thread.waitForDone();
 }
 
-void SearchKeys::prepare(const QList<ClipboardItem>& items, CaseFolding folding) {
+void SearchKeys::prepare(const QList<ClipboardItem>& items, text::CaseFolding folding) {
     QList<ClipboardItem> missing;
     for (const auto& item : items) {
         if (!item.content.hasSearchKey(folding) && !m_state->onTheirWay.contains(item.id)) {
@@ -41,7 +41,7 @@ void SearchKeys::prepare(const QList<ClipboardItem>& items, CaseFolding folding)
     }
 }
 
-void SearchKeys::make(const QList<ClipboardItem>& items, CaseFolding folding) const {
+void SearchKeys::make(const QList<ClipboardItem>& items, text::CaseFolding folding) const {
     QList<Made> made;
     qsizetype bytes = 0;
     for (const auto& item : items) {
@@ -60,7 +60,7 @@ void SearchKeys::make(const QList<ClipboardItem>& items, CaseFolding folding) co
     }
 }
 
-void SearchKeys::handOver(QList<Made> made, CaseFolding folding) const {
+void SearchKeys::handOver(QList<Made> made, text::CaseFolding folding) const {
     m_scheduler.soon([weak = std::weak_ptr(m_state), made = std::move(made), folding] {
         const auto state = weak.lock();
         if (!state) {
@@ -74,4 +74,4 @@ void SearchKeys::handOver(QList<Made> made, CaseFolding folding) const {
     });
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -14,7 +14,7 @@
 #include <functional>
 #include <memory>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// Makes texts ready for searching on another thread: with many megabytes that takes a second, which nobody has at the
 /// first letter of a search. What was made comes back by the scheduler and is kept with the content.
@@ -31,7 +31,7 @@ public:
     SearchKeys& operator=(const SearchKeys&) = delete;
 
     /// Makes those of the entries ready that are neither ready nor on their way.
-    void prepare(const QList<ClipboardItem>& items, CaseFolding folding);
+    void prepare(const QList<ClipboardItem>& items, text::CaseFolding folding);
 
 private:
     struct Made {
@@ -42,8 +42,8 @@ private:
         Ready ready;
         QSet<QUuid> onTheirWay;
     };
-    void make(const QList<ClipboardItem>& items, CaseFolding folding) const;
-    void handOver(QList<Made> made, CaseFolding folding) const;
+    void make(const QList<ClipboardItem>& items, text::CaseFolding folding) const;
+    void handOver(QList<Made> made, text::CaseFolding folding) const;
 
     Scheduler& m_scheduler;
     /// What is handed over holds it weakly.
@@ -53,4 +53,4 @@ private:
     QThreadPool m_thread;
 };
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -45,4 +45,4 @@ bool looksSensitive(std::string_view text) {
     return std::ranges::any_of(MARKERS, [&](std::string_view marker) { return searched.contains(marker); });
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

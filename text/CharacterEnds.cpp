@@ -12,7 +12,7 @@
 #include <functional>
 #include <string>
 
-namespace zamber {
+namespace zamber::text {
 
 namespace {
 
@@ -122,4 +122,4 @@ bool endsCharacter(std::string_view text, std::size_t end) {
     return (lastLetter == HangulLetter::None && !mayJoin(last)) || answers.endsCharacter(text, end, afterNext);
 }
 
-} // namespace zamber
+} // namespace zamber::text

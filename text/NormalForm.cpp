@@ -15,7 +15,7 @@
 #include <cstring>
 #include <vector>
 
-namespace zamber {
+namespace zamber::text {
 
 namespace {
 
@@ -211,4 +211,4 @@ std::uint64_t byteHash(std::string_view bytes, std::uint64_t seed) {
     return qHashBits(bytes.data(), bytes.size(), QHashSeed::globalSeed() ^ seed);
 }
 
-} // namespace zamber
+} // namespace zamber::text

@@ -5,7 +5,7 @@
 #include "text/ByteBlocks.h"
 #include "text/CodePoints.h"
 
-namespace zamber {
+namespace zamber::text {
 
 QByteArray repairedUtf8(const QByteArray& text) {
     const std::string_view bytes(text.constData(), static_cast<std::size_t>(text.size()));
@@ -19,4 +19,4 @@ QByteArray repairedUtf8(const QByteArray& text) {
     return repaired;
 }
 
-} // namespace zamber
+} // namespace zamber::text

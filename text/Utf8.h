@@ -4,9 +4,9 @@
 
 #include <QByteArray>
 
-namespace zamber {
+namespace zamber::text {
 
 /// The text with U+FFFD in place of each maximal broken sequence. A text that is UTF-8 is shared, not copied.
 QByteArray repairedUtf8(const QByteArray& text);
 
-} // namespace zamber
+} // namespace zamber::text

@@ -10,7 +10,7 @@
 #include <limits>
 #include <utility>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 namespace {
 
@@ -208,4 +208,4 @@ void SettingsUserDefaults::watch() {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -13,7 +13,7 @@
 #include <chrono>
 #include <map>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 /// The preferences in an INI file, as QSettings reads and writes it; keys in [General].
 ///
@@ -61,4 +61,4 @@ private:
     QTimer m_rewriting;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop

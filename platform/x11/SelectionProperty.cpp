@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/SelectionProperty.h"
 
+#include "text/Utf8.h"
+
 #include "platform/freedesktop/selection/SelectionText.h"
 
 #include <algorithm>
@@ -76,10 +78,10 @@ bool saysSecret(const Property& hint) {
 
 std::optional<QByteArray> textOf(const Property& answer, const AtomLookup& atom) {
     if (answer.type == XCB_ATOM_STRING) {
-        return utf8FromLatin1(answer.bytes);
+        return freedesktop::selection::utf8FromLatin1(answer.bytes);
     }
     if (isAmong(TEXTS, answer.type, atom) || answer.type == atom(Atom::TextPlain)) {
-        return repairedUtf8(answer.bytes);
+        return text::repairedUtf8(answer.bytes);
     }
     // A name without an encoding says nothing, an empty answer of INCR has no type at all.
     return answer.bytes.isEmpty() ? std::optional(QByteArray()) : std::nullopt;

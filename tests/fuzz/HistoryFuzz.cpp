@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
+#include "text/Utf8.h"
+
 #include "clipboard/HistoryReader.h"
 #include "clipboard/HistoryWriter.h"
-#include "text/Utf8.h"
 
 #include <QJsonDocument>
 
@@ -24,20 +25,22 @@ void require(bool condition) {
     }
 }
 
-bool isSame(const ClipboardItem& left, const ClipboardItem& right) {
+bool isSame(const clipboard::ClipboardItem& left, const clipboard::ClipboardItem& right) {
     return left.content.isImage() == right.content.isImage() && left.content.bytes() == right.content.bytes() &&
            left.isPinned == right.isPinned &&
            std::bit_cast<std::uint64_t>(left.timestamp) == std::bit_cast<std::uint64_t>(right.timestamp);
 }
 
-void requireSame(const std::optional<QList<ClipboardItem>>& left, const std::optional<QList<ClipboardItem>>& right) {
+void requireSame(const std::optional<QList<clipboard::ClipboardItem>>& left,
+                 const std::optional<QList<clipboard::ClipboardItem>>& right) {
     require(left.has_value() == right.has_value());
     require(!left || std::ranges::equal(*left, *right, isSame));
 }
 
 /// Read by so many bytes at a time.
-std::optional<QList<ClipboardItem>> historyFrom(std::string_view text, std::size_t step = std::string_view::npos) {
-    return readHistoryJson([text, step](char* to, std::size_t size) mutable {
+std::optional<QList<clipboard::ClipboardItem>> historyFrom(std::string_view text,
+                                                           std::size_t step = std::string_view::npos) {
+    return clipboard::readHistoryJson([text, step](char* to, std::size_t size) mutable {
         const auto piece = text.substr(0, std::min(step, size));
         std::ranges::copy(piece, to);
         text.remove_prefix(piece.size());
@@ -45,13 +48,13 @@ std::optional<QList<ClipboardItem>> historyFrom(std::string_view text, std::size
     });
 }
 
-std::string written(const QList<ClipboardItem>& items) {
+std::string written(const QList<clipboard::ClipboardItem>& items) {
     std::string json;
-    require(writeHistoryJson(items, [&](std::string_view block) {
+    require(clipboard::writeHistoryJson(items, [&](std::string_view block) {
         json += block;
         return true;
     }));
-    require(historyJsonSize(items) == static_cast<std::int64_t>(json.size()));
+    require(clipboard::historyJsonSize(items) == static_cast<std::int64_t>(json.size()));
     return json;
 }
 
@@ -71,11 +74,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     // The same bytes as a copied text and as a copied image.
     const QByteArray bytes(text.data(), static_cast<qsizetype>(text.size()));
-    const QList<ClipboardItem> copied = {{ClipboardContent::text(bytes), 1.5},
-                                         {ClipboardContent::image(bytes), 2, true}};
+    const QList<zamber::clipboard::ClipboardItem> copied = {
+        {zamber::clipboard::ClipboardContent::text(bytes), 1.5},
+        {zamber::clipboard::ClipboardContent::image(bytes), 2, true}};
     const auto loaded = historyFrom(written(copied));
     require(loaded && loaded->size() == 2);
-    require(loaded->at(0).content.bytes() == repairedUtf8(bytes));
+    require(loaded->at(0).content.bytes() == zamber::text::repairedUtf8(bytes));
     require(loaded->at(1).content.bytes() == bytes);
     return 0;
 }

@@ -25,12 +25,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         units[at] = QChar(static_cast<ushort>(data[2 * at] | data[2 * at + 1] << 8));
     }
     for (const QString& text : {QString::fromUtf8(bytes), units}) {
-        const auto found = zamber::LinkScan(text).first();
+        const auto found = zamber::links::LinkScan(text).first();
         if (found) {
             require(found->start >= 0 && found->length > 0 && found->start + found->length <= text.size());
             require(found->address.isValid() && !found->address.scheme().isEmpty());
             for (const uint character : QStringView(text).sliced(found->start, found->length).toUcs4()) {
-                require(!zamber::endsAddress(character));
+                require(!zamber::links::endsAddress(character));
             }
         }
     }

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 namespace {
 
@@ -43,4 +43,4 @@ QByteArray latin1FromUtf8(const QByteArray& text) {
     return converted;
 }
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

@@ -39,7 +39,7 @@ extern "C" int fallocate(int descriptor, int mode, off_t offset, off_t length) {
     return static_cast<int>(::syscall(SYS_fallocate, descriptor, mode, offset, length));
 }
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -310,4 +310,4 @@ TEST_F(HistoryFileTest, ALargeHistoryIsSavedAndLoadedWhole) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

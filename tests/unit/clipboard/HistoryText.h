@@ -13,7 +13,7 @@
 #include <optional>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// The history in a text that is in memory, handed out so many bytes at a time.
 inline std::optional<QList<ClipboardItem>> historyFromJson(std::string_view json,
@@ -39,4 +39,4 @@ inline std::optional<QByteArray> historyToJson(const QList<ClipboardItem>& items
     return json;
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

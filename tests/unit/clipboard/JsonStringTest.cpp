@@ -11,13 +11,13 @@
 
 #include <string>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
 /// The text as a JSON string, quotes included.
 QByteArray written(const QByteArray& text) {
-    const auto repaired = repairedUtf8(text).toStdString();
+    const auto repaired = text::repairedUtf8(text).toStdString();
     QByteArray output(static_cast<qsizetype>(repaired.size() * LONGEST_JSON_ESCAPE_BYTES), Qt::Uninitialized);
     output.truncate(writeJsonString(output.data(), repaired) - output.constData());
     EXPECT_EQ(static_cast<std::size_t>(output.size()), jsonStringLength(repaired));
@@ -48,4 +48,4 @@ TEST(JsonString, WhatIsNotUtf8IsWrittenAsReplacementCharacters) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

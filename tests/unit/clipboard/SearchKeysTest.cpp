@@ -7,7 +7,7 @@
 #include <QDeadlineTimer>
 #include <QThread>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -39,8 +39,8 @@ protected:
     }
 
     bool isReady() const {
-        return std::ranges::all_of(manager->items(),
-                                   [](const auto& item) { return item.content.hasSearchKey(CaseFolding::Common); });
+        return std::ranges::all_of(
+            manager->items(), [](const auto& item) { return item.content.hasSearchKey(text::CaseFolding::Common); });
     }
 
     /// Turns the main loop, but not the clock, until the other thread has made everything ready.
@@ -128,9 +128,9 @@ TEST_F(SearchKeysTest, AnEntryThatIsDeletedMeanwhileStaysAway) {
 
 TEST_F(SearchKeysTest, AKeyThatIsNotFinishedIsOfNoUse) {
     const std::atomic<bool> isStopped = true;
-    EXPECT_LT(makeSearchKey(large("Großes Tier"), CaseFolding::Common, isStopped).size(), LARGE_BYTES / 2);
+    EXPECT_LT(makeSearchKey(large("Großes Tier"), text::CaseFolding::Common, isStopped).size(), LARGE_BYTES / 2);
 }
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -10,7 +10,7 @@
 
 #include <ctime>
 
-namespace zamber {
+namespace zamber::links {
 
 using namespace Qt::StringLiterals;
 
@@ -95,4 +95,4 @@ TEST(LinkScan, ALinkMayBeAsLongAsTheText) {
     EXPECT_EQ(found->length, text.size());
 }
 
-} // namespace zamber
+} // namespace zamber::links

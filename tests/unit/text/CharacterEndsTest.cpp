@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace zamber {
+namespace zamber::text {
 
 namespace {
 
@@ -52,4 +52,4 @@ TEST(CharacterEnds, AreThoseOfIcuWhereverMarksJoinersAndSyllablesStand) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::text

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace zamber {
+namespace zamber::text {
 
 namespace {
 
@@ -160,4 +160,4 @@ TEST(NormalPieces, PutTogetherAreTheText) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::text

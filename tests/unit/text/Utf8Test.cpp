@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::text {
 
 namespace {
 
@@ -46,4 +46,4 @@ TEST(RepairedUtf8, KeepsAByteOrderMark) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::text

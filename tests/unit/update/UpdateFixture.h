@@ -23,7 +23,7 @@
 #include <memory>
 #include <optional>
 
-namespace zamber {
+namespace zamber::update {
 
 /// What the access manager of a test sees, and what it changes.
 struct WatchedAccess {
@@ -140,4 +140,4 @@ private:
     bool m_isLogTaken = false;
 };
 
-} // namespace zamber
+} // namespace zamber::update

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 namespace {
 
@@ -39,4 +39,4 @@ TEST(Latin1, EveryCharacterComesBack) {
 
 } // namespace
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

@@ -6,7 +6,7 @@
 # bash 3.2 of macOS understands.
 
 # Homebrew's names for the group "run" and for the tests.
-brew_run="cmake ninja pkg-config qt icu4c"
+brew_run="boost cmake ninja pkg-config qt icu4c"
 brew_test="googletest"
 
 step() { printf '\n== %s\n' "$*"; }

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "clipboard/ClipboardItem.h"
-#include "clipboard/JsonScanner.h"
 
 #include <QList>
 
@@ -13,11 +12,6 @@
 #include <string_view>
 
 namespace zamber::clipboard {
-
-/// The entries of a history file's text (see HistoryFile.h), each with a new id; records that are broken are left
-/// out. Nothing when the text is not JSON or not an array of objects. Holds no more than one record at a time besides
-/// the entries.
-std::optional<QList<ClipboardItem>> readHistoryJson(JsonScanner json);
 
 /// How many bytes the text of the file takes, or nothing when an entry has no time (not a number, infinite), which
 /// JSON cannot say.

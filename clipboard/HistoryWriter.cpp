@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "clipboard/HistoryJson.h"
+#include "clipboard/HistoryWriter.h"
 
 #include "clipboard/Base64.h"
 #include "clipboard/JsonString.h"
@@ -19,84 +19,12 @@ namespace zamber::clipboard {
 
 namespace {
 
-using Kind = JsonValue::Kind;
-
 /// Most histories fit, so that their file is written at one stroke.
 constexpr std::size_t BLOCK_BYTES = std::size_t{4} << 20;
 constexpr qsizetype FIRST_BLOCK_BYTES = qsizetype{1} << 12;
 /// Multiples of three encode without padding.
 constexpr std::size_t ENCODED_AT_ONCE_BYTES = std::size_t{3} << 14;
 constexpr std::size_t ESCAPED_AT_ONCE_BYTES = std::size_t{1} << 12;
-
-struct Record {
-    std::optional<JsonValue> type;
-    std::optional<JsonValue> value;
-    std::optional<JsonValue> timestamp;
-    std::optional<JsonValue> isPinned;
-};
-
-/// Behind the opening brace; nothing when the object is broken.
-std::optional<Record> readRecord(JsonScanner& json) {
-    Record record;
-    if (json.take('}')) {
-        return record;
-    }
-    do {
-        const auto key = json.value();
-        if (!key || key->kind != Kind::String || !json.take(':')) {
-            return std::nullopt;
-        }
-        const auto value = json.value();
-        if (!value) {
-            return std::nullopt;
-        }
-        const auto name = jsonText(json.raw(*key));
-        if (name == "type") {
-            record.type = value;
-        } else if (name == "value") {
-            record.value = value;
-        } else if (name == "timestamp") {
-            record.timestamp = value;
-        } else if (name == "isPinned") {
-            record.isPinned = value;
-        }
-    } while (json.take(','));
-    return json.take('}') ? std::optional(record) : std::nullopt;
-}
-
-std::optional<QByteArray> imageBytes(std::string_view rawString) {
-    if (!rawString.contains('\\')) {
-        return fromBase64(rawString);
-    }
-    // Base64 is full of slashes, which some writers escape; other escapes need not be fast.
-    if (auto bytes = fromSlashEscapedBase64(rawString)) {
-        return bytes;
-    }
-    const auto text = jsonText(rawString);
-    return fromBase64({text.constData(), static_cast<std::size_t>(text.size())});
-}
-
-std::optional<ClipboardItem> itemFrom(const Record& record, const JsonScanner& json) {
-    if (!record.type || record.type->kind != Kind::String || !record.timestamp ||
-        record.timestamp->kind != Kind::Number || !record.value || record.value->kind != Kind::String) {
-        return std::nullopt;
-    }
-    const auto timestamp = jsonNumber(json.raw(*record.timestamp));
-    if (!timestamp) {
-        return std::nullopt;
-    }
-    const bool isPinned = record.isPinned && record.isPinned->kind == Kind::True;
-    const auto type = jsonText(json.raw(*record.type));
-    if (type == "text") {
-        return ClipboardItem(ClipboardContent::text(jsonText(json.raw(*record.value))), *timestamp, isPinned);
-    }
-    if (type == "image") {
-        if (auto bytes = imageBytes(json.raw(*record.value))) {
-            return ClipboardItem(ClipboardContent::image(*std::move(bytes)), *timestamp, isPinned);
-        }
-    }
-    return std::nullopt;
-}
 
 std::string_view view(const QByteArray& bytes) {
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
@@ -210,30 +138,6 @@ void putHistory(Output& output, const QList<ClipboardItem>& items) {
 }
 
 } // namespace
-
-std::optional<QList<ClipboardItem>> readHistoryJson(JsonScanner json) {
-    if (!json.take('[')) {
-        return std::nullopt;
-    }
-    QList<ClipboardItem> items;
-    if (!json.take(']')) {
-        do {
-            json.letGo();
-            const auto record = json.take('{') ? readRecord(json) : std::nullopt;
-            if (!record) {
-                return std::nullopt;
-            }
-            if (auto item = itemFrom(*record, json)) {
-                items.append(*std::move(item));
-            }
-        } while (json.take(','));
-        if (!json.take(']')) {
-            return std::nullopt;
-        }
-    }
-    json.letGo();
-    return json.atEnd() ? std::optional(items) : std::nullopt;
-}
 
 std::optional<std::int64_t> historyJsonSize(const QList<ClipboardItem>& items) {
     if (!std::ranges::all_of(items, [](const auto& item) { return std::isfinite(item.timestamp); })) {

@@ -85,8 +85,7 @@ QWidget* PermissionView::createSteps() {
 }
 
 void PermissionView::updateAppearance() {
-    m_palette =
-        m_appearance.isDark() ? Palette::dark(m_appearance.accentColor()) : Palette::light(m_appearance.accentColor());
+    m_palette = Palette::of(m_appearance);
     m_shield->setColor(m_palette.blue);
     m_title->setColor(m_palette.primary);
     m_hint->setColor(m_palette.tertiary);

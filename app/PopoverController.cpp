@@ -7,6 +7,7 @@
 #include "platform/PopoverHost.h"
 #include "platform/Scheduler.h"
 #include "popover/ClipboardListView.h"
+#include "popover/PopoverPreferences.h"
 #include "settings/keys/PreferenceKeys.h"
 #include "update/UpdateManager.h"
 
@@ -77,25 +78,11 @@ void AppDelegate::showPopover() {
 }
 
 void AppDelegate::updatePopoverSize() {
-    const QString size = read(m_desktop.userDefaults, keys::popoverSize);
-    if (size == QStringLiteral("compact")) {
-        m_desktop.popover.setContentSize({360, 340});
-    } else if (size == QStringLiteral("large")) {
-        m_desktop.popover.setContentSize({500, 520});
-    } else {
-        m_desktop.popover.setContentSize({440, 420});
-    }
+    m_desktop.popover.setContentSize(popoverSize(m_desktop.userDefaults));
 }
 
 void AppDelegate::updatePopoverAppearance() {
-    const QString theme = read(m_desktop.userDefaults, keys::appTheme);
-    if (theme == QStringLiteral("light")) {
-        m_desktop.popover.setAppearance(PopoverAppearance::Light);
-    } else if (theme == QStringLiteral("dark")) {
-        m_desktop.popover.setAppearance(PopoverAppearance::Dark);
-    } else {
-        m_desktop.popover.setAppearance(PopoverAppearance::System);
-    }
+    m_desktop.popover.setAppearance(popoverAppearance(m_desktop.userDefaults));
 }
 
 } // namespace zamber

@@ -20,10 +20,7 @@ void AppDelegate::createStatusItem() {
 
 void AppDelegate::updateMenuAppearance() {
     // Menus that we draw ourselves, the tray's among them, which no view of ours owns.
-    const Appearance& appearance = m_desktop.appearance;
-    const Palette palette =
-        appearance.isDark() ? Palette::dark(appearance.accentColor()) : Palette::light(appearance.accentColor());
-    QApplication::setPalette(palette.forWidgets(), "QMenu");
+    QApplication::setPalette(Palette::of(m_desktop.appearance).forWidgets(), "QMenu");
 }
 
 void AppDelegate::togglePopover(MouseButton button) {

@@ -21,7 +21,7 @@ class PopoverHeader final : public QWidget {
     Q_OBJECT
 
 public:
-    enum class SettingsButton { Shown, Left };
+    enum class SettingsButton { Shown, Hidden };
 
     PopoverHeader(const Symbols& symbols, SettingsButton settingsButton, QWidget* parent);
 

@@ -22,8 +22,7 @@ void SettingsLook::apply(QObject* context, const std::function<void(const Palett
 }
 
 void SettingsLook::update() {
-    const QColor accent = m_appearance.accentColor();
-    m_palette = m_appearance.isDark() ? Palette::dark(accent) : Palette::light(accent);
+    m_palette = Palette::of(m_appearance);
     Q_EMIT changed();
 }
 

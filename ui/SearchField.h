@@ -22,6 +22,8 @@ public:
 
     QString text() const;
     void setText(const QString& text);
+    /// Selects the text, so that typing replaces it; no other program can paste the selection.
+    void selectAll();
     void setColors(const Palette& palette);
 
 signals:

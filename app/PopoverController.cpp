@@ -8,7 +8,7 @@
 #include "platform/Scheduler.h"
 #include "popover/ClipboardListView.h"
 #include "popover/PopoverPreferences.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 #include "update/UpdateManager.h"
 
 namespace zamber {

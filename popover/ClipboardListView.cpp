@@ -10,7 +10,7 @@
 #include "popover/HistoryListWidget.h"
 #include "popover/PopoverBars.h"
 #include "popover/PopoverPreferences.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 #include "ui/ConfirmationSheet.h"
 #include "ui/SearchField.h"
 #include "ui/Typography.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "popover/DetectedUrl.h"
 
-#include "clipboard/Characters.h"
+#include "text/Characters.h"
 #include "platform/LinkDetector.h"
 
 #include <string_view>

@@ -3,7 +3,7 @@
 #include "popover/PopoverPreferences.h"
 
 #include "platform/Appearance.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 
 namespace zamber {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "popover/PopoverPreferences.h"
 
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 #include "tests/fakes/FakeAppearance.h"
 #include "tests/fakes/FakeUserDefaults.h"
 

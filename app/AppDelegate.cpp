@@ -10,12 +10,12 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::app {
 
 AppDelegate::AppDelegate(const Desktop& desktop, const std::filesystem::path& historyFile,
                          std::function<void()> checkAndPromptMove)
     : clipboardManager(
-          ClipboardManager::create(desktop.pasteboard, desktop.userDefaults, desktop.scheduler, historyFile))
+          clipboard::ClipboardManager::create(desktop.pasteboard, desktop.userDefaults, desktop.scheduler, historyFile))
     , m_desktop(desktop)
     , m_checkAndPromptMove(std::move(checkAndPromptMove))
     , m_launchAtLogin(desktop.loginItem) {}
@@ -36,9 +36,9 @@ void AppDelegate::applicationDidFinishLaunching() {
     updatePopoverAppearance();
     registerHotKey();
     clipboardManager->startMonitoring();
-    UpdateManager::shared().startPeriodicChecks();
+    update::UpdateManager::shared().startPeriodicChecks();
     m_checkAndPromptMove();
     checkAccessibility();
 }
 
-} // namespace zamber
+} // namespace zamber::app

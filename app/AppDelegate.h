@@ -16,10 +16,16 @@
 
 class QWidget;
 
-namespace zamber {
-
-class ClipboardListView;
+namespace zamber::clipboard {
 class ClipboardManager;
+}
+
+namespace zamber::popover {
+class ClipboardListView;
+}
+
+namespace zamber::app {
+
 class PermissionWindow;
 
 /// Holds the program together: the history, the status item, the popover, the hot keys and the way back into the
@@ -59,7 +65,7 @@ public:
     void showPopover();
     void pasteToActiveApp();
 
-    const std::shared_ptr<ClipboardManager> clipboardManager;
+    const std::shared_ptr<clipboard::ClipboardManager> clipboardManager;
 
 private:
     void createStatusItem();
@@ -74,8 +80,8 @@ private:
 
     Desktop m_desktop;
     std::function<void()> m_checkAndPromptMove;
-    LaunchAtLoginManager m_launchAtLogin;
-    std::unique_ptr<ClipboardListView> m_listView;
+    install::LaunchAtLoginManager m_launchAtLogin;
+    std::unique_ptr<popover::ClipboardListView> m_listView;
     std::optional<HotKeyRef> m_hotKeyRef;
     std::optional<HotKeyRef> m_quickPasteHotKey2Ref;
     std::optional<HotKeyRef> m_quickPasteHotKey3Ref;
@@ -84,4 +90,4 @@ private:
     std::unique_ptr<PermissionWindow> m_permissionWindow;
 };
 
-} // namespace zamber
+} // namespace zamber::app

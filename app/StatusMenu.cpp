@@ -10,7 +10,7 @@
 #include <QApplication>
 #include <QPalette>
 
-namespace zamber {
+namespace zamber::app {
 
 void AppDelegate::createStatusItem() {
     m_desktop.statusItem.showSymbol(QStringLiteral("doc.on.clipboard"), QStringLiteral("Zamber"));
@@ -20,7 +20,7 @@ void AppDelegate::createStatusItem() {
 
 void AppDelegate::updateMenuAppearance() {
     // Menus that we draw ourselves, the tray's among them, which no view of ours owns.
-    QApplication::setPalette(Palette::of(m_desktop.appearance).forWidgets(), "QMenu");
+    QApplication::setPalette(ui::Palette::of(m_desktop.appearance).forWidgets(), "QMenu");
 }
 
 void AppDelegate::togglePopover(MouseButton button) {
@@ -72,4 +72,4 @@ void AppDelegate::quitApp() {
     m_desktop.application.terminate();
 }
 
-} // namespace zamber
+} // namespace zamber::app

@@ -3,11 +3,12 @@
 #include "popover/DetectedUrl.h"
 
 #include "text/Characters.h"
+
 #include "platform/LinkDetector.h"
 
 #include <string_view>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -23,14 +24,14 @@ bool isAllLink(const std::optional<DetectedLink>& link, const QString& text, qsi
 
 } // namespace
 
-std::optional<QUrl> detectedUrl(const ClipboardContent& content, LinkDetector& detector) {
+std::optional<QUrl> detectedUrl(const clipboard::ClipboardContent& content, LinkDetector& detector) {
     if (content.isImage()) {
         return std::nullopt;
     }
     const QByteArray& utf8 = content.bytes();
     const std::string_view whole(utf8.constData(), static_cast<std::size_t>(utf8.size()));
-    const std::string_view inner = trimmed(whole);
-    const bool isShort = countCharacters(inner, SHORT_TEXT_CHARACTERS).count < SHORT_TEXT_CHARACTERS;
+    const std::string_view inner = text::trimmed(whole);
+    const bool isShort = text::countCharacters(inner, SHORT_TEXT_CHARACTERS).count < SHORT_TEXT_CHARACTERS;
     if (!isShort) {
         // Blanks are in no link; and nobody wants megabytes searched for one that cannot be there.
         const QString beginning = QString::fromUtf8(utf8.first(std::min(utf8.size(), BEGINNING_UNITS)));
@@ -44,4 +45,4 @@ std::optional<QUrl> detectedUrl(const ClipboardContent& content, LinkDetector& d
     return isAccepted && !link->address.isEmpty() ? std::optional(link->address) : std::nullopt;
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -9,11 +9,13 @@
 #include <optional>
 
 namespace zamber {
-
 class LinkDetector;
+}
+
+namespace zamber::popover {
 
 /// Where a content leads: a short text to the first link in it, a long one only when all of it is a link; an image
 /// nowhere.
-std::optional<QUrl> detectedUrl(const ClipboardContent& content, LinkDetector& detector);
+std::optional<QUrl> detectedUrl(const clipboard::ClipboardContent& content, LinkDetector& detector);
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -7,10 +7,10 @@
 #include <algorithm>
 #include <cmath>
 
-namespace zamber {
+namespace zamber::popover {
 
 ExpandedText::ExpandedText(QByteArray utf8, int width)
-    : m_layout(std::move(utf8), textFont(12), width) {}
+    : m_layout(std::move(utf8), ui::textFont(12), width) {}
 
 double ExpandedText::shownHeight() {
     return std::min<double>(m_layout.height(MOST_SHOWN_HEIGHT), MOST_SHOWN_HEIGHT);
@@ -24,4 +24,4 @@ bool ExpandedText::scrollBy(double distance) {
     return std::exchange(m_scrollOffset, wanted) != wanted;
 }
 
-} // namespace zamber
+} // namespace zamber::popover

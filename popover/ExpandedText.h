@@ -4,7 +4,7 @@
 
 #include "popover/TextLines.h"
 
-namespace zamber {
+namespace zamber::popover {
 
 /// The whole text of an expanded row, and how far the row has been scrolled down in it (points).
 class ExpandedText {
@@ -35,4 +35,4 @@ private:
     double m_scrollOffset = 0;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -6,7 +6,7 @@
 #include <QObject>
 #include <QTimer>
 
-namespace zamber {
+namespace zamber::popover {
 
 /// The animation of scrolling to another place: how many points are still to go, eased in and out, over a tenth of a
 /// second. The owner scrolls at each `advanced`.
@@ -34,4 +34,4 @@ private:
     QElapsedTimer m_sinceStart;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -12,7 +12,7 @@
 #include <cmath>
 #include <utility>
 
-namespace zamber {
+namespace zamber::popover {
 
 using RoomBelow = ListGeometry::RoomBelow;
 
@@ -21,7 +21,7 @@ namespace {
 constexpr int PADDING_HORIZONTAL = 8;
 
 int headerHeight() {
-    return rowmetrics::HEADER_PADDING_TOP + lineHeight(textFont(10, QFont::DemiBold)) +
+    return rowmetrics::HEADER_PADDING_TOP + lineHeight(ui::textFont(10, QFont::DemiBold)) +
            rowmetrics::HEADER_PADDING_BOTTOM;
 }
 
@@ -38,14 +38,14 @@ HistoryLayout::HistoryLayout(LinkDetector* linkDetector, std::function<Motion()>
     connect(&m_rows, &HistoryRows::changed, this, [this](const QUuid& id) { measureAgain({id}); });
 }
 
-void HistoryLayout::setItems(const QList<ClipboardItem>& items) {
+void HistoryLayout::setItems(const QList<clipboard::ClipboardItem>& items) {
     const auto held = hold();
     const auto anchor = anchorAcross(items);
     if (m_hovered && held && m_items[held->row].id == *m_hovered) {
         m_hovered = anchor && anchor->isSuccessor ? std::optional(items[anchor->hold.row].id) : std::nullopt;
     }
     m_items = items;
-    const auto firstRecent = std::ranges::partition_point(m_items, &ClipboardItem::isPinned);
+    const auto firstRecent = std::ranges::partition_point(m_items, &clipboard::ClipboardItem::isPinned);
     m_geometry.setRows({static_cast<int>(m_items.size()), static_cast<int>(firstRecent - m_items.begin())},
                        [this](int row) {
                            const HistoryRow* const known = m_rows.find(m_items[row].id);
@@ -63,7 +63,7 @@ void HistoryLayout::setItems(const QList<ClipboardItem>& items) {
     emit changed();
 }
 
-std::optional<HistoryLayout::Anchor> HistoryLayout::anchorAcross(const QList<ClipboardItem>& items) const {
+std::optional<HistoryLayout::Anchor> HistoryLayout::anchorAcross(const QList<clipboard::ClipboardItem>& items) const {
     const auto held = hold();
     // Somebody at the top wants to see what is new.
     if (!held || (!m_hovered && m_geometry.offset() <= 0)) {
@@ -125,7 +125,7 @@ void HistoryLayout::measureAllAgain(const std::function<void()>& change) {
 std::optional<int> HistoryLayout::rowOf(const QUuid& id) const {
     // The few rows that are looked for are near the top nearly always; an index of all would have to be made anew at
     // every key press in the search field.
-    const auto found = std::ranges::find(m_items, id, &ClipboardItem::id);
+    const auto found = std::ranges::find(m_items, id, &clipboard::ClipboardItem::id);
     return found == m_items.end() ? std::nullopt : std::optional(static_cast<int>(found - m_items.begin()));
 }
 
@@ -138,16 +138,16 @@ std::optional<int> HistoryLayout::rowAt(QPoint point) const {
 }
 
 int HistoryLayout::rowWidth() const {
-    return m_size.width() - 2 * PADDING_HORIZONTAL;
+    return m_size.width() - 2 * rowmetrics::PADDING_HORIZONTAL;
 }
 
 QRect HistoryLayout::rowRectangle(int row) const {
     const ListGeometry::Span span = m_geometry.rowSpan(row);
-    return {PADDING_HORIZONTAL, span.top, rowWidth(), span.height};
+    return {rowmetrics::PADDING_HORIZONTAL, span.top, rowWidth(), span.height};
 }
 
 ClipboardRowView HistoryLayout::rowView(int row) {
-    const ClipboardItem& item = m_items[row];
+    const clipboard::ClipboardItem& item = m_items[row];
     return {item,
             isHighlighted(row),
             m_preferences,
@@ -170,7 +170,7 @@ int HistoryLayout::measuredHeight(int row) {
 }
 
 ExpandedText& HistoryLayout::expandedText(int row) {
-    const ClipboardItem& item = m_items[row];
+    const clipboard::ClipboardItem& item = m_items[row];
     const ClipboardRowView highlighted(item, true, m_preferences, {}, m_rows.link(item));
     const int width = highlighted.contentWidth(rowWidth());
     auto& text = m_rows.of(item.id).expandedText;
@@ -289,4 +289,4 @@ void HistoryLayout::showSelection() {
     emit glided();
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -10,7 +10,7 @@
 
 #include <functional>
 
-namespace zamber {
+namespace zamber::popover {
 
 /// The rows of the history in their places: their heights, which change with the highlight, and how far the list is
 /// scrolled. What is in view stays where it is, whatever changes above or below it. Points; needs no window.
@@ -23,10 +23,10 @@ public:
 
     /// All pinned entries before the others. The row after one that has gone takes its place, and its highlight too
     /// when the pointer was on it.
-    void setItems(const QList<ClipboardItem>& items);
-    const QList<ClipboardItem>& items() const { return m_items; }
+    void setItems(const QList<clipboard::ClipboardItem>& items);
+    const QList<clipboard::ClipboardItem>& items() const { return m_items; }
     /// Forgets what is known about all other entries.
-    void keepOnly(const QList<ClipboardItem>& items) { m_rows.keepOnly(items); }
+    void keepOnly(const QList<clipboard::ClipboardItem>& items) { m_rows.keepOnly(items); }
     void setPreferences(const RowPreferences& preferences);
     void setView(QSize size, double devicePixelRatio);
 
@@ -75,7 +75,7 @@ private:
     };
 
     std::optional<ListGeometry::Hold> hold() const;
-    std::optional<Anchor> anchorAcross(const QList<ClipboardItem>& items) const;
+    std::optional<Anchor> anchorAcross(const QList<clipboard::ClipboardItem>& items) const;
     void keep(const std::optional<ListGeometry::Hold>& hold);
     void measureAgain(const QList<QUuid>& rows);
     void measureAllAgain(const std::function<void()>& change);
@@ -83,7 +83,7 @@ private:
     void glide();
 
     std::function<Motion()> m_motion;
-    QList<ClipboardItem> m_items;
+    QList<clipboard::ClipboardItem> m_items;
     RowPreferences m_preferences;
     QSize m_size;
     double m_devicePixelRatio = 1;
@@ -97,4 +97,4 @@ private:
     std::optional<QUuid> m_hovered;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

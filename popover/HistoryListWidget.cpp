@@ -11,7 +11,7 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -36,13 +36,13 @@ HistoryListWidget::HistoryListWidget(const Symbols& symbols, const Appearance& a
     connect(&m_layout, &HistoryLayout::changed, this, qOverload<>(&QWidget::update));
 }
 
-void HistoryListWidget::setItems(const QList<ClipboardItem>& items) {
+void HistoryListWidget::setItems(const QList<clipboard::ClipboardItem>& items) {
     m_pointer.setItems(items);
     QAccessibleEvent reordered(this, QAccessible::ObjectReorder);
     QAccessible::updateAccessibility(&reordered);
 }
 
-void HistoryListWidget::setColors(const Palette& palette) {
+void HistoryListWidget::setColors(const ui::Palette& palette) {
     m_palette = palette;
     update();
 }
@@ -83,12 +83,12 @@ QStringList HistoryListWidget::describe(int index) {
 }
 
 void HistoryListWidget::choose(int index) {
-    const ClipboardItem copy = items()[index]; // the list may change while it is told
+    const clipboard::ClipboardItem copy = items()[index]; // the list may change while it is told
     emit chosen(copy);
 }
 
 void HistoryListWidget::perform(int index, RowAction action) {
-    const ClipboardItem copy = items()[index];
+    const clipboard::ClipboardItem copy = items()[index];
     switch (action) {
     case RowAction::OpenLink:
         if (const auto address = link(index)) {
@@ -163,4 +163,4 @@ void HistoryListWidget::hideEvent(QHideEvent* event) {
     m_pointer.reset();
 }
 
-} // namespace zamber
+} // namespace zamber::popover

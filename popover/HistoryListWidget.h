@@ -8,8 +8,10 @@
 #include <QWidget>
 
 namespace zamber {
-
 class Appearance;
+}
+
+namespace zamber::popover {
 
 /// The scrolling list of rows, pinned ones first. It draws the rows that are in view and hands on what is done to them;
 /// where they lie is the layout's business, what the pointer means is the pointer's. It never has the keyboard focus;
@@ -22,12 +24,12 @@ public:
     HistoryListWidget(const Symbols& symbols, const Appearance& appearance, Scheduler& scheduler,
                       LinkDetector* linkDetector, QWidget* parent);
 
-    void setItems(const QList<ClipboardItem>& items);
-    const QList<ClipboardItem>& items() const { return m_layout.items(); }
+    void setItems(const QList<clipboard::ClipboardItem>& items);
+    const QList<clipboard::ClipboardItem>& items() const { return m_layout.items(); }
     /// Forgets what is known about all other entries.
-    void keepOnly(const QList<ClipboardItem>& items) { m_layout.keepOnly(items); }
+    void keepOnly(const QList<clipboard::ClipboardItem>& items) { m_layout.keepOnly(items); }
     void setPreferences(const RowPreferences& preferences) { m_layout.setPreferences(preferences); }
-    void setColors(const Palette& palette);
+    void setColors(const ui::Palette& palette);
 
     /// Highlights the row and scrolls, in a tenth of a second, so that it is in the middle; an index beyond the list
     /// highlights none.
@@ -60,9 +62,9 @@ public:
     QList<RowAction> actions(int index) { return m_layout.rowView(index).actions(); }
 
 signals:
-    void chosen(const zamber::ClipboardItem& item);
-    void pinRequested(const zamber::ClipboardItem& item);
-    void deleteRequested(const zamber::ClipboardItem& item);
+    void chosen(const zamber::clipboard::ClipboardItem& item);
+    void pinRequested(const zamber::clipboard::ClipboardItem& item);
+    void deleteRequested(const zamber::clipboard::ClipboardItem& item);
     void openLinkRequested(const QUrl& address);
     void selectRequested(int index);
     void menuRequested(int index, QPoint screenPosition);
@@ -87,9 +89,9 @@ private:
     const Symbols& m_symbols;
     const Appearance& m_appearance;
     const Scheduler& m_clock;
-    Palette m_palette;
+    ui::Palette m_palette;
     HistoryLayout m_layout;
     ListPointer m_pointer;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -8,7 +8,7 @@
 #include <QMetaObject>
 #include <QSet>
 
-namespace zamber {
+namespace zamber::popover {
 
 double HistoryRow::highlight() const {
     return highlightProgress * highlightProgress * (3 - 2 * highlightProgress);
@@ -31,9 +31,9 @@ HistoryRow* HistoryRows::find(const QUuid& id) {
     return found == m_rows.end() ? nullptr : &found->second;
 }
 
-void HistoryRows::keepOnly(const QList<ClipboardItem>& items) {
+void HistoryRows::keepOnly(const QList<clipboard::ClipboardItem>& items) {
     QSet<QUuid> kept;
-    for (const ClipboardItem& item : items) {
+    for (const clipboard::ClipboardItem& item : items) {
         if (m_rows.contains(item.id)) {
             kept.insert(item.id);
         }
@@ -47,7 +47,7 @@ void HistoryRows::forgetHeights() {
     }
 }
 
-const Thumbnail& HistoryRows::thumbnail(const ClipboardItem& item, double devicePixelRatio) {
+const Thumbnail& HistoryRows::thumbnail(const clipboard::ClipboardItem& item, double devicePixelRatio) {
     HistoryRow& row = of(item.id);
     const QSize pixels = (QSizeF(ClipboardRowView::THUMBNAIL_SIZE) * devicePixelRatio).toSize();
     if (!item.content.isImage() || row.thumbnailPixels == pixels) {
@@ -70,7 +70,7 @@ const Thumbnail& HistoryRows::thumbnail(const ClipboardItem& item, double device
     return row.thumbnail;
 }
 
-std::optional<QUrl> HistoryRows::link(const ClipboardItem& item) {
+std::optional<QUrl> HistoryRows::link(const clipboard::ClipboardItem& item) {
     if (m_linkDetector == nullptr || item.content.isImage()) {
         return std::nullopt;
     }
@@ -81,7 +81,7 @@ std::optional<QUrl> HistoryRows::link(const ClipboardItem& item) {
     return *row.link;
 }
 
-TextState HistoryRows::textState(const ClipboardItem& item) {
+TextState HistoryRows::textState(const clipboard::ClipboardItem& item) {
     if (item.content.isImage() || item.content.bytes().size() < LARGE_BYTES) {
         return TextState::Measured;
     }
@@ -103,4 +103,4 @@ TextState HistoryRows::textState(const ClipboardItem& item) {
     return *row.textState;
 }
 
-} // namespace zamber
+} // namespace zamber::popover

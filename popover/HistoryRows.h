@@ -17,8 +17,10 @@
 #include <unordered_map>
 
 namespace zamber {
-
 class LinkDetector;
+}
+
+namespace zamber::popover {
 
 /// What the list knows of an entry beyond the entry itself.
 struct HistoryRow {
@@ -54,14 +56,14 @@ public:
     auto end() { return m_rows.end(); }
 
     /// Drops the records of all other entries.
-    void keepOnly(const QList<ClipboardItem>& items);
+    void keepOnly(const QList<clipboard::ClipboardItem>& items);
     void forgetHeights();
 
     /// The picture for the row; `changed` follows when it is still being decoded. Nothing to show for a text.
-    const Thumbnail& thumbnail(const ClipboardItem& item, double devicePixelRatio);
-    std::optional<QUrl> link(const ClipboardItem& item);
+    const Thumbnail& thumbnail(const clipboard::ClipboardItem& item, double devicePixelRatio);
+    std::optional<QUrl> link(const clipboard::ClipboardItem& item);
     /// Can the entry be asked for its counts and its preview without waiting? If not, `changed` follows.
-    TextState textState(const ClipboardItem& item);
+    TextState textState(const clipboard::ClipboardItem& item);
 
     /// Texts from this size on are counted, and searched for secrets, on another thread: with hundreds of megabytes
     /// that takes a second.
@@ -84,4 +86,4 @@ private:
     QThreadPool m_measurers;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

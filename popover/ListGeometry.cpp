@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -139,4 +139,4 @@ double ListGeometry::centredOffset(int row) const {
     return std::clamp(offset, 0.0, endOffset());
 }
 
-} // namespace zamber
+} // namespace zamber::popover

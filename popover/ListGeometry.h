@@ -9,7 +9,7 @@
 #include <optional>
 #include <utility>
 
-namespace zamber {
+namespace zamber::popover {
 
 /// Where the rows and headers of a list lie and how far the list is scrolled. Heights are guesses until a row comes
 /// into view; it is measured then, and what was in view before does not move. Lengths and places in points; a place is
@@ -87,4 +87,4 @@ private:
     double m_offset = 0;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::popover {
 
 using RoomBelow = ListGeometry::RoomBelow;
 
@@ -150,7 +150,7 @@ PressedPart ListPointer::pressedPart(const QUuid& row) const {
     return m_pressed->action ? PressedPart::Action : PressedPart::Row;
 }
 
-void ListPointer::setItems(const QList<ClipboardItem>& items) {
+void ListPointer::setItems(const QList<clipboard::ClipboardItem>& items) {
     const auto before = m_hovered;
     m_layout.setItems(items);
     if (!before || !m_point) {
@@ -169,4 +169,4 @@ void ListPointer::setItems(const QList<ClipboardItem>& items) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::popover

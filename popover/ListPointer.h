@@ -11,7 +11,7 @@
 #include <functional>
 #include <optional>
 
-namespace zamber {
+namespace zamber::popover {
 
 /// A row that the pointer is on, and the small button in it if it is on one.
 struct RowTarget {
@@ -37,7 +37,7 @@ public:
 
     /// Lists other entries. The pointer highlights and hits the row that has taken the place of the one it was on; if
     /// that lies elsewhere, a click does nothing until the pointer is moved.
-    void setItems(const QList<ClipboardItem>& items);
+    void setItems(const QList<clipboard::ClipboardItem>& items);
     /// The keyboard moves the list from now on.
     void endScrolling();
     void reset();
@@ -64,4 +64,4 @@ private:
     std::optional<RowTarget> m_pressed;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

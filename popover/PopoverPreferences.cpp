@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "popover/PopoverPreferences.h"
 
-#include "platform/Appearance.h"
 #include "preferences/PreferenceKeys.h"
 
-namespace zamber {
+#include "platform/Appearance.h"
+
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -16,7 +17,7 @@ constexpr QSize LARGE_SIZE{500, 520};
 } // namespace
 
 QSize popoverSize(const UserDefaults& defaults) {
-    const QString preset = read(defaults, keys::popoverSize);
+    const QString preset = read(defaults, preferences::popoverSize);
     if (preset == u"compact"_s) {
         return COMPACT_SIZE;
     }
@@ -24,23 +25,23 @@ QSize popoverSize(const UserDefaults& defaults) {
 }
 
 PopoverAppearance popoverAppearance(const UserDefaults& defaults) {
-    const QString theme = read(defaults, keys::appTheme);
+    const QString theme = read(defaults, preferences::appTheme);
     if (theme == u"light"_s) {
         return PopoverAppearance::Light;
     }
     return theme == u"dark"_s ? PopoverAppearance::Dark : PopoverAppearance::System;
 }
 
-Palette popoverPalette(PopoverAppearance choice, const Appearance& desktop) {
+ui::Palette popoverPalette(PopoverAppearance choice, const Appearance& desktop) {
     switch (choice) {
     case PopoverAppearance::Light:
-        return Palette::light(desktop.accentColor());
+        return ui::Palette::light(desktop.accentColor());
     case PopoverAppearance::Dark:
-        return Palette::dark(desktop.accentColor());
+        return ui::Palette::dark(desktop.accentColor());
     case PopoverAppearance::System:
         break;
     }
-    return Palette::of(desktop);
+    return ui::Palette::of(desktop);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -8,9 +8,11 @@
 #include <QSize>
 
 namespace zamber {
-
 class Appearance;
 class UserDefaults;
+} // namespace zamber
+
+namespace zamber::popover {
 
 /// The popover's size in points, as the user wants it at this moment.
 QSize popoverSize(const UserDefaults& defaults);
@@ -19,6 +21,6 @@ QSize popoverSize(const UserDefaults& defaults);
 PopoverAppearance popoverAppearance(const UserDefaults& defaults);
 
 /// The colours for that choice on this desktop.
-Palette popoverPalette(PopoverAppearance choice, const Appearance& desktop);
+ui::Palette popoverPalette(PopoverAppearance choice, const Appearance& desktop);
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <chrono>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace std::chrono_literals;
 
@@ -73,4 +73,4 @@ void RowHighlights::move(double step) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::popover

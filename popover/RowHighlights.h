@@ -8,7 +8,7 @@
 #include <QTimer>
 #include <QUuid>
 
-namespace zamber {
+namespace zamber::popover {
 
 class HistoryRows;
 
@@ -42,4 +42,4 @@ private:
     QElapsedTimer m_sinceFrame;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

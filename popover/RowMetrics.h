@@ -3,7 +3,7 @@
 #pragma once
 
 /// Distances inside rows and headers, in points, for measuring and for painting them.
-namespace zamber::rowmetrics {
+namespace zamber::popover::rowmetrics {
 
 inline constexpr int PADDING_HORIZONTAL = 12;
 inline constexpr int PADDING_VERTICAL = 10;
@@ -19,4 +19,4 @@ inline constexpr int LINK_SPACING = 2;
 inline constexpr int HEADER_PADDING_TOP = 8;
 inline constexpr int HEADER_PADDING_BOTTOM = 2;
 
-} // namespace zamber::rowmetrics
+} // namespace zamber::popover::rowmetrics

@@ -9,8 +9,10 @@
 #include <optional>
 
 namespace zamber {
-
 class Symbols;
+}
+
+namespace zamber::popover {
 
 /// What the user wants rows to show.
 struct RowPreferences {
@@ -40,7 +42,7 @@ enum class PressedPart { None, Row, Action };
 
 /// What a row is drawn with.
 struct RowStyle {
-    const Palette& palette;
+    const ui::Palette& palette;
     const Symbols& symbols;
     double devicePixelRatio = 1;
     double now = 0;                         ///< seconds since 1970
@@ -49,4 +51,4 @@ struct RowStyle {
     PressedPart pressed = PressedPart::None;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <utility>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace std::chrono_literals;
 
@@ -39,4 +39,4 @@ void ScrollPhase::end() {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::popover

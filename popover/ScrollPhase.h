@@ -9,7 +9,7 @@
 #include <functional>
 #include <optional>
 
-namespace zamber {
+namespace zamber::popover {
 
 /// Whether the user is scrolling: from a turn of the wheel until no other has followed for a while, or until the
 /// pointer is moved. A hand on a wheel trembles, so that moving by a point or two does not count.
@@ -36,4 +36,4 @@ private:
     QPoint m_pointer;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

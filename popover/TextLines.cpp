@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -222,4 +222,4 @@ void LazyTextLayout::layOutNextPiece() {
     m_lineCount += lineCount;
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -14,7 +14,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace zamber {
+namespace zamber::settings {
 
 namespace {
 
@@ -60,12 +60,12 @@ class Card final : public QWidget {
 public:
     explicit Card(const SettingsLook& look)
         : m_look(look) {
-        look.apply(this, [this](const Palette&) { update(); });
+        look.apply(this, [this](const ui::Palette&) { update(); });
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        const Palette& palette = m_look.palette();
+        const ui::Palette& palette = m_look.palette();
         paintPlate(*this, palette.primaryAt(CARD_OPACITY), palette.primaryAt(CARD_BORDER_OPACITY), CARD_RADIUS);
     }
 
@@ -78,7 +78,7 @@ public:
     explicit Divider(const SettingsLook& look)
         : m_look(look) {
         setFixedHeight(1);
-        look.apply(this, [this](const Palette&) { update(); });
+        look.apply(this, [this](const ui::Palette&) { update(); });
     }
 
 protected:
@@ -95,15 +95,15 @@ public:
     SettingsKeyCap(const SettingsLook& look, const QString& key)
         : m_look(look)
         , m_key(key) {
-        setFont(textFont(KEY_POINTS, QFont::DemiBold));
+        setFont(ui::textFont(KEY_POINTS, QFont::DemiBold));
         setAccessibleName(key);
         setFixedSize(std::max(KEY_SIDE, QFontMetrics(font()).horizontalAdvance(key)), KEY_SIDE);
-        look.apply(this, [this](const Palette&) { update(); });
+        look.apply(this, [this](const ui::Palette&) { update(); });
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        const Palette& palette = m_look.palette();
+        const ui::Palette& palette = m_look.palette();
         paintPlate(*this, palette.tertiaryFill, palette.primaryAt(KEY_BORDER_OPACITY), KEY_RADIUS);
         QPainter painter(this);
         painter.setFont(font());
@@ -123,12 +123,12 @@ QWidget* SettingsUI::header(const SettingsLook& look, const QString& title, cons
     auto* line = new QHBoxLayout(header);
     line->setContentsMargins(0, 0, 0, HEADER_BOTTOM);
     line->setSpacing(HEADER_SPACING);
-    auto* symbol = new SymbolView(look.symbols(), icon, HEADER_SYMBOL_POINTS, QFont::DemiBold);
-    auto* label = new TextLabel(title, textFont(HEADER_TITLE_POINTS, QFont::Bold));
+    auto* symbol = new ui::SymbolView(look.symbols(), icon, HEADER_SYMBOL_POINTS, QFont::DemiBold);
+    auto* label = new ui::TextLabel(title, ui::textFont(HEADER_TITLE_POINTS, QFont::Bold));
     line->addWidget(symbol, 0, Qt::AlignVCenter);
     line->addWidget(label, 0, Qt::AlignVCenter);
     line->addStretch();
-    look.apply(header, [symbol, label](const Palette& palette) {
+    look.apply(header, [symbol, label](const ui::Palette& palette) {
         symbol->setColor(palette.primary);
         label->setColor(palette.primary);
     });
@@ -142,8 +142,8 @@ QWidget* SettingsUI::section(const SettingsLook& look, const QString& title, con
     column->setContentsMargins(0, 0, 0, SECTION_BOTTOM);
     column->setSpacing(0);
     if (!title.isEmpty()) {
-        auto* label = new TextLabel(title, textFont(SECTION_TITLE_POINTS, QFont::Medium));
-        look.apply(label, [label](const Palette& palette) { label->setColor(palette.secondary); });
+        auto* label = new ui::TextLabel(title, ui::textFont(SECTION_TITLE_POINTS, QFont::Medium));
+        look.apply(label, [label](const ui::Palette& palette) { label->setColor(palette.secondary); });
         auto* line = new QHBoxLayout;
         line->setContentsMargins(SECTION_TITLE_LEADING, 0, 0, SECTION_TITLE_BOTTOM);
         line->addWidget(label);
@@ -191,16 +191,16 @@ QWidget* settingsDivider(const SettingsLook& look) {
     return new Divider(look);
 }
 
-TextLabel* settingsLabel(const SettingsLook& look, const QString& text) {
-    auto* label = new TextLabel(text, textFont(BODY_POINTS));
-    look.apply(label, [label](const Palette& palette) { label->setColor(palette.primary); });
+ui::TextLabel* settingsLabel(const SettingsLook& look, const QString& text) {
+    auto* label = new ui::TextLabel(text, ui::textFont(BODY_POINTS));
+    look.apply(label, [label](const ui::Palette& palette) { label->setColor(palette.primary); });
     return label;
 }
 
-TextLabel* settingsCaption(const SettingsLook& look, const QString& text) {
-    auto* label = new TextLabel(text, textFont(CAPTION_POINTS));
-    look.apply(label, [label](const Palette& palette) { label->setColor(palette.tertiary); });
+ui::TextLabel* settingsCaption(const SettingsLook& look, const QString& text) {
+    auto* label = new ui::TextLabel(text, ui::textFont(CAPTION_POINTS));
+    look.apply(label, [label](const ui::Palette& palette) { label->setColor(palette.tertiary); });
     return label;
 }
 
-} // namespace zamber
+} // namespace zamber::settings

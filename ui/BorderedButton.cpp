@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -110,4 +110,4 @@ void BorderedButton::paintEvent(QPaintEvent*) {
     painter.drawText(rect(), Qt::AlignCenter, text());
 }
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -32,4 +32,4 @@ void paintFocusRing(QPainter& painter, const QRectF& box, double radius, const P
     painter.restore();
 }
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -8,10 +8,10 @@
 
 class QPainter;
 
-namespace zamber {
+namespace zamber::ui {
 
 /// Draws the ring that marks the control with the keyboard focus, just inside the rounded box (points). Two lines, one
 /// in the accent and one in the window's ground, so that it is seen on every ground, the accent's own included.
 void paintFocusRing(QPainter& painter, const QRectF& box, double radius, const Palette& palette);
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -10,7 +10,7 @@
 #include <cmath>
 #include <utility>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -164,4 +164,4 @@ double contrastRatio(const QColor& text, const QColor& ground) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -13,7 +13,7 @@
 
 #include <cmath>
 
-namespace zamber {
+namespace zamber::ui {
 
 using namespace Qt::StringLiterals;
 
@@ -95,4 +95,4 @@ void SearchField::paintEvent(QPaintEvent*) {
                        glass);
 }
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -13,7 +13,7 @@
 #include <algorithm>
 #include <chrono>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -201,4 +201,4 @@ void SegmentedPicker::paintEvent(QPaintEvent*) {
     painter.drawRoundedRect(thumb, RADIUS - INSET, RADIUS - INSET);
 }
 
-} // namespace zamber
+} // namespace zamber::ui

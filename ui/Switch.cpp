@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <chrono>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -113,4 +113,4 @@ void Switch::paintEvent(QPaintEvent*) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "preferences/PreferenceKeys.h"
+
 #include "app/AppDelegate.h"
 #include "clipboard/ClipboardManager.h"
-#include "preferences/PreferenceKeys.h"
 #include "tests/fakes/FakeAccessibilityTrust.h"
 #include "tests/fakes/FakeAlert.h"
 #include "tests/fakes/FakeAppBundle.h"
@@ -31,7 +32,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::app {
 
 /// A delegate on fakes, not yet launched.
 class AppDelegateTest : public testing::Test {
@@ -39,8 +40,8 @@ protected:
     AppDelegateTest() {
         UserDefaults::setStandard(&defaults);
         // Nobody answers there, and nobody outside of the machine is asked.
-        UpdateManager::setShared(
-            UpdateManager::create(scheduler, defaults, bundle, workspace, {}, QStringLiteral("http://127.0.0.1:9")));
+        update::UpdateManager::setShared(update::UpdateManager::create(scheduler, defaults, bundle, workspace, {},
+                                                                       QStringLiteral("http://127.0.0.1:9")));
         delegate = std::make_shared<AppDelegate>(Desktop{.application = application,
                                                          .pasteboard = pasteboard,
                                                          .workspace = workspace,
@@ -66,7 +67,7 @@ protected:
     }
 
     ~AppDelegateTest() override {
-        UpdateManager::setShared(nullptr);
+        update::UpdateManager::setShared(nullptr);
         UserDefaults::setStandard(nullptr);
     }
 
@@ -123,4 +124,4 @@ protected:
     std::shared_ptr<AppDelegate> delegate;
 };
 
-} // namespace zamber
+} // namespace zamber::app

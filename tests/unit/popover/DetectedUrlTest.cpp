@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -17,7 +17,7 @@ const QUrl URL(u"https://example.org/a"_s);
 
 std::optional<QUrl> urlIn(const QByteArray& text) {
     FakeLinkDetector detector;
-    return detectedUrl(ClipboardContent::text(text), detector);
+    return detectedUrl(clipboard::ClipboardContent::text(text), detector);
 }
 
 } // namespace
@@ -59,19 +59,19 @@ TEST(DetectedUrl, A500CharacterTextWithALinkInItsMiddleHasNone) {
 TEST(DetectedUrl, AMatchWithoutAddressIsNone) {
     FakeLinkDetector detector;
     detector.withoutAddress = true;
-    EXPECT_EQ(detectedUrl(ClipboardContent::text(LINK), detector), std::nullopt);
+    EXPECT_EQ(detectedUrl(clipboard::ClipboardContent::text(LINK), detector), std::nullopt);
 }
 
 TEST(DetectedUrl, AnImageHasNone) {
     FakeLinkDetector detector;
-    EXPECT_EQ(detectedUrl(ClipboardContent::image(LINK), detector), std::nullopt);
+    EXPECT_EQ(detectedUrl(clipboard::ClipboardContent::image(LINK), detector), std::nullopt);
     EXPECT_EQ(detector.questions, 0);
 }
 
 TEST(DetectedUrl, OnlyTheBeginningOfAGiantTextIsSearched) {
     FakeLinkDetector detector;
-    EXPECT_EQ(detectedUrl(ClipboardContent::text(QByteArray(10'000'000, 'x')), detector), std::nullopt);
+    EXPECT_EQ(detectedUrl(clipboard::ClipboardContent::text(QByteArray(10'000'000, 'x')), detector), std::nullopt);
     EXPECT_LT(detector.longestQuestion, 10'000);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 constexpr int WIDTH = 270;
@@ -37,4 +37,4 @@ TEST(ExpandedText, AnEndlessOneIsNotLaidOutToItsEnd) {
     EXPECT_GT(text.wholeHeight(), 1'000'000);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -3,13 +3,14 @@
 #pragma once
 
 #include "preferences/PreferenceKeys.h"
+
 #include "tests/unit/popover/ClipboardListViewFixture.h"
 
 #include <QWheelEvent>
 
 #include <chrono>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace std::chrono_literals;
 
@@ -20,7 +21,7 @@ class HistoryListMovesTest : public ClipboardListViewTest {
 protected:
     /// Four lines each, so that a row is higher than any guess; "entry 0" is the first row.
     void copyEntries(int count) {
-        write(stage.defaults, keys::maxItems, 200);
+        write(stage.defaults, preferences::maxItems, 200);
         for (int number = count - 1; number >= 0; --number) {
             stage.copyText("entry " + QByteArray::number(number) + "\nsecond line\nthird line\nfourth line");
         }
@@ -99,4 +100,4 @@ protected:
     }
 };
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::popover {
 
 using HistoryListPlacesTest = HistoryListMovesTest;
 
@@ -81,7 +81,7 @@ TEST_F(HistoryListPlacesTest, ACopyThatArrivesMovesNothingInAScrolledList) {
 }
 
 TEST_F(HistoryListPlacesTest, ACopyThatArrivesLeavesTheHistorysLimitAndTheViewInPlace) {
-    write(stage.defaults, keys::maxItems, 50);
+    write(stage.defaults, preferences::maxItems, 50);
     for (int number = 49; number >= 0; --number) {
         stage.copyText("entry " + QByteArray::number(number) + "\nsecond line\nthird line\nfourth line");
     }
@@ -180,7 +180,7 @@ TEST_F(HistoryListPlacesTest, ASecondClickAtThePlaceOfAHighRowNeverHitsTheOneAft
         stage.copyText("short " + QByteArray::number(number));
         stage.copyText(QByteArray("long words ").repeated(60) + QByteArray::number(number));
     }
-    write(stage.defaults, keys::maxItems, 50);
+    write(stage.defaults, preferences::maxItems, 50);
     open();
     for (const int notches : {0, 5, 8}) {
         scrollDown(notches);
@@ -223,16 +223,16 @@ TEST_F(HistoryListPlacesTest, AnotherSizeKeepsTheFirstRowThatIsSeen) {
     leave();
     const QUuid seen = entry(firstSeenRow() + 1);
     const int place = top(seen);
-    write(stage.defaults, keys::popoverSize, u"compact"_s);
+    write(stage.defaults, preferences::popoverSize, u"compact"_s);
     QTest::qWait(0);
     EXPECT_NEAR(top(seen), place, 1);
-    write(stage.defaults, keys::popoverSize, u"large"_s);
+    write(stage.defaults, preferences::popoverSize, u"large"_s);
     QTest::qWait(0);
     EXPECT_NEAR(top(seen), place, 1);
-    write(stage.defaults, keys::showLineCount, false);
-    write(stage.defaults, keys::showCharCount, false);
+    write(stage.defaults, preferences::showLineCount, false);
+    write(stage.defaults, preferences::showCharCount, false);
     EXPECT_NEAR(top(seen), place, 60) << "rows are lower now, yet it is still there";
     EXPECT_TRUE(list().rect().intersects(list().rowRectangle(rowOf(seen))));
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::popover {
 
 using HistoryListScrollingTest = HistoryListMovesTest;
 
@@ -204,4 +204,4 @@ TEST_F(HistoryListScrollingTest, ClosingForgetsWhereTheWheelWas) {
     EXPECT_EQ(highlightedRows(), QList<int>{0});
 }
 
-} // namespace zamber
+} // namespace zamber::popover

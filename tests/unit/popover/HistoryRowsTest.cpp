@@ -3,6 +3,7 @@
 #include "popover/HistoryRows.h"
 
 #include "preferences/PreferenceKeys.h"
+
 #include "tests/fakes/FakeLinkDetector.h"
 #include "tests/unit/popover/ClipboardListViewFixture.h"
 
@@ -14,7 +15,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -54,13 +55,13 @@ QByteArray decodingBomb() {
     return bytes;
 }
 
-ClipboardItem imageItem(const QByteArray& bytes) {
-    return ClipboardItem(ClipboardContent::image(bytes), 0);
+clipboard::ClipboardItem imageItem(const QByteArray& bytes) {
+    return clipboard::ClipboardItem(clipboard::ClipboardContent::image(bytes), 0);
 }
 
 class HistoryRowsTest : public testing::Test {
 public:
-    ThumbnailState stateInTheEnd(const ClipboardItem& item) {
+    ThumbnailState stateInTheEnd(const clipboard::ClipboardItem& item) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return rows.thumbnail(item, 1).state != ThumbnailState::Pending; }, 10'000));
         return rows.thumbnail(item, 1).state;
     }
@@ -72,18 +73,18 @@ public:
 } // namespace
 
 TEST_F(HistoryRowsTest, APictureIsLoadedAfterItWasAskedFor) {
-    const ClipboardItem item = imageItem(png({400, 300}));
+    const clipboard::ClipboardItem item = imageItem(png({400, 300}));
     EXPECT_EQ(rows.thumbnail(item, 1).state, ThumbnailState::Pending);
     EXPECT_EQ(stateInTheEnd(item), ThumbnailState::Ready);
     EXPECT_LE(rows.thumbnail(item, 1).image.width(), 400) << "scaled while it is decoded";
 }
 
 TEST_F(HistoryRowsTest, ABrokenPictureOrADecodingBombCostsItsOwnRowOnly) {
-    const ClipboardItem bomb = imageItem(decodingBomb());
-    const ClipboardItem broken = imageItem(png({40, 30}).left(60));
-    const ClipboardItem noPicture = imageItem(QByteArrayLiteral("no picture at all"));
-    const ClipboardItem good = imageItem(png({40, 30}));
-    for (const ClipboardItem& item : {bomb, broken, noPicture, good}) {
+    const clipboard::ClipboardItem bomb = imageItem(decodingBomb());
+    const clipboard::ClipboardItem broken = imageItem(png({40, 30}).left(60));
+    const clipboard::ClipboardItem noPicture = imageItem(QByteArrayLiteral("no picture at all"));
+    const clipboard::ClipboardItem good = imageItem(png({40, 30}));
+    for (const clipboard::ClipboardItem& item : {bomb, broken, noPicture, good}) {
         rows.thumbnail(item, 1);
     }
     EXPECT_EQ(stateInTheEnd(good), ThumbnailState::Ready);
@@ -93,17 +94,19 @@ TEST_F(HistoryRowsTest, ABrokenPictureOrADecodingBombCostsItsOwnRowOnly) {
 }
 
 TEST_F(HistoryRowsTest, ATextHasNoPicture) {
-    EXPECT_TRUE(rows.thumbnail(ClipboardItem(ClipboardContent::text("text"), 0), 1).image.isNull());
+    EXPECT_TRUE(
+        rows.thumbnail(clipboard::ClipboardItem(clipboard::ClipboardContent::text("text"), 0), 1).image.isNull());
 }
 
 TEST_F(HistoryRowsTest, AShortTextAndAnImageNeedNoMeasuring) {
-    EXPECT_EQ(rows.textState(ClipboardItem(ClipboardContent::text("short"), 0)), TextState::Measured);
+    EXPECT_EQ(rows.textState(clipboard::ClipboardItem(clipboard::ClipboardContent::text("short"), 0)),
+              TextState::Measured);
     EXPECT_EQ(rows.textState(imageItem(LARGE)), TextState::Measured);
 }
 
 TEST_F(HistoryRowsTest, ALargeTextIsMeasuredOnceOnAnotherThread) {
     QSignalSpy changed(&rows, &HistoryRows::changed);
-    const ClipboardItem item(ClipboardContent::text(LARGE), 0);
+    const clipboard::ClipboardItem item(clipboard::ClipboardContent::text(LARGE), 0);
     EXPECT_EQ(rows.textState(item), TextState::Pending);
     EXPECT_EQ(rows.textState(item), TextState::Pending);
     EXPECT_TRUE(QTest::qWaitFor([&] { return rows.textState(item) == TextState::Measured; }, 20'000));
@@ -112,8 +115,8 @@ TEST_F(HistoryRowsTest, ALargeTextIsMeasuredOnceOnAnotherThread) {
 }
 
 TEST_F(HistoryRowsTest, OneThatIsDroppedMeanwhileIsNotTold) {
-    const ClipboardItem gone(ClipboardContent::text(LARGE), 0);
-    const ClipboardItem kept(ClipboardContent::text(LARGE + "x"), 0);
+    const clipboard::ClipboardItem gone(clipboard::ClipboardContent::text(LARGE), 0);
+    const clipboard::ClipboardItem kept(clipboard::ClipboardContent::text(LARGE + "x"), 0);
     rows.textState(gone);
     rows.textState(kept);
     QSignalSpy changed(&rows, &HistoryRows::changed);
@@ -124,7 +127,7 @@ TEST_F(HistoryRowsTest, OneThatIsDroppedMeanwhileIsNotTold) {
 }
 
 TEST_F(HistoryRowsTest, ALinkIsLookedForOnceUntilTheEntryIsDropped) {
-    const ClipboardItem item(ClipboardContent::text(LINK), 0);
+    const clipboard::ClipboardItem item(clipboard::ClipboardContent::text(LINK), 0);
     EXPECT_EQ(rows.link(item), QUrl(QString::fromUtf8(LINK)));
     EXPECT_EQ(rows.link(item), QUrl(QString::fromUtf8(LINK)));
     EXPECT_EQ(detector.questions, 1);
@@ -138,11 +141,11 @@ TEST_F(HistoryRowsTest, ALinkIsLookedForOnceUntilTheEntryIsDropped) {
 
 TEST(HistoryRows, WithoutADetectorThereAreNoLinks) {
     HistoryRows rows(nullptr);
-    EXPECT_EQ(rows.link(ClipboardItem(ClipboardContent::text(LINK), 0)), std::nullopt);
+    EXPECT_EQ(rows.link(clipboard::ClipboardItem(clipboard::ClipboardContent::text(LINK), 0)), std::nullopt);
 }
 
 TEST_F(HistoryRowsTest, HeightsAreForgottenAndTheRestIsKept) {
-    const ClipboardItem item(ClipboardContent::text(LINK), 0);
+    const clipboard::ClipboardItem item(clipboard::ClipboardContent::text(LINK), 0);
     rows.link(item);
     rows.of(item.id).height = 30;
     rows.forgetHeights();
@@ -163,7 +166,7 @@ TEST_F(LargeTextInTheListTest, ItsCountsComeWhenTheyAreKnown) {
 }
 
 TEST_F(LargeTextInTheListTest, NothingOfItIsShownUntilItIsKnownWhetherItIsSensitive) {
-    write(stage.defaults, keys::hideSensitive, true);
+    write(stage.defaults, preferences::hideSensitive, true);
     stage.copyText(LARGE);
     stage.copyText("short");
     open();
@@ -172,4 +175,4 @@ TEST_F(LargeTextInTheListTest, NothingOfItIsShownUntilItIsKnownWhetherItIsSensit
     EXPECT_EQ(stage.list().preview(1), u"●●●●●●●●●●●●"_s);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -194,4 +194,4 @@ TEST_F(ListGeometryTest, AKnownHeightIsNotMeasuredAgain) {
     EXPECT_EQ(top(19), PADDING + 19 * (50 + GAP));
 }
 
-} // namespace zamber
+} // namespace zamber::popover

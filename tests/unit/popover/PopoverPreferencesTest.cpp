@@ -3,12 +3,13 @@
 #include "popover/PopoverPreferences.h"
 
 #include "preferences/PreferenceKeys.h"
+
 #include "tests/fakes/FakeAppearance.h"
 #include "tests/fakes/FakeUserDefaults.h"
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -18,7 +19,7 @@ TEST(PopoverPreferences, TheSizeHasThreePresets) {
     for (const auto& [preset, size] :
          {std::pair(u"compact"_s, QSize(360, 340)), std::pair(u"large"_s, QSize(500, 520)),
           std::pair(u"normal"_s, QSize(440, 420)), std::pair(u"Large"_s, QSize(440, 420))}) {
-        write(defaults, keys::popoverSize, preset);
+        write(defaults, preferences::popoverSize, preset);
         EXPECT_EQ(popoverSize(defaults), size) << preset.toStdString();
     }
 }
@@ -29,15 +30,15 @@ TEST(PopoverPreferences, TheThemeIsTheUsersOrElseTheDesktops) {
     const auto isDark = [&] { return popoverPalette(popoverAppearance(defaults), desktop).isDark; };
     for (const bool desktopIsDark : {false, true}) {
         desktop.setDark(desktopIsDark);
-        write(defaults, keys::appTheme, u"auto"_s);
+        write(defaults, preferences::appTheme, u"auto"_s);
         EXPECT_EQ(isDark(), desktopIsDark);
-        write(defaults, keys::appTheme, u"Dark"_s); // no theme of ours
+        write(defaults, preferences::appTheme, u"Dark"_s); // no theme of ours
         EXPECT_EQ(isDark(), desktopIsDark);
-        write(defaults, keys::appTheme, u"dark"_s);
+        write(defaults, preferences::appTheme, u"dark"_s);
         EXPECT_TRUE(isDark());
-        write(defaults, keys::appTheme, u"light"_s);
+        write(defaults, preferences::appTheme, u"light"_s);
         EXPECT_FALSE(isDark());
     }
 }
 
-} // namespace zamber
+} // namespace zamber::popover

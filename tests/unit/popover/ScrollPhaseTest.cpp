@@ -8,7 +8,7 @@
 
 #include <chrono>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace std::chrono_literals;
 
@@ -66,4 +66,4 @@ TEST(ScrollPhase, ItLeavesNoTimerBehind) {
     EXPECT_EQ(scheduler.pendingTimers(), 0U);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

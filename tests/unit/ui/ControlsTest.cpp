@@ -14,7 +14,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::ui {
 
 using namespace Qt::StringLiterals;
 
@@ -198,4 +198,4 @@ TEST(ConfirmationSheet, OnlyTheDestructiveButtonConfirms) {
     EXPECT_EQ(dismissed.count(), 2);
 }
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -20,10 +20,7 @@ void AppDelegate::createStatusItem() {
 
 void AppDelegate::updateMenuAppearance() {
     // Menus that we draw ourselves, the tray's among them, which no view of ours owns.
-    const Appearance& appearance = m_desktop.appearance;
-    const ui::Palette palette = appearance.isDark() ? ui::Palette::dark(appearance.accentColor())
-                                                    : ui::Palette::light(appearance.accentColor());
-    QApplication::setPalette(palette.forWidgets(), "QMenu");
+    QApplication::setPalette(ui::Palette::of(m_desktop.appearance).forWidgets(), "QMenu");
 }
 
 void AppDelegate::togglePopover(MouseButton button) {

@@ -76,20 +76,15 @@ int main(int argc, char** argv) {
     for (const auto& action : {QStringLiteral("showSettingsWindow:"), QStringLiteral("showPreferencesWindow:")}) {
         (*desktop)->setResponder(action, [&settings] { settings.show(); });
     }
-    const auto delegate = std::make_shared<zamber::app::AppDelegate>(
-        ports, ChosenDesktop::historyFile(),
-        zamber::app::LaunchSteps{
-            .startPeriodicChecks = [] { zamber::update::UpdateManager::shared().startPeriodicChecks(); },
-            .checkAndPromptMove =
-                [ports] {
-                    zamber::install::DMGCleanup::checkAndPromptMove({.bundle = ports.bundle,
-                                                                     .alert = ports.alert,
-                                                                     .files = ports.files,
-                                                                     .images = ports.images,
-                                                                     .workspace = ports.workspace,
-                                                                     .application = ports.application,
-                                                                     .scheduler = ports.scheduler});
-                }});
+    const auto delegate = std::make_shared<zamber::app::AppDelegate>(ports, ChosenDesktop::historyFile(), [ports] {
+        zamber::install::DMGCleanup::checkAndPromptMove({.bundle = ports.bundle,
+                                                         .alert = ports.alert,
+                                                         .files = ports.files,
+                                                         .images = ports.images,
+                                                         .workspace = ports.workspace,
+                                                         .application = ports.application,
+                                                         .scheduler = ports.scheduler});
+    });
     delegate->applicationDidFinishLaunching();
     const int status = QApplication::exec();
     zamber::update::UpdateManager::setShared(nullptr); // before what it refers to

@@ -34,18 +34,6 @@ class ConfirmationSheet;
 class SearchField;
 } // namespace zamber::ui
 
-namespace zamber::popover {}
-
-namespace zamber::popover {}
-
-namespace zamber::popover {}
-
-namespace zamber::popover {} // namespace zamber::popover
-
-namespace zamber::popover {}
-
-namespace zamber::popover {} // namespace zamber::popover
-
 namespace zamber::popover {
 
 class EmptyState;
@@ -99,6 +87,7 @@ private:
     void historyChanged();
     void refreshCounts();
     void refreshRows();
+    void searchChanged();
     void updateSize();
     void updatePreferences();
 

@@ -130,7 +130,8 @@ QStringList elidedLines(const QString& text, const QFont& font, int width, int m
         }
         QString piece = shown.mid(start, line.textLength());
         piece.remove(QChar::LineSeparator);
-        lines.append(piece);
+        // A blank where the line was broken would stand before a text that reads from the right.
+        lines.append(withoutTrailingBlanks(piece));
     }
     layout.endLayout();
     return lines;

@@ -1,12 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "popover/DetectedLinks.h"
+#include "popover/DetectedUrl.h"
 
 #include "text/Characters.h"
 
 #include "platform/LinkDetector.h"
-
-#include <QSet>
 
 #include <string_view>
 
@@ -45,25 +43,6 @@ std::optional<QUrl> detectedUrl(const clipboard::ClipboardContent& content, Link
     const std::optional<DetectedLink> link = detector.firstLink(text);
     const bool isAccepted = link && (isShort || link->length == text.size());
     return isAccepted && !link->address.isEmpty() ? std::optional(link->address) : std::nullopt;
-}
-
-std::optional<QUrl> DetectedLinks::in(const clipboard::ClipboardItem& item) {
-    if (m_detector == nullptr || item.content.isImage()) {
-        return std::nullopt;
-    }
-    const auto known = m_found.constFind(item.id);
-    return known != m_found.constEnd() ? *known : *m_found.insert(item.id, detectedUrl(item.content, *m_detector));
-}
-
-void DetectedLinks::keepOnly(const QList<clipboard::ClipboardItem>& items) {
-    if (m_found.isEmpty()) {
-        return;
-    }
-    QSet<QUuid> kept;
-    for (const clipboard::ClipboardItem& item : items) {
-        kept.insert(item.id);
-    }
-    m_found.removeIf([&kept](const auto& entry) { return !kept.contains(entry.key()); });
 }
 
 } // namespace zamber::popover

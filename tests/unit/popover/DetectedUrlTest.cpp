@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "popover/DetectedLinks.h"
+#include "popover/DetectedUrl.h"
 
 #include "tests/fakes/FakeLinkDetector.h"
 
@@ -72,26 +72,6 @@ TEST(DetectedUrl, OnlyTheBeginningOfAGiantTextIsSearched) {
     FakeLinkDetector detector;
     EXPECT_EQ(detectedUrl(clipboard::ClipboardContent::text(QByteArray(10'000'000, 'x')), detector), std::nullopt);
     EXPECT_LT(detector.longestQuestion, 10'000);
-}
-
-TEST(DetectedLinks, EachEntryIsSearchedOnceUntilItIsForgotten) {
-    FakeLinkDetector detector;
-    DetectedLinks links(&detector);
-    const clipboard::ClipboardItem item(clipboard::ClipboardContent::text(LINK), 0);
-    EXPECT_EQ(links.in(item), URL);
-    EXPECT_EQ(links.in(item), URL);
-    EXPECT_EQ(detector.questions, 1);
-    links.keepOnly({item});
-    links.in(item);
-    EXPECT_EQ(detector.questions, 1);
-    links.keepOnly({});
-    links.in(item);
-    EXPECT_EQ(detector.questions, 2);
-}
-
-TEST(DetectedLinks, WithoutADetectorThereAreNone) {
-    DetectedLinks links(nullptr);
-    EXPECT_EQ(links.in(clipboard::ClipboardItem(clipboard::ClipboardContent::text(LINK), 0)), std::nullopt);
 }
 
 } // namespace zamber::popover

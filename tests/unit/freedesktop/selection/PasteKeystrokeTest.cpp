@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/x11/PasteKeystroke.h"
+#include "platform/freedesktop/selection/PasteKeystroke.h"
 
 #include <gtest/gtest.h>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 namespace {
 
@@ -33,4 +33,4 @@ TEST(PasteKeystroke, ANameThatOnlyContainsATerminalsIsNone) {
 
 } // namespace
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

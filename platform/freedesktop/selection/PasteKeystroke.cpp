@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/x11/PasteKeystroke.h"
+#include "platform/freedesktop/selection/PasteKeystroke.h"
 
 #include <algorithm>
 #include <array>
 #include <string_view>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 namespace {
 
@@ -67,4 +67,4 @@ PasteKeystroke pasteKeystrokeOf(const QString& windowClass) {
     return row == TABLE.end() ? PasteKeystroke::ControlV : row->keystroke;
 }
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

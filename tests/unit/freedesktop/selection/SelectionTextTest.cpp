@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/x11/SelectionText.h"
+#include "platform/freedesktop/selection/SelectionText.h"
 
 #include <gtest/gtest.h>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 namespace {
 
@@ -65,4 +65,4 @@ TEST(Latin1, EveryCharacterComesBack) {
 
 } // namespace
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

@@ -8,8 +8,14 @@ class QLineEdit;
 class QPoint;
 
 namespace zamber {
-
 class Pasteboard;
+}
+
+namespace zamber::freedesktop {}
+
+namespace zamber::freedesktop {}
+
+namespace zamber::freedesktop {
 
 /// Pastes into the program's own text fields from what the pasteboard already holds.
 ///
@@ -32,4 +38,4 @@ private:
     const Pasteboard& m_pasteboard;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop

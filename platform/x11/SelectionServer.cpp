@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/SelectionServer.h"
 
-#include "platform/freedesktop/selection/SelectionText.h"
 #include "platform/x11/OutgoingTransfers.h"
 #include "platform/x11/SelectionProperty.h"
 
@@ -139,49 +138,6 @@ void SelectionServer::convert(xcb_window_t requestor, xcb_atom_t property, xcb_a
             }
             done(succeeded);
         });
-    } else if (!convertImageTarget(requestor, property, target, done)) {
-        done(convertText(requestor, property, target));
-    }
-}
-
-bool SelectionServer::convertText(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t target) {
-    if (!m_content.text) {
-        return false;
-    }
-    const Destination destination{.requestor = requestor, .property = property};
-    if (target == XCB_ATOM_STRING) {
-        if (!m_latin1) {
-            m_latin1 = freedesktop::selection::latin1FromUtf8(*m_content.text);
-        }
-        m_transfers.send(destination, XCB_ATOM_STRING, *m_latin1);
-        return true;
-    }
-    // TEXT leaves the encoding to the owner, who tells it by the type of the answer.
-    if (target == m_connection.atom(Atom::Utf8String) || target == m_connection.atom(Atom::Text)) {
-        m_transfers.send(destination, m_connection.atom(Atom::Utf8String), *m_content.text);
-        return true;
-    }
-    for (const Atom plain : {Atom::TextPlainUtf8, Atom::TextPlainUtf8Capitals, Atom::TextPlain}) {
-        if (target == m_connection.atom(plain)) {
-            m_transfers.send(destination, target, *m_content.text);
-            return true;
-        }
-    }
-    return false;
-}
-
-bool SelectionServer::convertImageTarget(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t target,
-                                         const std::function<void(bool)>& done) {
-    if (!m_content.image) {
-        return false;
-    }
-    std::optional<freedesktop::selection::ImageFormat> format;
-    if (target == m_connection.atom(Atom::ImagePng)) {
-        format = freedesktop::selection::ImageFormat::Png;
-    } else if (target == m_connection.atom(Atom::ImageTiff)) {
-        format = freedesktop::selection::ImageFormat::Tiff;
-    } else if (target == m_connection.atom(Atom::ImageBmp)) {
-        format = freedesktop::selection::ImageFormat::Bmp;
     } else {
         m_offer.convert(m_names.nameOf(target), [this, requestor, property, done](const auto& data) {
             if (data) {
@@ -191,40 +147,6 @@ bool SelectionServer::convertImageTarget(xcb_window_t requestor, xcb_atom_t prop
             done(data.has_value());
         });
     }
-    const Destination destination{.requestor = requestor, .property = property};
-    if (*format == m_content.imageLabel || freedesktop::selection::hasFormat(*m_content.image, *format)) {
-        m_transfers.send(destination, target, *m_content.image);
-        done(true);
-        return true;
-    }
-    convertImageOnce(*format, [this, destination, target, done](const QByteArray& converted) {
-        if (!converted.isEmpty()) {
-            m_transfers.send(destination, target, converted);
-        }
-        done(!converted.isEmpty());
-    });
-    return true;
-}
-
-void SelectionServer::convertImageOnce(freedesktop::selection::ImageFormat format,
-                                       std::function<void(const QByteArray&)> done) {
-    std::shared_ptr<Conversion>& conversion = m_conversions[format];
-    if (conversion) {
-        conversion->waiting.push_back(std::move(done));
-        return;
-    }
-    conversion = std::make_shared<Conversion>();
-    conversion->waiting.push_back(std::move(done));
-    freedesktop::selection::convertImage(*m_content.image, format, this,
-                                         [this, format, conversion](const QByteArray& converted) {
-                                             if (const auto found = m_conversions.find(format);
-                                                 found != m_conversions.end() && found->second == conversion) {
-                                                 m_conversions.erase(found);
-                                             }
-                                             for (const auto& waiting : std::exchange(conversion->waiting, {})) {
-                                                 waiting(converted);
-                                             }
-                                         });
 }
 
 void SelectionServer::sendTargets(xcb_window_t requestor, xcb_atom_t property) {

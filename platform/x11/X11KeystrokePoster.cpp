@@ -16,8 +16,6 @@
 
 namespace zamber::x11 {
 
-using freedesktop::selection::PasteKeystroke;
-
 namespace {
 
 // Where the keys lie on every PC keyboard, for layouts that do not name them.

@@ -13,7 +13,6 @@ namespace zamber::x11 {
 
 namespace {
 
-using freedesktop::selection::ImageFormat;
 using freedesktop::selection::OwnerLoss;
 using freedesktop::selection::TakeOver;
 

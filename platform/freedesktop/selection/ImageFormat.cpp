@@ -135,4 +135,8 @@ void convertImage(const QByteArray& bytes, ImageFormat format, QObject* context,
     runInPool<QByteArray>(context, [bytes, format] { return converted(bytes, format); }, std::move(done));
 }
 
+void checkImage(const QByteArray& bytes, QObject* context, std::function<void(bool)> done) {
+    runInPool<bool>(context, [bytes] { return decodes(bytes); }, std::move(done));
+}
+
 } // namespace zamber::freedesktop::selection

@@ -22,4 +22,8 @@ bool hasFormat(const QByteArray& bytes, ImageFormat format);
 void convertImage(const QByteArray& bytes, ImageFormat format, QObject* context,
                   std::function<void(const QByteArray&)> done);
 
+/// Finds out in the same way whether the bytes decode. An image that is too large to be decoded here counts as one that
+/// does.
+void checkImage(const QByteArray& bytes, QObject* context, std::function<void(bool)> done);
+
 } // namespace zamber::freedesktop::selection

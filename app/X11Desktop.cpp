@@ -97,7 +97,7 @@ struct X11Desktop::Adapters {
     x11::ButtonPresses presses{*inputConnection};
     x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard};
     x11::X11Workspace workspace{*inputConnection, windows, applicationNameOfClass};
-    x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, workspace, pasteboard};
+    x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, hotKeys, workspace, pasteboard};
     x11::X11AccessibilityTrust trust{*inputConnection};
 
     QtApplication application{[this](WId window) { bringToFront(window); }};

@@ -99,6 +99,9 @@ void SelectionServer::handleRequest(const xcb_selection_request_event_t& event) 
     }
     convert(event.requestor, request->event.property, event.target,
             [this, request](bool succeeded) { notify(request->event, succeeded); });
+    if (event.target != m_connection.atom(Atom::Targets) && event.target != m_connection.atom(Atom::Timestamp)) {
+        Q_EMIT served(event.requestor);
+    }
 }
 
 void SelectionServer::handleMultiple(const std::shared_ptr<Request>& request) {
@@ -123,6 +126,7 @@ void SelectionServer::handleMultiple(const std::shared_ptr<Request>& request) {
                                 request->event.property, m_connection.atom(Atom::AtomPair), 32,
                                 static_cast<std::uint32_t>(request->pairs.size()), request->pairs.data());
             notify(request->event, true);
+            Q_EMIT served(request->event.requestor);
         };
         if (request->pairs[i + 1] == XCB_ATOM_NONE || request->pairs[i] == m_connection.atom(Atom::Multiple)) {
             answered(false);

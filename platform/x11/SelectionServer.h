@@ -49,6 +49,9 @@ Q_SIGNALS:
     /// Somebody else has become the owner.
     void lost();
 
+    /// The program of that window has been sent the content, or its beginning; the rest is sent from a copy.
+    void served(xcb_window_t requestor);
+
 private:
     struct Request;
     struct Conversion;

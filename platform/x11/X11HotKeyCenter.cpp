@@ -4,13 +4,16 @@
 
 #include "platform/x11/Keyboard.h"
 
+#include <algorithm>
+#include <chrono>
 #include <cstdio>
 
 namespace zamber::x11 {
 
 namespace {
 
-constexpr xcb_timestamp_t LONGEST_REPEAT_INTERVAL_MS = 1000;
+/// How often the keyboard is asked while a hot key is held: its release may go elsewhere, with its grab.
+constexpr std::chrono::milliseconds LOOK_INTERVAL{50};
 
 xcb_keycode_t keyCodeOf(PhysicalKey key) {
     switch (key) {
@@ -55,6 +58,8 @@ X11HotKeyCenter::X11HotKeyCenter(Connection& connection, Keyboard& keyboard)
     , m_keyboard(keyboard) {
     connection.addEventHandler([this](const xcb_generic_event_t& event) { handleEvent(event); });
     connect(&keyboard, &Keyboard::mappingChanged, this, &X11HotKeyCenter::grabAgain);
+    m_lookAtHeldKeys.setInterval(LOOK_INTERVAL);
+    connect(&m_lookAtHeldKeys, &QTimer::timeout, this, &X11HotKeyCenter::forgetReleasedKeys);
 }
 
 QString X11HotKeyCenter::commandKeyHint() const {
@@ -133,31 +138,75 @@ void X11HotKeyCenter::handleEvent(const xcb_generic_event_t& event) {
     if (codeOf(event) != XCB_KEY_PRESS && codeOf(event) != XCB_KEY_RELEASE) {
         return;
     }
-    const auto& press = as<xcb_key_press_event_t>(event);
-    m_connection.noteTimestamp(press.time);
+    const auto& key = as<xcb_key_press_event_t>(event);
+    m_connection.noteTimestamp(key.time);
     if (codeOf(event) == XCB_KEY_RELEASE) {
-        m_downKey = 0;
-        return;
+        forgetKey(key.detail, key.time);
+    } else {
+        handlePress(key);
     }
-    if (isRepeat(press)) {
-        return;
-    }
+}
+
+void X11HotKeyCenter::handlePress(const xcb_key_press_event_t& press) {
     constexpr std::uint16_t KEY_MODIFIERS = 0xff; // above them are the layout and the mouse buttons
     const auto pressed = static_cast<std::uint16_t>(press.state & KEY_MODIFIERS & ~m_keyboard.lockModifiers());
-    for (const Registration& registration : m_registrations) {
-        if (registration.key == press.detail && registration.grabbedMask == pressed && m_handler) {
-            m_handler(registration.id);
-            return;
+    const auto found = std::ranges::find_if(m_registrations, [&](const Registration& registration) {
+        return registration.key == press.detail && registration.grabbedMask == pressed;
+    });
+    if (found == m_registrations.end() || isRepeat(press.detail)) {
+        return;
+    }
+    if (!m_held.empty() && !m_hasGrabbedKeyboard) {
+        // The server's grab ends with the first key, and the other would be typed into the window in front.
+        m_hasGrabbedKeyboard = true;
+        xcb_discard_reply(m_connection.raw(), xcb_grab_keyboard(m_connection.raw(), 0, m_connection.root(), press.time,
+                                                                XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)
+                                                  .sequence);
+    }
+    m_held.push_back(press.detail);
+    m_lookAtHeldKeys.start();
+    if (m_handler) {
+        m_handler(found->id);
+    }
+}
+
+bool X11HotKeyCenter::isRepeat(xcb_keycode_t key) {
+    return std::ranges::find(m_held, key) != m_held.end();
+}
+
+std::vector<xcb_keycode_t> X11HotKeyCenter::heldKeys() const {
+    return m_held;
+}
+
+void X11HotKeyCenter::forgetReleasedKeys() {
+    for (const xcb_keycode_t key : std::vector(m_held)) {
+        if (!m_keyboard.isDown(key)) {
+            forgetKey(key, m_connection.lastTimestamp());
         }
     }
 }
 
-bool X11HotKeyCenter::isRepeat(const xcb_key_press_event_t& press) {
-    // The release of a key may be lost with its grab; what comes so late is no repetition.
-    const bool isRepeat = press.detail == m_downKey && press.time - m_downTime < LONGEST_REPEAT_INTERVAL_MS;
-    m_downKey = press.detail;
-    m_downTime = press.time;
-    return isRepeat;
+void X11HotKeyCenter::forgetKey(xcb_keycode_t key, xcb_timestamp_t time) {
+    if (std::erase(m_held, key) == 0 || !m_held.empty()) {
+        return;
+    }
+    if (m_hasGrabbedKeyboard) {
+        endGrab(time); // of a key that has been pressed since, the server keeps the grab
+    }
+    m_lookAtHeldKeys.stop();
+    Q_EMIT keysReleased();
+}
+
+void X11HotKeyCenter::ungrabKeyboard() {
+    m_held.clear();
+    m_lookAtHeldKeys.stop();
+    endGrab(XCB_CURRENT_TIME);
+}
+
+void X11HotKeyCenter::endGrab(xcb_timestamp_t time) {
+    m_hasGrabbedKeyboard = false;
+    xcb_ungrab_keyboard(m_connection.raw(), time);
+    m_connection.flush();
 }
 
 } // namespace zamber::x11

@@ -5,6 +5,8 @@
 #include "platform/HotKeyCenter.h"
 #include "platform/x11/Connection.h"
 
+#include <QTimer>
+
 #include <vector>
 
 namespace zamber::x11 {
@@ -23,6 +25,17 @@ public:
     std::optional<HotKeyRef> registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) override;
     void setPressedHandler(PressedHandler handler) override;
 
+    /// The keys of hot keys that have been pressed and not let go. As long as there is one, its grab takes every key
+    /// event of the keyboard, those that this program types included.
+    std::vector<xcb_keycode_t> heldKeys() const;
+
+    /// Ends the grabs of the keys that are held; what is typed from here on goes where the focus is.
+    void ungrabKeyboard();
+
+Q_SIGNALS:
+    /// The last key of a hot key that was held has come up.
+    void keysReleased();
+
 private:
     struct Registration {
         xcb_keycode_t key;
@@ -39,14 +52,19 @@ private:
     void grabAgain();
     std::uint16_t maskOf(HotKeyModifiers modifiers) const;
     void handleEvent(const xcb_generic_event_t& event);
-    bool isRepeat(const xcb_key_press_event_t& press);
+    void handlePress(const xcb_key_press_event_t& press);
+    void forgetReleasedKeys();
+    void forgetKey(xcb_keycode_t key, xcb_timestamp_t time);
+    void endGrab(xcb_timestamp_t time);
+    bool isRepeat(xcb_keycode_t key);
 
     Connection& m_connection;
     Keyboard& m_keyboard;
     std::vector<Registration> m_registrations;
     PressedHandler m_handler;
-    xcb_keycode_t m_downKey = 0;
-    xcb_timestamp_t m_downTime = XCB_CURRENT_TIME;
+    std::vector<xcb_keycode_t> m_held;
+    bool m_hasGrabbedKeyboard = false; // beyond what the server grabs with a single key
+    QTimer m_lookAtHeldKeys;
 };
 
 } // namespace zamber::x11

@@ -5,9 +5,11 @@
 #include "platform/Pasteboard.h"
 #include "platform/x11/IncomingTransfer.h"
 #include "platform/x11/OutgoingTransfers.h"
+#include "platform/x11/OwnWrites.h"
 #include "platform/x11/SelectionReader.h"
 #include "platform/x11/SelectionServer.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 
 #include <functional>
@@ -36,17 +38,32 @@ public:
     void setString(const QByteArray& text) override;
     void setData(ImageType type, const QByteArray& bytes) override;
 
-    /// Whether the last write by this program has become what every other program gets; false from the write until
-    /// the server has confirmed it, and when somebody else has copied since.
-    bool ownsClipboard() const { return !m_isAcquiring && m_clipboard.isOwner(); }
+    /// How what this program wrote at that change count stands with the other programs.
+    enum class Standing {
+        Offered, ///< every program that pastes gets it
+        Pending, ///< not yet, or not any more: `offer` may bring it back
+        Lost,    ///< another program has copied since
+    };
+    Standing standingOf(int changeCount) const;
 
-    /// Offers the clipboard's content, which is ours, as the PRIMARY selection too, for programs that paste only that.
+    /// Puts what was written at that change count on the clipboard, where it is not there and not lost; the program
+    /// itself goes on seeing its last write. `ownershipChanged` tells when it has been done.
+    void offer(int changeCount);
+
+    /// From here on writes of this program are for itself alone; `showWrites` ends that and offers the last of them.
+    void holdWrites() { m_areWritesHeld = true; }
+    void showWrites();
+
+    /// Offers what was written at that change count as the PRIMARY selection too, for programs that paste only that.
     /// Calls back when it is there.
-    void offerAsPrimary(std::function<void()> done);
+    void offerAsPrimary(int changeCount, std::function<void()> done);
 
 Q_SIGNALS:
-    /// `ownsClipboard` may have changed.
+    /// What `standingOf` tells may have changed.
     void ownershipChanged();
+
+    /// The program of that window has got the clipboard's content, or PRIMARY's, from us.
+    void served(xcb_window_t requestor);
 
 private:
     /// Where the content that we hold stands, which decides whether we may take over when its owner goes away.
@@ -58,7 +75,10 @@ private:
     void startReading(xcb_window_t owner, xcb_timestamp_t time, bool countsAsChange);
     void handleReading(const SelectionReader::Outcome& outcome, bool countsAsChange);
     void stopReading();
+    void handleContent(const SelectionContent& content, bool countsAsChange);
+    void countAgain();
     void write(const SelectionContent& content);
+    void put(const SelectionContent& content);
     void acquire();
     void handleLoss();
     void takeOver();
@@ -78,6 +98,15 @@ private:
     SelectionContent m_content;
     Source m_source = Source::Nothing;
     bool m_isAcquiring = false;
+    std::optional<SelectionContent> m_toAcquire;
+    OwnWrites m_writes;
+    int m_offered = 0;               // the change count of the write that others see
+    bool m_isOfferedByOther = false; // who has taken it from us
+    bool m_areWritesHeld = false;
+    bool m_isTakingOver = false;
+    QElapsedTimer m_sinceOffer;
+    QElapsedTimer m_sinceCounted;
+    QTimer m_countAgain;
     std::unique_ptr<SelectionReader> m_reader;
     QTimer m_takeOverDelay;
     std::vector<std::function<void(bool)>> m_savers;

@@ -136,7 +136,8 @@ struct X11KeystrokePosterRig : X11Rig {
     x11::Keyboard keyboard{*connection};
     x11::Windows windows{*connection};
     x11::X11Workspace workspace{*connection, windows, applicationNameOfClass};
-    x11::X11KeystrokePoster adapter{*connection, keyboard, windows, workspace, pasteboard};
+    x11::X11HotKeyCenter hotKeys{*connection, keyboard};
+    x11::X11KeystrokePoster adapter{*connection, keyboard, windows, hotKeys, workspace, pasteboard};
     std::map<std::uint64_t, xcb_window_t> opened;
 
     KeystrokePoster& poster() { return adapter; }
@@ -148,14 +149,16 @@ struct X11KeystrokePosterRig : X11Rig {
         return *application;
     }
     void closeApplication(const RunningApplication& application) { partner.closeWindow(opened[application.handle]); }
-    void writeClipboard() {
+    int writeClipboard() {
         pasteboard.clearContents();
         pasteboard.setString("ours");
+        return pasteboard.changeCount();
     }
     void copyElsewhere() {
-        EXPECT_TRUE(waitUntil([this] { return pasteboard.ownsClipboard(); }));
+        const int written = pasteboard.changeCount();
+        EXPECT_TRUE(waitUntil([&] { return pasteboard.standingOf(written) == x11::X11Pasteboard::Standing::Offered; }));
         partner.copy({{"UTF8_STRING", "theirs"}});
-        EXPECT_TRUE(waitUntil([this] { return !pasteboard.ownsClipboard(); }));
+        EXPECT_TRUE(waitUntil([&] { return pasteboard.standingOf(written) == x11::X11Pasteboard::Standing::Lost; }));
     }
     int pastesReceived(const RunningApplication& application) {
         return partner.pastesReceived(opened[application.handle]);

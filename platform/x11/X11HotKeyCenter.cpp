@@ -4,9 +4,13 @@
 
 #include "platform/x11/Keyboard.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <utility>
 
 namespace zamber::x11 {
 
@@ -53,9 +57,11 @@ std::vector<std::uint16_t> subsetsOf(std::uint16_t mask) {
 
 } // namespace
 
-X11HotKeyCenter::X11HotKeyCenter(Connection& connection, Keyboard& keyboard)
+X11HotKeyCenter::X11HotKeyCenter(Connection& connection, Keyboard& keyboard, CloseMenus closeMenus)
     : m_connection(connection)
-    , m_keyboard(keyboard) {
+    , m_keyboard(keyboard)
+    , m_closeMenus(std::move(closeMenus)) {
+    QCoreApplication::instance()->installEventFilter(this);
     connection.addEventHandler([this](const xcb_generic_event_t& event) { handleEvent(event); });
     connect(&keyboard, &Keyboard::mappingChanged, this, &X11HotKeyCenter::grabAgain);
     m_lookAtHeldKeys.setInterval(LOOK_INTERVAL);
@@ -147,26 +153,49 @@ void X11HotKeyCenter::handleEvent(const xcb_generic_event_t& event) {
     }
 }
 
-void X11HotKeyCenter::handlePress(const xcb_key_press_event_t& press) {
-    constexpr std::uint16_t KEY_MODIFIERS = 0xff; // above them are the layout and the mouse buttons
-    const auto pressed = static_cast<std::uint16_t>(press.state & KEY_MODIFIERS & ~m_keyboard.lockModifiers());
+const X11HotKeyCenter::Registration* X11HotKeyCenter::findRegistration(xcb_keycode_t key, std::uint32_t state) const {
+    constexpr std::uint32_t KEY_MODIFIERS = 0xff; // above them are the layout and the mouse buttons
+    const std::uint32_t modifiers = state & KEY_MODIFIERS & ~std::uint32_t{m_keyboard.lockModifiers()};
     const auto found = std::ranges::find_if(m_registrations, [&](const Registration& registration) {
-        return registration.key == press.detail && registration.grabbedMask == pressed;
+        return registration.key == key && registration.grabbedMask == modifiers;
     });
-    if (found == m_registrations.end() || isRepeat(press.detail)) {
+    return found == m_registrations.end() ? nullptr : &*found;
+}
+
+void X11HotKeyCenter::handlePress(const xcb_key_press_event_t& event) {
+    const Registration* const registration = findRegistration(event.detail, event.state);
+    if (registration == nullptr || isRepeat(event.detail)) {
         return;
     }
-    if (!m_held.empty() && !m_hasGrabbedKeyboard) {
-        // The server's grab ends with the first key, and the other would be typed into the window in front.
-        m_hasGrabbedKeyboard = true;
-        xcb_discard_reply(m_connection.raw(), xcb_grab_keyboard(m_connection.raw(), 0, m_connection.root(), press.time,
-                                                                XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)
-                                                  .sequence);
+    if (!m_held.empty()) {
+        grabKeyboard(); // the server's grab ends with the first key, and the other would go on in the window in front
     }
-    m_held.push_back(press.detail);
+    press(*registration);
+}
+
+bool X11HotKeyCenter::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !watched->isWindowType()) {
+        return false;
+    }
+    const auto& key = *static_cast<const QKeyEvent*>(event);
+    const auto code = static_cast<xcb_keycode_t>(key.nativeScanCode());
+    const Registration* const registration = findRegistration(code, key.nativeModifiers());
+    if (registration == nullptr) {
+        return false;
+    }
+    if (!isRepeat(code)) {
+        m_closeMenus();
+        m_wasPressedInMenu = true;
+        press(*registration);
+    }
+    return true;
+}
+
+void X11HotKeyCenter::press(const Registration& registration) {
+    m_held.push_back(registration.key);
     m_lookAtHeldKeys.start();
     if (m_handler) {
-        m_handler(found->id);
+        m_handler(registration.id);
     }
 }
 
@@ -184,6 +213,19 @@ void X11HotKeyCenter::forgetReleasedKeys() {
             forgetKey(key, m_connection.lastTimestamp());
         }
     }
+    if (m_wasPressedInMenu && !m_held.empty()) {
+        grabKeyboard(); // which the menu has given free by now
+    }
+}
+
+void X11HotKeyCenter::grabKeyboard() {
+    if (m_hasGrabbedKeyboard) {
+        return;
+    }
+    const auto cookie = xcb_grab_keyboard(m_connection.raw(), 0, m_connection.root(), XCB_CURRENT_TIME,
+                                          XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    const Owned<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(m_connection.raw(), cookie, nullptr));
+    m_hasGrabbedKeyboard = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
 void X11HotKeyCenter::forgetKey(xcb_keycode_t key, xcb_timestamp_t time) {
@@ -193,12 +235,14 @@ void X11HotKeyCenter::forgetKey(xcb_keycode_t key, xcb_timestamp_t time) {
     if (m_hasGrabbedKeyboard) {
         endGrab(time); // of a key that has been pressed since, the server keeps the grab
     }
+    m_wasPressedInMenu = false;
     m_lookAtHeldKeys.stop();
     Q_EMIT keysReleased();
 }
 
 void X11HotKeyCenter::ungrabKeyboard() {
     m_held.clear();
+    m_wasPressedInMenu = false;
     m_lookAtHeldKeys.stop();
     endGrab(XCB_CURRENT_TIME);
 }

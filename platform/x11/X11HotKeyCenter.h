@@ -7,6 +7,7 @@
 
 #include <QTimer>
 
+#include <functional>
 #include <vector>
 
 namespace zamber::x11 {
@@ -15,11 +16,16 @@ class Keyboard;
 
 /// Hot keys as passive grabs on the root window, by key code, so that no layout moves them, and once for every
 /// combination of the lock modifiers, which are part of what the server compares.
+///
+/// An open menu of this program has the whole keyboard, so that no grab of a key becomes active. The press comes to the
+/// menu then; it is taken from there, and the menu closes.
 class X11HotKeyCenter final : public QObject, public HotKeyCenter {
     Q_OBJECT
 
 public:
-    X11HotKeyCenter(Connection& connection, Keyboard& keyboard);
+    using CloseMenus = std::function<void()>;
+
+    X11HotKeyCenter(Connection& connection, Keyboard& keyboard, CloseMenus closeMenus);
 
     QString commandKeyHint() const override;
     std::optional<HotKeyRef> registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) override;
@@ -52,18 +58,24 @@ private:
     void grabAgain();
     std::uint16_t maskOf(HotKeyModifiers modifiers) const;
     void handleEvent(const xcb_generic_event_t& event);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    const Registration* findRegistration(xcb_keycode_t key, std::uint32_t state) const;
     void handlePress(const xcb_key_press_event_t& press);
+    void press(const Registration& registration);
     void forgetReleasedKeys();
+    void grabKeyboard();
     void forgetKey(xcb_keycode_t key, xcb_timestamp_t time);
     void endGrab(xcb_timestamp_t time);
     bool isRepeat(xcb_keycode_t key);
 
     Connection& m_connection;
     Keyboard& m_keyboard;
+    CloseMenus m_closeMenus;
     std::vector<Registration> m_registrations;
     PressedHandler m_handler;
     std::vector<xcb_keycode_t> m_held;
     bool m_hasGrabbedKeyboard = false; // beyond what the server grabs with a single key
+    bool m_wasPressedInMenu = false;
     QTimer m_lookAtHeldKeys;
 };
 

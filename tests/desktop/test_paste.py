@@ -5,7 +5,9 @@
 import time
 
 from case import NO_PREVIOUS_LINE, PASTED_LINE, PASTING_LINE, DesktopTestCase
-from harness import CONTROL, KEY_CODES, SHIFT, Browser, Editor, LineEdit, Mousepad, Terminal, holds_for, wait_until
+from harness import (
+    CONTROL, KEY_CODES, SHIFT, Browser, Editor, LineEdit, Mousepad, SelectionOwner, Terminal, holds_for, wait_until,
+)
 
 # How long held modifiers are waited for before they are lifted, and the delay before that.
 BOUND_MILLISECONDS = 2000
@@ -150,12 +152,15 @@ class PasteTest(DesktopTestCase):
 
     def test_a_popover_that_is_opened_again_meanwhile_gets_no_keystroke(self):
         self.zamber.open_popover()
+        self.keyboard.press("Super_L")  # which keeps the paste waiting
         self.choose()
         self.expected_lines.append(PASTING_LINE)
         self.zamber.wait_until_closed()
         self.desktop.wait_until_active(self.editor.window)
         mark = self.keys.mark()
-        self.zamber.open_popover()
+        self.keyboard.chord("Shift_L", "v")
+        self.zamber.wait_for_popover()
+        self.keyboard.release("Super_L")
         self.assert_no_keystroke_into_the_program(mark, BOUND_MILLISECONDS / 1000 + 0.8)
         self.assertEqual([node.text for node in self.zamber.tree().all(role="text") if node.text], [])
 
@@ -334,3 +339,73 @@ class OwnWindowTest(DesktopTestCase):
         wait_until(lambda: "second" in [node.text for node in self.zamber.tree().all(role="text")],
                    what="the entry in the search field")
         self.assertEqual(self.editor.text(), "")
+
+
+class SharedClipboardTest(DesktopTestCase):
+    """A program that shares the clipboard with another machine (VNC, a virtual machine) owns it again a moment after
+    every change, with the very text that it has got."""
+
+    history = ("first", "second", "third")
+    preferences = {"quickPasteEnabled": True}
+
+    def prepare(self):
+        self.sharer = SelectionOwner(self.desktop)
+
+    def share(self, text, delay=0.2):
+        wait_until(lambda: self.clipboard.text() == text, what=f"{text!r} on the clipboard")
+        time.sleep(delay)
+        self.sharer.offer({"UTF8_STRING": text.encode()})
+
+    def test_a_paste_of_the_popover(self):
+        for count, delay in enumerate((0.0, 0.1, 0.2, 0.3), 1):
+            with self.subTest(delay=delay):
+                self.zamber.open_popover()
+                self.choose(1)
+                self.expect_paste()
+                self.share("second", delay)
+                self.editor.wait_for_text("second" * count)
+
+    def test_a_quick_paste_that_waits_for_the_modifiers(self):
+        self.keyboard.press("Super_L", "Shift_L")
+        self.keyboard.tap("3")
+        self.expected_lines.append(PASTED_LINE)
+        self.share("third")
+        time.sleep(0.4)
+        self.keyboard.release("Shift_L", "Super_L")
+        self.editor.wait_for_text("third")
+
+    def test_two_quick_pastes_while_the_first_is_shared(self):
+        self.keyboard.press("Super_L", "Shift_L")
+        self.keyboard.tap("2")
+        self.share("second", 0.05)
+        self.keyboard.tap("3")
+        time.sleep(0.1)
+        self.keyboard.release("Shift_L", "Super_L")
+        self.expected_lines += [PASTED_LINE] * 2
+        self.editor.wait_for_text("secondthird")
+        self.wait_for_expected_lines()
+        wait_until(lambda: self.clipboard.text() == "third", what="the last choice on the clipboard")
+
+    def test_it_is_no_new_copy(self):
+        self.paste_entry(2)
+        self.editor.wait_for_text("third")
+        self.share("third")
+        self.let_a_poll_pass()
+        time.sleep(1.2)
+        self.assertEqual(self.zamber.history(), ["first", "second", "third"])
+
+    def test_a_copy_by_hand_of_what_was_pasted_is_one(self):
+        self.paste_entry(2)
+        self.editor.wait_for_text("third")
+        time.sleep(2.2)
+        self.sharer.offer({"UTF8_STRING": b"third"})
+        self.zamber.wait_for_history(["third", "first", "second"])
+
+    def test_owned_again_every_second_the_history_is_saved(self):
+        self.sharer.offer({"UTF8_STRING": b"copied"})
+        end = time.monotonic() + 8
+        while self.zamber.history()[0] != "copied":
+            self.assertLess(time.monotonic(), end, "the history is never saved")
+            time.sleep(1)
+            self.sharer.offer({"UTF8_STRING": b"copied"})
+        self.assertEqual(self.zamber.history(), ["copied", "first", "second", "third"])

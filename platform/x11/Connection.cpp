@@ -95,6 +95,12 @@ xcb_window_t Connection::createWindow(std::uint32_t eventMask) const {
     return window;
 }
 
+xcb_window_t Connection::ownerOf(xcb_atom_t selection) const {
+    const auto cookie = xcb_get_selection_owner(m_connection, selection);
+    const Owned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(m_connection, cookie, nullptr));
+    return reply ? reply->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+}
+
 bool Connection::areOfOneClient(xcb_window_t one, xcb_window_t other) const {
     return ((one ^ other) & ~xcb_get_setup(m_connection)->resource_id_mask) == 0;
 }

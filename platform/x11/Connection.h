@@ -67,6 +67,9 @@ public:
     /// An invisible window of ours that can hold properties. The caller destroys it.
     xcb_window_t createWindow(std::uint32_t eventMask) const;
 
+    /// The window that owns the selection; none when nobody does. One round trip.
+    xcb_window_t ownerOf(xcb_atom_t selection) const;
+
     /// Whether both windows, or other resources, were made by the same program, as far as ids tell.
     bool areOfOneClient(xcb_window_t one, xcb_window_t other) const;
 

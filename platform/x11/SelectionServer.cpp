@@ -44,11 +44,16 @@ bool SelectionServer::acquire(const SelectionContent& content, xcb_timestamp_t t
     return true;
 }
 
+void SelectionServer::release(xcb_timestamp_t time) {
+    if (isOwnerOnServer()) {
+        xcb_set_selection_owner(m_connection.raw(), XCB_WINDOW_NONE, m_selection, time);
+    }
+    m_acquiredAt.reset();
+    setContent({});
+}
+
 bool SelectionServer::isOwnerOnServer() const {
-    const auto cookie = xcb_get_selection_owner(m_connection.raw(), m_selection);
-    const Owned<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(m_connection.raw(), cookie, nullptr));
-    return reply && reply->owner == m_window;
+    return m_connection.ownerOf(m_selection) == m_window;
 }
 
 void SelectionServer::setContent(const SelectionContent& content) {

@@ -38,6 +38,9 @@ public:
     /// else became it later than that.
     bool acquire(const SelectionContent& content, xcb_timestamp_t time);
 
+    /// Has nobody own the selection, if it is ours.
+    void release(xcb_timestamp_t time);
+
     bool isOwner() const { return m_acquiredAt.has_value(); }
     xcb_window_t window() const { return m_window; }
 

@@ -140,7 +140,7 @@ void X11KeystrokePoster::post() {
         }
     };
     if (keystroke == PasteKeystroke::ShiftInsert) {
-        m_pasteboard.offerAsPrimary(m_orders.front().paste.changeCount, type);
+        m_pasteboard.borrowPrimary(m_orders.front().paste.changeCount, type);
     } else {
         type();
     }
@@ -178,6 +178,7 @@ void X11KeystrokePoster::continueWithNext() {
     m_askingBound.stop();
     m_askingPause.stop();
     m_step = Step::Idle;
+    m_pasteboard.giveBackPrimary();
     if (!m_orders.empty()) {
         begin();
     } else {

@@ -33,7 +33,7 @@ X11Pasteboard::X11Pasteboard(Connection& connection)
     , m_incoming(connection)
     , m_outgoing(connection)
     , m_clipboard(connection, m_outgoing, connection.atom(Atom::Clipboard))
-    , m_primary(connection, m_outgoing, XCB_ATOM_PRIMARY)
+    , m_primary(connection, m_incoming, m_outgoing)
     , m_manager(connection, m_outgoing, connection.atom(Atom::ClipboardManager)) {
     m_takeOverDelay.setSingleShot(true);
     m_takeOverDelay.setInterval(TAKE_OVER_DELAY);
@@ -42,7 +42,7 @@ X11Pasteboard::X11Pasteboard(Connection& connection)
     connect(&m_countAgain, &QTimer::timeout, this, &X11Pasteboard::countAgain);
     connect(&m_clipboard, &SelectionServer::lost, this, &X11Pasteboard::ownershipChanged);
     connect(&m_clipboard, &SelectionServer::served, this, &X11Pasteboard::served);
-    connect(&m_primary, &SelectionServer::served, this, &X11Pasteboard::served);
+    connect(&m_primary, &PrimaryLoan::served, this, &X11Pasteboard::served);
     m_manager.setSideEffect(connection.atom(Atom::SaveTargets),
                             [this](xcb_atom_t, std::function<void(bool)> done) { saveTargets(std::move(done)); });
 
@@ -140,13 +140,9 @@ void X11Pasteboard::showWrites() {
     }
 }
 
-void X11Pasteboard::offerAsPrimary(int changeCount, std::function<void()> done) {
+void X11Pasteboard::borrowPrimary(int changeCount, std::function<void()> done) {
     const SelectionContent* const written = m_writes.find(changeCount);
-    m_connection.requestTimestamp(
-        [this, content = written != nullptr ? *written : m_content, done = std::move(done)](xcb_timestamp_t time) {
-            m_primary.acquire(content, time);
-            done();
-        });
+    m_primary.borrow(written != nullptr ? *written : m_content, std::move(done));
 }
 
 void X11Pasteboard::handleOwnerChange(const xcb_generic_event_t& event) {

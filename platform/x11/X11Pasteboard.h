@@ -6,6 +6,7 @@
 #include "platform/x11/IncomingTransfer.h"
 #include "platform/x11/OutgoingTransfers.h"
 #include "platform/x11/OwnWrites.h"
+#include "platform/x11/PrimaryLoan.h"
 #include "platform/x11/SelectionReader.h"
 #include "platform/x11/SelectionServer.h"
 
@@ -55,8 +56,9 @@ public:
     void showWrites();
 
     /// Offers what was written at that change count as the PRIMARY selection too, for programs that paste only that.
-    /// Calls back when it is there.
-    void offerAsPrimary(int changeCount, std::function<void()> done);
+    /// Calls back when it is there. `giveBackPrimary` offers again what was there before.
+    void borrowPrimary(int changeCount, std::function<void()> done);
+    void giveBackPrimary() { m_primary.giveBack(); }
 
 Q_SIGNALS:
     /// What `standingOf` tells may have changed.
@@ -90,7 +92,7 @@ private:
     IncomingTransfers m_incoming;
     OutgoingTransfers m_outgoing;
     SelectionServer m_clipboard;
-    SelectionServer m_primary;
+    PrimaryLoan m_primary;
     SelectionServer m_manager;
     std::uint8_t m_xfixesEvent = 0;
 

@@ -110,6 +110,7 @@ class PasteTest(DesktopTestCase):
         self.assertEqual(self.editor.text(), "first")
 
     def test_a_terminal_that_knows_no_other_paste_gets_shift_insert_and_the_primary_selection(self):
+        self.desktop.primary.copy_text("selected")
         terminal = Terminal(self.desktop)
         self.zamber.open_popover()
         mark = self.keys.mark()
@@ -118,8 +119,24 @@ class PasteTest(DesktopTestCase):
         terminal.wait_for(b"second")
         self.assert_pasted_by("Insert", SHIFT, mark, terminal.window)
         self.assertEqual(self.keys.presses(KEY_CODES["v"], mark), [])
-        self.assertEqual(self.desktop.primary.text(), "second")
         self.assertEqual(self.clipboard.text(), "second")
+        wait_until(lambda: self.desktop.primary.text() == "selected", what="what was selected before")
+
+    def test_where_nothing_was_selected_nothing_is_afterwards(self):
+        terminal = Terminal(self.desktop)
+        self.paste_entry(1)
+        terminal.wait_for(b"second")
+        self.wait_for_expected_lines()
+        wait_until(lambda: self.desktop.primary.owner() == 0, what="nobody to own PRIMARY")
+
+    def test_a_hung_owner_of_the_primary_selection_delays_no_paste_for_long(self):
+        owner = SelectionOwner(self.desktop)
+        owner.offer({"UTF8_STRING": b"selected"}, "PRIMARY")
+        owner.child.pause()
+        terminal = Terminal(self.desktop)
+        self.paste_entry(1)
+        terminal.wait_for(b"second")
+        self.wait_for_expected_lines()
 
     def test_a_terminal_that_keeps_control_v_for_itself_gets_it_with_shift(self):
         terminal = Editor(self.desktop, "Terminal", class_name="Gnome-terminal")

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
+#include "preferences/PreferenceKeys.h"
+
 #include "app/AppDelegate.h"
 #include "clipboard/ClipboardManager.h"
 #include "platform/AccessibilityTrust.h"
@@ -10,11 +12,10 @@
 #include "platform/Scheduler.h"
 #include "platform/SystemSound.h"
 #include "platform/Workspace.h"
-#include "preferences/PreferenceKeys.h"
 
 #include <chrono>
 
-namespace zamber {
+namespace zamber::app {
 
 namespace {
 
@@ -49,7 +50,7 @@ void AppDelegate::pasteToActiveApp() {
 }
 
 void AppDelegate::quickPaste(int index) {
-    const QList<ClipboardItem> items = clipboardManager->filteredItems();
+    const QList<clipboard::ClipboardItem> items = clipboardManager->filteredItems();
     if (index >= items.size()) {
         return;
     }
@@ -66,7 +67,7 @@ void AppDelegate::quickPaste(int index) {
 }
 
 void AppDelegate::playPasteSound() {
-    if (read(m_desktop.userDefaults, keys::playSoundOnPaste)) {
+    if (read(m_desktop.userDefaults, preferences::playSoundOnPaste)) {
         m_desktop.sounds.play(QStringLiteral("Tink"));
     }
 }
@@ -79,4 +80,4 @@ void AppDelegate::cgEventPaste(const Paste& paste) {
     });
 }
 
-} // namespace zamber
+} // namespace zamber::app

@@ -28,7 +28,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::macos {
 
 struct MacDesktop::Adapters {
     MacScheduler scheduler;
@@ -103,4 +103,4 @@ Desktop MacDesktop::ports() {
             .scheduler = m_adapters->scheduler};
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "platform/KeystrokePoster.h"
-#include "platform/x11/Connection.h"
 #include "platform/freedesktop/selection/PasteKeystroke.h"
+#include "platform/x11/Connection.h"
 
 #include <QTimer>
 
@@ -60,8 +60,8 @@ private:
     std::optional<xcb_window_t> targetWindow() const;
     bool isOurs(xcb_window_t window) const;
     void liftHeldKeys();
-    bool typeInto(xcb_window_t front, PasteKeystroke keystroke);
-    std::vector<xcb_keycode_t> keysOf(PasteKeystroke keystroke) const;
+    bool typeInto(xcb_window_t front, freedesktop::selection::PasteKeystroke keystroke);
+    std::vector<xcb_keycode_t> keysOf(freedesktop::selection::PasteKeystroke keystroke) const;
     bool mayTypeIntoOurs(xcb_window_t front) const;
     bool mayType(xcb_window_t front) const;
     void fake(std::uint8_t event, xcb_keycode_t key) const;

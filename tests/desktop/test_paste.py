@@ -6,7 +6,8 @@ import time
 
 from case import NO_PREVIOUS_LINE, PASTED_LINE, PASTING_LINE, DesktopTestCase
 from harness import (
-    CONTROL, KEY_CODES, SHIFT, Browser, Editor, LineEdit, Mousepad, SelectionOwner, Terminal, holds_for, wait_until,
+    CONTROL, KEY_CODES, SHIFT, Browser, Editor, Gvim, LineEdit, Mousepad, SelectionOwner, Terminal, holds_for,
+    wait_until,
 )
 
 # How long held modifiers are waited for before they are lifted, and the delay before that.
@@ -121,6 +122,22 @@ class PasteTest(DesktopTestCase):
         self.assertEqual(self.keys.presses(KEY_CODES["v"], mark), [])
         self.assertEqual(self.clipboard.text(), "second")
         wait_until(lambda: self.desktop.primary.text() == "selected", what="what was selected before")
+
+    def test_an_editor_in_which_control_v_marks_columns(self):
+        self.desktop.primary.copy_text("selected")
+        editor = Gvim(self.desktop)
+        self.paste_entry(1)
+        self.wait_for_expected_lines()
+        editor.wait_for_saved_text("second\n")
+        wait_until(lambda: self.desktop.primary.text() == "selected", what="what was selected before")
+
+    def test_an_editor_in_which_control_v_scrolls(self):
+        editor = Editor(self.desktop, "Emacs", class_name="Emacs-gtk")
+        self.zamber.open_popover()
+        mark = self.keys.mark()
+        self.choose()
+        self.expect_paste()
+        self.assert_pasted_by("Insert", SHIFT, mark, editor.window)
 
     def test_where_nothing_was_selected_nothing_is_afterwards(self):
         terminal = Terminal(self.desktop)

@@ -18,7 +18,11 @@ QtScheduler::~QtScheduler() {
 
 void QtScheduler::stop() {
     // An action that goes may hold the last of something whose end starts or stops a timer here.
-    const std::unique_ptr<QObject> context = std::move(m_context);
+    std::unique_ptr<QObject> context;
+    {
+        const std::scoped_lock lock(m_contextMutex);
+        context = std::move(m_context);
+    }
     m_timers.clear();
 }
 
@@ -62,6 +66,7 @@ void QtScheduler::invalidate(Token token) {
 }
 
 void QtScheduler::soon(Action action) {
+    const std::scoped_lock lock(m_contextMutex);
     if (m_context) {
         QMetaObject::invokeMethod(m_context.get(), std::move(action), Qt::QueuedConnection);
     }

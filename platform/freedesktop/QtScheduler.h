@@ -7,6 +7,7 @@
 #include <QObject>
 
 #include <memory>
+#include <mutex>
 #include <unordered_map>
 
 class QTimer;
@@ -36,6 +37,7 @@ private:
 
     /// The timers' parent, and where `soon` posts to; nothing after `stop`.
     std::unique_ptr<QObject> m_context;
+    std::mutex m_contextMutex; // for `soon`, which other threads may call
     std::unordered_map<std::uint64_t, QTimer*> m_timers;
     std::uint64_t m_lastId = 0;
 };

@@ -4,7 +4,7 @@
 
 #include "platform/x11/Keyboard.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -15,6 +15,9 @@
 namespace zamber::x11 {
 
 namespace {
+
+/// No keyboard repeats a key sooner, and a popover that was called up has the focus by then.
+constexpr std::chrono::milliseconds TIME_BEFORE_REPETITION{350};
 
 /// How often the keyboard is asked while a hot key is held: its release may go elsewhere, with its grab.
 constexpr std::chrono::milliseconds LOOK_INTERVAL{50};
@@ -174,20 +177,28 @@ void X11HotKeyCenter::handlePress(const xcb_key_press_event_t& event) {
 }
 
 bool X11HotKeyCenter::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress || !watched->isWindowType()) {
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    if (!isKey || !watched->isWindowType()) {
         return false;
     }
     const auto& key = *static_cast<const QKeyEvent*>(event);
     const auto code = static_cast<xcb_keycode_t>(key.nativeScanCode());
+    if (event->type() == QEvent::KeyRelease) {
+        if (!key.isAutoRepeat()) {
+            forgetKey(code, XCB_CURRENT_TIME);
+        }
+        return false;
+    }
+    if (isRepeat(code)) {
+        return true;
+    }
     const Registration* const registration = findRegistration(code, key.nativeModifiers());
     if (registration == nullptr) {
         return false;
     }
-    if (!isRepeat(code)) {
-        m_closeMenus();
-        m_wasPressedInMenu = true;
-        press(*registration);
-    }
+    m_closeMenus();
+    m_sinceMenuPress.start();
+    press(*registration);
     return true;
 }
 
@@ -210,11 +221,14 @@ std::vector<xcb_keycode_t> X11HotKeyCenter::heldKeys() const {
 void X11HotKeyCenter::forgetReleasedKeys() {
     for (const xcb_keycode_t key : std::vector(m_held)) {
         if (!m_keyboard.isDown(key)) {
-            forgetKey(key, m_connection.lastTimestamp());
+            forgetKey(key, XCB_CURRENT_TIME);
         }
     }
-    if (m_wasPressedInMenu && !m_held.empty()) {
-        grabKeyboard(); // which the menu has given free by now
+    // A key that was pressed in a menu has no grab that keeps its repetitions from the window in front. Our own windows
+    // do not see them, and take being without the keyboard for being left.
+    if (m_sinceMenuPress.isValid() && m_sinceMenuPress.hasExpired(TIME_BEFORE_REPETITION.count()) && !m_held.empty() &&
+        QGuiApplication::focusWindow() == nullptr) {
+        grabKeyboard();
     }
 }
 
@@ -235,14 +249,14 @@ void X11HotKeyCenter::forgetKey(xcb_keycode_t key, xcb_timestamp_t time) {
     if (m_hasGrabbedKeyboard) {
         endGrab(time); // of a key that has been pressed since, the server keeps the grab
     }
-    m_wasPressedInMenu = false;
+    m_sinceMenuPress.invalidate();
     m_lookAtHeldKeys.stop();
     Q_EMIT keysReleased();
 }
 
 void X11HotKeyCenter::ungrabKeyboard() {
     m_held.clear();
-    m_wasPressedInMenu = false;
+    m_sinceMenuPress.invalidate();
     m_lookAtHeldKeys.stop();
     endGrab(XCB_CURRENT_TIME);
 }

@@ -5,6 +5,7 @@
 #include "platform/HotKeyCenter.h"
 #include "platform/x11/Connection.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 
 #include <functional>
@@ -75,7 +76,7 @@ private:
     PressedHandler m_handler;
     std::vector<xcb_keycode_t> m_held;
     bool m_hasGrabbedKeyboard = false; // beyond what the server grabs with a single key
-    bool m_wasPressedInMenu = false;
+    QElapsedTimer m_sinceMenuPress;
     QTimer m_lookAtHeldKeys;
 };
 

@@ -215,6 +215,19 @@ class MenuTest(DesktopTestCase):
                 self.editor.wait_for_text(arrived)
                 self.assert_menu_closed()
 
+    def test_the_key_is_held_longest(self):
+        for key in ("2", "v"):
+            with self.subTest(key=key):
+                self.open_tray_menu()
+                self.keyboard.play((0.0, "+Super_L"), (0.03, "+Shift_L"), (0.08, f"+{key}"), (0.18, "-Shift_L"),
+                                   (0.2, "-Super_L"), (1.4, f"-{key}"))
+                if key == "2":
+                    self.expected_lines.append(PASTED_LINE)
+                    self.editor.wait_for_text("second")
+        self.zamber.wait_for_popover()
+        self.assertEqual([node.text for node in self.zamber.tree().all(role="text") if node.text], [])
+        self.assertEqual(self.editor.text(), "second")
+
     def test_two_presses_in_a_row(self):
         self.open_tray_menu()
         self.press("2", 0.08)

@@ -5,6 +5,7 @@
 #include "install/LaunchAtLoginManager.h"
 #include "platform/Desktop.h"
 #include "platform/HotKeyCenter.h"
+#include "platform/KeystrokePoster.h"
 #include "platform/Scheduler.h"
 #include "platform/StatusItem.h"
 #include "platform/Workspace.h"
@@ -76,7 +77,7 @@ private:
     void observePreferences();
     void handleHotKey(std::uint32_t id);
     void playPasteSound();
-    void cgEventPaste(const std::optional<RunningApplication>& target);
+    void cgEventPaste(const Paste& paste);
 
     Desktop m_desktop;
     std::function<void()> m_checkAndPromptMove;

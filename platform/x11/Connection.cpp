@@ -97,6 +97,10 @@ xcb_window_t Connection::createWindow(std::uint32_t eventMask) const {
     return window;
 }
 
+bool Connection::areOfOneClient(xcb_window_t one, xcb_window_t other) const {
+    return ((one ^ other) & ~xcb_get_setup(m_connection)->resource_id_mask) == 0;
+}
+
 Property Connection::readProperty(xcb_window_t window, xcb_atom_t property, Afterwards afterwards) const {
     constexpr std::uint32_t EVERYTHING = 0x1fffffff; // in units of four bytes
     const auto cookie = xcb_get_property(m_connection, afterwards == Afterwards::Delete ? 1 : 0, window, property,

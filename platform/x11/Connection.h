@@ -68,6 +68,9 @@ public:
     /// An invisible window of ours that can hold properties. The caller destroys it.
     xcb_window_t createWindow(std::uint32_t eventMask) const;
 
+    /// Whether both windows, or other resources, were made by the same program, as far as ids tell.
+    bool areOfOneClient(xcb_window_t one, xcb_window_t other) const;
+
     /// Reads a property by one round trip; optionally deletes it in the same step.
     enum class Afterwards { Keep, Delete };
     Property readProperty(xcb_window_t window, xcb_atom_t property, Afterwards afterwards) const;

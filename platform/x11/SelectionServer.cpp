@@ -42,6 +42,14 @@ bool SelectionServer::acquire(const SelectionContent& content, xcb_timestamp_t t
     return true;
 }
 
+void SelectionServer::release(xcb_timestamp_t time) {
+    if (isOwnerOnServer()) {
+        xcb_set_selection_owner(m_connection.raw(), XCB_WINDOW_NONE, m_selection, time);
+    }
+    m_acquiredAt.reset();
+    m_offer.setContent({});
+}
+
 bool SelectionServer::isOwnerOnServer() const {
     return m_connection.selectionOwner(m_selection) == m_window;
 }
@@ -88,6 +96,9 @@ void SelectionServer::handleRequest(const xcb_selection_request_event_t& event) 
     }
     convert(event.requestor, request->event.property, event.target,
             [this, request](bool succeeded) { notify(request->event, succeeded); });
+    if (event.target != m_connection.atom(Atom::Targets) && event.target != m_connection.atom(Atom::Timestamp)) {
+        Q_EMIT served(event.requestor);
+    }
 }
 
 void SelectionServer::handleMultiple(const std::shared_ptr<Request>& request) {
@@ -112,6 +123,7 @@ void SelectionServer::handleMultiple(const std::shared_ptr<Request>& request) {
                                 request->event.property, m_connection.atom(Atom::AtomPair), 32,
                                 static_cast<std::uint32_t>(request->pairs.size()), request->pairs.data());
             notify(request->event, true);
+            Q_EMIT served(request->event.requestor);
         };
         if (request->pairs[i + 1] == XCB_ATOM_NONE || request->pairs[i] == m_connection.atom(Atom::Multiple)) {
             answered(false);

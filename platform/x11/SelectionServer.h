@@ -28,6 +28,9 @@ public:
     /// else became it later than that.
     bool acquire(const SelectionContent& content, xcb_timestamp_t time);
 
+    /// Has nobody own the selection, if it is ours.
+    void release(xcb_timestamp_t time);
+
     bool isOwner() const { return m_acquiredAt.has_value(); }
     xcb_window_t window() const { return m_window; }
     std::vector<QByteArray> typesToSave() const { return m_offer.typesToSave(); }
@@ -39,6 +42,9 @@ public:
 Q_SIGNALS:
     /// Somebody else has become the owner.
     void lost();
+
+    /// The program of that window has been sent the content, or its beginning; the rest is sent from a copy.
+    void served(xcb_window_t requestor);
 
 private:
     struct Request;

@@ -17,6 +17,7 @@
 #include "platform/freedesktop/session/ApplicationNames.h"
 #include "platform/freedesktop/session/PortalAppearance.h"
 #include "platform/freedesktop/session/SingleInstance.h"
+#include "platform/freedesktop/session/TerminationSignals.h"
 #include "platform/freedesktop/session/UserFolders.h"
 #include "platform/freedesktop/session/XdgLoginItem.h"
 #include "platform/freedesktop/tray/ClosingPress.h"
@@ -33,8 +34,9 @@
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11Workspace.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QCursor>
+#include <QThreadPool>
 
 #include <xcb/xcb.h>
 
@@ -43,6 +45,12 @@
 namespace zamber::x11 {
 
 using Connections = std::pair<std::unique_ptr<x11::Connection>, std::unique_ptr<x11::Connection>>;
+
+void closeMenus() {
+    while (QWidget* const menu = QApplication::activePopupWidget()) {
+        menu->close();
+    }
+}
 
 /// The pasteboard has a connection to itself, so that a large transfer does not stand before a hot key.
 struct X11Desktop::Adapters {
@@ -60,6 +68,16 @@ struct X11Desktop::Adapters {
                          [this] { presses.setListening(x11::ButtonPresses::Listening::Off); });
         QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover, [this] { handlePress(QCursor::pos()); });
     }
+
+    ~Adapters() {
+        // What is still to be run may hold the last of whoever uses the adapters, or be asked for by a worker.
+        QThreadPool::globalInstance()->clear();
+        QThreadPool::globalInstance()->waitForDone();
+        scheduler.stop();
+    }
+
+    Adapters(const Adapters&) = delete;
+    Adapters& operator=(const Adapters&) = delete;
 
     void bringToFront(WId id) const {
         const auto window = static_cast<xcb_window_t>(id);
@@ -88,6 +106,7 @@ struct X11Desktop::Adapters {
     std::unique_ptr<x11::Connection> clipboardConnection;
     std::unique_ptr<x11::Connection> inputConnection;
 
+    freedesktop::session::TerminationSignals terminationSignals;
     freedesktop::QtScheduler scheduler;
     freedesktop::SettingsUserDefaults userDefaults{freedesktop::SettingsUserDefaults::defaultPath()};
     x11::X11Pasteboard pasteboard{*clipboardConnection};
@@ -95,9 +114,9 @@ struct X11Desktop::Adapters {
     x11::Windows windows{*inputConnection};
     x11::Panels panels{*inputConnection};
     x11::ButtonPresses presses{*inputConnection};
-    x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard};
+    x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard, closeMenus};
     x11::X11Workspace workspace{*inputConnection, windows, freedesktop::session::applicationNameOfClass};
-    x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, workspace, pasteboard};
+    x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, hotKeys, workspace, pasteboard};
     x11::X11AccessibilityTrust trust{*inputConnection};
 
     freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
@@ -126,6 +145,7 @@ struct X11Desktop::Adapters {
 };
 
 std::expected<void, std::string> X11Desktop::prepare() {
+    freedesktop::session::TerminationSignals::remember();
     xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
     const bool isConnected = xcb_connection_has_error(connection) == 0;
     xcb_disconnect(connection);

@@ -16,6 +16,13 @@ namespace {
 using freedesktop::selection::OwnerLoss;
 using freedesktop::selection::TakeOver;
 
+/// Who owns our content again by itself does so within this time; a user who copies it takes longer to get there.
+constexpr std::chrono::milliseconds ECHO_TIME{2000};
+
+/// Some programs copy the same content every second for ever. Counted each time, the history would never come to rest
+/// for the second after which it is saved.
+constexpr std::chrono::milliseconds REPEAT_TIME{2000};
+
 constexpr std::uint32_t WATCHED_CHANGES = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
@@ -29,13 +36,17 @@ X11Pasteboard::X11Pasteboard(Connection& connection)
     , m_incoming(connection)
     , m_outgoing(connection)
     , m_clipboard(connection, m_names, m_outgoing, connection.atom(Atom::Clipboard))
-    , m_primary(connection, m_names, m_outgoing, XCB_ATOM_PRIMARY)
+    , m_primary(connection, m_names, m_incoming, m_outgoing)
     , m_manager(connection, m_names, m_outgoing, connection.atom(Atom::ClipboardManager))
     , m_handOver(connection, m_names) {
     m_takeOverDelay.setSingleShot(true);
     m_takeOverDelay.setInterval(TakeOver::DELAY);
     connect(&m_takeOverDelay, &QTimer::timeout, this, &X11Pasteboard::takeOver);
+    m_countAgain.setSingleShot(true);
+    connect(&m_countAgain, &QTimer::timeout, this, &X11Pasteboard::countAgain);
     connect(&m_clipboard, &SelectionServer::lost, this, &X11Pasteboard::ownershipChanged);
+    connect(&m_clipboard, &SelectionServer::served, this, &X11Pasteboard::served);
+    connect(&m_primary, &PrimaryLoan::served, this, &X11Pasteboard::served);
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &X11Pasteboard::handOver);
     m_manager.setSideEffect(connection.atom(Atom::SaveTargets),
                             [this](xcb_atom_t, std::function<void(bool)> done) { saveTargets(std::move(done)); });
@@ -84,8 +95,18 @@ void X11Pasteboard::write(const SelectionContent& content) {
     m_takeOver.cancel();
     m_content = content;
     m_source = Source::Ourselves;
+    m_countAgain.stop();
     answerSavers();
-    ++m_changeCount;
+    m_writes.note(++m_changeCount, content);
+    if (!m_areWritesHeld) {
+        m_offered = m_changeCount;
+        put(content);
+    }
+}
+
+void X11Pasteboard::put(const SelectionContent& content) {
+    m_isOfferedByOther = false;
+    m_toAcquire = content;
     // The clear and the setter that follows it come in one turn: one acquisition serves both.
     if (!std::exchange(m_isAcquiring, true)) {
         m_connection.requestTimestamp([this](xcb_timestamp_t) { acquire(); });
@@ -94,17 +115,42 @@ void X11Pasteboard::write(const SelectionContent& content) {
 
 void X11Pasteboard::acquire() {
     m_isAcquiring = false;
-    if (m_source == Source::Ourselves) {
-        m_clipboard.acquire(m_content, m_connection.lastTimestamp());
+    m_isTakingOver = false;
+    if (const auto content = std::exchange(m_toAcquire, std::nullopt)) {
+        m_clipboard.acquire(*content, m_connection.lastTimestamp());
+        m_sinceOffer.start();
     }
     Q_EMIT ownershipChanged();
 }
 
-void X11Pasteboard::offerAsPrimary(std::function<void()> done) {
-    m_connection.requestTimestamp([this, done = std::move(done)](xcb_timestamp_t time) {
-        m_primary.acquire(m_content, time);
-        done();
-    });
+X11Pasteboard::Standing X11Pasteboard::standingOf(int changeCount) const {
+    if (m_writes.find(changeCount) == nullptr) {
+        return Standing::Lost;
+    }
+    const bool isOffered = m_clipboard.isOwner() || m_isOfferedByOther;
+    return isOffered && m_offered == changeCount && !m_isAcquiring && !m_reader ? Standing::Offered : Standing::Pending;
+}
+
+void X11Pasteboard::offer(int changeCount) {
+    const SelectionContent* const content = m_writes.find(changeCount);
+    // Whoever is being read may have copied, which counts more, or may have taken over what we offered, which will do.
+    const bool isUnderWay = m_reader || (m_isAcquiring && m_offered == changeCount);
+    if (content != nullptr && !isUnderWay && standingOf(changeCount) != Standing::Offered) {
+        m_offered = changeCount;
+        put(*content);
+    }
+}
+
+void X11Pasteboard::showWrites() {
+    m_areWritesHeld = false;
+    if (const std::optional<int> last = m_writes.last(); last && *last != m_offered) {
+        offer(*last);
+    }
+}
+
+void X11Pasteboard::borrowPrimary(int changeCount, std::function<void()> done) {
+    const SelectionContent* const written = m_writes.find(changeCount);
+    m_primary.borrow(written != nullptr ? *written : m_content, std::move(done));
 }
 
 void X11Pasteboard::handleOwnerChange(const xcb_generic_event_t& event) {
@@ -128,6 +174,11 @@ void X11Pasteboard::handleOwnerChange(const xcb_generic_event_t& event) {
         }
         return;
     }
+    if (m_isAcquiring && m_source == Source::Ourselves && !m_isTakingOver) {
+        return; // older than the write that is on its way to the server
+    }
+    m_toAcquire.reset();
+    m_isOfferedByOther = false;
     if (change.owner != XCB_WINDOW_NONE) {
         startReading(change.owner, change.selection_timestamp, true);
     } else if (change.subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER) {
@@ -171,28 +222,65 @@ void X11Pasteboard::handleReading(const CopyReader::Outcome& outcome, bool count
     }
     std::unique_ptr<SelectionReader> reader = std::move(m_reader);
     if (const auto* arrived = std::get_if<CopyReader::Arrived>(&outcome)) {
-        m_content = arrived->content;
-        m_source = Source::Foreign;
-        m_readerOfMore = arrived->isComplete ? nullptr : std::move(reader);
-    } else if (std::holds_alternative<CopyReader::Secret>(outcome)) {
-        m_content = {};
-        m_source = Source::Secret;
+        const Novelty novelty = handleContent(arrived->content, countsAsChange);
+        if (!arrived->isComplete && novelty == Novelty::New) {
+            m_readerOfMore = std::move(reader);
+        }
+    } else {
+        m_writes.forget();
+        m_countAgain.stop();
+        if (std::holds_alternative<CopyReader::Secret>(outcome)) {
+            m_content = {};
+            m_source = Source::Secret;
+            m_changeCount += countsAsChange ? 1 : 0;
+        }
     }
     if (reader) {
         reader.release()->deleteLater(); // it is the one that calls
     }
-    if (countsAsChange && !std::holds_alternative<CopyReader::Failed>(outcome)) {
-        ++m_changeCount;
-    }
     if (!m_readerOfMore) {
         answerSavers();
     }
+    Q_EMIT ownershipChanged();
 }
 
 void X11Pasteboard::handleMore(const CopyReader::Arrived& more) {
     m_content = more.content;
     m_readerOfMore.release()->deleteLater();
     answerSavers();
+    Q_EMIT ownershipChanged();
+}
+
+X11Pasteboard::Novelty X11Pasteboard::handleContent(const SelectionContent& content, bool countsAsChange) {
+    const bool isRepeated = !content.isEmpty() && m_content.text == content.text && m_content.image == content.image;
+    const std::optional<int> written = m_writes.newestEqualTo(content);
+    const bool isRecent = m_sinceOffer.isValid() && !m_sinceOffer.hasExpired(ECHO_TIME.count());
+    m_source = Source::Foreign;
+    if (written && isRecent) {
+        // Programs that share the clipboard with another machine own it again with what they have got from us.
+        m_offered = *written;
+        m_isOfferedByOther = true;
+        m_sinceOffer.start();
+        return Novelty::Echo;
+    }
+    m_writes.forget();
+    m_content = content;
+    if (isRepeated && countsAsChange && m_sinceCounted.isValid() && !m_sinceCounted.hasExpired(REPEAT_TIME.count())) {
+        if (!m_countAgain.isActive()) {
+            m_countAgain.start(REPEAT_TIME - std::chrono::milliseconds(m_sinceCounted.elapsed()));
+        }
+        return Novelty::New;
+    }
+    m_countAgain.stop();
+    if (countsAsChange) {
+        countAgain();
+    }
+    return Novelty::New;
+}
+
+void X11Pasteboard::countAgain() {
+    ++m_changeCount;
+    m_sinceCounted.start();
 }
 
 void X11Pasteboard::stopReading() {
@@ -226,9 +314,9 @@ void X11Pasteboard::takeOver() {
     m_content = m_takeOver.content();
     m_takeOver.cancel();
     m_source = Source::Ourselves;
-    if (!std::exchange(m_isAcquiring, true)) {
-        m_connection.requestTimestamp([this](xcb_timestamp_t) { acquire(); });
-    }
+    m_isTakingOver = !m_isAcquiring;
+    const SelectionContent* const written = m_writes.find(m_offered);
+    put(written != nullptr ? *written : m_content);
 }
 
 bool X11Pasteboard::isFormerOwnerRunning() const {

@@ -9,6 +9,8 @@
 #include "platform/x11/ClipboardHandOver.h"
 #include "platform/x11/IncomingTransfer.h"
 #include "platform/x11/OutgoingTransfers.h"
+#include "platform/x11/OwnWrites.h"
+#include "platform/x11/PrimaryLoan.h"
 #include "platform/x11/SelectionReader.h"
 #include "platform/x11/SelectionServer.h"
 
@@ -42,17 +44,33 @@ public:
     void setString(const QByteArray& text) override;
     void setData(ImageType type, const QByteArray& bytes) override;
 
-    /// Whether the last write by this program has become what every other program gets; false from the write until
-    /// the server has confirmed it, and when somebody else has copied since.
-    bool ownsClipboard() const { return !m_isAcquiring && m_clipboard.isOwner(); }
+    /// How what this program wrote at that change count stands with the other programs.
+    enum class Standing {
+        Offered, ///< every program that pastes gets it
+        Pending, ///< not yet, or not any more: `offer` may bring it back
+        Lost,    ///< another program has copied since
+    };
+    Standing standingOf(int changeCount) const;
 
-    /// Offers the clipboard's content, which is ours, as the PRIMARY selection too, for programs that paste only that.
-    /// Calls back when it is there.
-    void offerAsPrimary(std::function<void()> done);
+    /// Puts what was written at that change count on the clipboard, where it is not there and not lost; the program
+    /// itself goes on seeing its last write. `ownershipChanged` tells when it has been done.
+    void offer(int changeCount);
+
+    /// From here on writes of this program are for itself alone; `showWrites` ends that and offers the last of them.
+    void holdWrites() { m_areWritesHeld = true; }
+    void showWrites();
+
+    /// Offers what was written at that change count as the PRIMARY selection too, for programs that paste only that.
+    /// Calls back when it is there. `giveBackPrimary` offers again what was there before.
+    void borrowPrimary(int changeCount, std::function<void()> done);
+    void giveBackPrimary() { m_primary.giveBack(); }
 
 Q_SIGNALS:
-    /// `ownsClipboard` may have changed.
+    /// What `standingOf` tells may have changed.
     void ownershipChanged();
+
+    /// The program of that window has got the clipboard's content, or PRIMARY's, from us.
+    void served(xcb_window_t requestor);
 
 private:
     using SelectionContent = freedesktop::selection::SelectionContent;
@@ -72,7 +90,12 @@ private:
     void handleReading(const CopyReader::Outcome& outcome, bool countsAsChange);
     void handleMore(const CopyReader::Arrived& more);
     void stopReading();
+    /// Whether another program's content is its own, or what it has got from this program.
+    enum class Novelty { New, Echo };
+    Novelty handleContent(const SelectionContent& content, bool countsAsChange);
+    void countAgain();
     void write(const SelectionContent& content);
+    void put(const SelectionContent& content);
     void acquire();
     void handleLoss(freedesktop::selection::OwnerLoss loss);
     void takeOver();
@@ -88,7 +111,7 @@ private:
     IncomingTransfers m_incoming;
     OutgoingTransfers m_outgoing;
     SelectionServer m_clipboard;
-    SelectionServer m_primary;
+    PrimaryLoan m_primary;
     SelectionServer m_manager;
     ClipboardHandOver m_handOver;
     std::uint8_t m_xfixesEvent = 0;
@@ -97,6 +120,15 @@ private:
     SelectionContent m_content;
     Source m_source = Source::Nothing;
     bool m_isAcquiring = false;
+    std::optional<SelectionContent> m_toAcquire;
+    OwnWrites m_writes;
+    int m_offered = 0;               // the change count of the write that others see
+    bool m_isOfferedByOther = false; // who has taken it from us
+    bool m_areWritesHeld = false;
+    bool m_isTakingOver = false;
+    QElapsedTimer m_sinceOffer;
+    QElapsedTimer m_sinceCounted;
+    QTimer m_countAgain;
     std::unique_ptr<SelectionReader> m_reader;       // of the content
     std::unique_ptr<SelectionReader> m_readerOfMore; // which has come, of what is only to be served on
     Owner m_owner;

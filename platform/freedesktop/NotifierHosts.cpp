@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/NotifierHosts.h"
 
+#include "platform/freedesktop/BusSignals.h"
+
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -32,7 +34,7 @@ NotifierHosts::NotifierHosts(const QDBusConnection& bus)
                 }
             });
     for (const QString& change : {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s}) {
-        m_bus.connect(SERVICE, PATH, INTERFACE, change, this, SLOT(ask()));
+        subscribe(m_bus, {.service = SERVICE, .path = PATH, .interface = INTERFACE, .name = change}, this, SLOT(ask()));
     }
 }
 

@@ -8,6 +8,7 @@
 #include "platform/Scheduler.h"
 #include "platform/StatusItem.h"
 #include "platform/Workspace.h"
+#include "ui/MenuColors.h"
 
 #include <filesystem>
 #include <functional>
@@ -86,6 +87,7 @@ private:
     std::optional<RunningApplication> m_previousApp;
     std::optional<Scheduler::Token> m_accessibilityTimer;
     std::unique_ptr<PermissionWindow> m_permissionWindow;
+    MenuColors m_menuColors;
 };
 
 } // namespace zamber

@@ -7,7 +7,6 @@
 #include "platform/StatusItem.h"
 #include "ui/Palette.h"
 
-#include <QApplication>
 #include <QPalette>
 
 namespace zamber {
@@ -19,11 +18,10 @@ void AppDelegate::createStatusItem() {
 }
 
 void AppDelegate::updateMenuAppearance() {
-    // Menus that we draw ourselves, the tray's among them, which no view of ours owns.
     const Appearance& appearance = m_desktop.appearance;
     const Palette palette =
         appearance.isDark() ? Palette::dark(appearance.accentColor()) : Palette::light(appearance.accentColor());
-    QApplication::setPalette(palette.forWidgets(), "QMenu");
+    m_menuColors.set(palette.forWidgets());
 }
 
 void AppDelegate::togglePopover(MouseButton button) {

@@ -8,8 +8,6 @@
 #include "platform/freedesktop/BuiltAppBundle.h"
 #include "platform/freedesktop/CanberraSound.h"
 #include "platform/freedesktop/ClosingPress.h"
-#include "platform/freedesktop/CommandDiskImageTool.h"
-#include "platform/freedesktop/LocalBundleFiles.h"
 #include "platform/freedesktop/PopoverWindow.h"
 #include "platform/freedesktop/PortalAppearance.h"
 #include "platform/freedesktop/QtAlert.h"
@@ -111,8 +109,6 @@ struct X11Desktop::Adapters {
     ScannerLinkDetector links;
     BuiltAppBundle bundle;
     QtAlert alert;
-    LocalBundleFiles files;
-    CommandDiskImageTool images;
     ClosingPress closingPress;
     QtStatusItem statusItem{symbols,
                             [this](QPoint pointer) { return !popover.isShown() && closingPress.claim(pointer); }};
@@ -191,8 +187,6 @@ Desktop X11Desktop::ports() {
             .links = m_adapters->links,
             .bundle = m_adapters->bundle,
             .alert = m_adapters->alert,
-            .files = m_adapters->files,
-            .images = m_adapters->images,
             .userDefaults = m_adapters->userDefaults,
             .scheduler = m_adapters->scheduler};
 }

@@ -76,19 +76,20 @@ int main(int argc, char** argv) {
     for (const auto& action : {QStringLiteral("showSettingsWindow:"), QStringLiteral("showPreferencesWindow:")}) {
         (*desktop)->setResponder(action, [&settings] { settings.show(); });
     }
-    const auto delegate = std::make_shared<zamber::AppDelegate>(
-        ports, ChosenDesktop::historyFile(),
-        zamber::LaunchSteps{.startPeriodicChecks = [] { zamber::UpdateManager::shared().startPeriodicChecks(); },
-                            .checkAndPromptMove =
-                                [ports] {
-                                    zamber::DMGCleanup::checkAndPromptMove({.bundle = ports.bundle,
-                                                                            .alert = ports.alert,
-                                                                            .files = ports.files,
-                                                                            .images = ports.images,
-                                                                            .workspace = ports.workspace,
-                                                                            .application = ports.application,
-                                                                            .scheduler = ports.scheduler});
-                                }});
+    zamber::LaunchSteps launchSteps{
+        .startPeriodicChecks = [] { zamber::UpdateManager::shared().startPeriodicChecks(); }};
+    if (ports.diskImages) {
+        launchSteps.checkAndPromptMove = [ports] {
+            zamber::DMGCleanup::checkAndPromptMove({.bundle = ports.bundle,
+                                                    .alert = ports.alert,
+                                                    .files = ports.diskImages->files,
+                                                    .images = ports.diskImages->tool,
+                                                    .workspace = ports.workspace,
+                                                    .application = ports.application,
+                                                    .scheduler = ports.scheduler});
+        };
+    }
+    const auto delegate = std::make_shared<zamber::AppDelegate>(ports, ChosenDesktop::historyFile(), launchSteps);
     delegate->applicationDidFinishLaunching();
     const int status = QApplication::exec();
     zamber::UpdateManager::setShared(nullptr); // before what it refers to

@@ -19,10 +19,10 @@
 #include <cstdlib>
 
 #ifdef __APPLE__
-#include "MacDesktop.h"
+#include "platform/macos/MacDesktop.h"
 using ChosenDesktop = zamber::MacDesktop;
 #else
-#include "X11Desktop.h"
+#include "platform/x11/X11Desktop.h"
 using ChosenDesktop = zamber::X11Desktop;
 #endif
 

@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::app {
 
 namespace {
 
@@ -50,4 +50,4 @@ void PermissionWindow::updateAppearance() {
     m_view->updateAppearance();
 }
 
-} // namespace zamber
+} // namespace zamber::app

@@ -9,7 +9,7 @@
 
 #include <QPalette>
 
-namespace zamber {
+namespace zamber::app {
 
 void AppDelegate::createStatusItem() {
     m_desktop.statusItem.showSymbol(QStringLiteral("doc.on.clipboard"), QStringLiteral("Zamber"));
@@ -19,8 +19,8 @@ void AppDelegate::createStatusItem() {
 
 void AppDelegate::updateMenuAppearance() {
     const Appearance& appearance = m_desktop.appearance;
-    const Palette palette =
-        appearance.isDark() ? Palette::dark(appearance.accentColor()) : Palette::light(appearance.accentColor());
+    const ui::Palette palette = appearance.isDark() ? ui::Palette::dark(appearance.accentColor())
+                                                    : ui::Palette::light(appearance.accentColor());
     m_menuColors.set(palette.forWidgets());
 }
 
@@ -73,4 +73,4 @@ void AppDelegate::quitApp() {
     m_desktop.application.terminate();
 }
 
-} // namespace zamber
+} // namespace zamber::app

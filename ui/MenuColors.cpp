@@ -7,7 +7,7 @@
 #include <QMenu>
 #include <QVariant>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -47,4 +47,4 @@ void MenuColors::color(QMenu& menu) const {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::ui

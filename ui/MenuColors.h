@@ -9,7 +9,7 @@
 
 class QMenu;
 
-namespace zamber {
+namespace zamber::ui {
 
 /// The colours of every menu that has none of its own: the tray icon's, and those of text fields. Each menu gets them
 /// as it opens. As the application's colours for menus they would last until the next change of the desktop's theme,
@@ -30,4 +30,4 @@ private:
     std::optional<QPalette> m_palette;
 };
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -9,7 +9,7 @@
 #include <ranges>
 #include <utility>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 namespace {
 
@@ -89,4 +89,4 @@ void QtApplication::requestShow() const {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

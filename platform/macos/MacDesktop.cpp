@@ -28,7 +28,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::macos {
 
 struct MacDesktop::Adapters {
     MacScheduler scheduler;
@@ -102,4 +102,4 @@ Desktop MacDesktop::ports() {
             .diskImages = DiskImages{.files = m_adapters->files, .tool = m_adapters->images}};
 }
 
-} // namespace zamber
+} // namespace zamber::macos

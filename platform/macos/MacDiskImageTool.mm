@@ -4,7 +4,7 @@
 
 #import <Foundation/Foundation.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -74,4 +74,4 @@ void MacDiskImageTool::detach(const QString& volumePath) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -19,7 +19,7 @@
 }
 @end
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -94,4 +94,4 @@ bool MacPopover::isShown() const {
     return get(m_popover).shown;
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -4,7 +4,7 @@
 
 #include <QRect>
 
-namespace zamber {
+namespace zamber::macos {
 
 /// A rectangle in the system's coordinates, which begin at the lower left corner of the first screen and grow upwards,
 /// in Qt's, which begin at its upper left corner and grow downwards.
@@ -15,4 +15,4 @@ inline QRect fromSystemCoordinates(const QRectF& rectangle, double firstScreenHe
         .toRect();
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -22,7 +22,7 @@ struct FakeAppearanceRig {
 
 /// A desktop without a portal: only its colours tell.
 struct PaletteRig {
-    PortalAppearance real{QDBusConnection(u"no such connection"_s)};
+    freedesktop::session::PortalAppearance real{QDBusConnection(u"no such connection"_s)};
     Appearance& appearance() { return real; }
     void setDark(bool isDark) {
         QApplication::setPalette(QPalette(isDark ? Qt::black : Qt::white));
@@ -36,7 +36,7 @@ const QString GNOME_INTERFACE = u"org.gnome.desktop.interface"_s;
 
 struct PortalAppearanceRig {
     PortalRig portal;
-    PortalAppearance real{portal.client()};
+    freedesktop::session::PortalAppearance real{portal.client()};
     Appearance& appearance() { return real; }
     void setDark(bool isDark) { portal.change(APPEARANCE, u"color-scheme"_s, isDark ? u"uint32 1"_s : u"uint32 2"_s); }
 };
@@ -69,7 +69,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Portal, AppearanceContract, PortalAppearanceRig);
 TEST(PortalAppearance, WhatThePortalSaidBeforeWeStartedArrivesAsAChange) {
     PortalRig portal;
     portal.set(APPEARANCE, u"color-scheme"_s, u"uint32 1"_s);
-    PortalAppearance appearance(portal.client());
+    freedesktop::session::PortalAppearance appearance(portal.client());
     int changes = 0;
     appearance.addChangedHandler([&] { ++changes; });
     EXPECT_FALSE(appearance.isDark()) << "nothing waits for the answer";
@@ -79,7 +79,7 @@ TEST(PortalAppearance, WhatThePortalSaidBeforeWeStartedArrivesAsAChange) {
 
 TEST(PortalAppearance, WithoutAPreferenceTheDesktopsColoursDecide) {
     PortalRig portal;
-    PortalAppearance appearance(portal.client());
+    freedesktop::session::PortalAppearance appearance(portal.client());
     portal.change(APPEARANCE, u"color-scheme"_s, u"uint32 1"_s);
     EXPECT_TRUE(appearance.isDark());
     portal.change(APPEARANCE, u"color-scheme"_s, u"uint32 0"_s);
@@ -88,7 +88,7 @@ TEST(PortalAppearance, WithoutAPreferenceTheDesktopsColoursDecide) {
 
 TEST(PortalAppearance, TheAccentColourIsTheUsersWhenThereIsOne) {
     PortalRig portal;
-    PortalAppearance appearance(portal.client());
+    freedesktop::session::PortalAppearance appearance(portal.client());
     const QColor usual = appearance.accentColor();
     portal.change(APPEARANCE, u"accent-color"_s, u"(1.0, 0.5, 0.0)"_s);
     EXPECT_EQ(appearance.accentColor().name(), u"#ff8000"_s);
@@ -98,7 +98,7 @@ TEST(PortalAppearance, TheAccentColourIsTheUsersWhenThereIsOne) {
 
 TEST(PortalAppearance, MotionIsReducedWhenTheDesktopDoesNotAnimate) {
     PortalRig portal;
-    PortalAppearance appearance(portal.client());
+    freedesktop::session::PortalAppearance appearance(portal.client());
     EXPECT_FALSE(appearance.reducedMotion()) << "nobody has said so";
     portal.change(GNOME_INTERFACE, u"enable-animations"_s, u"false"_s);
     EXPECT_TRUE(appearance.reducedMotion());
@@ -109,7 +109,7 @@ TEST(PortalAppearance, MotionIsReducedWhenTheDesktopDoesNotAnimate) {
 
 TEST(PortalAppearance, AnswersOfTheWrongKindAreTakenForNone) {
     PortalRig portal;
-    PortalAppearance appearance(portal.client());
+    freedesktop::session::PortalAppearance appearance(portal.client());
     const QColor usual = appearance.accentColor();
     portal.change(APPEARANCE, u"color-scheme"_s, u"'dark as night'"_s);
     portal.change(APPEARANCE, u"accent-color"_s, u"'mauve'"_s);
@@ -124,7 +124,7 @@ TEST(PortalAppearance, AnswersOfTheWrongKindAreTakenForNone) {
 
 TEST(PortalAppearance, ColouringMenusAtAChangeIsNoChangeOfTheDesktops) {
     PortalRig portal;
-    PortalAppearance appearance(portal.client());
+    freedesktop::session::PortalAppearance appearance(portal.client());
     const auto changes = colorMenusAtEachChange(appearance);
     portal.change(GNOME_INTERFACE, u"enable-animations"_s, u"false"_s);
     EXPECT_EQ(*changes, 1) << "reduced motion, and the portal has no word on light or dark";
@@ -138,7 +138,7 @@ TEST(PortalAppearance, ColouringMenusAtAChangeIsNoChangeOfTheDesktops) {
 
 TEST(PortalAppearance, ColouringMenusWhenTheDesktopsColoursChangeIsNoFurtherChange) {
     const DesktopColors colors;
-    PortalAppearance appearance{QDBusConnection(u"no such connection"_s)};
+    freedesktop::session::PortalAppearance appearance{QDBusConnection(u"no such connection"_s)};
     const auto changes = colorMenusAtEachChange(appearance);
     DesktopColors::set(Qt::black);
     EXPECT_EQ(*changes, 1);
@@ -149,7 +149,7 @@ TEST(PortalAppearance, ColouringMenusWhenTheDesktopsColoursChangeIsNoFurtherChan
 TEST(PortalAppearance, ColoursThatStayLightOrStayDarkAreNoChange) {
     const DesktopColors colors;
     DesktopColors::set(Qt::white);
-    PortalAppearance appearance{QDBusConnection(u"no such connection"_s)};
+    freedesktop::session::PortalAppearance appearance{QDBusConnection(u"no such connection"_s)};
     int changes = 0;
     appearance.addChangedHandler([&] { ++changes; });
     DesktopColors::set(Qt::yellow);
@@ -160,7 +160,7 @@ TEST(PortalAppearance, ColoursThatStayLightOrStayDarkAreNoChange) {
 TEST(PortalAppearance, TheDesktopsColoursAreNoChangeWhileThePortalDecides) {
     const DesktopColors colors;
     PortalRig portal;
-    PortalAppearance appearance(portal.client());
+    freedesktop::session::PortalAppearance appearance(portal.client());
     portal.change(APPEARANCE, u"color-scheme"_s, u"uint32 2"_s);
     int changes = 0;
     appearance.addChangedHandler([&] { ++changes; });
@@ -174,7 +174,7 @@ TEST(PortalAppearance, TheDesktopsColoursAreNoChangeWhileThePortalDecides) {
 
 TEST(PortalAppearance, AHandlerThatSetsTheApplicationsOwnColoursEnds) {
     const DesktopColors colors;
-    PortalAppearance appearance{QDBusConnection(u"no such connection"_s)};
+    freedesktop::session::PortalAppearance appearance{QDBusConnection(u"no such connection"_s)};
     int changes = 0;
     appearance.addChangedHandler([&] {
         if (++changes < 5) {

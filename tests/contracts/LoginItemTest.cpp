@@ -40,7 +40,7 @@ struct XdgRig {
     QString userFolder = root.filePath(QStringLiteral("config/autostart"));
     QString systemFolder = root.filePath(QStringLiteral("etc/autostart"));
     QString executable = QStringLiteral("/bin/sh");
-    XdgLoginItem adapter{
+    freedesktop::session::XdgLoginItem adapter{
         {userFolder, {systemFolder}, {QStringLiteral("GNOME")}}, QStringLiteral("app.zamber.Zamber"), executable};
 
     LoginItem& item() { return adapter; }

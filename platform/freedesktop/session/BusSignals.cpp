@@ -7,7 +7,7 @@
 #include <QDBusVariant>
 #include <QtGlobal>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 bool subscribe(QDBusConnection bus, const BusSignal& busSignal, QObject* receiver, const char* slot) {
     if (!bus.isConnected()) {
@@ -26,4 +26,4 @@ bool subscribe(QDBusConnection bus, const BusSignal& busSignal, QObject* receive
     return isSubscribed;
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

@@ -7,7 +7,7 @@
 class QDBusConnection;
 class QObject;
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 /// A signal that a service sends over a message bus.
 struct BusSignal {
@@ -23,4 +23,4 @@ struct BusSignal {
 /// called.
 bool subscribe(QDBusConnection bus, const BusSignal& busSignal, QObject* receiver, const char* slot);
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

@@ -13,7 +13,7 @@
 #include <QEvent>
 #include <QPalette>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 using namespace Qt::StringLiterals;
 
@@ -163,4 +163,4 @@ void PortalAppearance::take(const QString& group, const QString& key, const QVar
     tellIfChanged();
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

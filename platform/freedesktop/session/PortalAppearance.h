@@ -12,7 +12,7 @@
 
 class QDBusMessage;
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 /// What the settings portal says; until it has answered, and where it has no preference, the desktop's colours decide.
 /// Never waits for the portal: its answers come as changes. Handlers are called only when one of the three answers is
@@ -57,4 +57,4 @@ private:
     Answers m_told; // what the handlers know
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

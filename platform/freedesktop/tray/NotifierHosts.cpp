@@ -9,7 +9,7 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 
-namespace zamber {
+namespace zamber::freedesktop::tray {
 
 using namespace Qt::StringLiterals;
 
@@ -34,7 +34,8 @@ NotifierHosts::NotifierHosts(const QDBusConnection& bus)
                 }
             });
     for (const QString& change : {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s}) {
-        subscribe(m_bus, {.service = SERVICE, .path = PATH, .interface = INTERFACE, .name = change}, this, SLOT(ask()));
+        session::subscribe(m_bus, {.service = SERVICE, .path = PATH, .interface = INTERFACE, .name = change}, this,
+                           SLOT(ask()));
     }
 }
 
@@ -77,4 +78,4 @@ void NotifierHosts::settle(bool isThere) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::tray

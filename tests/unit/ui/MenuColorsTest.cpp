@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -98,4 +98,4 @@ TEST_F(MenuColorsTest, NothingIsColouredBeforeTheFirstAreSet) {
     EXPECT_EQ(groundWhenOpen(menu), usual);
 }
 
-} // namespace zamber
+} // namespace zamber::ui

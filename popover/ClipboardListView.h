@@ -34,6 +34,18 @@ class ConfirmationSheet;
 class SearchField;
 } // namespace zamber::ui
 
+namespace zamber::popover {}
+
+namespace zamber::popover {}
+
+namespace zamber::popover {}
+
+namespace zamber::popover {} // namespace zamber::popover
+
+namespace zamber::popover {}
+
+namespace zamber::popover {} // namespace zamber::popover
+
 namespace zamber::popover {
 
 class EmptyState;

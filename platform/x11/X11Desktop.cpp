@@ -13,7 +13,9 @@
 #include "platform/freedesktop/TextFieldPaste.h"
 #include "platform/freedesktop/popover/PopoverWindow.h"
 #include "platform/freedesktop/session/ApplicationNames.h"
+#include "platform/freedesktop/session/FileLock.h"
 #include "platform/freedesktop/session/PortalAppearance.h"
+#include "platform/freedesktop/session/Programs.h"
 #include "platform/freedesktop/session/SingleInstance.h"
 #include "platform/freedesktop/session/UserFolders.h"
 #include "platform/freedesktop/session/XdgLoginItem.h"
@@ -36,6 +38,7 @@
 
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <utility>
 
 namespace zamber::x11 {
@@ -44,8 +47,10 @@ using Connections = std::pair<std::unique_ptr<x11::Connection>, std::unique_ptr<
 
 /// The pasteboard has a connection to itself, so that a large transfer does not stand before a hot key.
 struct X11Desktop::Adapters {
-    Adapters(std::unique_ptr<freedesktop::session::SingleInstance> onlyInstance, Connections connections)
+    Adapters(std::unique_ptr<freedesktop::session::SingleInstance> onlyInstance,
+             std::unique_ptr<freedesktop::session::FileLock> lockOfHistory, Connections connections)
         : instance(std::move(onlyInstance))
+        , historyLock(std::move(lockOfHistory))
         , clipboardConnection(std::move(connections.first))
         , inputConnection(std::move(connections.second)) {
         QObject::connect(instance.get(), &freedesktop::session::SingleInstance::showRequested, instance.get(),
@@ -83,6 +88,7 @@ struct X11Desktop::Adapters {
     }
 
     std::unique_ptr<freedesktop::session::SingleInstance> instance;
+    std::unique_ptr<freedesktop::session::FileLock> historyLock;
     std::unique_ptr<x11::Connection> clipboardConnection;
     std::unique_ptr<x11::Connection> inputConnection;
 
@@ -94,7 +100,10 @@ struct X11Desktop::Adapters {
     x11::Panels panels{*inputConnection};
     x11::ButtonPresses presses{*inputConnection};
     x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard};
-    x11::X11Workspace workspace{*inputConnection, windows, applicationNameOfClass};
+    freedesktop::session::ApplicationNames applicationNames;
+    x11::X11Workspace workspace{*inputConnection, windows, [this](const QString& windowClass) {
+                                    return applicationNames.ofWindowClass(windowClass);
+                                }};
     x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, workspace, pasteboard};
     x11::X11AccessibilityTrust trust{*inputConnection};
 
@@ -104,7 +113,7 @@ struct X11Desktop::Adapters {
     freedesktop::session::PortalAppearance appearance;
     freedesktop::BootstrapSymbols symbols;
     freedesktop::CanberraSound sounds;
-    freedesktop::session::XdgLoginItem loginItem{freedesktop::session::XdgLoginItem::defaultSurroundings(),
+    freedesktop::session::XdgLoginItem loginItem{freedesktop::session::XdgLoginItem::sessionEnvironment(),
                                                  QStringLiteral("app.zamber.Zamber"),
                                                  QCoreApplication::applicationFilePath()};
     links::ScannerLinkDetector links;
@@ -128,6 +137,7 @@ std::expected<void, std::string> X11Desktop::prepare() {
     if (!isConnected) {
         return std::unexpected("there is no X server to be reached (on Wayland, XWayland has to be running)");
     }
+    freedesktop::session::startEnvironment(); // before it is changed, for the programs that are started later
     // On Wayland too: the clipboard, the hot keys and the keystroke are spoken over X there.
     qputenv("QT_QPA_PLATFORM", "xcb");
     // A frame is painted when something has changed, not five milliseconds later.
@@ -149,13 +159,19 @@ std::expected<std::unique_ptr<X11Desktop>, std::string> X11Desktop::create() {
     case freedesktop::session::SingleInstance::Start::OtherHangs:
         return std::unexpected("it is running already, but does not answer");
     }
+    // Without a bus, or with one in each of the user's sessions, nobody else keeps two from writing one history. One
+    // that is just ending gets a moment.
+    auto historyLock = freedesktop::session::FileLock::take(historyFile(), std::chrono::seconds(1));
+    if (!historyLock) {
+        return std::unexpected("it is running already, in another session: " + historyFile().string() + " is in use");
+    }
     auto clipboard = x11::Connection::open();
     auto input = x11::Connection::open();
     if (!clipboard || !input) {
         return std::unexpected((clipboard ? input : clipboard).error());
     }
     auto adapters =
-        std::make_unique<Adapters>(std::move(instance), Connections(std::move(*clipboard), std::move(*input)));
+        std::make_unique<Adapters>(std::move(instance), std::move(historyLock), Connections(std::move(*clipboard), std::move(*input)));
     return std::unique_ptr<X11Desktop>(new X11Desktop(std::move(adapters)));
 }
 

@@ -37,7 +37,9 @@ void AppDelegate::applicationDidFinishLaunching() {
     registerHotKey();
     clipboardManager->startMonitoring();
     update::UpdateManager::shared().startPeriodicChecks();
-    m_checkAndPromptMove();
+    if (m_checkAndPromptMove) {
+        m_checkAndPromptMove();
+    }
     checkAccessibility();
 }
 

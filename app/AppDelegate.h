@@ -9,6 +9,7 @@
 #include "platform/Scheduler.h"
 #include "platform/StatusItem.h"
 #include "platform/Workspace.h"
+#include "ui/MenuColors.h"
 
 #include <filesystem>
 #include <functional>
@@ -33,7 +34,7 @@ class PermissionWindow;
 /// application that was in front. Lives as long as the process. Each duty has a source file of its own.
 class AppDelegate final : public std::enable_shared_from_this<AppDelegate> {
 public:
-    /// `checkAndPromptMove` is run once, at the start: it offers to move the program to where it belongs.
+    /// `checkAndPromptMove` is run once, at the start: it offers to move the program to where it belongs. It may be empty.
     AppDelegate(const Desktop& desktop, const std::filesystem::path& historyFile,
                 std::function<void()> checkAndPromptMove);
     ~AppDelegate();
@@ -89,6 +90,7 @@ private:
     std::optional<RunningApplication> m_previousApp;
     std::optional<Scheduler::Token> m_accessibilityTimer;
     std::unique_ptr<PermissionWindow> m_permissionWindow;
+    ui::MenuColors m_menuColors;
 };
 
 } // namespace zamber::app

@@ -17,6 +17,9 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
+#include <memory>
+#include <functional>
 
 #ifdef __APPLE__
 #include "platform/macos/MacDesktop.h"
@@ -76,15 +79,20 @@ int main(int argc, char** argv) {
     for (const auto& action : {QStringLiteral("showSettingsWindow:"), QStringLiteral("showPreferencesWindow:")}) {
         (*desktop)->setResponder(action, [&settings] { settings.show(); });
     }
-    const auto delegate = std::make_shared<zamber::app::AppDelegate>(ports, ChosenDesktop::historyFile(), [ports] {
-        zamber::install::DMGCleanup::checkAndPromptMove({.bundle = ports.bundle,
-                                                         .alert = ports.alert,
-                                                         .files = ports.files,
-                                                         .images = ports.images,
-                                                         .workspace = ports.workspace,
-                                                         .application = ports.application,
-                                                         .scheduler = ports.scheduler});
-    });
+    std::function<void()> checkAndPromptMove;
+    if (ports.diskImages) {
+        checkAndPromptMove = [ports] {
+            zamber::install::DMGCleanup::checkAndPromptMove({.bundle = ports.bundle,
+                                                             .alert = ports.alert,
+                                                             .files = ports.diskImages->files,
+                                                             .images = ports.diskImages->tool,
+                                                             .workspace = ports.workspace,
+                                                             .application = ports.application,
+                                                             .scheduler = ports.scheduler});
+        };
+    }
+    const auto delegate =
+        std::make_shared<zamber::app::AppDelegate>(ports, ChosenDesktop::historyFile(), std::move(checkAndPromptMove));
     delegate->applicationDidFinishLaunching();
     const int status = QApplication::exec();
     zamber::update::UpdateManager::setShared(nullptr); // before what it refers to

@@ -5,8 +5,6 @@
 #include "platform/freedesktop/BootstrapSymbols.h"
 #include "platform/freedesktop/BuiltAppBundle.h"
 #include "platform/freedesktop/CanberraSound.h"
-#include "platform/freedesktop/CommandDiskImageTool.h"
-#include "platform/freedesktop/LocalBundleFiles.h"
 #include "platform/freedesktop/QtAlert.h"
 #include "platform/freedesktop/QtApplication.h"
 #include "platform/freedesktop/QtKeyMonitor.h"
@@ -15,7 +13,9 @@
 #include "platform/freedesktop/TextFieldPaste.h"
 #include "platform/freedesktop/popover/PopoverWindow.h"
 #include "platform/freedesktop/session/ApplicationNames.h"
+#include "platform/freedesktop/session/FileLock.h"
 #include "platform/freedesktop/session/PortalAppearance.h"
+#include "platform/freedesktop/session/Programs.h"
 #include "platform/freedesktop/session/SingleInstance.h"
 #include "platform/freedesktop/session/TerminationSignals.h"
 #include "platform/freedesktop/session/UserFolders.h"
@@ -40,6 +40,7 @@
 
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <utility>
 
 namespace zamber::x11 {
@@ -54,8 +55,10 @@ void closeMenus() {
 
 /// The pasteboard has a connection to itself, so that a large transfer does not stand before a hot key.
 struct X11Desktop::Adapters {
-    Adapters(std::unique_ptr<freedesktop::session::SingleInstance> onlyInstance, Connections connections)
+    Adapters(std::unique_ptr<freedesktop::session::SingleInstance> onlyInstance,
+             std::unique_ptr<freedesktop::session::FileLock> lockOfHistory, Connections connections)
         : instance(std::move(onlyInstance))
+        , historyLock(std::move(lockOfHistory))
         , clipboardConnection(std::move(connections.first))
         , inputConnection(std::move(connections.second)) {
         QObject::connect(instance.get(), &freedesktop::session::SingleInstance::showRequested, instance.get(),
@@ -103,6 +106,7 @@ struct X11Desktop::Adapters {
     }
 
     std::unique_ptr<freedesktop::session::SingleInstance> instance;
+    std::unique_ptr<freedesktop::session::FileLock> historyLock;
     std::unique_ptr<x11::Connection> clipboardConnection;
     std::unique_ptr<x11::Connection> inputConnection;
 
@@ -115,7 +119,10 @@ struct X11Desktop::Adapters {
     x11::Panels panels{*inputConnection};
     x11::ButtonPresses presses{*inputConnection};
     x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard, closeMenus};
-    x11::X11Workspace workspace{*inputConnection, windows, freedesktop::session::applicationNameOfClass};
+    freedesktop::session::ApplicationNames applicationNames;
+    x11::X11Workspace workspace{*inputConnection, windows, [this](const QString& windowClass) {
+                                    return applicationNames.ofWindowClass(windowClass);
+                                }};
     x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, hotKeys, workspace, pasteboard};
     x11::X11AccessibilityTrust trust{*inputConnection};
 
@@ -125,14 +132,12 @@ struct X11Desktop::Adapters {
     freedesktop::session::PortalAppearance appearance;
     freedesktop::BootstrapSymbols symbols;
     freedesktop::CanberraSound sounds;
-    freedesktop::session::XdgLoginItem loginItem{freedesktop::session::XdgLoginItem::defaultSurroundings(),
+    freedesktop::session::XdgLoginItem loginItem{freedesktop::session::XdgLoginItem::sessionEnvironment(),
                                                  QStringLiteral("app.zamber.Zamber"),
                                                  QCoreApplication::applicationFilePath()};
     links::ScannerLinkDetector links;
     freedesktop::BuiltAppBundle bundle;
     freedesktop::QtAlert alert;
-    freedesktop::LocalBundleFiles files;
-    freedesktop::CommandDiskImageTool images;
     freedesktop::tray::ClosingPress closingPress;
     freedesktop::tray::QtStatusItem statusItem{
         symbols, [this](QPoint pointer) { return !popover.isShown() && closingPress.claim(pointer); }};
@@ -152,6 +157,7 @@ std::expected<void, std::string> X11Desktop::prepare() {
     if (!isConnected) {
         return std::unexpected("there is no X server to be reached (on Wayland, XWayland has to be running)");
     }
+    freedesktop::session::startEnvironment(); // before it is changed, for the programs that are started later
     // On Wayland too: the clipboard, the hot keys and the keystroke are spoken over X there.
     qputenv("QT_QPA_PLATFORM", "xcb");
     // A frame is painted when something has changed, not five milliseconds later.
@@ -173,13 +179,19 @@ std::expected<std::unique_ptr<X11Desktop>, std::string> X11Desktop::create() {
     case freedesktop::session::SingleInstance::Start::OtherHangs:
         return std::unexpected("it is running already, but does not answer");
     }
+    // Without a bus, or with one in each of the user's sessions, nobody else keeps two from writing one history. One
+    // that is just ending gets a moment.
+    auto historyLock = freedesktop::session::FileLock::take(historyFile(), std::chrono::seconds(1));
+    if (!historyLock) {
+        return std::unexpected("it is running already, in another session: " + historyFile().string() + " is in use");
+    }
     auto clipboard = x11::Connection::open();
     auto input = x11::Connection::open();
     if (!clipboard || !input) {
         return std::unexpected((clipboard ? input : clipboard).error());
     }
     auto adapters =
-        std::make_unique<Adapters>(std::move(instance), Connections(std::move(*clipboard), std::move(*input)));
+        std::make_unique<Adapters>(std::move(instance), std::move(historyLock), Connections(std::move(*clipboard), std::move(*input)));
     return std::unique_ptr<X11Desktop>(new X11Desktop(std::move(adapters)));
 }
 
@@ -213,8 +225,6 @@ Desktop X11Desktop::ports() {
             .links = m_adapters->links,
             .bundle = m_adapters->bundle,
             .alert = m_adapters->alert,
-            .files = m_adapters->files,
-            .images = m_adapters->images,
             .userDefaults = m_adapters->userDefaults,
             .scheduler = m_adapters->scheduler};
 }

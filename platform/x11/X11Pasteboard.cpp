@@ -222,10 +222,8 @@ void X11Pasteboard::handleReading(const CopyReader::Outcome& outcome, bool count
     }
     std::unique_ptr<SelectionReader> reader = std::move(m_reader);
     if (const auto* arrived = std::get_if<CopyReader::Arrived>(&outcome)) {
-        const Novelty novelty = handleContent(arrived->content, countsAsChange);
-        if (!arrived->isComplete && novelty == Novelty::New) {
-            m_readerOfMore = std::move(reader);
-        }
+        m_readerOfMore = arrived->isComplete ? nullptr : std::move(reader);
+        handleContent(arrived->content, countsAsChange);
     } else {
         m_writes.forget();
         m_countAgain.stop();
@@ -245,13 +243,15 @@ void X11Pasteboard::handleReading(const CopyReader::Outcome& outcome, bool count
 }
 
 void X11Pasteboard::handleMore(const CopyReader::Arrived& more) {
-    m_content = more.content;
+    if (!m_isOfferedByOther) { // what this program wrote is known already
+        m_content = more.content;
+    }
     m_readerOfMore.release()->deleteLater();
     answerSavers();
     Q_EMIT ownershipChanged();
 }
 
-X11Pasteboard::Novelty X11Pasteboard::handleContent(const SelectionContent& content, bool countsAsChange) {
+void X11Pasteboard::handleContent(const SelectionContent& content, bool countsAsChange) {
     const bool isRepeated = !content.isEmpty() && m_content.text == content.text && m_content.image == content.image;
     const std::optional<int> written = m_writes.newestEqualTo(content);
     const bool isRecent = m_sinceOffer.isValid() && !m_sinceOffer.hasExpired(ECHO_TIME.count());
@@ -261,7 +261,7 @@ X11Pasteboard::Novelty X11Pasteboard::handleContent(const SelectionContent& cont
         m_offered = *written;
         m_isOfferedByOther = true;
         m_sinceOffer.start();
-        return Novelty::Echo;
+        return;
     }
     m_writes.forget();
     m_content = content;
@@ -269,13 +269,12 @@ X11Pasteboard::Novelty X11Pasteboard::handleContent(const SelectionContent& cont
         if (!m_countAgain.isActive()) {
             m_countAgain.start(REPEAT_TIME - std::chrono::milliseconds(m_sinceCounted.elapsed()));
         }
-        return Novelty::New;
+        return;
     }
     m_countAgain.stop();
     if (countsAsChange) {
         countAgain();
     }
-    return Novelty::New;
 }
 
 void X11Pasteboard::countAgain() {

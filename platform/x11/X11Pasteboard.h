@@ -90,9 +90,7 @@ private:
     void handleReading(const CopyReader::Outcome& outcome, bool countsAsChange);
     void handleMore(const CopyReader::Arrived& more);
     void stopReading();
-    /// Whether another program's content is its own, or what it has got from this program.
-    enum class Novelty { New, Echo };
-    Novelty handleContent(const SelectionContent& content, bool countsAsChange);
+    void handleContent(const SelectionContent& content, bool countsAsChange);
     void countAgain();
     void write(const SelectionContent& content);
     void put(const SelectionContent& content);

@@ -4,23 +4,11 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QProcess>
 #include <QStandardPaths>
 
 namespace zamber::freedesktop::session {
 
 using namespace Qt::StringLiterals;
-
-std::expected<void, QString> startNewInstance(const QString& path) {
-    QProcess process;
-    process.setProgram(QFileInfo(path).isDir() ? path + u"/AppRun"_s : path);
-    process.setStandardInputFile(QProcess::nullDevice());
-    if (!process.startDetached()) {
-        return std::unexpected(process.errorString());
-    }
-    return {};
-}
 
 std::expected<void, QString> moveFileToTrash(const QString& path) {
     // Without the folder above the trash, Qt 6.4 moves the file into the working directory.

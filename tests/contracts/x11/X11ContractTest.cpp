@@ -100,7 +100,8 @@ private:
 struct X11WorkspaceRig : X11Rig {
     AddressCatcher catcher;
     x11::Windows windows{*connection};
-    x11::X11Workspace adapter{*connection, windows, freedesktop::session::applicationNameOfClass};
+    x11::X11Workspace adapter{*connection, windows, [](const QString& windowClass) {
+ return freedesktop::session::ApplicationNames().ofWindowClass(windowClass); }};
     std::vector<xcb_window_t> opened;
 
     Workspace& workspace() { return adapter; }
@@ -135,7 +136,9 @@ struct X11KeystrokePosterRig : X11Rig {
     x11::X11Pasteboard pasteboard{*connection};
     x11::Keyboard keyboard{*connection};
     x11::Windows windows{*connection};
-    x11::X11Workspace workspace{*connection, windows, freedesktop::session::applicationNameOfClass};
+    x11::X11Workspace workspace{*connection, windows, [](const QString& windowClass) {
+                                    return freedesktop::session::ApplicationNames().ofWindowClass(windowClass);
+                                }};
     x11::X11HotKeyCenter hotKeys{*connection, keyboard, [] {}};
     x11::X11KeystrokePoster adapter{*connection, keyboard, windows, hotKeys, workspace, pasteboard};
     std::map<std::uint64_t, xcb_window_t> opened;

@@ -260,19 +260,15 @@ class PrivateDesktop:
         configuration = self.directory / "tint2rc"
         configuration.write_text(TRAY_CONFIGURATION)
         self.tray_host = self.start("tint2", ["tint2", "-c", configuration])
-        wait_until(lambda: self._selection_owner("_NET_SYSTEM_TRAY_S0"), START_SECONDS,
+        wait_until(lambda: self.selection_owner("_NET_SYSTEM_TRAY_S0"), START_SECONDS,
                    lambda: f"the tray: {self.tray_host.stderr()}")
 
     def _start_compositor(self):
         if self.compositor == "none":
             return
         compositor = self.start("picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
-        wait_until(lambda: self._selection_owner("_NET_WM_CM_S0"), START_SECONDS,
+        wait_until(lambda: self.selection_owner("_NET_WM_CM_S0"), START_SECONDS,
                    lambda: f"the compositor: {compositor.stderr()}")
-
-    def _selection_owner(self, name):
-        owner = self.display.get_selection_owner(self.display.intern_atom(name))
-        return getattr(owner, "id", owner)
 
     # Programs inside
 
@@ -292,6 +288,11 @@ class PrivateDesktop:
         if answer.returncode:
             raise RuntimeError(f"{command[0]} ended with {answer.returncode}: {answer.stderr.decode()}")
         return answer.stdout.decode()
+
+    def selection_owner(self, name):
+        """The window that owns the selection, or 0."""
+        owner = self.display.get_selection_owner(self.display.intern_atom(name))
+        return getattr(owner, "id", owner)
 
     def bus_name_has_owner(self, name):
         return "true" in self.run(["gdbus", "call", "--session", "-d", "org.freedesktop.DBus", "-o", "/", "-m",

@@ -11,8 +11,6 @@
 #include "tests/fakes/FakeAppBundle.h"
 #include "tests/fakes/FakeAppearance.h"
 #include "tests/fakes/FakeApplication.h"
-#include "tests/fakes/FakeBundleFiles.h"
-#include "tests/fakes/FakeDiskImageTool.h"
 #include "tests/fakes/FakeHotKeyCenter.h"
 #include "tests/fakes/FakeKeyMonitor.h"
 #include "tests/fakes/FakeKeystrokePoster.h"
@@ -58,8 +56,6 @@ protected:
                                                          .links = links,
                                                          .bundle = bundle,
                                                          .alert = alert,
-                                                         .files = files,
-                                                         .images = images,
                                                          .userDefaults = defaults,
                                                          .scheduler = scheduler},
                                                  folder.filePath(QStringLiteral("history.json")).toStdString(),
@@ -117,8 +113,6 @@ protected:
     FakeLinkDetector links;
     FakeAppBundle bundle;
     FakeAlert alert{journal};
-    FakeBundleFiles files{journal};
-    FakeDiskImageTool images{journal};
     FakeUserDefaults defaults{journal};
     FakeScheduler scheduler;
     std::shared_ptr<AppDelegate> delegate;

@@ -13,21 +13,6 @@ namespace zamber::freedesktop::session {
 
 using namespace Qt::StringLiterals;
 
-TEST(StartNewInstance, AFolderIsStartedByItsAppRun) {
-    const QTemporaryDir folder;
-    const QString program = folder.filePath(u"AppRun"_s);
-    EXPECT_FALSE(startNewInstance(folder.path()));
-    QFile file(program);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("#!/bin/sh\nexit 0\n");
-    file.close();
-    const auto plain = startNewInstance(folder.path());
-    ASSERT_FALSE(plain) << "it is no program yet";
-    EXPECT_FALSE(plain.error().isEmpty());
-    ASSERT_TRUE(QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-    EXPECT_TRUE(startNewInstance(folder.path()));
-}
-
 TEST(MoveFileToTrash, WhereNoTrashCanBeTheFileStays) {
     const QTemporaryDir folder;
     const QByteArray before = qgetenv("XDG_DATA_HOME");

@@ -158,7 +158,10 @@ void ClipboardListView::searchChanged() {
 }
 
 void ClipboardListView::updateSize() {
-    setFixedSize(popoverSize(m_defaults));
+    // No smaller than that by itself; on a low screen the popover gives it less.
+    const QSize size = popoverSize(m_defaults);
+    setMaximumSize(size);
+    resize(size);
 }
 
 void ClipboardListView::updatePreferences() {

@@ -100,6 +100,9 @@ public:
     /// meanwhile, and the results of worker threads: for the end of the program, when there is no loop any more.
     void serveInPlace(const std::function<bool()>& isDone, std::chrono::milliseconds longest);
 
+    /// Hands on, before it returns, every event that the server had up to this call.
+    void catchUp();
+
 private:
     Connection(xcb_connection_t* connection, int screenNumber);
     void internAtoms();

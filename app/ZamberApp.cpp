@@ -17,8 +17,10 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
+#include <utility>
 
-#ifdef __APPLE__
+#if defined(__APPLE__) || defined(ZAMBER_MACOS_STAND_INS)
 #include "MacDesktop.h"
 using ChosenDesktop = zamber::MacDesktop;
 #else
@@ -41,6 +43,7 @@ void keepStandardStreamsOpen() {
 
 int main(int argc, char** argv) {
     keepStandardStreamsOpen();
+    std::optional<ChosenDesktop::StartUp> startUp(std::in_place);
     // The log's reader may go away; the program does not end for it.
     std::signal(SIGPIPE, SIG_IGN);
     if (const auto prepared = ChosenDesktop::prepare(); !prepared) {
@@ -90,6 +93,7 @@ int main(int argc, char** argv) {
                                                                             .scheduler = ports.scheduler});
                                 }});
     delegate->applicationDidFinishLaunching();
+    startUp.reset();
     const int status = QApplication::exec();
     zamber::UpdateManager::setShared(nullptr); // before what it refers to
     return status;

@@ -4,7 +4,7 @@
 #include "platform/HotKeyCenter.h"
 #include "platform/Scheduler.h"
 #include "platform/UserDefaults.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 
 namespace zamber {
 

@@ -9,7 +9,7 @@
 #include "platform/Scheduler.h"
 #include "platform/SystemSound.h"
 #include "platform/Workspace.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 
 #include <chrono>
 

@@ -7,7 +7,7 @@
 #include "platform/PopoverHost.h"
 #include "platform/Scheduler.h"
 #include "popover/ClipboardListView.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 #include "update/UpdateManager.h"
 
 namespace zamber {

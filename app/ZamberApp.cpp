@@ -21,10 +21,10 @@
 #include <utility>
 
 #if defined(__APPLE__) || defined(ZAMBER_MACOS_STAND_INS)
-#include "MacDesktop.h"
+#include "platform/macos/MacDesktop.h"
 using ChosenDesktop = zamber::MacDesktop;
 #else
-#include "X11Desktop.h"
+#include "platform/x11/X11Desktop.h"
 using ChosenDesktop = zamber::X11Desktop;
 #endif
 

@@ -4,7 +4,7 @@
 
 #include "clipboard/ClipboardManager.h"
 #include "clipboard/HistoryFile.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/fakes/FakeScheduler.h"
 #include "tests/fakes/FakeUserDefaults.h"

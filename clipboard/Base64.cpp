@@ -3,7 +3,7 @@
 #include "clipboard/Base64.h"
 
 #include "clipboard/Base64Codec.h"
-#include "clipboard/ByteBlocks.h"
+#include "text/ByteBlocks.h"
 
 #include <array>
 #include <bit>

@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/ClipboardContent.h"
 
-#include "clipboard/Characters.h"
+#include "text/Characters.h"
 #include "clipboard/Images.h"
 #include "clipboard/JsonString.h"
-#include "clipboard/NormalForm.h"
+#include "text/NormalForm.h"
 #include "clipboard/Search.h"
 #include "clipboard/SensitiveContent.h"
 #include "platform/UserDefaults.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 
 #include <algorithm>
 #include <mutex>

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "text/CaseFolding.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QSize>
@@ -12,9 +14,6 @@
 #include <optional>
 
 namespace zamber {
-
-/// How a search compares letters: Turkish and Azerbaijani pair I with ı and İ with i, everybody else I with i.
-enum class CaseFolding { Common, Turkic };
 
 /// What was copied: a text or the bytes of an image.
 ///

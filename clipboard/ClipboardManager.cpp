@@ -7,7 +7,7 @@
 #include "platform/Log.h"
 #include "platform/Pasteboard.h"
 #include "platform/UserDefaults.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 
 #include <algorithm>
 #include <chrono>

@@ -4,9 +4,6 @@
 
 #include "clipboard/HistoryJson.h"
 
-#include <QDir>
-#include <QFile>
-#include <QStandardPaths>
 
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -26,8 +23,6 @@ namespace {
 
 constexpr std::string_view OPENING = "[";
 constexpr std::string_view UNFINISHED = " ";
-constexpr auto FILE_NAME = "clipboard_history.json";
-constexpr auto FOLDER_NAME = "Zamber";
 constexpr mode_t FILE_MODE = 0600;
 constexpr mode_t FOLDER_MODE = 0700;
 constexpr qint64 ZEROS_AT_ONCE_BYTES = qint64{1} << 20;
@@ -121,14 +116,6 @@ private:
 
 HistoryFile::HistoryFile(std::filesystem::path path)
     : m_path(std::move(path)) {}
-
-std::filesystem::path HistoryFile::defaultPath() {
-    auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    if (QDir::isRelativePath(folder)) { // from a variable that is to be ignored then
-        folder = QDir::homePath() + QStringLiteral("/.local/share");
-    }
-    return std::filesystem::path(QFile::encodeName(folder).toStdString()) / FOLDER_NAME / FILE_NAME;
-}
 
 void HistoryFile::createFolder() const {
     std::filesystem::path folder;

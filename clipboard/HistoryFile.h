@@ -23,9 +23,6 @@ class HistoryFile {
 public:
     explicit HistoryFile(std::filesystem::path path);
 
-    /// Where the history of this user is kept.
-    static std::filesystem::path defaultPath();
-
     /// The entries, each with a new id; records that are broken are left out. Nothing when the file cannot be read,
     /// is no regular file, does not fit into memory, is not JSON or not an array of objects.
     std::optional<QList<ClipboardItem>> read() const;

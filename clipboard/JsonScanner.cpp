@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/JsonScanner.h"
 
-#include "clipboard/ByteBlocks.h"
+#include "text/ByteBlocks.h"
 
 #include <QByteArrayView>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/JsonString.h"
 
-#include "clipboard/ByteBlocks.h"
-#include "clipboard/CodePoints.h"
+#include "text/ByteBlocks.h"
+#include "text/CodePoints.h"
 
 #include <algorithm>
 #include <charconv>

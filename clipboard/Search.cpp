@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/Search.h"
 
-#include "clipboard/ByteBlocks.h"
-#include "clipboard/Characters.h"
-#include "clipboard/CodePoints.h"
-#include "clipboard/FoldedCharacters.h"
-#include "clipboard/NormalForm.h"
+#include "text/ByteBlocks.h"
+#include "text/Characters.h"
+#include "text/CodePoints.h"
+#include "text/FoldedCharacters.h"
+#include "text/NormalForm.h"
 #include "clipboard/TextFinder.h"
 
 #include <QLocale>

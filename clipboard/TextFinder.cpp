@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/TextFinder.h"
 
-#include "clipboard/ByteBlocks.h"
+#include "text/ByteBlocks.h"
 
 #include <algorithm>
 #include <bit>

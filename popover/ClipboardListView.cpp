@@ -9,7 +9,7 @@
 #include "popover/HistoryListAccessible.h"
 #include "popover/HistoryListWidget.h"
 #include "popover/PopoverBars.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 #include "ui/ConfirmationSheet.h"
 #include "ui/SearchField.h"
 #include "ui/Typography.h"

@@ -4,7 +4,7 @@
 
 #include "RowMetrics.h"
 
-#include "clipboard/Characters.h"
+#include "text/Characters.h"
 #include "popover/RelativeTime.h"
 #include "popover/TextLines.h"
 #include "ui/Typography.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "popover/DetectedLinks.h"
 
-#include "clipboard/Characters.h"
+#include "text/Characters.h"
 #include "platform/LinkDetector.h"
 
 #include <QSet>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "settings/SettingsPage.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 
 #include <QStringList>
 

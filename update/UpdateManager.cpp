@@ -6,7 +6,7 @@
 #include "platform/Log.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 #include "update/FreshAnswers.h"
 #include "update/StrictAddress.h"
 #include "update/UpdateRequest.h"

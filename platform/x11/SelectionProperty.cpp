@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/SelectionProperty.h"
 
-#include "platform/x11/SelectionText.h"
+#include "platform/freedesktop/selection/SelectionText.h"
 
 #include <algorithm>
 #include <array>

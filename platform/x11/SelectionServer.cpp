@@ -4,7 +4,7 @@
 
 #include "platform/x11/OutgoingTransfers.h"
 #include "platform/x11/SelectionProperty.h"
-#include "platform/x11/SelectionText.h"
+#include "platform/freedesktop/selection/SelectionText.h"
 
 #include <utility>
 

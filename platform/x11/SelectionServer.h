@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/x11/Connection.h"
-#include "platform/x11/ImageFormat.h"
+#include "platform/freedesktop/selection/ImageFormat.h"
 
 #include <QByteArray>
 

@@ -4,7 +4,7 @@
 
 #include "platform/KeystrokePoster.h"
 #include "platform/x11/Connection.h"
-#include "platform/x11/PasteKeystroke.h"
+#include "platform/freedesktop/selection/PasteKeystroke.h"
 
 #include <QTimer>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Workspace.h"
 
-#include "platform/freedesktop/SessionFiles.h"
+#include "platform/freedesktop/session/SessionFiles.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/freedesktop/PortalAppearance.h"
+#include "platform/freedesktop/session/PortalAppearance.h"
 #include "tests/contracts/AppearanceContract.h"
 #include "tests/contracts/PortalRig.h"
 #include "tests/fakes/FakeAppearance.h"

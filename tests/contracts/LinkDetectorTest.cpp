@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/freedesktop/ScannerLinkDetector.h"
+#include "platform/links/ScannerLinkDetector.h"
 #include "tests/contracts/LinkDetectorContract.h"
 #include "tests/fakes/FakeLinkDetector.h"
 

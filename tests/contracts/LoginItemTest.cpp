@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/freedesktop/AutostartEntry.h"
-#include "platform/freedesktop/XdgLoginItem.h"
+#include "platform/freedesktop/session/AutostartEntry.h"
+#include "platform/freedesktop/session/XdgLoginItem.h"
 #include "tests/contracts/LoginItemContract.h"
 #include "tests/fakes/FakeLoginItem.h"
 

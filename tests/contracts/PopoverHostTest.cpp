@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/freedesktop/PopoverPlacement.h"
-#include "platform/freedesktop/PopoverWindow.h"
+#include "platform/freedesktop/popover/PopoverPlacement.h"
+#include "platform/freedesktop/popover/PopoverWindow.h"
 #include "tests/contracts/PopoverHostContract.h"
 #include "tests/fakes/FakeAppearance.h"
 #include "tests/fakes/FakePopoverHost.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/freedesktop/LinkCharacters.h"
-#include "platform/freedesktop/LinkScan.h"
+#include "platform/links/LinkCharacters.h"
+#include "platform/links/LinkScan.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/x11/ImageFormat.h"
+#include "platform/freedesktop/selection/ImageFormat.h"
 #include "platform/x11/SelectionProperty.h"
-#include "platform/x11/SelectionText.h"
+#include "platform/freedesktop/selection/SelectionText.h"
 
 #include <QString>
 

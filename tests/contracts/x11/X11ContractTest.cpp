@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/freedesktop/ApplicationNames.h"
+#include "platform/freedesktop/session/ApplicationNames.h"
 #include "platform/freedesktop/BootstrapSymbols.h"
 #include "platform/freedesktop/QtApplication.h"
-#include "platform/freedesktop/QtStatusItem.h"
+#include "platform/freedesktop/tray/QtStatusItem.h"
 #include "platform/x11/Connection.h"
 #include "platform/x11/Keyboard.h"
 #include "platform/x11/Windows.h"

@@ -4,7 +4,7 @@
 
 #include "app/AppDelegate.h"
 #include "clipboard/ClipboardManager.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 #include "tests/fakes/FakeAccessibilityTrust.h"
 #include "tests/fakes/FakeAlert.h"
 #include "tests/fakes/FakeAppBundle.h"

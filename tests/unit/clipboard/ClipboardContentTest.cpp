@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/ClipboardContent.h"
 
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 #include "tests/fakes/FakeUserDefaults.h"
 
 #include <QSet>

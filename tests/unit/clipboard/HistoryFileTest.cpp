@@ -281,20 +281,6 @@ TEST_F(HistoryFileTest, ALargeHistoryIsSavedAndLoadedWhole) {
     }
 }
 
-TEST_F(HistoryFileTest, TheDefaultPlaceIsTheUsersDataFolder) {
-    const auto before = qgetenv("XDG_DATA_HOME");
-    const auto homeBefore = qgetenv("HOME");
-    qputenv("XDG_DATA_HOME", "/somewhere/data");
-    EXPECT_EQ(HistoryFile::defaultPath(), "/somewhere/data/Zamber/clipboard_history.json");
-    qunsetenv("XDG_DATA_HOME");
-    qputenv("HOME", "/home/somebody");
-    EXPECT_EQ(HistoryFile::defaultPath(), "/home/somebody/.local/share/Zamber/clipboard_history.json");
-    qputenv("XDG_DATA_HOME", "relative/path");
-    EXPECT_EQ(HistoryFile::defaultPath(), "/home/somebody/.local/share/Zamber/clipboard_history.json");
-    qputenv("HOME", homeBefore);
-    before.isNull() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", before);
-}
-
 } // namespace
 
 } // namespace zamber

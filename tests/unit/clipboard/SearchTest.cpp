@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/Search.h"
 
-#include "clipboard/CodePoints.h"
+#include "text/CodePoints.h"
 
 #include <QLocale>
 

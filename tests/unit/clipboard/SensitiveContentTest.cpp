@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/SensitiveContent.h"
 
-#include "clipboard/CodePoints.h"
+#include "text/CodePoints.h"
 
 #include <gtest/gtest.h>
 #include <unicode/locid.h>

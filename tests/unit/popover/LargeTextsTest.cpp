@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "popover/LargeTexts.h"
 
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 #include "tests/unit/popover/ClipboardListViewFixture.h"
 
 #include <QAccessible>

@@ -3,7 +3,7 @@
 
 // Every number of the layout, against what is really painted.
 #include "popover/TextLines.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 #include "tests/unit/popover/PopoverGeometryFixture.h"
 #include "ui/Typography.h"
 

@@ -4,8 +4,8 @@
 // Draws the popover in its states into the folder that is given, for people to look at. The scale is Qt's own
 // (QT_SCALE_FACTOR).
 #include "platform/freedesktop/BootstrapSymbols.h"
-#include "platform/freedesktop/PopoverFrame.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "platform/freedesktop/popover/PopoverFrame.h"
+#include "preferences/PreferenceKeys.h"
 #include "tests/unit/popover/PopoverStage.h"
 
 #include <QAbstractButton>

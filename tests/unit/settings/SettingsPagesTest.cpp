@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "SettingsStage.h"
 
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 #include "tests/fakes/FakeSymbols.h"
 #include "ui/BorderedButton.h"
 #include "ui/ProgressIndicator.h"

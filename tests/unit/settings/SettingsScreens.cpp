@@ -6,7 +6,7 @@
 #include "SettingsStage.h"
 
 #include "platform/freedesktop/BootstrapSymbols.h"
-#include "settings/keys/PreferenceKeys.h"
+#include "preferences/PreferenceKeys.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+
+namespace zamber {
+
+/// The folder for this user's data files: `$XDG_DATA_HOME`, or `~/.local/share` where that variable is unset, empty or
+/// a relative path, which the XDG Base Directory standard has programs ignore.
+std::filesystem::path userDataFolder();
+
+} // namespace zamber

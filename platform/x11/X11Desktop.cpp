@@ -1,0 +1,200 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/x11/X11Desktop.h"
+
+#include "platform/freedesktop/session/ApplicationNames.h"
+#include "platform/freedesktop/BootstrapSymbols.h"
+#include "platform/freedesktop/BuiltAppBundle.h"
+#include "platform/freedesktop/CanberraSound.h"
+#include "platform/freedesktop/tray/ClosingPress.h"
+#include "platform/freedesktop/CommandDiskImageTool.h"
+#include "platform/freedesktop/LocalBundleFiles.h"
+#include "platform/freedesktop/popover/PopoverWindow.h"
+#include "platform/freedesktop/session/PortalAppearance.h"
+#include "platform/freedesktop/QtAlert.h"
+#include "platform/freedesktop/QtApplication.h"
+#include "platform/freedesktop/QtKeyMonitor.h"
+#include "platform/freedesktop/QtScheduler.h"
+#include "platform/freedesktop/tray/QtStatusItem.h"
+#include "platform/links/ScannerLinkDetector.h"
+#include "platform/freedesktop/SettingsUserDefaults.h"
+#include "platform/freedesktop/session/SingleInstance.h"
+#include "platform/freedesktop/session/UserFolders.h"
+#include "platform/freedesktop/TextFieldPaste.h"
+#include "platform/freedesktop/session/XdgLoginItem.h"
+#include "platform/x11/ButtonPresses.h"
+#include "platform/x11/Connection.h"
+#include "platform/x11/Keyboard.h"
+#include "platform/x11/Panels.h"
+#include "platform/x11/Windows.h"
+#include "platform/x11/X11AccessibilityTrust.h"
+#include "platform/x11/X11HotKeyCenter.h"
+#include "platform/x11/X11KeystrokePoster.h"
+#include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11Workspace.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+
+#include <xcb/xcb.h>
+
+#include <utility>
+
+namespace zamber {
+
+using Connections = std::pair<std::unique_ptr<x11::Connection>, std::unique_ptr<x11::Connection>>;
+
+/// The pasteboard has a connection to itself, so that a large transfer does not stand before a hot key.
+struct X11Desktop::Adapters {
+    Adapters(std::unique_ptr<SingleInstance> onlyInstance, Connections connections)
+        : instance(std::move(onlyInstance))
+        , clipboardConnection(std::move(connections.first))
+        , inputConnection(std::move(connections.second)) {
+        QObject::connect(instance.get(), &SingleInstance::showRequested, instance.get(),
+                         [this] { application.requestShow(); });
+        QObject::connect(&popover, &PopoverWindow::shown, &presses, [this] {
+            closingPress.forget();
+            presses.setListening(x11::ButtonPresses::Listening::On);
+        });
+        QObject::connect(&popover, &PopoverWindow::closed, &presses,
+                         [this] { presses.setListening(x11::ButtonPresses::Listening::Off); });
+        QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover, [this] { handlePress(QCursor::pos()); });
+    }
+
+    void bringToFront(WId id) const {
+        const auto window = static_cast<xcb_window_t>(id);
+        // Asked to the front alone, the user would be taken to the desktop that the window is on.
+        windows.moveToCurrentDesktop(window);
+        windows.activate(window);
+    }
+
+    void presentPopover(xcb_window_t window) const {
+        windows.keepOutOfTaskbar(window);
+        windows.activate(window);
+    }
+
+    void handlePress(QPoint position) {
+        const bool wasShown = popover.isShown();
+        // A press on the status item is the first half of a click that toggles the popover.
+        if (!statusItem.isInTray() || !statusItem.button()->screenRectangle.contains(position)) {
+            popover.pressedOutside(position);
+        }
+        if (wasShown && !popover.isShown()) {
+            closingPress.note(position);
+        }
+    }
+
+    std::unique_ptr<SingleInstance> instance;
+    std::unique_ptr<x11::Connection> clipboardConnection;
+    std::unique_ptr<x11::Connection> inputConnection;
+
+    QtScheduler scheduler;
+    SettingsUserDefaults userDefaults{SettingsUserDefaults::defaultPath()};
+    x11::X11Pasteboard pasteboard{*clipboardConnection};
+    x11::Keyboard keyboard{*inputConnection};
+    x11::Windows windows{*inputConnection};
+    x11::Panels panels{*inputConnection};
+    x11::ButtonPresses presses{*inputConnection};
+    x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard};
+    x11::X11Workspace workspace{*inputConnection, windows, applicationNameOfClass};
+    x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, workspace, pasteboard};
+    x11::X11AccessibilityTrust trust{*inputConnection};
+
+    QtApplication application{[this](WId window) { bringToFront(window); }};
+    QtKeyMonitor keyMonitor;
+    TextFieldPaste textFieldPaste{pasteboard};
+    PortalAppearance appearance;
+    BootstrapSymbols symbols;
+    CanberraSound sounds;
+    XdgLoginItem loginItem{XdgLoginItem::defaultSurroundings(), QStringLiteral("app.zamber.Zamber"),
+                           QCoreApplication::applicationFilePath()};
+    ScannerLinkDetector links;
+    BuiltAppBundle bundle;
+    QtAlert alert;
+    LocalBundleFiles files;
+    CommandDiskImageTool images;
+    ClosingPress closingPress;
+    QtStatusItem statusItem{symbols,
+                            [this](QPoint pointer) { return !popover.isShown() && closingPress.claim(pointer); }};
+    PopoverWindow popover{appearance,
+                          {.isComposited = [this] { return windows.isComposited(); },
+                           .activateWindow = [this](WId id) { presentPopover(static_cast<xcb_window_t>(id)); },
+                           .workArea = [this](const QRect& monitor) { return panels.workArea(monitor); },
+                           .pressedElsewhere = [this](QPoint position) { handlePress(position); }}};
+};
+
+std::expected<void, std::string> X11Desktop::prepare() {
+    xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
+    const bool isConnected = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    if (!isConnected) {
+        return std::unexpected("there is no X server to be reached (on Wayland, XWayland has to be running)");
+    }
+    // On Wayland too: the clipboard, the hot keys and the keystroke are spoken over X there.
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    // A frame is painted when something has changed, not five milliseconds later.
+    qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
+    return {};
+}
+
+std::filesystem::path X11Desktop::historyFile() {
+    return userDataFolder() / "Zamber" / "clipboard_history.json";
+}
+
+std::expected<std::unique_ptr<X11Desktop>, std::string> X11Desktop::create() {
+    auto instance = std::make_unique<SingleInstance>(QStringLiteral("app.zamber.Zamber"));
+    switch (instance->start()) {
+    case SingleInstance::Start::OnlyOne:
+        break;
+    case SingleInstance::Start::OtherShown:
+        return nullptr;
+    case SingleInstance::Start::OtherHangs:
+        return std::unexpected("it is running already, but does not answer");
+    }
+    auto clipboard = x11::Connection::open();
+    auto input = x11::Connection::open();
+    if (!clipboard || !input) {
+        return std::unexpected((clipboard ? input : clipboard).error());
+    }
+    auto adapters =
+        std::make_unique<Adapters>(std::move(instance), Connections(std::move(*clipboard), std::move(*input)));
+    return std::unique_ptr<X11Desktop>(new X11Desktop(std::move(adapters)));
+}
+
+X11Desktop::X11Desktop(std::unique_ptr<Adapters> adapters)
+    : m_adapters(std::move(adapters)) {}
+
+X11Desktop::~X11Desktop() = default;
+
+void X11Desktop::setResponder(const QString& action, std::function<void()> responder) {
+    m_adapters->application.setResponder(action, std::move(responder));
+}
+
+void X11Desktop::bringToFront(WId window) {
+    m_adapters->bringToFront(window);
+}
+
+Desktop X11Desktop::ports() {
+    return {.application = m_adapters->application,
+            .pasteboard = m_adapters->pasteboard,
+            .workspace = m_adapters->workspace,
+            .hotKeys = m_adapters->hotKeys,
+            .keystrokes = m_adapters->keystrokes,
+            .keyMonitor = m_adapters->keyMonitor,
+            .trust = m_adapters->trust,
+            .statusItem = m_adapters->statusItem,
+            .popover = m_adapters->popover,
+            .appearance = m_adapters->appearance,
+            .symbols = m_adapters->symbols,
+            .sounds = m_adapters->sounds,
+            .loginItem = m_adapters->loginItem,
+            .links = m_adapters->links,
+            .bundle = m_adapters->bundle,
+            .alert = m_adapters->alert,
+            .files = m_adapters->files,
+            .images = m_adapters->images,
+            .userDefaults = m_adapters->userDefaults,
+            .scheduler = m_adapters->scheduler};
+}
+
+} // namespace zamber

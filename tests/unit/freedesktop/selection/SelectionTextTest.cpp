@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/freedesktop/selection/SelectionText.h"
+
+#include <gtest/gtest.h>
+
+namespace zamber::x11 {
+
+namespace {
+
+struct Row {
+    const char* name;
+    QByteArray from;
+    QByteArray to;
+};
+
+void PrintTo(const Row& row, std::ostream* out) {
+    *out << row.name;
+}
+
+class RepairedUtf8Test : public testing::TestWithParam<Row> {};
+
+TEST_P(RepairedUtf8Test, ReplacesWhatIsBroken) {
+    EXPECT_EQ(repairedUtf8(GetParam().from), GetParam().to);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, RepairedUtf8Test,
+                         testing::Values(Row{"empty", "", ""}, Row{"ascii", "plain", "plain"},
+                                         Row{"whole", "Zoë 文 🙂", "Zoë 文 🙂"},
+                                         Row{"lone continuation", "a\x80z", "a\xef\xbf\xbdz"},
+                                         Row{"cut at the end", "ab\xe6\x96", "ab\xef\xbf\xbd"},
+                                         Row{"latin-1", "Zo\xeb!", "Zo\xef\xbf\xbd!"},
+                                         Row{"nul inside", QByteArray("a\0b", 3), QByteArray("a\0b", 3)}));
+
+TEST(RepairedUtf8, SharesWhatIsValid) {
+    const QByteArray text("a text that is long enough to be allocated");
+    EXPECT_EQ(repairedUtf8(text).constData(), text.constData());
+}
+
+TEST(RepairedUtf8, KeepsAByteOrderMark) {
+    EXPECT_EQ(repairedUtf8("\xef\xbb\xbf"
+                           "a\x80"),
+              "\xef\xbb\xbf"
+              "a\xef\xbf\xbd");
+}
+
+class Latin1Test : public testing::TestWithParam<Row> {};
+
+TEST_P(Latin1Test, FromUtf8) {
+    EXPECT_EQ(latin1FromUtf8(GetParam().from), GetParam().to);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, Latin1Test,
+                         testing::Values(Row{"ascii", "plain\n", "plain\n"}, Row{"letters", "Zoë ÿ", "Zo\xeb \xff"},
+                                         Row{"controls", "\xc2\x80", "\x80"}, Row{"beyond", "a文b", "a?b"},
+                                         Row{"beyond the first plane", "🙂", "?"}, Row{"just beyond", "Ā", "?"}));
+
+TEST(Latin1, EveryCharacterComesBack) {
+    QByteArray all;
+    for (int character = 1; character < 256; ++character) {
+        all += static_cast<char>(character);
+    }
+    EXPECT_EQ(latin1FromUtf8(utf8FromLatin1(all)), all);
+}
+
+} // namespace
+
+} // namespace zamber::x11

@@ -9,7 +9,7 @@
 
 #include <chrono>
 
-namespace zamber {
+namespace zamber::app {
 
 namespace {
 
@@ -53,4 +53,4 @@ void AppDelegate::showPermissionWindow() {
     m_permissionWindow = std::move(window);
 }
 
-} // namespace zamber
+} // namespace zamber::app

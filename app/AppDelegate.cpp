@@ -9,11 +9,11 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::app {
 
 AppDelegate::AppDelegate(const Desktop& desktop, const std::filesystem::path& historyFile, LaunchSteps launchSteps)
     : clipboardManager(
-          ClipboardManager::create(desktop.pasteboard, desktop.userDefaults, desktop.scheduler, historyFile))
+          clipboard::ClipboardManager::create(desktop.pasteboard, desktop.userDefaults, desktop.scheduler, historyFile))
     , m_desktop(desktop)
     , m_launchSteps(std::move(launchSteps))
     , m_launchAtLogin(desktop.loginItem) {}
@@ -39,4 +39,4 @@ void AppDelegate::applicationDidFinishLaunching() {
     checkAccessibility();
 }
 
-} // namespace zamber
+} // namespace zamber::app

@@ -16,10 +16,16 @@
 
 class QWidget;
 
-namespace zamber {
-
-class ClipboardListView;
+namespace zamber::clipboard {
 class ClipboardManager;
+}
+
+namespace zamber::popover {
+class ClipboardListView;
+}
+
+namespace zamber::app {
+
 class PermissionWindow;
 
 /// What begins with the program and is none of the delegate's own business.
@@ -63,7 +69,7 @@ public:
     void showPopover();
     void pasteToActiveApp();
 
-    const std::shared_ptr<ClipboardManager> clipboardManager;
+    const std::shared_ptr<clipboard::ClipboardManager> clipboardManager;
 
 private:
     void createStatusItem();
@@ -78,8 +84,8 @@ private:
 
     Desktop m_desktop;
     LaunchSteps m_launchSteps;
-    LaunchAtLoginManager m_launchAtLogin;
-    std::unique_ptr<ClipboardListView> m_listView;
+    install::LaunchAtLoginManager m_launchAtLogin;
+    std::unique_ptr<popover::ClipboardListView> m_listView;
     std::optional<HotKeyRef> m_hotKeyRef;
     std::optional<HotKeyRef> m_quickPasteHotKey2Ref;
     std::optional<HotKeyRef> m_quickPasteHotKey3Ref;
@@ -88,4 +94,4 @@ private:
     std::unique_ptr<PermissionWindow> m_permissionWindow;
 };
 
-} // namespace zamber
+} // namespace zamber::app

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
+#include "preferences/PreferenceKeys.h"
+
 #include "app/AppDelegate.h"
 #include "platform/HotKeyCenter.h"
 #include "platform/Scheduler.h"
 #include "platform/UserDefaults.h"
-#include "preferences/PreferenceKeys.h"
 
-namespace zamber {
+namespace zamber::app {
 
 namespace {
 
@@ -38,7 +39,7 @@ void AppDelegate::handleHotKey(std::uint32_t id) {
     case QUICK_PASTE_2:
     case QUICK_PASTE_3:
         // The keys stay registered whatever the preference says, so that it takes effect with the next press.
-        if (read(m_desktop.userDefaults, keys::quickPasteEnabled)) {
+        if (read(m_desktop.userDefaults, preferences::quickPasteEnabled)) {
             quickPaste(id == QUICK_PASTE_2 ? 1 : 2);
         }
         break;
@@ -47,4 +48,4 @@ void AppDelegate::handleHotKey(std::uint32_t id) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::app

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
+#include "preferences/PreferenceKeys.h"
+
 #include "app/AppDelegate.h"
 #include "clipboard/ClipboardManager.h"
 #include "platform/AccessibilityTrust.h"
@@ -9,11 +11,10 @@
 #include "platform/Scheduler.h"
 #include "platform/SystemSound.h"
 #include "platform/Workspace.h"
-#include "preferences/PreferenceKeys.h"
 
 #include <chrono>
 
-namespace zamber {
+namespace zamber::app {
 
 namespace {
 
@@ -47,7 +48,7 @@ void AppDelegate::pasteToActiveApp() {
 }
 
 void AppDelegate::quickPaste(int index) {
-    const QList<ClipboardItem> items = clipboardManager->filteredItems();
+    const QList<clipboard::ClipboardItem> items = clipboardManager->filteredItems();
     if (index >= items.size()) {
         return;
     }
@@ -63,7 +64,7 @@ void AppDelegate::quickPaste(int index) {
 }
 
 void AppDelegate::playPasteSound() {
-    if (read(m_desktop.userDefaults, keys::playSoundOnPaste)) {
+    if (read(m_desktop.userDefaults, preferences::playSoundOnPaste)) {
         m_desktop.sounds.play(QStringLiteral("Tink"));
     }
 }
@@ -72,4 +73,4 @@ void AppDelegate::cgEventPaste(const std::optional<RunningApplication>& target) 
     m_desktop.keystrokes.postPaste(target, [] { logLine("✅ Pasted via CGEvent"); });
 }
 
-} // namespace zamber
+} // namespace zamber::app

@@ -14,7 +14,7 @@
 
 #include <array>
 
-namespace zamber {
+namespace zamber::app {
 
 using namespace Qt::StringLiterals;
 
@@ -49,9 +49,9 @@ PermissionView::PermissionView(const Appearance& appearance, const Symbols& symb
     : QWidget(parent)
     , m_appearance(appearance)
     , m_symbols(symbols)
-    , m_shield(new SymbolView(symbols, u"lock.shield"_s, 40, QFont::Normal, this))
-    , m_title(new TextLabel(u"Zamber needs Accessibility"_s, textFont(16, QFont::Bold), this))
-    , m_hint(new TextLabel(u"This window closes automatically once granted."_s, textFont(11), this)) {
+    , m_shield(new ui::SymbolView(symbols, u"lock.shield"_s, 40, QFont::Normal, this))
+    , m_title(new ui::TextLabel(u"Zamber needs Accessibility"_s, ui::textFont(16, QFont::Bold), this))
+    , m_hint(new ui::TextLabel(u"This window closes automatically once granted."_s, ui::textFont(11), this)) {
     setFixedWidth(WIDTH);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(PADDING, PADDING, PADDING, PADDING);
@@ -70,10 +70,10 @@ QWidget* PermissionView::createSteps() {
     grid->setHorizontalSpacing(SYMBOL_GAP);
     grid->setVerticalSpacing(STEP_SPACING);
     for (const Step& step : STEPS) {
-        auto* number = new SymbolView(m_symbols, step.symbol, STEP_POINTS, QFont::Normal, steps);
+        auto* number = new ui::SymbolView(m_symbols, step.symbol, STEP_POINTS, QFont::Normal, steps);
         auto* text = new QLabel(richTextOfMarkup(step.markup.toString()), steps);
         text->setTextFormat(Qt::RichText);
-        text->setFont(textFont(STEP_POINTS));
+        text->setFont(ui::textFont(STEP_POINTS));
         text->setAccessibleName(step.markup.toString().remove(u"**"_s));
         const int row = grid->rowCount();
         grid->addWidget(number, row, 0, Qt::AlignVCenter);
@@ -85,12 +85,12 @@ QWidget* PermissionView::createSteps() {
 }
 
 void PermissionView::updateAppearance() {
-    m_palette =
-        m_appearance.isDark() ? Palette::dark(m_appearance.accentColor()) : Palette::light(m_appearance.accentColor());
+    m_palette = m_appearance.isDark() ? ui::Palette::dark(m_appearance.accentColor())
+                                      : ui::Palette::light(m_appearance.accentColor());
     m_shield->setColor(m_palette.blue);
     m_title->setColor(m_palette.primary);
     m_hint->setColor(m_palette.tertiary);
-    for (SymbolView* const number : m_stepNumbers) {
+    for (ui::SymbolView* const number : m_stepNumbers) {
         number->setColor(m_palette.secondary);
     }
     for (QLabel* const text : m_stepTexts) {
@@ -105,4 +105,4 @@ void PermissionView::paintEvent(QPaintEvent*) {
     QPainter(this).fillRect(rect(), m_palette.ultraThinMaterial);
 }
 
-} // namespace zamber
+} // namespace zamber::app

@@ -11,11 +11,16 @@
 class QLabel;
 
 namespace zamber {
-
 class Appearance;
-class SymbolView;
 class Symbols;
+} // namespace zamber
+
+namespace zamber::ui {
+class SymbolView;
 class TextLabel;
+} // namespace zamber::ui
+
+namespace zamber::app {
 
 /// Lightweight markup as rich text: what stands between double asterisks is bold. Everything else is taken literally.
 QString richTextOfMarkup(const QString& markup);
@@ -38,12 +43,12 @@ private:
 
     const Appearance& m_appearance;
     const Symbols& m_symbols;
-    Palette m_palette;
-    SymbolView* m_shield;
-    TextLabel* m_title;
-    QList<SymbolView*> m_stepNumbers;
+    ui::Palette m_palette;
+    ui::SymbolView* m_shield;
+    ui::TextLabel* m_title;
+    QList<ui::SymbolView*> m_stepNumbers;
     QList<QLabel*> m_stepTexts;
-    TextLabel* m_hint;
+    ui::TextLabel* m_hint;
 };
 
-} // namespace zamber
+} // namespace zamber::app

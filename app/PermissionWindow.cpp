@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::app {
 
 namespace {
 
@@ -47,4 +47,4 @@ void PermissionWindow::updateAppearance() {
     m_view->updateAppearance();
 }
 
-} // namespace zamber
+} // namespace zamber::app

@@ -5,10 +5,13 @@
 #include <QWidget>
 
 namespace zamber {
-
 class Appearance;
-class PermissionView;
 class Symbols;
+} // namespace zamber
+
+namespace zamber::app {
+
+class PermissionView;
 
 /// A small window that floats above ordinary ones while the permission to post key events is missing. It can be moved
 /// and closed, and nothing else. Closing it hides it.
@@ -27,4 +30,4 @@ private:
     PermissionView* m_view;
 };
 
-} // namespace zamber
+} // namespace zamber::app

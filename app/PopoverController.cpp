@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
+#include "preferences/PreferenceKeys.h"
+
 #include "app/AppDelegate.h"
 #include "app/PermissionWindow.h"
 #include "platform/Appearance.h"
@@ -7,10 +9,9 @@
 #include "platform/PopoverHost.h"
 #include "platform/Scheduler.h"
 #include "popover/ClipboardListView.h"
-#include "preferences/PreferenceKeys.h"
 #include "update/UpdateManager.h"
 
-namespace zamber {
+namespace zamber::app {
 
 void AppDelegate::createPopover() {
     updatePopoverSize();
@@ -28,41 +29,42 @@ void AppDelegate::createPopover() {
 }
 
 QWidget* AppDelegate::makeListView() {
-    m_listView = std::make_unique<ClipboardListView>(
+    m_listView = std::make_unique<popover::ClipboardListView>(
         m_desktop.keyMonitor, m_desktop.appearance, m_desktop.symbols, m_desktop.userDefaults, m_desktop.scheduler,
         clipboardManager,
-        ClipboardListView::Callbacks{.openSettings = [this] { openSettings(); },
-                                     .closePopover = [this] { m_desktop.popover.performClose(); },
-                                     .openAddress = [this](const QUrl& address) { m_desktop.workspace.open(address); },
-                                     .showMenu = [this](const QList<MenuItem>& menu,
-                                                        QPoint place) { return m_desktop.popover.showMenu(menu, place); },
-                                     .linkDetector = &m_desktop.links,
-                                     .commandKeyHint = m_desktop.hotKeys.commandKeyHint()});
+        popover::ClipboardListView::Callbacks{
+            .openSettings = [this] { openSettings(); },
+            .closePopover = [this] { m_desktop.popover.performClose(); },
+            .openAddress = [this](const QUrl& address) { m_desktop.workspace.open(address); },
+            .showMenu = [this](const QList<MenuItem>& menu,
+                               QPoint place) { return m_desktop.popover.showMenu(menu, place); },
+            .linkDetector = &m_desktop.links,
+            .commandKeyHint = m_desktop.hotKeys.commandKeyHint()});
     followUpdates();
     return m_listView.get();
 }
 
 void AppDelegate::followUpdates() {
-    UpdateManager& updates = UpdateManager::shared();
+    update::UpdateManager& updates = update::UpdateManager::shared();
     const auto showNotice = [this, &updates] {
         if (!updates.updateAvailable() || updates.isVersionSkipped()) {
             m_listView->setUpdateNotice(std::nullopt);
             return;
         }
-        m_listView->setUpdateNotice(UpdateNotice{.latestVersion = updates.latestVersion(),
-                                                 .download = [&updates] { updates.downloadUpdate(); },
-                                                 .skip = [&updates] { updates.skipVersion(); }});
+        m_listView->setUpdateNotice(popover::UpdateNotice{.latestVersion = updates.latestVersion(),
+                                                          .download = [&updates] { updates.downloadUpdate(); },
+                                                          .skip = [&updates] { updates.skipVersion(); }});
     };
-    QObject::connect(&updates, &UpdateManager::changed, m_listView.get(), showNotice);
+    QObject::connect(&updates, &update::UpdateManager::changed, m_listView.get(), showNotice);
     showNotice();
 }
 
 void AppDelegate::observePreferences() {
     // Not at once: the change comes in the middle of the write that causes it.
-    m_desktop.userDefaults.addObserver(keys::popoverSize.name, [this] {
+    m_desktop.userDefaults.addObserver(preferences::popoverSize.name, [this] {
         m_desktop.scheduler.soon([self = shared_from_this()] { self->updatePopoverSize(); });
     });
-    m_desktop.userDefaults.addObserver(keys::appTheme.name, [this] {
+    m_desktop.userDefaults.addObserver(preferences::appTheme.name, [this] {
         m_desktop.scheduler.soon([self = shared_from_this()] { self->updatePopoverAppearance(); });
     });
 }
@@ -79,7 +81,7 @@ void AppDelegate::showPopover() {
 }
 
 void AppDelegate::updatePopoverSize() {
-    const QString size = read(m_desktop.userDefaults, keys::popoverSize);
+    const QString size = read(m_desktop.userDefaults, preferences::popoverSize);
     if (size == QStringLiteral("compact")) {
         m_desktop.popover.setContentSize({360, 340});
     } else if (size == QStringLiteral("large")) {
@@ -90,7 +92,7 @@ void AppDelegate::updatePopoverSize() {
 }
 
 void AppDelegate::updatePopoverAppearance() {
-    const QString theme = read(m_desktop.userDefaults, keys::appTheme);
+    const QString theme = read(m_desktop.userDefaults, preferences::appTheme);
     if (theme == QStringLiteral("light")) {
         m_desktop.popover.setAppearance(PopoverAppearance::Light);
     } else if (theme == QStringLiteral("dark")) {
@@ -100,4 +102,4 @@ void AppDelegate::updatePopoverAppearance() {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::app

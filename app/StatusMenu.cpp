@@ -10,7 +10,7 @@
 #include <QApplication>
 #include <QPalette>
 
-namespace zamber {
+namespace zamber::app {
 
 void AppDelegate::createStatusItem() {
     m_desktop.statusItem.showSymbol(QStringLiteral("doc.on.clipboard"), QStringLiteral("Zamber"));
@@ -21,8 +21,8 @@ void AppDelegate::createStatusItem() {
 void AppDelegate::updateMenuAppearance() {
     // Menus that we draw ourselves, the tray's among them, which no view of ours owns.
     const Appearance& appearance = m_desktop.appearance;
-    const Palette palette =
-        appearance.isDark() ? Palette::dark(appearance.accentColor()) : Palette::light(appearance.accentColor());
+    const ui::Palette palette = appearance.isDark() ? ui::Palette::dark(appearance.accentColor())
+                                                    : ui::Palette::light(appearance.accentColor());
     QApplication::setPalette(palette.forWidgets(), "QMenu");
 }
 
@@ -75,4 +75,4 @@ void AppDelegate::quitApp() {
     m_desktop.application.terminate();
 }
 
-} // namespace zamber
+} // namespace zamber::app

@@ -22,10 +22,10 @@
 
 #if defined(__APPLE__) || defined(ZAMBER_MACOS_STAND_INS)
 #include "platform/macos/MacDesktop.h"
-using ChosenDesktop = zamber::MacDesktop;
+using ChosenDesktop = zamber::macos::MacDesktop;
 #else
 #include "platform/x11/X11Desktop.h"
-using ChosenDesktop = zamber::X11Desktop;
+using ChosenDesktop = zamber::x11::X11Desktop;
 #endif
 
 namespace {
@@ -65,36 +65,37 @@ int main(int argc, char** argv) {
     }
     const zamber::Desktop ports = (*desktop)->ports();
     zamber::UserDefaults::setStandard(&ports.userDefaults);
-    zamber::UpdateManager::setShared(
-        zamber::UpdateManager::create(ports.scheduler, ports.userDefaults, ports.bundle, ports.workspace));
-    zamber::SettingsWindow settings(ports.symbols, ports.appearance,
-                                    {.defaults = ports.userDefaults,
-                                     .loginItem = ports.loginItem,
-                                     .trust = ports.trust,
-                                     .workspace = ports.workspace,
-                                     .bundle = ports.bundle,
-                                     .updates = zamber::UpdateManager::shared(),
-                                     .commandKeyHint = ports.hotKeys.commandKeyHint()},
-                                    [&desktop](WId window) { (*desktop)->bringToFront(window); });
+    zamber::update::UpdateManager::setShared(
+        zamber::update::UpdateManager::create(ports.scheduler, ports.userDefaults, ports.bundle, ports.workspace));
+    zamber::settings::SettingsWindow settings(ports.symbols, ports.appearance,
+                                              {.defaults = ports.userDefaults,
+                                               .loginItem = ports.loginItem,
+                                               .trust = ports.trust,
+                                               .workspace = ports.workspace,
+                                               .bundle = ports.bundle,
+                                               .updates = zamber::update::UpdateManager::shared(),
+                                               .commandKeyHint = ports.hotKeys.commandKeyHint()},
+                                              [&desktop](WId window) { (*desktop)->bringToFront(window); });
     for (const auto& action : {QStringLiteral("showSettingsWindow:"), QStringLiteral("showPreferencesWindow:")}) {
         (*desktop)->setResponder(action, [&settings] { settings.show(); });
     }
-    const auto delegate = std::make_shared<zamber::AppDelegate>(
+    const auto delegate = std::make_shared<zamber::app::AppDelegate>(
         ports, ChosenDesktop::historyFile(),
-        zamber::LaunchSteps{.startPeriodicChecks = [] { zamber::UpdateManager::shared().startPeriodicChecks(); },
-                            .checkAndPromptMove =
-                                [ports] {
-                                    zamber::DMGCleanup::checkAndPromptMove({.bundle = ports.bundle,
-                                                                            .alert = ports.alert,
-                                                                            .files = ports.files,
-                                                                            .images = ports.images,
-                                                                            .workspace = ports.workspace,
-                                                                            .application = ports.application,
-                                                                            .scheduler = ports.scheduler});
-                                }});
+        zamber::app::LaunchSteps{
+            .startPeriodicChecks = [] { zamber::update::UpdateManager::shared().startPeriodicChecks(); },
+            .checkAndPromptMove =
+                [ports] {
+                    zamber::install::DMGCleanup::checkAndPromptMove({.bundle = ports.bundle,
+                                                                     .alert = ports.alert,
+                                                                     .files = ports.files,
+                                                                     .images = ports.images,
+                                                                     .workspace = ports.workspace,
+                                                                     .application = ports.application,
+                                                                     .scheduler = ports.scheduler});
+                }});
     delegate->applicationDidFinishLaunching();
     startUp.reset();
     const int status = QApplication::exec();
-    zamber::UpdateManager::setShared(nullptr); // before what it refers to
+    zamber::update::UpdateManager::setShared(nullptr); // before what it refers to
     return status;
 }

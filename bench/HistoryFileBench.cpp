@@ -33,16 +33,17 @@ std::string_view view(const QByteArray& bytes) {
 }
 
 /// The least that saving can be: all of it encoded, and one write over the old file. The buffer is there already.
-void encodeAndWrite(const QList<ClipboardItem>& items, const std::filesystem::path& path, std::vector<char>& buffer) {
+void encodeAndWrite(const QList<clipboard::ClipboardItem>& items, const std::filesystem::path& path,
+                    std::vector<char>& buffer) {
     std::size_t size = 1;
     for (const auto& item : items) {
-        size += base64Length(view(item.content.bytes()).size());
+        size += clipboard::base64Length(view(item.content.bytes()).size());
     }
     buffer.resize(size);
     char* to = buffer.data();
     for (const auto& item : items) {
-        encodeBase64(to, view(item.content.bytes()));
-        to += base64Length(view(item.content.bytes()).size());
+        clipboard::encodeBase64(to, view(item.content.bytes()));
+        to += clipboard::base64Length(view(item.content.bytes()).size());
     }
     const int file = ::open(path.c_str(), O_WRONLY | O_CREAT, 0600);
     benchmark::DoNotOptimize(::write(file, buffer.data(), size - 1));
@@ -58,7 +59,7 @@ QList<QByteArray> readAndDecode(const std::filesystem::path& path, std::size_t t
     ::close(file);
     QList<QByteArray> images;
     for (std::size_t at = 0; at + textLength <= size; at += textLength) {
-        images.append(fromBase64({buffer.data() + at, textLength}).value_or(QByteArray()));
+        images.append(clipboard::fromBase64({buffer.data() + at, textLength}).value_or(QByteArray()));
     }
     return images;
 }
@@ -115,8 +116,8 @@ void measureMemory(const std::filesystem::path& path, double historyBytes) {
     report("peak private memory while saving", peakBytesOf("save", path) / MEGABYTE, "MB", Bound::AtMost, goal);
 }
 
-void measureTexts(const QTemporaryDir& folder, const char* what, const QList<ClipboardItem>& items) {
-    const HistoryFile file(folder.filePath(QStringLiteral("texts.json")).toStdString());
+void measureTexts(const QTemporaryDir& folder, const char* what, const QList<clipboard::ClipboardItem>& items) {
+    const clipboard::HistoryFile file(folder.filePath(QStringLiteral("texts.json")).toStdString());
     file.write(items);
     const auto times = shortestTimes(3, [&] { file.write(items); }, [&] { benchmark::DoNotOptimize(file.read()); });
     const double gigabytes = static_cast<double>(bytesOf(items)) / 1e9;
@@ -132,7 +133,7 @@ void measureHistoryFile() {
     const std::filesystem::path ours = folder.filePath(QStringLiteral("history.json")).toStdString();
     const std::filesystem::path least = folder.filePath(QStringLiteral("least.txt")).toStdString();
     const std::filesystem::path escaped = folder.filePath(QStringLiteral("escaped.json")).toStdString();
-    const HistoryFile file(ours);
+    const clipboard::HistoryFile file(ours);
     double historyBytes = 0;
     std::vector<char> buffer;
     {
@@ -140,16 +141,16 @@ void measureHistoryFile() {
         historyBytes = static_cast<double>(bytesOf(items));
         const auto times = shortestTimes(
             ROUNDS, [&] { encodeAndWrite(items, least, buffer); }, [&] { file.write(items); },
-            [&] { benchmark::DoNotOptimize(historyJsonSize(items)); });
+            [&] { benchmark::DoNotOptimize(clipboard::historyJsonSize(items)); });
         // What stands between the first changed byte and the last: all of saving but for what comes before.
         note("of it, a kill costs the file for", inMilliseconds(times[1] - times[2]), "ms");
         report("saving 100 images of 2 MB / encoding and one write", times[1] / times[0], "", Bound::AtMost, 1.5,
                milliseconds(times[1], times[0]));
     }
     escapeSlashes(ours, escaped);
-    const HistoryFile escapedFile(escaped);
+    const clipboard::HistoryFile escapedFile(escaped);
     const auto times = shortestTimes(
-        ROUNDS, [&] { benchmark::DoNotOptimize(readAndDecode(least, base64Length(IMAGE_BYTES), buffer)); },
+        ROUNDS, [&] { benchmark::DoNotOptimize(readAndDecode(least, clipboard::base64Length(IMAGE_BYTES), buffer)); },
         [&] { benchmark::DoNotOptimize(file.read()); }, [&] { benchmark::DoNotOptimize(escapedFile.read()); });
     report("loading 100 images of 2 MB / one read and decoding", times[1] / times[0], "", Bound::AtMost, 2.0,
            milliseconds(times[1], times[0]));
@@ -162,7 +163,7 @@ void measureHistoryFile() {
 }
 
 int tellMemory(const std::string& action, const std::string& path) {
-    const HistoryFile file(path);
+    const clipboard::HistoryFile file(path);
     const auto before = statusBytes("RssAnon");
     const auto loaded = action == "save" ? file.read() : std::nullopt;
     std::ofstream("/proc/self/clear_refs") << 5 << std::flush; // the peak counts from here

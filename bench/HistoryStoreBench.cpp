@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "Measuring.h"
+#include "preferences/PreferenceKeys.h"
 
 #include "clipboard/ClipboardManager.h"
 #include "clipboard/HistoryFile.h"
-#include "preferences/PreferenceKeys.h"
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/fakes/FakeScheduler.h"
 #include "tests/fakes/FakeUserDefaults.h"
@@ -36,12 +36,12 @@ constexpr const char* TYPED = "keeps what";
 /// A store over fakes, with its history loaded as at a start.
 class Store {
 public:
-    explicit Store(const QList<ClipboardItem>& items) {
+    explicit Store(const QList<clipboard::ClipboardItem>& items) {
         UserDefaults::setStandard(&defaults);
-        write(defaults, keys::maxItems, 10'000);
+        write(defaults, preferences::maxItems, 10'000);
         const auto path = m_folder.filePath(QStringLiteral("history.json")).toStdString();
-        HistoryFile(path).write(items);
-        manager = ClipboardManager::create(pasteboard, defaults, scheduler, path);
+        clipboard::HistoryFile(path).write(items);
+        manager = clipboard::ClipboardManager::create(pasteboard, defaults, scheduler, path);
         manager->startMonitoring();
     }
     ~Store() { UserDefaults::setStandard(nullptr); }
@@ -64,7 +64,7 @@ public:
     FakePasteboard& pasteboard = *ownPasteboard;
     FakeUserDefaults defaults;
     FakeScheduler scheduler;
-    std::shared_ptr<ClipboardManager> manager;
+    std::shared_ptr<clipboard::ClipboardManager> manager;
 
 private:
     QTemporaryDir m_folder;
@@ -113,10 +113,10 @@ void measureDerived(const std::string& name, const Store& store) {
              std::to_string(static_cast<double>(bytesOf(items)) / 1e9 / first) + " GB/s");
         report(name + what + ", again", each(shortestTimes(5, ofAll)[0]), "us", Bound::AtMost, FREE_MICROSECONDS);
     };
-    measure("preview", [](const ClipboardContent& content) { return content.preview(); });
-    measure("lineCount", [](const ClipboardContent& content) { return content.lineCount(); });
-    measure("charCount", [](const ClipboardContent& content) { return content.charCount(); });
-    measure("isSensitive", [](const ClipboardContent& content) { return content.isSensitive(); });
+    measure("preview", [](const clipboard::ClipboardContent& content) { return content.preview(); });
+    measure("lineCount", [](const clipboard::ClipboardContent& content) { return content.lineCount(); });
+    measure("charCount", [](const clipboard::ClipboardContent& content) { return content.charCount(); });
+    measure("isSensitive", [](const clipboard::ClipboardContent& content) { return content.isSensitive(); });
 }
 
 void measureShortTexts(int count) {
@@ -169,7 +169,7 @@ void measureLongTexts(Letters letters) {
     }
     const auto pass = shortestTimes(15, [&] {
         for (const auto& item : store.manager->items()) {
-            const auto& key = item.content.searchKey(CaseFolding::Common);
+            const auto& key = item.content.searchKey(text::CaseFolding::Common);
             benchmark::DoNotOptimize(std::memchr(key.constData(), 0, static_cast<std::size_t>(key.size())));
         }
     })[0];
@@ -209,25 +209,27 @@ void derived(benchmark::State& state, auto member) {
     FakeUserDefaults defaults;
     UserDefaults::setStandard(&defaults);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(member(ClipboardContent::text(text)));
+        benchmark::DoNotOptimize(member(clipboard::ClipboardContent::text(text)));
     }
     state.SetBytesProcessed(state.iterations() * text.size());
     UserDefaults::setStandard(nullptr);
 }
 void preview(benchmark::State& state) {
-    derived(state, [](const ClipboardContent& content) { return content.preview(); });
+    derived(state, [](const clipboard::ClipboardContent& content) { return content.preview(); });
 }
 void lineCount(benchmark::State& state) {
-    derived(state, [](const ClipboardContent& content) { return content.lineCount(); });
+    derived(state, [](const clipboard::ClipboardContent& content) { return content.lineCount(); });
 }
 void charCount(benchmark::State& state) {
-    derived(state, [](const ClipboardContent& content) { return content.charCount(); });
+    derived(state, [](const clipboard::ClipboardContent& content) { return content.charCount(); });
 }
 void searchKey(benchmark::State& state) {
-    derived(state, [](const ClipboardContent& content) { return content.searchKey(CaseFolding::Common).size(); });
+    derived(state, [](const clipboard::ClipboardContent& content) {
+        return content.searchKey(text::CaseFolding::Common).size();
+    });
 }
 void identity(benchmark::State& state) {
-    derived(state, [](const ClipboardContent& content) { return content.id(); });
+    derived(state, [](const clipboard::ClipboardContent& content) { return content.id(); });
 }
 BENCHMARK(preview)->ArgsProduct({{50, 1'000'000}, {0, 1}})->ArgNames({"bytes", "scripts"});
 BENCHMARK(lineCount)->ArgsProduct({{50, 1'000'000}, {0, 1}})->ArgNames({"bytes", "scripts"});

@@ -40,25 +40,25 @@ QByteArray words(qsizetype size, std::uint64_t seed, Letters letters) {
     return text;
 }
 
-QList<ClipboardItem> textHistory(int count, qsizetype size, Letters letters) {
-    QList<ClipboardItem> items;
+QList<clipboard::ClipboardItem> textHistory(int count, qsizetype size, Letters letters) {
+    QList<clipboard::ClipboardItem> items;
     for (int i = 0; i < count; ++i) {
-        items.append(
-            {ClipboardContent::text(words(size, static_cast<std::uint64_t>(i), letters)), 1'700'000'000.0 - i});
+        items.append({clipboard::ClipboardContent::text(words(size, static_cast<std::uint64_t>(i), letters)),
+                      1'700'000'000.0 - i});
     }
     return items;
 }
 
-QList<ClipboardItem> pictureHistory(int count, qsizetype size) {
-    QList<ClipboardItem> items;
+QList<clipboard::ClipboardItem> pictureHistory(int count, qsizetype size) {
+    QList<clipboard::ClipboardItem> items;
     for (int i = 0; i < count; ++i) {
         const auto bytes = pictureBytes(size, static_cast<std::uint64_t>(i));
-        items.append({ClipboardContent::image(bytes), 1'700'000'000.125 - i});
+        items.append({clipboard::ClipboardContent::image(bytes), 1'700'000'000.125 - i});
     }
     return items;
 }
 
-std::int64_t bytesOf(const QList<ClipboardItem>& items) {
+std::int64_t bytesOf(const QList<clipboard::ClipboardItem>& items) {
     std::int64_t bytes = 0;
     for (const auto& item : items) {
         bytes += item.content.bytes().size();

@@ -44,11 +44,11 @@ enum class Letters { Ascii, Mixed };
 QByteArray words(qsizetype size, std::uint64_t seed, Letters letters = Letters::Ascii);
 
 /// So many entries of texts of about that size, newest first, no two alike.
-QList<ClipboardItem> textHistory(int count, qsizetype size, Letters letters = Letters::Ascii);
-QList<ClipboardItem> pictureHistory(int count, qsizetype size);
+QList<clipboard::ClipboardItem> textHistory(int count, qsizetype size, Letters letters = Letters::Ascii);
+QList<clipboard::ClipboardItem> pictureHistory(int count, qsizetype size);
 
 /// How many bytes the texts and images have.
-std::int64_t bytesOf(const QList<ClipboardItem>& items);
+std::int64_t bytesOf(const QList<clipboard::ClipboardItem>& items);
 
 /// Prints one line of the table of goals: what, the figure, the most (or with `atLeast` the least) that it may be.
 enum class Bound { AtMost, AtLeast };

@@ -2,14 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/Base64.h"
 
-#include "clipboard/Base64Codec.h"
 #include "text/ByteBlocks.h"
+
+#include "clipboard/Base64Codec.h"
 
 #include <array>
 #include <bit>
 #include <cstring>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -58,7 +59,7 @@ std::optional<QByteArray> fromBase64(std::string_view text) {
 std::optional<QByteArray> fromSlashEscapedBase64(std::string_view text) {
     Decoder decoder(text.size());
     // Room for the block that fills it, what is copied too much, and the last two blocks.
-    std::array<char, PIECE_BYTES + 4 * BYTE_BLOCK> piece; // NOLINT(cppcoreguidelines-pro-type-member-init)
+    std::array<char, PIECE_BYTES + 4 * text::BYTE_BLOCK> piece; // NOLINT(cppcoreguidelines-pro-type-member-init)
     std::size_t filled = 0;
     const auto decodeFull = [&](bool isLast) {
         // What does not fill four characters waits for the next piece. Padding is for the end alone.
@@ -72,24 +73,24 @@ std::optional<QByteArray> fromSlashEscapedBase64(std::string_view text) {
         return true;
     };
     std::size_t at = 0;
-    for (; at + 2 * BYTE_BLOCK <= text.size(); at += BYTE_BLOCK) {
+    for (; at + 2 * text::BYTE_BLOCK <= text.size(); at += text::BYTE_BLOCK) {
         if (filled >= PIECE_BYTES && !decodeFull(false)) {
             return std::nullopt;
         }
         const char* block = text.data() + at;
         std::size_t from = 0;
         // A whole block each time: more than is needed costs less than to copy a length that nobody could predict.
-        for (auto bits = blockBits(block, isBackslash); bits != 0; bits &= bits - 1) {
+        for (auto bits = text::blockBits(block, isBackslash); bits != 0; bits &= bits - 1) {
             const auto backslash = static_cast<std::size_t>(std::countr_zero(bits));
             if (block[backslash + 1] != '/') {
                 return std::nullopt;
             }
-            std::memcpy(piece.data() + filled, block + from, BYTE_BLOCK);
+            std::memcpy(piece.data() + filled, block + from, text::BYTE_BLOCK);
             filled += backslash - from;
             from = backslash + 1;
         }
-        std::memcpy(piece.data() + filled, block + from, BYTE_BLOCK);
-        filled += BYTE_BLOCK - from;
+        std::memcpy(piece.data() + filled, block + from, text::BYTE_BLOCK);
+        filled += text::BYTE_BLOCK - from;
     }
     for (; at < text.size(); ++at) {
         if (isBackslash(static_cast<unsigned char>(text[at])) && (++at == text.size() || text[at] != '/')) {
@@ -100,4 +101,4 @@ std::optional<QByteArray> fromSlashEscapedBase64(std::string_view text) {
     return decodeFull(true) ? std::optional(std::move(decoder).bytes()) : std::nullopt;
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

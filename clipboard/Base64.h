@@ -8,7 +8,7 @@
 #include <optional>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// How long the Base64 of so many bytes is.
 constexpr std::size_t base64Length(std::size_t bytes) {
@@ -26,4 +26,4 @@ std::optional<QByteArray> fromBase64(std::string_view text);
 /// The same for a text in which every slash may have a backslash before it, as some JSON writers have it.
 std::optional<QByteArray> fromSlashEscapedBase64(std::string_view text);
 
-} // namespace zamber
+} // namespace zamber::clipboard

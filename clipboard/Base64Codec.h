@@ -7,7 +7,7 @@
 #include <string_view>
 
 /// What turns bytes into Base64 and back: a library's fast one where there is it, Qt's otherwise.
-namespace zamber::base64codec {
+namespace zamber::clipboard::base64codec {
 
 /// Writes padded Base64 without line breaks, and a zero byte behind it.
 void encode(char* output, std::string_view bytes);
@@ -16,4 +16,4 @@ void encode(char* output, std::string_view bytes);
 /// two bytes more than come out.
 std::optional<std::size_t> decode(char* output, std::string_view text);
 
-} // namespace zamber::base64codec
+} // namespace zamber::clipboard::base64codec

@@ -4,7 +4,7 @@
 
 #include <modp_b64.h>
 
-namespace zamber::base64codec {
+namespace zamber::clipboard::base64codec {
 
 void encode(char* output, std::string_view bytes) {
     modp_b64_encode(output, bytes.data(), bytes.size());
@@ -16,4 +16,4 @@ std::optional<std::size_t> decode(char* output, std::string_view text) {
     return length == failed ? std::nullopt : std::optional(length);
 }
 
-} // namespace zamber::base64codec
+} // namespace zamber::clipboard::base64codec

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace zamber::base64codec {
+namespace zamber::clipboard::base64codec {
 
 void encode(char* output, std::string_view bytes) {
     const QByteArray text = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size())).toBase64();
@@ -27,4 +27,4 @@ std::optional<std::size_t> decode(char* output, std::string_view text) {
     return static_cast<std::size_t>(decoded.decoded.size());
 }
 
-} // namespace zamber::base64codec
+} // namespace zamber::clipboard::base64codec

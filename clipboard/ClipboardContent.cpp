@@ -2,20 +2,21 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/ClipboardContent.h"
 
+#include "preferences/PreferenceKeys.h"
 #include "text/Characters.h"
+#include "text/NormalForm.h"
+
 #include "clipboard/Images.h"
 #include "clipboard/JsonString.h"
-#include "text/NormalForm.h"
 #include "clipboard/Search.h"
 #include "clipboard/SensitiveContent.h"
 #include "platform/UserDefaults.h"
-#include "preferences/PreferenceKeys.h"
 
 #include <algorithm>
 #include <mutex>
 #include <utility>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -45,12 +46,12 @@ std::string_view view(const QByteArray& bytes) {
 
 std::uint64_t imageFingerprint(std::string_view bytes) {
     const auto end = bytes.substr(bytes.size() - std::min(bytes.size(), FINGERPRINT_BYTES));
-    return byteHash(bytes.substr(0, FINGERPRINT_BYTES), byteHash(end, bytes.size()));
+    return text::byteHash(bytes.substr(0, FINGERPRINT_BYTES), text::byteHash(end, bytes.size()));
 }
 
 QString plainPreview(std::string_view text) {
-    const auto visible = trimmed(text);
-    const auto start = countCharacters(visible, PREVIEW_CHARACTERS);
+    const auto visible = text::trimmed(text);
+    const auto start = text::countCharacters(visible, PREVIEW_CHARACTERS);
     auto preview = QString::fromUtf8(visible.data(), static_cast<qsizetype>(start.bytes));
     return start.bytes < visible.size() ? preview + u'…' : preview;
 }
@@ -83,7 +84,7 @@ ClipboardContent::ClipboardContent(std::shared_ptr<const Payload> payload, std::
     , m_fingerprint(fingerprint) {}
 
 ClipboardContent ClipboardContent::text(QByteArray utf8) {
-    const auto fingerprint = canonicalHash(view(utf8), FINGERPRINT_BYTES);
+    const auto fingerprint = text::canonicalHash(view(utf8), FINGERPRINT_BYTES);
     return {std::make_shared<const Payload>(false, std::move(utf8)), fingerprint};
 }
 
@@ -94,7 +95,7 @@ ClipboardContent ClipboardContent::image(QByteArray bytes) {
 
 QByteArray ClipboardContent::id() const {
     return m_payload->id.get([this] {
-        const auto hash = isImage() ? byteHash(view(bytes())) : canonicalHash(view(bytes()));
+        const auto hash = isImage() ? text::byteHash(view(bytes())) : text::canonicalHash(view(bytes()));
         return QByteArray(isImage() ? "image-" : "text-") + QByteArray::number(static_cast<qint64>(hash));
     });
 }
@@ -103,7 +104,7 @@ QString ClipboardContent::preview() const {
     if (isImage()) {
         return QStringLiteral("📷 Image");
     }
-    if (read(UserDefaults::standard(), keys::hideSensitive) && isSensitive()) {
+    if (read(UserDefaults::standard(), preferences::hideSensitive) && isSensitive()) {
         return QString(MASK_BULLETS, u'●');
     }
     return m_payload->preview.get([this] { return plainPreview(view(bytes())); });
@@ -115,12 +116,12 @@ bool ClipboardContent::isSensitive() const {
 
 qsizetype ClipboardContent::lineCount() const {
     return m_payload->lineCount.get(
-        [this] { return isImage() ? 0 : static_cast<qsizetype>(countLines(view(bytes()))); });
+        [this] { return isImage() ? 0 : static_cast<qsizetype>(text::countLines(view(bytes()))); });
 }
 
 qsizetype ClipboardContent::charCount() const {
     return m_payload->charCount.get(
-        [this] { return isImage() ? 0 : static_cast<qsizetype>(countCharacters(view(bytes())).count); });
+        [this] { return isImage() ? 0 : static_cast<qsizetype>(text::countCharacters(view(bytes())).count); });
 }
 
 bool ClipboardContent::isImage() const {
@@ -155,8 +156,8 @@ QByteArray ClipboardContent::utf8() const {
     return m_payload->utf8.get([this] { return isImage() ? QByteArray() : repairedUtf8(bytes()); });
 }
 
-const QByteArray& ClipboardContent::searchKey(CaseFolding folding) const {
-    const auto& key = folding == CaseFolding::Turkic ? m_payload->turkicSearchKey : m_payload->searchKey;
+const QByteArray& ClipboardContent::searchKey(text::CaseFolding folding) const {
+    const auto& key = folding == text::CaseFolding::Turkic ? m_payload->turkicSearchKey : m_payload->searchKey;
     return key.get([this, folding] { return isImage() ? QByteArray("image") : makeSearchKey(bytes(), folding); });
 }
 
@@ -167,7 +168,7 @@ bool ClipboardContent::hasSameContent(const ClipboardContent& other) const {
     if (isImage() != other.isImage()) {
         return false;
     }
-    return isImage() ? bytes() == other.bytes() : canonicallyEqual(view(bytes()), view(other.bytes()));
+    return isImage() ? bytes() == other.bytes() : text::canonicallyEqual(view(bytes()), view(other.bytes()));
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -13,7 +13,7 @@
 #include <memory>
 #include <optional>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// What was copied: a text or the bytes of an image.
 ///
@@ -59,7 +59,7 @@ public:
     QByteArray utf8() const;
 
     /// The text made ready for searching (see Search.h); "image" for an image.
-    const QByteArray& searchKey(CaseFolding folding) const;
+    const QByteArray& searchKey(text::CaseFolding folding) const;
 
     /// Texts are equal when they are canonically equivalent, images when their bytes are.
     friend bool operator==(const ClipboardContent& left, const ClipboardContent& right) {
@@ -77,4 +77,4 @@ private:
     std::uint64_t m_fingerprint;
 };
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -8,7 +8,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// One entry of the history.
 struct ClipboardItem {
@@ -28,4 +28,4 @@ struct ClipboardItem {
     friend bool operator==(const ClipboardItem& left, const ClipboardItem& right) { return left.id == right.id; }
 };
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/ClipboardManager.h"
 
+#include "preferences/PreferenceKeys.h"
+
 #include "clipboard/HistoryFile.h"
 #include "clipboard/Search.h"
 #include "platform/Log.h"
 #include "platform/Pasteboard.h"
 #include "platform/UserDefaults.h"
-#include "preferences/PreferenceKeys.h"
 
 #include <algorithm>
 #include <chrono>
@@ -16,7 +17,7 @@
 #include <utility>
 #include <vector>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -77,8 +78,8 @@ QList<ClipboardItem> ClipboardManager::filteredItems() const {
 }
 
 int ClipboardManager::maxItems() const {
-    const int stored = read(m_defaults, keys::maxItems);
-    return stored == 0 ? keys::maxItems.fallback : stored;
+    const int stored = read(m_defaults, preferences::maxItems);
+    return stored == 0 ? preferences::maxItems.fallback : stored;
 }
 
 void ClipboardManager::startMonitoring() {
@@ -176,4 +177,4 @@ void ClipboardManager::loadFromDisk() {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -15,9 +15,11 @@
 #include <optional>
 
 namespace zamber {
-
 class Pasteboard;
 class UserDefaults;
+} // namespace zamber
+
+namespace zamber::clipboard {
 
 /// The history: watches the clipboard, keeps the entries and their rules, and saves them a second after each change.
 ///
@@ -83,4 +85,4 @@ private:
     int m_lastChangeCount = 0;
 };
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -4,7 +4,6 @@
 
 #include "clipboard/HistoryJson.h"
 
-
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -17,7 +16,7 @@
 #include <tuple>
 #include <utility>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -175,4 +174,4 @@ void HistoryFile::write(const QList<ClipboardItem>& items) const {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

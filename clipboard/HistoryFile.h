@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <optional>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// The file that the history survives in: a JSON array with an object per entry, in their order.
 ///
@@ -38,4 +38,4 @@ private:
     std::filesystem::path m_path;
 };
 
-} // namespace zamber
+} // namespace zamber::clipboard

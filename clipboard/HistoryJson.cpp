@@ -15,7 +15,7 @@
 #include <cstring>
 #include <string>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -250,4 +250,4 @@ bool writeHistoryJson(const QList<ClipboardItem>& items, const std::function<boo
     return writer.finish();
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

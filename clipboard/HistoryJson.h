@@ -12,7 +12,7 @@
 #include <optional>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// The entries of a history file's text (see HistoryFile.h), each with a new id; records that are broken are left
 /// out. Nothing when the text is not JSON or not an array of objects. Holds no more than one record at a time besides
@@ -27,4 +27,4 @@ std::optional<std::int64_t> historyJsonSize(const QList<ClipboardItem>& items);
 /// wants to go on; the result is its last answer.
 bool writeHistoryJson(const QList<ClipboardItem>& items, const std::function<bool(std::string_view block)>& take);
 
-} // namespace zamber
+} // namespace zamber::clipboard

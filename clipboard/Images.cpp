@@ -5,7 +5,7 @@
 #include <QBuffer>
 #include <QImageReader>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -61,4 +61,4 @@ QImage imageFilling(QSize box, const QByteArray& bytes) {
                                 .scaled(box, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -8,7 +8,7 @@
 
 #include <optional>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// The image in full, or nothing when the bytes do not decode, or to more than a gigabyte.
 std::optional<QImage> decodedImage(const QByteArray& bytes);
@@ -16,4 +16,4 @@ std::optional<QImage> decodedImage(const QByteArray& bytes);
 /// The image scaled to fill the box (pixels), what overflows cropped evenly; null where `decodedImage` has none.
 QImage imageFilling(QSize box, const QByteArray& bytes);
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -48,7 +48,7 @@ bool isShortEscape(char c) {
 /// Looks at the byte behind the block, too.
 bool needsCare(const char* block) {
     unsigned char found = 0;
-    for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+    for (std::size_t i = 0; i < text::BYTE_BLOCK; ++i) {
         const auto isEscapedSlash = static_cast<unsigned char>((block[i] == '\\') & (block[i + 1] == '/'));
         found |= static_cast<unsigned char>(isSpecial(static_cast<unsigned char>(block[i])) & ~isEscapedSlash);
     }
@@ -58,12 +58,12 @@ bool needsCare(const char* block) {
 /// The place of the first special character from there on that does not start a short escape, or one near the end of
 /// the text.
 std::size_t skipShortEscapes(std::string_view text, std::size_t at) {
-    while (at + BYTE_BLOCK < text.size()) {
+    while (at + text::BYTE_BLOCK < text.size()) {
         const char* block = text.data() + at;
-        std::size_t length = BYTE_BLOCK;
+        std::size_t length = text::BYTE_BLOCK;
         // The slash of an escape may be the first byte of the next block, where it stands for nothing special.
         if (needsCare(block)) {
-            for (auto bits = std::uint64_t{blockBits(block, isSpecial)}; bits != 0;) {
+            for (auto bits = std::uint64_t{text::blockBits(block, isSpecial)}; bits != 0;) {
                 const auto place = static_cast<std::size_t>(std::countr_zero(bits));
                 if (block[place] != '\\' || !isShortEscape(block[place + 1])) {
                     return at + place;
@@ -78,7 +78,7 @@ std::size_t skipShortEscapes(std::string_view text, std::size_t at) {
 }
 
 bool isUtf8(std::string_view text) {
-    return asciiLength(text) == text.size() ||
+    return text::asciiLength(text) == text.size() ||
            QByteArrayView(text.data(), static_cast<qsizetype>(text.size())).isValidUtf8();
 }
 
@@ -226,7 +226,7 @@ std::optional<JsonValue> JsonScanner::scalar() {
 bool JsonScanner::skipString() {
     const auto start = m_textStart + m_at;
     while (hasMore()) {
-        m_at = findByte(m_text, skipShortEscapes(m_text, m_at), isSpecial);
+        m_at = text::findByte(m_text, skipShortEscapes(m_text, m_at), isSpecial);
         if (m_at == m_text.size()) {
             continue;
         }
@@ -303,4 +303,4 @@ std::optional<double> jsonNumber(std::string_view rawNumber) {
     return isNumber ? std::optional(number) : std::nullopt;
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

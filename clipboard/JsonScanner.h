@@ -9,7 +9,7 @@
 #include <optional>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// One value of a JSON text, by its place.
 struct JsonValue {
@@ -72,4 +72,4 @@ private:
 /// The value of a number as the nearest double, or nothing when it is too large or too small for one.
 std::optional<double> jsonNumber(std::string_view rawNumber);
 
-} // namespace zamber
+} // namespace zamber::clipboard

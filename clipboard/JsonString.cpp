@@ -10,7 +10,7 @@
 #include <cstring>
 #include <optional>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -51,12 +51,12 @@ char32_t takeHexEscape(std::string_view& rawString) {
 
 QByteArray repairedUtf8(const QByteArray& text) {
     const std::string_view bytes(text.constData(), static_cast<std::size_t>(text.size()));
-    if (asciiLength(bytes) == bytes.size() || text.isValidUtf8()) {
+    if (text::asciiLength(bytes) == bytes.size() || text.isValidUtf8()) {
         return text;
     }
     QByteArray repaired;
     for (std::size_t at = 0; at < bytes.size();) {
-        appendCodePoint(repaired, nextCodePoint(bytes, at));
+        text::appendCodePoint(repaired, text::nextCodePoint(bytes, at));
     }
     return repaired;
 }
@@ -69,9 +69,9 @@ std::size_t jsonStringLength(std::string_view text) {
     };
     std::size_t length = text.size();
     std::size_t at = 0;
-    for (; at + BYTE_BLOCK <= text.size(); at += BYTE_BLOCK) {
+    for (; at + text::BYTE_BLOCK <= text.size(); at += text::BYTE_BLOCK) {
         unsigned char sum = 0;
-        for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+        for (std::size_t i = 0; i < text::BYTE_BLOCK; ++i) {
             sum = static_cast<unsigned char>(sum + surplus(text[at + i]));
         }
         length += sum;
@@ -84,7 +84,7 @@ std::size_t jsonStringLength(std::string_view text) {
 
 char* writeJsonString(char* to, std::string_view text) {
     for (std::size_t at = 0; at < text.size(); ++at) {
-        const auto plain = findByte(text, at, isSpecial) - at;
+        const auto plain = text::findByte(text, at, isSpecial) - at;
         std::memcpy(to, text.data() + at, plain);
         to += plain;
         at += plain;
@@ -111,7 +111,7 @@ QByteArray jsonText(std::string_view rawString) {
     QByteArray text(static_cast<qsizetype>(rawString.size()), Qt::Uninitialized);
     char* to = text.data();
     while (!rawString.empty()) {
-        const auto plain = findByte(rawString, 0, [](unsigned char byte) { return byte == '\\'; });
+        const auto plain = text::findByte(rawString, 0, [](unsigned char byte) { return byte == '\\'; });
         std::memcpy(to, rawString.data(), plain);
         to += plain;
         rawString.remove_prefix(plain);
@@ -121,7 +121,7 @@ QByteArray jsonText(std::string_view rawString) {
         const char escape = rawString[1];
         if (escape == 'u') {
             QByteArray character;
-            appendCodePoint(character, takeHexEscape(rawString));
+            text::appendCodePoint(character, takeHexEscape(rawString));
             to = std::ranges::copy(character, to).out;
             continue;
         }
@@ -133,4 +133,4 @@ QByteArray jsonText(std::string_view rawString) {
     return text;
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// A character of a text takes no more bytes than this in a JSON string.
 inline constexpr std::size_t LONGEST_JSON_ESCAPE_BYTES = 6;
@@ -25,4 +25,4 @@ char* writeJsonString(char* to, std::string_view text);
 /// becomes U+FFFD.
 QByteArray jsonText(std::string_view rawString);
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -7,6 +7,7 @@
 #include "text/CodePoints.h"
 #include "text/FoldedCharacters.h"
 #include "text/NormalForm.h"
+
 #include "clipboard/TextFinder.h"
 
 #include <QLocale>
@@ -15,7 +16,7 @@
 
 #include <array>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -50,15 +51,15 @@ icu::UnicodeString withTurkicI(const icu::UnicodeString& text) {
 }
 
 /// Folds by ICU what hangs together.
-void appendFoldedByIcu(QByteArray& key, std::string_view text, CaseFolding folding) {
-    NormalPieces pieces(text);
+void appendFoldedByIcu(QByteArray& key, std::string_view text, text::CaseFolding folding) {
+    text::NormalPieces pieces(text);
     for (auto piece = pieces.next(); !piece.empty(); piece = pieces.next()) {
-        auto apart = decomposed(icu::UnicodeString::fromUTF8(piece));
-        if (folding == CaseFolding::Turkic) {
+        auto apart = text::decomposed(icu::UnicodeString::fromUTF8(piece));
+        if (folding == text::CaseFolding::Turkic) {
             apart = withTurkicI(apart);
         }
         apart.foldCase();
-        decomposed(apart).toUTF8String(key);
+        text::decomposed(apart).toUTF8String(key);
     }
 }
 
@@ -68,8 +69,8 @@ void appendLowerCaseAscii(QByteArray& key, std::string_view text) {
     char* to = key.data() + start;
     const auto lowerCased = [](char c) { return static_cast<char>(c + (isUpperCaseAscii(c) ? 'a' - 'A' : 0)); };
     std::size_t at = 0;
-    for (; at + BYTE_BLOCK <= text.size(); at += BYTE_BLOCK) {
-        for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+    for (; at + text::BYTE_BLOCK <= text.size(); at += text::BYTE_BLOCK) {
+        for (std::size_t i = 0; i < text::BYTE_BLOCK; ++i) {
             to[at + i] = lowerCased(text[at + i]);
         }
     }
@@ -79,15 +80,15 @@ void appendLowerCaseAscii(QByteArray& key, std::string_view text) {
 }
 
 /// How much ASCII the text starts with that needs nothing but lower case.
-std::size_t fastAsciiLength(std::string_view text, CaseFolding folding) {
-    const unsigned char entangled = folding == CaseFolding::Turkic ? 'I' : 0x80;
-    return findByte(text, 0, [entangled](unsigned char byte) {
+std::size_t fastAsciiLength(std::string_view text, text::CaseFolding folding) {
+    const unsigned char entangled = folding == text::CaseFolding::Turkic ? 'I' : 0x80;
+    return text::findByte(text, 0, [entangled](unsigned char byte) {
         return static_cast<unsigned char>((byte >= 0x80) | (byte == entangled));
     });
 }
 
-bool isFastAsciiNext(std::string_view text, CaseFolding folding) {
-    return fastAsciiLength(text.substr(0, BYTE_BLOCK), folding) == BYTE_BLOCK;
+bool isFastAsciiNext(std::string_view text, text::CaseFolding folding) {
+    return fastAsciiLength(text.substr(0, text::BYTE_BLOCK), folding) == text::BYTE_BLOCK;
 }
 
 /// The end of the plain characters from there on, which are appended folded, and where the last of them starts in the
@@ -97,8 +98,8 @@ struct PlainRun {
     std::size_t lastStart;
     qsizetype keyOfLast;
 };
-PlainRun appendPlain(QByteArray& key, std::string_view text, std::size_t at, CaseFolding folding) {
-    auto& characters = FoldedCharacters::of(folding);
+PlainRun appendPlain(QByteArray& key, std::string_view text, std::size_t at, text::CaseFolding folding) {
+    auto& characters = text::FoldedCharacters::of(folding);
     PlainRun run{at, at, key.size()};
     // In blocks: growing the key for each character takes longer than folding it.
     std::array<char, 1024> block; // NOLINT(cppcoreguidelines-pro-type-member-init): written before read
@@ -108,7 +109,7 @@ PlainRun appendPlain(QByteArray& key, std::string_view text, std::size_t at, Cas
             break;
         }
         auto after = run.end;
-        const auto folded = characters.plain(nextCodePoint(text, after));
+        const auto folded = characters.plain(text::nextCodePoint(text, after));
         if (folded.empty()) {
             break;
         }
@@ -127,10 +128,10 @@ PlainRun appendPlain(QByteArray& key, std::string_view text, std::size_t at, Cas
 }
 
 /// The end of what has to be folded together from a character on that is not plain.
-std::size_t endOfEntangled(std::string_view text, std::size_t at, FoldedCharacters& characters) {
+std::size_t endOfEntangled(std::string_view text, std::size_t at, text::FoldedCharacters& characters) {
     while (at < text.size()) {
         auto after = at;
-        if (!characters.plain(nextCodePoint(text, after)).empty()) {
+        if (!characters.plain(text::nextCodePoint(text, after)).empty()) {
             break;
         }
         at = after;
@@ -149,38 +150,38 @@ bool endsCharacter(std::string_view key, std::size_t end, char32_t last) {
         return true;
     }
     auto at = end;
-    const char32_t next = nextCodePoint(key, at);
+    const char32_t next = text::nextCodePoint(key, at);
     if (next < 0x80) {
         return true;
     }
     if (next == ZERO_WIDTH_JOINER || u_hasBinaryProperty(static_cast<UChar32>(next), UCHAR_GRAPHEME_EXTEND) != 0) {
         return false;
     }
-    return !joinsWithWhatFollows(last) || isCharacterBoundary(key, end);
+    return !joinsWithWhatFollows(last) || text::isCharacterBoundary(key, end);
 }
 
 } // namespace
 
-CaseFolding userCaseFolding() {
+text::CaseFolding userCaseFolding() {
     const auto language = QLocale().language();
     const bool isTurkic = language == QLocale::Turkish || language == QLocale::Azerbaijani;
-    return isTurkic ? CaseFolding::Turkic : CaseFolding::Common;
+    return isTurkic ? text::CaseFolding::Turkic : text::CaseFolding::Common;
 }
 
-QByteArray makeSearchKey(const QByteArray& text, CaseFolding folding) {
+QByteArray makeSearchKey(const QByteArray& text, text::CaseFolding folding) {
     const auto needsFolding = [](unsigned char byte) {
         return static_cast<unsigned char>((byte >= 0x80) | ((byte >= 'A') & (byte <= 'Z')));
     };
-    if (findByte(view(text), 0, needsFolding) == view(text).size()) {
+    if (text::findByte(view(text), 0, needsFolding) == view(text).size()) {
         return text;
     }
-    auto& characters = FoldedCharacters::of(folding);
+    auto& characters = text::FoldedCharacters::of(folding);
     QByteArray key;
     key.reserve(text.size() + text.size() / 8);
     const auto all = view(text);
     for (std::size_t at = 0; at < all.size();) {
         const auto ascii = fastAsciiLength(all.substr(at), folding);
-        if (ascii >= BYTE_BLOCK) {
+        if (ascii >= text::BYTE_BLOCK) {
             appendLowerCaseAscii(key, all.substr(at, ascii - 1)); // a mark may follow the last one
             at += ascii - 1;
         }
@@ -201,8 +202,8 @@ bool searchKeyContains(std::string_view key, std::string_view searchedKey) {
     if (searchedKey.empty()) {
         return true;
     }
-    auto lastAt = previousCodePoint(searchedKey, searchedKey.size());
-    const char32_t last = nextCodePoint(searchedKey, lastAt);
+    auto lastAt = text::previousCodePoint(searchedKey, searchedKey.size());
+    const char32_t last = text::nextCodePoint(searchedKey, lastAt);
     for (auto start = findText(key, searchedKey, 0); start < key.size();
          start = findText(key, searchedKey, start + 1)) {
         if (endsCharacter(key, start + searchedKey.size(), last)) {
@@ -212,4 +213,4 @@ bool searchKeyContains(std::string_view key, std::string_view searchedKey) {
     return false;
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -108,4 +108,4 @@ bool looksSensitive(std::string_view text) {
     return false;
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -4,10 +4,10 @@
 
 #include <string_view>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// Does the text (UTF-8), in lower case, contain one of the marks of passwords, keys and tokens? Generous on purpose:
 /// "task-list" holds "sk-".
 bool looksSensitive(std::string_view text);
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -9,12 +9,12 @@
 #include <cstring>
 #include <optional>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
 /// Few enough that a text which has both bytes now and then is mostly passed over, many enough to ask seldom.
-constexpr std::size_t BLOCKS_BYTES = 4 * BYTE_BLOCK;
+constexpr std::size_t BLOCKS_BYTES = 4 * text::BYTE_BLOCK;
 /// From where the rarest byte is, so much is looked through for two: often it is not as rare as all that.
 constexpr std::size_t STRETCH_BYTES = 4096;
 
@@ -71,21 +71,21 @@ private:
     bool isAt(std::size_t at) const { return std::memcmp(m_text + at, m_searched.data(), m_searched.size()) == 0; }
 
     bool hasBothAmong(std::size_t blocks) const {
-        BlockMarks anywhere{};
-        for (std::size_t block = blocks; block < blocks + BLOCKS_BYTES; block += BYTE_BLOCK) {
-            for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+        text::BlockMarks anywhere{};
+        for (std::size_t block = blocks; block < blocks + BLOCKS_BYTES; block += text::BYTE_BLOCK) {
+            for (std::size_t i = 0; i < text::BYTE_BLOCK; ++i) {
                 anywhere[i] |= hasBoth(block + i);
             }
         }
-        return markBits(anywhere) != 0;
+        return text::markBits(anywhere) != 0;
     }
 
     std::optional<std::size_t> inBlock(std::size_t block) const {
-        BlockMarks marks; // NOLINT(cppcoreguidelines-pro-type-member-init): written before read
-        for (std::size_t i = 0; i < BYTE_BLOCK; ++i) {
+        text::BlockMarks marks; // NOLINT(cppcoreguidelines-pro-type-member-init): written before read
+        for (std::size_t i = 0; i < text::BYTE_BLOCK; ++i) {
             marks[i] = hasBoth(block + i);
         }
-        for (auto bits = markBits(marks); bits != 0; bits &= bits - 1) {
+        for (auto bits = text::markBits(marks); bits != 0; bits &= bits - 1) {
             const auto place = block + static_cast<std::size_t>(std::countr_zero(bits));
             if (isAt(place)) {
                 return place;
@@ -95,13 +95,13 @@ private:
     }
 
     std::optional<std::size_t> nextBefore(std::size_t stop, std::size_t at) const {
-        while (at + BYTE_BLOCK <= stop) {
+        while (at + text::BYTE_BLOCK <= stop) {
             if (at + BLOCKS_BYTES <= stop && !hasBothAmong(at)) {
                 at += BLOCKS_BYTES;
                 continue;
             }
             const auto blocksEnd = std::min(at + BLOCKS_BYTES, stop);
-            for (; at + BYTE_BLOCK <= blocksEnd; at += BYTE_BLOCK) {
+            for (; at + text::BYTE_BLOCK <= blocksEnd; at += text::BYTE_BLOCK) {
                 if (const auto place = inBlock(at)) {
                     return place;
                 }
@@ -136,4 +136,4 @@ std::size_t findText(std::string_view text, std::string_view searched, std::size
     return TextFinder(text, searched).next(from).value_or(text.size());
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -14,7 +14,7 @@
 #include <chrono>
 #include <string>
 
-namespace zamber {
+namespace zamber::install {
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -148,4 +148,4 @@ void DMGCleanup::checkAndPromptMove(const Ports& ports) {
     });
 }
 
-} // namespace zamber
+} // namespace zamber::install

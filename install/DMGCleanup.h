@@ -3,7 +3,6 @@
 #pragma once
 
 namespace zamber {
-
 class Alert;
 class AppBundle;
 class Application;
@@ -11,6 +10,9 @@ class BundleFiles;
 class DiskImageTool;
 class Scheduler;
 class Workspace;
+} // namespace zamber
+
+namespace zamber::install {
 
 /// Started from its disk image, the program offers to move in: to copy itself among the applications, to start again
 /// from there, and to eject the image and throw it away. Once a launch, and with no state of its own.
@@ -38,4 +40,4 @@ public:
     static void checkAndPromptMove(const Ports& ports);
 };
 
-} // namespace zamber
+} // namespace zamber::install

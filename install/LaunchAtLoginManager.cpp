@@ -5,7 +5,7 @@
 #include "platform/Log.h"
 #include "platform/LoginItem.h"
 
-namespace zamber {
+namespace zamber::install {
 
 bool LaunchAtLoginManager::isEnabled() const {
     return m_loginItem.status() == LoginItemStatus::Enabled;
@@ -20,4 +20,4 @@ void LaunchAtLoginManager::setEnabled(bool isEnabled) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::install

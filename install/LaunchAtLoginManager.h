@@ -3,8 +3,10 @@
 #pragma once
 
 namespace zamber {
-
 class LoginItem;
+}
+
+namespace zamber::install {
 
 /// The switch for starting at login. It keeps no state of its own: what it reads is what the desktop has.
 class LaunchAtLoginManager final {
@@ -22,4 +24,4 @@ private:
     LoginItem& m_loginItem;
 };
 
-} // namespace zamber
+} // namespace zamber::install

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "popover/ClipboardListView.h"
 
+#include "preferences/PreferenceKeys.h"
+
 #include "clipboard/ClipboardManager.h"
 #include "platform/Appearance.h"
 #include "platform/Scheduler.h"
@@ -9,7 +11,6 @@
 #include "popover/HistoryListAccessible.h"
 #include "popover/HistoryListWidget.h"
 #include "popover/PopoverBars.h"
-#include "preferences/PreferenceKeys.h"
 #include "ui/ConfirmationSheet.h"
 #include "ui/SearchField.h"
 #include "ui/Typography.h"
@@ -21,7 +22,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -44,7 +45,7 @@ QSize sizeFor(const QString& preset) {
 
 ClipboardListView::ClipboardListView(KeyMonitor& keyMonitor, const Appearance& appearance, const Symbols& symbols,
                                      UserDefaults& defaults, Scheduler& scheduler,
-                                     std::shared_ptr<ClipboardManager> manager, Callbacks callbacks)
+                                     std::shared_ptr<clipboard::ClipboardManager> manager, Callbacks callbacks)
     : m_keyMonitor(keyMonitor)
     , m_appearance(appearance)
     , m_symbols(symbols)
@@ -55,15 +56,15 @@ ClipboardListView::ClipboardListView(KeyMonitor& keyMonitor, const Appearance& a
           symbols,
           m_callbacks.openSettings ? PopoverHeader::SettingsButton::Shown : PopoverHeader::SettingsButton::Left, this))
     , m_banner(new UpdateBanner(symbols, this))
-    , m_search(new SearchField(symbols, u"Search clipboard…"_s, this))
+    , m_search(new ui::SearchField(symbols, u"Search clipboard…"_s, this))
     , m_list(new HistoryListWidget(symbols, appearance, scheduler, m_callbacks.linkDetector, this))
     , m_emptyState(new EmptyState(symbols, m_callbacks.commandKeyHint, this))
     , m_footer(new PopoverFooter(symbols, this))
-    , m_clearConfirmation(
-          new ConfirmationSheet({.title = u"Clear all clipboard items?"_s,
-                                 .message = u"This will remove all non-pinned items. This action cannot be undone."_s,
-                                 .destructiveButton = u"Clear All"_s},
-                                this)) {
+    , m_clearConfirmation(new ui::ConfirmationSheet(
+          {.title = u"Clear all clipboard items?"_s,
+           .message = u"This will remove all non-pinned items. This action cannot be undone."_s,
+           .destructiveButton = u"Clear All"_s},
+          this)) {
     setAccessibleName(u"Zamber"_s);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusProxy(m_search);
@@ -104,20 +105,21 @@ void ClipboardListView::buildLayout() {
 }
 
 void ClipboardListView::connectParts() {
-    connect(m_manager.get(), &ClipboardManager::itemsChanged, this, &ClipboardListView::historyChanged);
-    connect(m_manager.get(), &ClipboardManager::searchTextChanged, this, &ClipboardListView::refreshRows);
-    connect(m_search, &SearchField::textChanged, m_manager.get(), &ClipboardManager::setSearchText);
+    connect(m_manager.get(), &clipboard::ClipboardManager::itemsChanged, this, &ClipboardListView::historyChanged);
+    connect(m_manager.get(), &clipboard::ClipboardManager::searchTextChanged, this, &ClipboardListView::refreshRows);
+    connect(m_search, &ui::SearchField::textChanged, m_manager.get(), &clipboard::ClipboardManager::setSearchText);
 
     if (m_callbacks.openSettings) {
         connect(m_header, &PopoverHeader::settingsRequested, this, m_callbacks.openSettings);
     }
     connect(m_footer, &PopoverFooter::clearRequested, this, &ClipboardListView::showClearConfirmation);
-    connect(m_clearConfirmation, &ConfirmationSheet::confirmed, m_manager.get(), &ClipboardManager::clearAll);
-    connect(m_clearConfirmation, &ConfirmationSheet::dismissed, this, &ClipboardListView::dismissClearConfirmation);
+    connect(m_clearConfirmation, &ui::ConfirmationSheet::confirmed, m_manager.get(),
+            &clipboard::ClipboardManager::clearAll);
+    connect(m_clearConfirmation, &ui::ConfirmationSheet::dismissed, this, &ClipboardListView::dismissClearConfirmation);
 
     connect(m_list, &HistoryListWidget::chosen, this, &ClipboardListView::choose);
-    connect(m_list, &HistoryListWidget::pinRequested, m_manager.get(), &ClipboardManager::togglePin);
-    connect(m_list, &HistoryListWidget::deleteRequested, m_manager.get(), &ClipboardManager::deleteItem);
+    connect(m_list, &HistoryListWidget::pinRequested, m_manager.get(), &clipboard::ClipboardManager::togglePin);
+    connect(m_list, &HistoryListWidget::deleteRequested, m_manager.get(), &clipboard::ClipboardManager::deleteItem);
     connect(m_list, &HistoryListWidget::openLinkRequested, this, &ClipboardListView::openAddress);
     connect(m_list, &HistoryListWidget::selectRequested, this, &ClipboardListView::select);
     connect(m_list, &HistoryListWidget::menuRequested, this, &ClipboardListView::showRowMenu);
@@ -127,10 +129,11 @@ void ClipboardListView::observePreferences() {
     const auto observe = [this](QLatin1StringView key, void (ClipboardListView::*react)()) {
         m_observers.push_back(m_defaults.addObserver(key, [this, react] { (this->*react)(); }));
     };
-    observe(keys::popoverSize.name, &ClipboardListView::updateSize);
-    observe(keys::appTheme.name, &ClipboardListView::updateAppearance);
-    observe(keys::maxItems.name, &ClipboardListView::refreshCounts);
-    for (const auto& key : {keys::showLineCount, keys::showCharCount, keys::previewURLs, keys::hideSensitive}) {
+    observe(preferences::popoverSize.name, &ClipboardListView::updateSize);
+    observe(preferences::appTheme.name, &ClipboardListView::updateAppearance);
+    observe(preferences::maxItems.name, &ClipboardListView::refreshCounts);
+    for (const auto& key : {preferences::showLineCount, preferences::showCharCount, preferences::previewURLs,
+                            preferences::hideSensitive}) {
         observe(key.name, &ClipboardListView::updatePreferences);
     }
 }
@@ -138,7 +141,7 @@ void ClipboardListView::observePreferences() {
 void ClipboardListView::historyChanged() {
     refreshCounts();
     m_footer->setClearShown(
-        std::ranges::any_of(m_manager->items(), [](const ClipboardItem& item) { return !item.isPinned; }));
+        std::ranges::any_of(m_manager->items(), [](const clipboard::ClipboardItem& item) { return !item.isPinned; }));
     m_list->forgetOthersThan(m_manager->items());
     refreshRows();
 }
@@ -149,7 +152,7 @@ void ClipboardListView::refreshCounts() {
 
 void ClipboardListView::refreshRows() {
     m_search->setText(m_manager->searchText());
-    const QList<ClipboardItem> shown = m_manager->filteredItems();
+    const QList<clipboard::ClipboardItem> shown = m_manager->filteredItems();
     m_list->setItems(shown);
     m_list->setVisible(!shown.isEmpty());
     m_emptyState->setReason(m_manager->searchText().isEmpty() ? EmptyState::Reason::EmptyHistory
@@ -158,21 +161,21 @@ void ClipboardListView::refreshRows() {
 }
 
 void ClipboardListView::updateSize() {
-    setFixedSize(sizeFor(read(m_defaults, keys::popoverSize)));
+    setFixedSize(sizeFor(read(m_defaults, preferences::popoverSize)));
 }
 
 void ClipboardListView::updatePreferences() {
-    m_list->setPreferences({.showLineCount = read(m_defaults, keys::showLineCount),
-                            .showCharCount = read(m_defaults, keys::showCharCount),
-                            .previewURLs = read(m_defaults, keys::previewURLs),
-                            .hideSensitive = read(m_defaults, keys::hideSensitive)});
+    m_list->setPreferences({.showLineCount = read(m_defaults, preferences::showLineCount),
+                            .showCharCount = read(m_defaults, preferences::showCharCount),
+                            .previewURLs = read(m_defaults, preferences::previewURLs),
+                            .hideSensitive = read(m_defaults, preferences::hideSensitive)});
 }
 
 void ClipboardListView::updateAppearance() {
-    const QString theme = read(m_defaults, keys::appTheme);
+    const QString theme = read(m_defaults, preferences::appTheme);
     const bool isDark = theme == u"dark"_s || (theme != u"light"_s && m_appearance.isDark());
     const QColor accent = m_appearance.accentColor();
-    m_palette = isDark ? Palette::dark(accent) : Palette::light(accent);
+    m_palette = isDark ? ui::Palette::dark(accent) : ui::Palette::light(accent);
     m_header->setColors(m_palette);
     m_banner->setColors(m_palette);
     m_search->setColors(m_palette);
@@ -191,7 +194,7 @@ void ClipboardListView::setUpdateNotice(const std::optional<UpdateNotice>& notic
 }
 
 KeyDisposition ClipboardListView::handleKey(HardwareKey key) {
-    const QList<ClipboardItem>& allItems = m_list->items();
+    const QList<clipboard::ClipboardItem>& allItems = m_list->items();
     const int count = static_cast<int>(allItems.size());
     switch (key) {
     case HardwareKey::UpArrow:
@@ -206,7 +209,7 @@ KeyDisposition ClipboardListView::handleKey(HardwareKey key) {
         return KeyDisposition::Swallow;
     case HardwareKey::Return:
         if (m_selectedIndex < count) {
-            choose(ClipboardItem(allItems[m_selectedIndex]));
+            choose(clipboard::ClipboardItem(allItems[m_selectedIndex]));
         }
         return KeyDisposition::Swallow;
     case HardwareKey::Escape:
@@ -230,7 +233,7 @@ void ClipboardListView::select(int index) {
     }
 }
 
-void ClipboardListView::choose(const ClipboardItem& item) {
+void ClipboardListView::choose(const clipboard::ClipboardItem& item) {
     m_manager->copyToClipboard(item);
     if (m_manager->onPaste) {
         m_manager->onPaste();
@@ -244,7 +247,7 @@ void ClipboardListView::openAddress(const QUrl& address) {
 }
 
 void ClipboardListView::showRowMenu(int row, QPoint screenPosition) {
-    const ClipboardItem item = m_list->items()[row]; // the list may change while the menu is open
+    const clipboard::ClipboardItem item = m_list->items()[row]; // the list may change while the menu is open
     const auto line = [](const QString& title, std::function<void()> action) {
         return MenuItem{.title = title, .keyEquivalent = {}, .action = std::move(action)};
     };
@@ -261,7 +264,7 @@ void ClipboardListView::showRowMenu(int row, QPoint screenPosition) {
     m_rowMenu = new QMenu(this);
     m_rowMenu->setAttribute(Qt::WA_DeleteOnClose);
     m_rowMenu->setPalette(m_palette.forWidgets());
-    m_rowMenu->setFont(textFont(13));
+    m_rowMenu->setFont(ui::textFont(13));
     for (const MenuItem& each : std::as_const(lines)) {
         if (each.title.isEmpty()) {
             m_rowMenu->addSeparator();
@@ -317,4 +320,4 @@ void ClipboardListView::hideEvent(QHideEvent* event) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::popover

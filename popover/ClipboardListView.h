@@ -20,18 +20,27 @@
 class QMenu;
 
 namespace zamber {
-
 class Appearance;
+class LinkDetector;
+class Scheduler;
+class Symbols;
+} // namespace zamber
+
+namespace zamber::clipboard {
 class ClipboardManager;
+}
+
+namespace zamber::ui {
 class ConfirmationSheet;
+class SearchField;
+} // namespace zamber::ui
+
+namespace zamber::popover {
+
 class EmptyState;
 class HistoryListWidget;
-class LinkDetector;
 class PopoverFooter;
 class PopoverHeader;
-class Scheduler;
-class SearchField;
-class Symbols;
 
 /// The popover's whole content: the history, a search over it, and the keyboard that moves through it.
 ///
@@ -53,8 +62,8 @@ public:
     };
 
     ClipboardListView(KeyMonitor& keyMonitor, const Appearance& appearance, const Symbols& symbols,
-                      UserDefaults& defaults, Scheduler& scheduler, std::shared_ptr<ClipboardManager> manager,
-                      Callbacks callbacks);
+                      UserDefaults& defaults, Scheduler& scheduler,
+                      std::shared_ptr<clipboard::ClipboardManager> manager, Callbacks callbacks);
     ~ClipboardListView() override;
 
     /// Takes over the desktop's look. To be called when the appearance has changed; the preference for light or dark is
@@ -85,7 +94,7 @@ private:
 
     KeyDisposition handleKey(HardwareKey key);
     void select(int index);
-    void choose(const ClipboardItem& item);
+    void choose(const clipboard::ClipboardItem& item);
     void openAddress(const QUrl& address);
     void showRowMenu(int row, QPoint screenPosition);
     void showClearConfirmation();
@@ -95,17 +104,17 @@ private:
     const Appearance& m_appearance;
     const Symbols& m_symbols;
     UserDefaults& m_defaults;
-    std::shared_ptr<ClipboardManager> m_manager;
+    std::shared_ptr<clipboard::ClipboardManager> m_manager;
     Callbacks m_callbacks;
-    Palette m_palette;
+    ui::Palette m_palette;
 
     PopoverHeader* m_header;
     UpdateBanner* m_banner;
-    SearchField* m_search;
+    ui::SearchField* m_search;
     HistoryListWidget* m_list;
     EmptyState* m_emptyState;
     PopoverFooter* m_footer;
-    ConfirmationSheet* m_clearConfirmation;
+    ui::ConfirmationSheet* m_clearConfirmation;
     QPointer<QMenu> m_rowMenu;
 
     int m_selectedIndex = 0;
@@ -113,4 +122,4 @@ private:
     std::vector<UserDefaults::ObserverToken> m_observers;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

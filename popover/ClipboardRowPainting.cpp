@@ -14,7 +14,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 using namespace rowmetrics;
@@ -66,7 +66,7 @@ void ClipboardRowView::paint(QPainter& painter, const QRect& row, const RowStyle
 
     const TypeIcon icon = typeIcon();
     drawCentred(
-        painter, QRectF(row.left() + PADDING_HORIZONTAL, row.top(), ICON_WIDTH, row.height()),
+        painter, QRectF(row.left() + rowmetrics::PADDING_HORIZONTAL, row.top(), rowmetrics::ICON_WIDTH, row.height()),
         style.symbols.pixmap(icon.symbol, {10, QFont::Medium, style.palette.*icon.color, style.devicePixelRatio}));
     paintContent(painter, row, style, expandedText);
     paintTrailing(painter, row, style);
@@ -74,15 +74,15 @@ void ClipboardRowView::paint(QPainter& painter, const QRect& row, const RowStyle
 }
 
 void ClipboardRowView::paintGround(QPainter& painter, const QRect& row, const RowStyle& style) const {
-    const Palette& palette = style.palette;
+    const ui::Palette& palette = style.palette;
     painter.setPen(Qt::NoPen);
     // Opaque, though they are meant to shine through: Qt hands large translucent shapes to other threads and waits.
-    const QColor quiet = composed(faded(palette.primary, 0.04), palette.ultraThinMaterial);
-    const QColor lit = composed(faded(palette.accent, 0.1), palette.ultraThinMaterial);
+    const QColor quiet = ui::composed(ui::faded(palette.primary, 0.04), palette.ultraThinMaterial);
+    const QColor lit = ui::composed(ui::faded(palette.accent, 0.1), palette.ultraThinMaterial);
     const QColor ground = mixed(quiet, lit, style.highlight);
     painter.setBrush(ground);
     painter.drawRoundedRect(row, GROUND_RADIUS, GROUND_RADIUS);
-    paintHairline(painter, row, GROUND_RADIUS, composed(faded(palette.primary, 0.06), ground));
+    paintHairline(painter, row, GROUND_RADIUS, ui::composed(ui::faded(palette.primary, 0.06), ground));
 }
 
 void ClipboardRowView::paintContent(QPainter& painter, const QRect& row, const RowStyle& style,
@@ -119,14 +119,14 @@ void ClipboardRowView::paintThumbnail(QPainter& painter, const QRect& area, cons
 }
 
 void ClipboardRowView::paintLink(QPainter& painter, const QRect& area, const RowStyle& style) const {
-    const QFont hostFont = textFont(12, QFont::Medium);
+    const QFont hostFont = ui::textFont(12, QFont::Medium);
     painter.setFont(hostFont);
     painter.setPen(style.palette.blue);
     drawLine(painter, area.topLeft(), preparedLines(linkTitle(), hostFont, area.width(), 1).value(0));
 
     if (hasLinkPreview()) {
-        const int second = lineHeight(hostFont) + LINK_SPACING;
-        const QFont small = textFont(10);
+        const int second = lineHeight(hostFont) + rowmetrics::LINK_SPACING;
+        const QFont small = ui::textFont(10);
         painter.setFont(small);
         painter.setPen(style.palette.secondary);
         drawLine(painter, area.topLeft() + QPoint(0, second),
@@ -136,7 +136,7 @@ void ClipboardRowView::paintLink(QPainter& painter, const QRect& area, const Row
 
 void ClipboardRowView::paintText(QPainter& painter, const QRect& area, const RowStyle& style,
                                  const ExpandedText* text) const {
-    const QFont font = textFont(12);
+    const QFont font = ui::textFont(12);
     const int height = lineHeight(font);
     const QRectF shown = QRectF(area).adjusted(0, 0, 0, -countsHeight());
 
@@ -151,7 +151,7 @@ void ClipboardRowView::paintText(QPainter& painter, const QRect& area, const Row
             const double thumb = std::max<double>(SCROLL_THUMB_MINIMUM, shown.height() * shown.height() / whole);
             const double way = std::clamp(text->scrollOffset / (whole - shown.height()), 0.0, 1.0);
             painter.setPen(Qt::NoPen);
-            painter.setBrush(faded(style.palette.primary, 0.3));
+            painter.setBrush(ui::faded(style.palette.primary, 0.3));
             painter.drawRoundedRect(
                 QRectF(shown.right() + 3, shown.top() + way * (shown.height() - thumb), SCROLL_THUMB_WIDTH, thumb),
                 SCROLL_THUMB_WIDTH / 2.0, SCROLL_THUMB_WIDTH / 2.0);
@@ -165,23 +165,24 @@ void ClipboardRowView::paintText(QPainter& painter, const QRect& area, const Row
         }
     }
 
-    paintCounts(painter, shown.bottomLeft() + QPointF(0, COUNTS_SPACING), style);
+    paintCounts(painter, shown.bottomLeft() + QPointF(0, rowmetrics::COUNTS_SPACING), style);
 }
 
 void ClipboardRowView::paintCounts(QPainter& painter, QPointF topLeft, const RowStyle& style) const {
-    const QFont font = textFont(9, QFont::Medium);
+    const QFont font = ui::textFont(9, QFont::Medium);
     painter.setFont(font);
     painter.setPen(style.palette.tertiary);
     for (const QString& part : counts()) {
         const QStaticText text = preparedLine(part, font);
         drawLine(painter, topLeft, text);
-        topLeft.rx() += text.size().width() + COUNT_SPACING;
+        topLeft.rx() += text.size().width() + rowmetrics::COUNT_SPACING;
     }
 }
 
 void ClipboardRowView::paintTrailing(QPainter& painter, const QRect& row, const RowStyle& style) const {
-    const QRect ageBox(row.right() + 1 - PADDING_HORIZONTAL - AGE_WIDTH, row.top(), AGE_WIDTH, row.height());
-    const QFont ageFont = textFont(10, QFont::Medium);
+    const QRect ageBox(row.right() + 1 - rowmetrics::PADDING_HORIZONTAL - rowmetrics::AGE_WIDTH, row.top(),
+                       rowmetrics::AGE_WIDTH, row.height());
+    const QFont ageFont = ui::textFont(10, QFont::Medium);
     const QStaticText ageText = preparedLine(age(style.now), ageFont);
     painter.setFont(ageFont);
     painter.setPen(style.palette.quaternary);
@@ -197,13 +198,15 @@ void ClipboardRowView::paintTrailing(QPainter& painter, const QRect& row, const 
     if (m_item.isPinned && style.highlight < 1) {
         painter.setOpacity(1 - style.highlight);
         drawCentred(
-            painter, QRectF(ageBox.left() - SPACING - PIN_WIDTH, row.top(), PIN_WIDTH, row.height()),
+            painter,
+            QRectF(ageBox.left() - rowmetrics::SPACING - rowmetrics::PIN_WIDTH, row.top(), rowmetrics::PIN_WIDTH,
+                   row.height()),
             style.symbols.pixmap(u"pin.fill"_s, {9, QFont::Normal, style.palette.orange, style.devicePixelRatio}));
         painter.setOpacity(1);
     }
 }
 
-ClipboardRowView::ActionLook ClipboardRowView::lookOf(RowAction action, const Palette& palette,
+ClipboardRowView::ActionLook ClipboardRowView::lookOf(RowAction action, const ui::Palette& palette,
                                                       bool isUnderPointer) const {
     switch (action) {
     case RowAction::OpenLink:
@@ -214,11 +217,11 @@ ClipboardRowView::ActionLook ClipboardRowView::lookOf(RowAction action, const Pa
     case RowAction::Delete:
         break;
     }
-    return {u"trash"_s, faded(palette.red, isUnderPointer ? 1.0 : 0.7)};
+    return {u"trash"_s, ui::faded(palette.red, isUnderPointer ? 1.0 : 0.7)};
 }
 
 void ClipboardRowView::paintAction(QPainter& painter, const QRect& row, RowAction action, const RowStyle& style) const {
-    const Palette& palette = style.palette;
+    const ui::Palette& palette = style.palette;
     const bool isUnderPointer = style.pressedOver == action;
     const ActionLook look = lookOf(action, palette, isUnderPointer);
 
@@ -230,11 +233,11 @@ void ClipboardRowView::paintAction(QPainter& painter, const QRect& row, RowActio
     painter.scale(scale, scale);
     painter.translate(-box.center());
     painter.setPen(Qt::NoPen);
-    painter.setBrush(isUnderPointer ? faded(palette.primary, 0.16) : palette.tertiaryFill);
+    painter.setBrush(isUnderPointer ? ui::faded(palette.primary, 0.16) : palette.tertiaryFill);
     painter.drawRoundedRect(box, ACTION_RADIUS, ACTION_RADIUS);
     drawCentred(painter, box,
                 style.symbols.pixmap(look.symbol, {10, QFont::Medium, look.color, style.devicePixelRatio}));
     painter.restore();
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -3,8 +3,8 @@
 #include "popover/ClipboardRowView.h"
 
 #include "RowMetrics.h"
-
 #include "text/Characters.h"
+
 #include "popover/RelativeTime.h"
 #include "popover/TextLines.h"
 #include "ui/Typography.h"
@@ -13,7 +13,7 @@
 #include <cmath>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 using namespace rowmetrics;
@@ -25,25 +25,26 @@ constexpr std::size_t MORE_THAN_THE_HOST = 10; // characters
 
 bool hasMoreCharacters(const QByteArray& utf8, std::size_t than) {
     const std::string_view text(utf8.constData(), static_cast<std::size_t>(utf8.size()));
-    return countCharacters(text, than + 1).count > than;
+    return text::countCharacters(text, than + 1).count > than;
 }
 
 QFont previewFont() {
-    return textFont(12);
+    return ui::textFont(12);
 }
 
 QFont hostFont() {
-    return textFont(12, QFont::Medium);
+    return ui::textFont(12, QFont::Medium);
 }
 
 QFont countsFont() {
-    return textFont(9, QFont::Medium);
+    return ui::textFont(9, QFont::Medium);
 }
 
 } // namespace
 
-ClipboardRowView::ClipboardRowView(const ClipboardItem& item, bool isHovered, const RowPreferences& preferences,
-                                   Thumbnail thumbnail, std::optional<QUrl> detectedUrl, TextState textState)
+ClipboardRowView::ClipboardRowView(const clipboard::ClipboardItem& item, bool isHovered,
+                                   const RowPreferences& preferences, Thumbnail thumbnail,
+                                   std::optional<QUrl> detectedUrl, TextState textState)
     : m_item(item)
     , m_isHovered(isHovered)
     , m_preferences(preferences)
@@ -53,15 +54,15 @@ ClipboardRowView::ClipboardRowView(const ClipboardItem& item, bool isHovered, co
 
 ClipboardRowView::TypeIcon ClipboardRowView::typeIcon() const {
     if (m_preferences.hideSensitive && m_textState == TextState::Measured && m_item.content.isSensitive()) {
-        return {u"lock.fill"_s, &Palette::red, u"sensitive"_s};
+        return {u"lock.fill"_s, &ui::Palette::red, u"sensitive"_s};
     }
     if (m_detectedUrl) {
-        return {u"link"_s, &Palette::blue, u"link"_s};
+        return {u"link"_s, &ui::Palette::blue, u"link"_s};
     }
     if (m_item.content.isImage()) {
-        return {u"photo"_s, &Palette::purple, u"image"_s};
+        return {u"photo"_s, &ui::Palette::purple, u"image"_s};
     }
-    return {u"doc.text"_s, &Palette::secondary, {}};
+    return {u"doc.text"_s, &ui::Palette::secondary, {}};
 }
 
 bool ClipboardRowView::isExpandable() const {
@@ -119,11 +120,12 @@ QList<QStaticText> ClipboardRowView::previewLines(int width) const {
 }
 
 int ClipboardRowView::contentWidth(int rowWidth) const {
-    int taken = PADDING_HORIZONTAL + ICON_WIDTH + SPACING + SPACING + SPACING + AGE_WIDTH + PADDING_HORIZONTAL;
+    int taken = rowmetrics::PADDING_HORIZONTAL + rowmetrics::ICON_WIDTH + rowmetrics::SPACING + rowmetrics::SPACING +
+                rowmetrics::SPACING + rowmetrics::AGE_WIDTH + rowmetrics::PADDING_HORIZONTAL;
     if (m_isHovered) {
-        taken += actionsWidth() + SPACING;
+        taken += actionsWidth() + rowmetrics::SPACING;
     } else if (m_item.isPinned) {
-        taken += PIN_WIDTH + SPACING;
+        taken += rowmetrics::PIN_WIDTH + rowmetrics::SPACING;
     }
     return std::max(0, rowWidth - taken);
 }
@@ -133,7 +135,8 @@ int ClipboardRowView::contentHeight(int width) const {
         return THUMBNAIL_SIZE.height();
     }
     if (showsHost()) {
-        return lineHeight(hostFont()) + (hasLinkPreview() ? LINK_SPACING + lineHeight(textFont(10)) : 0);
+        return lineHeight(hostFont()) +
+               (hasLinkPreview() ? rowmetrics::LINK_SPACING + lineHeight(ui::textFont(10)) : 0);
     }
     const int lines = std::max(1, static_cast<int>(previewLines(contentWidth(width)).size()));
     return lines * lineHeight(previewFont()) + countsHeight();
@@ -142,30 +145,31 @@ int ClipboardRowView::contentHeight(int width) const {
 bool ClipboardRowView::hasLinkPreview() const {
     const QByteArray host = m_detectedUrl->host().toUtf8();
     const std::string_view text(host.constData(), static_cast<std::size_t>(host.size()));
-    return hasMoreCharacters(m_item.content.bytes(), countCharacters(text).count + MORE_THAN_THE_HOST);
+    return hasMoreCharacters(m_item.content.bytes(), text::countCharacters(text).count + MORE_THAN_THE_HOST);
 }
 
 int ClipboardRowView::countsHeight() const {
-    return counts().isEmpty() ? 0 : COUNTS_SPACING + lineHeight(countsFont());
+    return counts().isEmpty() ? 0 : rowmetrics::COUNTS_SPACING + lineHeight(countsFont());
 }
 
 int ClipboardRowView::actionsWidth() const {
     const int count = static_cast<int>(actions().size());
-    return count * ACTION_SIZE + (count - 1) * ACTION_SPACING;
+    return count * rowmetrics::ACTION_SIZE + (count - 1) * rowmetrics::ACTION_SPACING;
 }
 
 int ClipboardRowView::compactHeight(int width) const {
-    return contentHeight(width) + 2 * PADDING_VERTICAL;
+    return contentHeight(width) + 2 * rowmetrics::PADDING_VERTICAL;
 }
 
 int ClipboardRowView::expandedHeight(double textHeight) const {
     const int text = static_cast<int>(std::ceil(std::min<double>(textHeight, MOST_TEXT_HEIGHT)));
-    return std::max(lineHeight(previewFont()), text) + countsHeight() + 2 * PADDING_VERTICAL;
+    return std::max(lineHeight(previewFont()), text) + countsHeight() + 2 * rowmetrics::PADDING_VERTICAL;
 }
 
 QRect ClipboardRowView::contentArea(const QRect& row) const {
-    const int left = row.left() + PADDING_HORIZONTAL + ICON_WIDTH + SPACING;
-    return {left, row.top() + PADDING_VERTICAL, contentWidth(row.width()), row.height() - 2 * PADDING_VERTICAL};
+    const int left = row.left() + rowmetrics::PADDING_HORIZONTAL + rowmetrics::ICON_WIDTH + rowmetrics::SPACING;
+    return {left, row.top() + rowmetrics::PADDING_VERTICAL, contentWidth(row.width()),
+            row.height() - 2 * rowmetrics::PADDING_VERTICAL};
 }
 
 QRect ClipboardRowView::textArea(const QRect& row) const {
@@ -173,10 +177,11 @@ QRect ClipboardRowView::textArea(const QRect& row) const {
 }
 
 QRect ClipboardRowView::actionArea(const QRect& row, RowAction action) const {
-    const int right = row.right() + 1 - PADDING_HORIZONTAL - AGE_WIDTH - SPACING;
+    const int right = row.right() + 1 - rowmetrics::PADDING_HORIZONTAL - rowmetrics::AGE_WIDTH - rowmetrics::SPACING;
     const int position = static_cast<int>(actions().indexOf(action));
-    const int left = right - actionsWidth() + position * (ACTION_SIZE + ACTION_SPACING);
-    return {left, row.top() + (row.height() - ACTION_SIZE) / 2, ACTION_SIZE, ACTION_SIZE};
+    const int left = right - actionsWidth() + position * (rowmetrics::ACTION_SIZE + rowmetrics::ACTION_SPACING);
+    return {left, row.top() + (row.height() - rowmetrics::ACTION_SIZE) / 2, rowmetrics::ACTION_SIZE,
+            rowmetrics::ACTION_SIZE};
 }
 
 std::optional<RowAction> ClipboardRowView::actionAt(const QRect& row, QPoint point) const {
@@ -190,4 +195,4 @@ std::optional<RowAction> ClipboardRowView::actionAt(const QRect& row, QPoint poi
     return std::nullopt;
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -16,21 +16,21 @@
 
 class QPainter;
 
-namespace zamber {
+namespace zamber::popover {
 
 /// One entry of the history as the list shows it. A value: everything is computed from what it was made of, and
 /// whatever moves or changes is handed in by the list.
 class ClipboardRowView {
 public:
     /// The item must outlive the row.
-    ClipboardRowView(const ClipboardItem& item, bool isHovered, const RowPreferences& preferences,
+    ClipboardRowView(const clipboard::ClipboardItem& item, bool isHovered, const RowPreferences& preferences,
                      Thumbnail thumbnail = {}, std::optional<QUrl> detectedUrl = {},
                      TextState textState = TextState::Measured);
 
     /// The symbol at the row's start, by its name and colour.
     struct TypeIcon {
         QString symbol;
-        QColor Palette::* color;
+        QColor ui::Palette::* color;
         QString meaning; ///< for those who do not see it; empty for a plain text
     };
     TypeIcon typeIcon() const;
@@ -81,7 +81,7 @@ private:
         QString symbol;
         QColor color;
     };
-    ActionLook lookOf(RowAction action, const Palette& palette, bool isUnderPointer) const;
+    ActionLook lookOf(RowAction action, const ui::Palette& palette, bool isUnderPointer) const;
 
     void paintGround(QPainter& painter, const QRect& row, const RowStyle& style) const;
     void paintContent(QPainter& painter, const QRect& row, const RowStyle& style, const ExpandedText* text) const;
@@ -92,7 +92,7 @@ private:
     void paintTrailing(QPainter& painter, const QRect& row, const RowStyle& style) const;
     void paintAction(QPainter& painter, const QRect& row, RowAction action, const RowStyle& style) const;
 
-    const ClipboardItem& m_item;
+    const clipboard::ClipboardItem& m_item;
     bool m_isHovered;
     RowPreferences m_preferences;
     Thumbnail m_thumbnail;
@@ -100,4 +100,4 @@ private:
     TextState m_textState;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

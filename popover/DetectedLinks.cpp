@@ -3,13 +3,14 @@
 #include "popover/DetectedLinks.h"
 
 #include "text/Characters.h"
+
 #include "platform/LinkDetector.h"
 
 #include <QSet>
 
 #include <string_view>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -25,14 +26,14 @@ bool isAllLink(const std::optional<DetectedLink>& link, const QString& text, qsi
 
 } // namespace
 
-std::optional<QUrl> detectedUrl(const ClipboardContent& content, LinkDetector& detector) {
+std::optional<QUrl> detectedUrl(const clipboard::ClipboardContent& content, LinkDetector& detector) {
     if (content.isImage()) {
         return std::nullopt;
     }
     const QByteArray& utf8 = content.bytes();
     const std::string_view whole(utf8.constData(), static_cast<std::size_t>(utf8.size()));
-    const std::string_view inner = trimmed(whole);
-    const bool isShort = countCharacters(inner, SHORT_TEXT_CHARACTERS).count < SHORT_TEXT_CHARACTERS;
+    const std::string_view inner = text::trimmed(whole);
+    const bool isShort = text::countCharacters(inner, SHORT_TEXT_CHARACTERS).count < SHORT_TEXT_CHARACTERS;
     if (!isShort) {
         // Blanks are in no link; and nobody wants megabytes searched for one that cannot be there.
         const QString beginning = QString::fromUtf8(utf8.first(std::min(utf8.size(), BEGINNING_UNITS)));
@@ -46,7 +47,7 @@ std::optional<QUrl> detectedUrl(const ClipboardContent& content, LinkDetector& d
     return isAccepted && !link->address.isEmpty() ? std::optional(link->address) : std::nullopt;
 }
 
-std::optional<QUrl> DetectedLinks::in(const ClipboardItem& item) {
+std::optional<QUrl> DetectedLinks::in(const clipboard::ClipboardItem& item) {
     if (m_detector == nullptr || item.content.isImage()) {
         return std::nullopt;
     }
@@ -54,15 +55,15 @@ std::optional<QUrl> DetectedLinks::in(const ClipboardItem& item) {
     return known != m_found.constEnd() ? *known : *m_found.insert(item.id, detectedUrl(item.content, *m_detector));
 }
 
-void DetectedLinks::keepOnly(const QList<ClipboardItem>& items) {
+void DetectedLinks::keepOnly(const QList<clipboard::ClipboardItem>& items) {
     if (m_found.isEmpty()) {
         return;
     }
     QSet<QUuid> kept;
-    for (const ClipboardItem& item : items) {
+    for (const clipboard::ClipboardItem& item : items) {
         kept.insert(item.id);
     }
     m_found.removeIf([&kept](const auto& entry) { return !kept.contains(entry.key()); });
 }
 
-} // namespace zamber
+} // namespace zamber::popover

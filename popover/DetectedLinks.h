@@ -12,12 +12,14 @@
 #include <optional>
 
 namespace zamber {
-
 class LinkDetector;
+}
+
+namespace zamber::popover {
 
 /// Where a content leads: a short text to the first link in it, a long one only when all of it is a link; an image
 /// nowhere.
-std::optional<QUrl> detectedUrl(const ClipboardContent& content, LinkDetector& detector);
+std::optional<QUrl> detectedUrl(const clipboard::ClipboardContent& content, LinkDetector& detector);
 
 /// The links of the entries that have been looked at, each looked for once.
 class DetectedLinks {
@@ -26,14 +28,14 @@ public:
     explicit DetectedLinks(LinkDetector* detector)
         : m_detector(detector) {}
 
-    std::optional<QUrl> in(const ClipboardItem& item);
+    std::optional<QUrl> in(const clipboard::ClipboardItem& item);
 
     /// Forgets all other entries.
-    void keepOnly(const QList<ClipboardItem>& items);
+    void keepOnly(const QList<clipboard::ClipboardItem>& items);
 
 private:
     LinkDetector* m_detector;
     QHash<QUuid, std::optional<QUrl>> m_found;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <chrono>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace std::chrono_literals;
 
@@ -39,4 +39,4 @@ void GlidingScroll::advance() {
     emit advanced();
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -6,7 +6,7 @@
 #include <QObject>
 #include <QTimer>
 
-namespace zamber {
+namespace zamber::popover {
 
 /// A way that grows shorter, eased in and out, until there is none left after a tenth of a second.
 class GlidingScroll final : public QObject {
@@ -33,4 +33,4 @@ private:
     QElapsedTimer m_sinceStart;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

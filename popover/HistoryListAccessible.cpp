@@ -8,7 +8,7 @@
 
 #include <QSet>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -96,7 +96,7 @@ void HistoryListAccessible::forgetRowsThatAreGone() const {
         return;
     }
     QSet<QUuid> listed;
-    for (const ClipboardItem& item : list()->items()) {
+    for (const clipboard::ClipboardItem& item : list()->items()) {
         listed.insert(item.id);
     }
     m_rows.removeIf([&listed](const auto& row) {
@@ -108,4 +108,4 @@ void HistoryListAccessible::forgetRowsThatAreGone() const {
     });
 }
 
-} // namespace zamber
+} // namespace zamber::popover

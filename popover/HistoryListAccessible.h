@@ -6,7 +6,7 @@
 #include <QHash>
 #include <QUuid>
 
-namespace zamber {
+namespace zamber::popover {
 
 class HistoryListWidget;
 
@@ -36,4 +36,4 @@ private:
     mutable QHash<QUuid, QAccessible::Id> m_rows;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

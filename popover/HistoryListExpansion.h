@@ -5,11 +5,11 @@
 #include "popover/HistoryListWidget.h"
 #include "popover/TextLines.h"
 
-namespace zamber {
+namespace zamber::popover {
 
 struct HistoryListWidget::Expansion {
     LazyTextLayout layout;
     double scrollOffset = 0;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -86,12 +86,12 @@ QStringList HistoryListWidget::describe(int index) {
 }
 
 void HistoryListWidget::choose(int index) {
-    const ClipboardItem copy = item(index); // the list may change while it is told
+    const clipboard::ClipboardItem copy = item(index); // the list may change while it is told
     emit chosen(copy);
 }
 
 void HistoryListWidget::perform(int index, RowAction action) {
-    const ClipboardItem copy = item(index);
+    const clipboard::ClipboardItem copy = item(index);
     switch (action) {
     case RowAction::OpenLink:
         if (const auto address = link(index)) {
@@ -185,4 +185,4 @@ void HistoryListWidget::hideEvent(QHideEvent* event) {
     updateHighlights(Motion::Immediate);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -12,7 +12,7 @@
 
 #include <cmath>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -43,12 +43,12 @@ void HistoryListWidget::paintEvent(QPaintEvent* event) {
         }
     }
     if (m_scrollOffset > 0) {
-        painter.fillRect(0, 0, width(), 1, faded(m_palette.separator, 0.6)); // more lies above
+        painter.fillRect(0, 0, width(), 1, ui::faded(m_palette.separator, 0.6)); // more lies above
     }
 }
 
 void HistoryListWidget::paintHeader(QPainter& painter, const QRect& area, bool isPinnedHeader) const {
-    const QFont font = textFont(10, QFont::DemiBold);
+    const QFont font = ui::textFont(10, QFont::DemiBold);
     const QPixmap icon = m_symbols.pixmap(isPinnedHeader ? u"pin.fill"_s : u"clock"_s,
                                           {9, QFont::DemiBold, m_palette.tertiary, devicePixelRatioF()});
     const QSizeF iconSize = icon.deviceIndependentSize();
@@ -80,4 +80,4 @@ void HistoryListWidget::paintRow(QPainter& painter, const QRect& area, int row) 
     }
 }
 
-} // namespace zamber
+} // namespace zamber::popover

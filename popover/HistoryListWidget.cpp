@@ -14,7 +14,7 @@
 #include <cmath>
 #include <utility>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -50,9 +50,9 @@ HistoryListWidget::HistoryListWidget(const Symbols& symbols, const Appearance& a
 
 HistoryListWidget::~HistoryListWidget() = default;
 
-void HistoryListWidget::setItems(const QList<ClipboardItem>& items) {
+void HistoryListWidget::setItems(const QList<clipboard::ClipboardItem>& items) {
     m_items = items;
-    const auto firstRecent = std::ranges::partition_point(m_items, &ClipboardItem::isPinned);
+    const auto firstRecent = std::ranges::partition_point(m_items, &clipboard::ClipboardItem::isPinned);
     m_sections = {static_cast<int>(m_items.size()), static_cast<int>(firstRecent - m_items.begin())};
     const bool wasHovered = std::exchange(m_hovered, std::nullopt).has_value();
     std::erase_if(m_expansions, [this](const auto& entry) { return !rowOf(entry.first); });
@@ -69,11 +69,11 @@ void HistoryListWidget::setItems(const QList<ClipboardItem>& items) {
 std::optional<int> HistoryListWidget::rowOf(const QUuid& id) const {
     // The few rows that are looked for are near the top nearly always; an index of all would have to be made anew at
     // every key press in the search field.
-    const auto found = std::ranges::find(m_items, id, &ClipboardItem::id);
+    const auto found = std::ranges::find(m_items, id, &clipboard::ClipboardItem::id);
     return found == m_items.end() ? std::nullopt : std::optional(static_cast<int>(found - m_items.begin()));
 }
 
-void HistoryListWidget::forgetOthersThan(const QList<ClipboardItem>& items) {
+void HistoryListWidget::forgetOthersThan(const QList<clipboard::ClipboardItem>& items) {
     m_thumbnails.keepOnly(items);
     m_links.keepOnly(items);
     m_largeTexts.keepOnly(items);
@@ -90,7 +90,7 @@ void HistoryListWidget::setPreferences(const RowPreferences& preferences) {
     invalidateHeights();
 }
 
-void HistoryListWidget::setColors(const Palette& palette) {
+void HistoryListWidget::setColors(const ui::Palette& palette) {
     m_palette = palette;
     update();
 }
@@ -105,7 +105,7 @@ Motion HistoryListWidget::motion() const {
 }
 
 ClipboardRowView HistoryListWidget::rowView(int row) {
-    const ClipboardItem& entry = item(row);
+    const clipboard::ClipboardItem& entry = item(row);
     return {entry,
             isHovered(row),
             m_preferences,
@@ -139,7 +139,7 @@ void HistoryListWidget::measure(int element) {
         m_stack.setHeight(element, currentHeight(*row));
     } else {
         m_stack.setHeight(element,
-                          HEADER_PADDING_TOP + lineHeight(textFont(10, QFont::DemiBold)) + HEADER_PADDING_BOTTOM);
+                          HEADER_PADDING_TOP + lineHeight(ui::textFont(10, QFont::DemiBold)) + HEADER_PADDING_BOTTOM);
     }
 }
 
@@ -155,13 +155,13 @@ int HistoryListWidget::currentHeight(int row) {
 }
 
 HistoryListWidget::Expansion& HistoryListWidget::expansion(int row) {
-    const ClipboardItem& entry = item(row);
+    const clipboard::ClipboardItem& entry = item(row);
     const ClipboardRowView view(entry, true, m_preferences, {}, m_links.in(entry));
     const int textWidth = view.contentWidth(rowWidth());
     auto found = m_expansions.find(entry.id);
     if (found == m_expansions.end() || found->second.layout.width() != textWidth) {
         m_expansions.erase(entry.id);
-        LazyTextLayout layout(entry.content.bytes(), textFont(12), textWidth);
+        LazyTextLayout layout(entry.content.bytes(), ui::textFont(12), textWidth);
         found = m_expansions.emplace(entry.id, Expansion{std::move(layout)}).first;
     }
     return found->second;
@@ -285,4 +285,4 @@ void HistoryListWidget::glide() {
     update();
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -19,9 +19,11 @@
 #include <optional>
 
 namespace zamber {
-
 class Appearance;
 class Scheduler;
+} // namespace zamber
+
+namespace zamber::popover {
 
 /// The scrolling list of rows, pinned ones first. It draws only the rows that are seen and knows the heights of the
 /// others by guess until they come into view. It never has the keyboard focus; the selection is told to it.
@@ -35,13 +37,13 @@ public:
     ~HistoryListWidget() override;
 
     /// The entries in the order in which they are shown: all pinned ones before the others.
-    void setItems(const QList<ClipboardItem>& items);
-    const QList<ClipboardItem>& items() const { return m_items; }
+    void setItems(const QList<clipboard::ClipboardItem>& items);
+    const QList<clipboard::ClipboardItem>& items() const { return m_items; }
     /// Lets go of what is kept about all other entries.
-    void forgetOthersThan(const QList<ClipboardItem>& items);
+    void forgetOthersThan(const QList<clipboard::ClipboardItem>& items);
 
     void setPreferences(const RowPreferences& preferences);
-    void setColors(const Palette& palette);
+    void setColors(const ui::Palette& palette);
 
     /// Highlights the row; an index beyond the list highlights none.
     void setSelectedIndex(int index);
@@ -74,9 +76,9 @@ public:
     QList<RowAction> actions(int index) { return rowView(index).actions(); }
 
 signals:
-    void chosen(const zamber::ClipboardItem& item);
-    void pinRequested(const zamber::ClipboardItem& item);
-    void deleteRequested(const zamber::ClipboardItem& item);
+    void chosen(const zamber::clipboard::ClipboardItem& item);
+    void pinRequested(const zamber::clipboard::ClipboardItem& item);
+    void deleteRequested(const zamber::clipboard::ClipboardItem& item);
     void openLinkRequested(const QUrl& address);
     void selectRequested(int index);
     void menuRequested(int index, QPoint screenPosition);
@@ -103,7 +105,7 @@ private:
         bool operator==(const Target&) const = default;
     };
 
-    const ClipboardItem& item(int row) const { return m_items[row]; }
+    const clipboard::ClipboardItem& item(int row) const { return m_items[row]; }
     std::optional<int> rowOf(const QUuid& id) const;
     ClipboardRowView rowView(int row);
     void remeasure(const QUuid& id);
@@ -136,10 +138,10 @@ private:
     const Symbols& m_symbols;
     const Appearance& m_appearance;
     const Scheduler& m_clock;
-    Palette m_palette;
+    ui::Palette m_palette;
     RowPreferences m_preferences;
 
-    QList<ClipboardItem> m_items;
+    QList<clipboard::ClipboardItem> m_items;
     RowSections m_sections;
     RowStack m_stack;
     ThumbnailCache m_thumbnails;
@@ -159,4 +161,4 @@ private:
     QUuid m_glideTarget;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

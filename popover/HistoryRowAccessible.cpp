@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -31,7 +31,7 @@ RowAction actionOf(RowPart part) {
     return part == RowPart::OpenLink ? RowAction::OpenLink : part == RowPart::Pin ? RowAction::Pin : RowAction::Delete;
 }
 
-QString actionName(RowAction action, const ClipboardItem& item) {
+QString actionName(RowAction action, const clipboard::ClipboardItem& item) {
     switch (action) {
     case RowAction::OpenLink:
         return u"Open Link"_s;
@@ -63,7 +63,7 @@ std::optional<int> HistoryRowAccessible::row() const {
         return std::nullopt;
     }
     const auto& items = m_list->items();
-    const auto found = std::ranges::find(items, m_item, &ClipboardItem::id);
+    const auto found = std::ranges::find(items, m_item, &clipboard::ClipboardItem::id);
     return found == items.end() ? std::nullopt : std::optional(static_cast<int>(found - items.begin()));
 }
 
@@ -133,7 +133,7 @@ QString HistoryRowAccessible::text(QAccessible::Text kind) const {
 }
 
 QString HistoryRowAccessible::name(int row) const {
-    const ClipboardItem& item = m_list->items()[row];
+    const clipboard::ClipboardItem& item = m_list->items()[row];
     if (!m_part) {
         return m_list->preview(row);
     }
@@ -235,4 +235,4 @@ void HistoryRowAccessible::doAction(const QString& wanted) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::popover

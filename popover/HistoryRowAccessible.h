@@ -11,7 +11,7 @@
 #include <array>
 #include <optional>
 
-namespace zamber {
+namespace zamber::popover {
 
 class HistoryListWidget;
 
@@ -59,4 +59,4 @@ private:
     mutable std::array<QAccessible::Id, 4> m_parts{};
 };
 
-} // namespace zamber
+} // namespace zamber::popover

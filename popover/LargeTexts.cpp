@@ -4,7 +4,7 @@
 
 #include <QMetaObject>
 
-namespace zamber {
+namespace zamber::popover {
 
 LargeTexts::LargeTexts() {
     m_measurers.setMaxThreadCount(1);
@@ -14,7 +14,7 @@ LargeTexts::~LargeTexts() {
     m_measurers.clear();
 }
 
-bool LargeTexts::isMeasured(const ClipboardItem& item) {
+bool LargeTexts::isMeasured(const clipboard::ClipboardItem& item) {
     if (item.content.isImage() || item.content.bytes().size() < LARGE_BYTES || m_measured.contains(item.id)) {
         return true;
     }
@@ -35,16 +35,16 @@ bool LargeTexts::isMeasured(const ClipboardItem& item) {
     return false;
 }
 
-void LargeTexts::keepOnly(const QList<ClipboardItem>& items) {
+void LargeTexts::keepOnly(const QList<clipboard::ClipboardItem>& items) {
     if (m_pending.isEmpty() && m_measured.isEmpty()) {
         return;
     }
     QSet<QUuid> kept;
-    for (const ClipboardItem& item : items) {
+    for (const clipboard::ClipboardItem& item : items) {
         kept.insert(item.id);
     }
     m_pending.intersect(kept);
     m_measured.intersect(kept);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -9,7 +9,7 @@
 #include <QThreadPool>
 #include <QUuid>
 
-namespace zamber {
+namespace zamber::popover {
 
 /// Counts the lines and characters of large texts, and looks whether they are sensitive, on another thread: with
 /// hundreds of megabytes that takes a second. What was found is kept with the content itself.
@@ -21,10 +21,10 @@ public:
     ~LargeTexts() override;
 
     /// Can the entry be asked for its counts and its preview without waiting? If not, `measured` follows.
-    bool isMeasured(const ClipboardItem& item);
+    bool isMeasured(const clipboard::ClipboardItem& item);
 
     /// Forgets all other entries.
-    void keepOnly(const QList<ClipboardItem>& items);
+    void keepOnly(const QList<clipboard::ClipboardItem>& items);
 
     static constexpr qsizetype LARGE_BYTES = qsizetype{256} * 1024;
 
@@ -38,4 +38,4 @@ private:
     QThreadPool m_measurers;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -13,7 +13,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -35,9 +35,9 @@ constexpr int EMPTY_STATE_SPACING = 12;
 
 PopoverHeader::PopoverHeader(const Symbols& symbols, SettingsButton settingsButton, QWidget* parent)
     : QWidget(parent)
-    , m_icon(new SymbolView(symbols, u"clipboard.fill"_s, 14, QFont::DemiBold, this))
-    , m_title(new TextLabel(u"Zamber"_s, textFont(15, QFont::Bold), this))
-    , m_badge(new CapsuleBadge(this)) {
+    , m_icon(new ui::SymbolView(symbols, u"clipboard.fill"_s, 14, QFont::DemiBold, this))
+    , m_title(new ui::TextLabel(u"Zamber"_s, ui::textFont(15, QFont::Bold), this))
+    , m_badge(new ui::CapsuleBadge(this)) {
     m_badge->setObjectName(u"countBadge"_s);
     m_badge->hide();
     setFixedHeight(HEADER_PADDING_TOP + HEADER_LINE + HEADER_PADDING_BOTTOM);
@@ -51,16 +51,16 @@ PopoverHeader::PopoverHeader(const Symbols& symbols, SettingsButton settingsButt
     row->addStretch();
     row->addWidget(m_badge);
     if (settingsButton == SettingsButton::Shown) {
-        m_settings = new PlainButton(symbols, {.symbol = u"gearshape.fill"_s, .symbolPoints = 13}, this);
+        m_settings = new ui::PlainButton(symbols, {.symbol = u"gearshape.fill"_s, .symbolPoints = 13}, this);
         m_settings->setObjectName(u"settingsButton"_s);
         m_settings->setAccessibleName(u"Settings"_s);
         m_settings->setToolTip(u"Settings"_s);
         // The gear itself stands at the margin; the ground that it shows when hovered reaches into it.
         row->setContentsMargins(BAR_PADDING_HORIZONTAL, HEADER_PADDING_TOP,
-                                BAR_PADDING_HORIZONTAL - PlainButton::GROUND_PADDING, HEADER_PADDING_BOTTOM);
-        row->addSpacing(HEADER_SPACING - PlainButton::GROUND_PADDING);
+                                BAR_PADDING_HORIZONTAL - ui::PlainButton::GROUND_PADDING, HEADER_PADDING_BOTTOM);
+        row->addSpacing(HEADER_SPACING - ui::PlainButton::GROUND_PADDING);
         row->addWidget(m_settings);
-        connect(m_settings, &PlainButton::clicked, this, &PopoverHeader::settingsRequested);
+        connect(m_settings, &ui::PlainButton::clicked, this, &PopoverHeader::settingsRequested);
     }
 }
 
@@ -69,7 +69,7 @@ void PopoverHeader::setCount(qsizetype count, int max) {
     m_badge->setVisible(count > 0);
 }
 
-void PopoverHeader::setColors(const Palette& palette) {
+void PopoverHeader::setColors(const ui::Palette& palette) {
     m_icon->setColor(palette.accent);
     m_title->setColor(palette.primary);
     m_badge->setColors(palette.secondary, palette.tertiaryFill);
@@ -80,16 +80,16 @@ void PopoverHeader::setColors(const Palette& palette) {
 
 PopoverFooter::PopoverFooter(const Symbols& symbols, QWidget* parent)
     : QWidget(parent)
-    , m_clear(new PlainButton(symbols,
-                              {.symbol = u"trash"_s,
-                               .symbolPoints = 10,
-                               .text = u"Clear"_s,
-                               .font = textFont(11, QFont::Medium),
-                               .pointer = HoverPointer::PointingHand},
-                              this)) {
+    , m_clear(new ui::PlainButton(symbols,
+                                  {.symbol = u"trash"_s,
+                                   .symbolPoints = 10,
+                                   .text = u"Clear"_s,
+                                   .font = ui::textFont(11, QFont::Medium),
+                                   .pointer = ui::HoverPointer::PointingHand},
+                                  this)) {
     setFixedHeight(FOOTER_LINE + 2 * FOOTER_PADDING_VERTICAL);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(BAR_PADDING_HORIZONTAL, 0, BAR_PADDING_HORIZONTAL - PlainButton::GROUND_PADDING, 0);
+    row->setContentsMargins(BAR_PADDING_HORIZONTAL, 0, BAR_PADDING_HORIZONTAL - ui::PlainButton::GROUND_PADDING, 0);
     row->setSpacing(HINT_SPACING);
 
     const std::pair<QString, QString> hints[] = {
@@ -98,8 +98,8 @@ PopoverFooter::PopoverFooter(const Symbols& symbols, QWidget* parent)
         if (!m_keys.isEmpty()) {
             row->addSpacing(FOOTER_SPACING - HINT_SPACING);
         }
-        m_keys.append(new KeyCap(key, this));
-        m_labels.append(new TextLabel(label, textFont(10), this));
+        m_keys.append(new ui::KeyCap(key, this));
+        m_labels.append(new ui::TextLabel(label, ui::textFont(10), this));
         row->addWidget(m_keys.last());
         row->addWidget(m_labels.last());
     }
@@ -109,19 +109,19 @@ PopoverFooter::PopoverFooter(const Symbols& symbols, QWidget* parent)
     m_clear->setAccessibleName(u"Clear"_s);
     m_clear->hide();
     row->addWidget(m_clear);
-    connect(m_clear, &PlainButton::clicked, this, &PopoverFooter::clearRequested);
+    connect(m_clear, &ui::PlainButton::clicked, this, &PopoverFooter::clearRequested);
 }
 
 void PopoverFooter::setClearShown(bool isShown) {
     m_clear->setVisible(isShown);
 }
 
-void PopoverFooter::setColors(const Palette& palette) {
+void PopoverFooter::setColors(const ui::Palette& palette) {
     m_palette = palette;
-    for (KeyCap* key : std::as_const(m_keys)) {
+    for (ui::KeyCap* key : std::as_const(m_keys)) {
         key->setColors(palette.tertiary, palette.tertiaryFill);
     }
-    for (TextLabel* label : std::as_const(m_labels)) {
+    for (ui::TextLabel* label : std::as_const(m_labels)) {
         label->setColor(palette.quaternary);
     }
     m_clear->setColors(palette.secondary, palette);
@@ -131,15 +131,16 @@ void PopoverFooter::setColors(const Palette& palette) {
 void PopoverFooter::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const bool isOnMaterial = parentWidget() != nullptr && parentWidget()->testAttribute(Qt::WA_TranslucentBackground);
-    painter.fillRect(rect(), isOnMaterial ? faded(m_palette.barMaterial, BAR_OPACITY_ON_MATERIAL) : m_palette.barMaterial);
-    painter.fillRect(QRectF(0, 0, width(), 1), faded(m_palette.separator, 0.6));
+    painter.fillRect(rect(),
+                     isOnMaterial ? ui::faded(m_palette.barMaterial, BAR_OPACITY_ON_MATERIAL) : m_palette.barMaterial);
+    painter.fillRect(QRectF(0, 0, width(), 1), ui::faded(m_palette.separator, 0.6));
 }
 
 EmptyState::EmptyState(const Symbols& symbols, const QString& commandKeyHint, QWidget* parent)
     : QWidget(parent)
-    , m_icon(new SymbolView(symbols, u"clipboard"_s, 32, QFont::Light, this))
-    , m_title(new TextLabel({}, textFont(13, QFont::Medium), this))
-    , m_hint(new TextLabel(u"⌘⇧V to open anytime"_s, textFont(11), this)) {
+    , m_icon(new ui::SymbolView(symbols, u"clipboard"_s, 32, QFont::Light, this))
+    , m_title(new ui::TextLabel({}, ui::textFont(13, QFont::Medium), this))
+    , m_hint(new ui::TextLabel(u"⌘⇧V to open anytime"_s, ui::textFont(11), this)) {
     m_icon->setObjectName(u"emptyStateIcon"_s);
     m_title->setObjectName(u"emptyStateTitle"_s);
     m_hint->setObjectName(u"emptyStateHint"_s);
@@ -162,10 +163,10 @@ void EmptyState::setReason(Reason reason) {
     m_hint->setVisible(isEmpty);
 }
 
-void EmptyState::setColors(const Palette& palette) {
+void EmptyState::setColors(const ui::Palette& palette) {
     m_icon->setColor(palette.quaternary);
     m_title->setColor(palette.tertiary);
     m_hint->setColor(palette.quaternary);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

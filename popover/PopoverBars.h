@@ -8,13 +8,18 @@
 #include <QWidget>
 
 namespace zamber {
+class Symbols;
+}
 
+namespace zamber::ui {
 class CapsuleBadge;
 class KeyCap;
 class PlainButton;
 class SymbolView;
-class Symbols;
 class TextLabel;
+} // namespace zamber::ui
+
+namespace zamber::popover {
 
 /// The top of the popover: the program's name, how full the history is, and the way to the settings.
 class PopoverHeader final : public QWidget {
@@ -27,16 +32,16 @@ public:
 
     /// Shows "count/max", or nothing for an empty history.
     void setCount(qsizetype count, int max);
-    void setColors(const Palette& palette);
+    void setColors(const ui::Palette& palette);
 
 signals:
     void settingsRequested();
 
 private:
-    SymbolView* m_icon;
-    TextLabel* m_title;
-    CapsuleBadge* m_badge;
-    PlainButton* m_settings = nullptr;
+    ui::SymbolView* m_icon;
+    ui::TextLabel* m_title;
+    ui::CapsuleBadge* m_badge;
+    ui::PlainButton* m_settings = nullptr;
 };
 
 /// The bottom of the popover: what the keys do, and the way to clear the history.
@@ -47,7 +52,7 @@ public:
     PopoverFooter(const Symbols& symbols, QWidget* parent);
 
     void setClearShown(bool isShown);
-    void setColors(const Palette& palette);
+    void setColors(const ui::Palette& palette);
 
 signals:
     void clearRequested();
@@ -56,10 +61,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QList<KeyCap*> m_keys;
-    QList<TextLabel*> m_labels;
-    PlainButton* m_clear;
-    Palette m_palette;
+    QList<ui::KeyCap*> m_keys;
+    QList<ui::TextLabel*> m_labels;
+    ui::PlainButton* m_clear;
+    ui::Palette m_palette;
 };
 
 /// What stands in the list's place when there is nothing to list.
@@ -72,12 +77,12 @@ public:
 
     enum class Reason { EmptyHistory, NoMatch };
     void setReason(Reason reason);
-    void setColors(const Palette& palette);
+    void setColors(const ui::Palette& palette);
 
 private:
-    SymbolView* m_icon;
-    TextLabel* m_title;
-    TextLabel* m_hint;
+    ui::SymbolView* m_icon;
+    ui::TextLabel* m_title;
+    ui::TextLabel* m_hint;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

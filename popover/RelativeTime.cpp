@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -55,4 +55,4 @@ QString timeAgo(double timestamp, double now) {
     return QString::number(seconds / day) + u'd';
 }
 
-} // namespace zamber
+} // namespace zamber::popover

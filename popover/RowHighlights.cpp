@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <chrono>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace std::chrono_literals;
 
@@ -63,4 +63,4 @@ void RowHighlights::advance() {
     emit advanced();
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -10,7 +10,7 @@
 #include <QTimer>
 #include <QUuid>
 
-namespace zamber {
+namespace zamber::popover {
 
 enum class Motion { Animated, Immediate };
 
@@ -42,4 +42,4 @@ private:
     QElapsedTimer m_sinceFrame;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

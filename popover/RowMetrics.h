@@ -3,7 +3,7 @@
 #pragma once
 
 /// The distances inside a row, in points, for those who measure and those who paint it.
-namespace zamber::rowmetrics {
+namespace zamber::popover::rowmetrics {
 
 inline constexpr int PADDING_HORIZONTAL = 12;
 inline constexpr int PADDING_VERTICAL = 10;
@@ -17,4 +17,4 @@ inline constexpr int COUNTS_SPACING = 3;
 inline constexpr int COUNT_SPACING = 4;
 inline constexpr int LINK_SPACING = 2;
 
-} // namespace zamber::rowmetrics
+} // namespace zamber::popover::rowmetrics

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-namespace zamber {
+namespace zamber::popover {
 
 /// What stands below each other in the list: all rows, the pinned ones first, and, when there are pinned ones, a header
 /// above each of the two groups that has rows.
@@ -43,4 +43,4 @@ private:
     int m_pinnedCount = 0;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

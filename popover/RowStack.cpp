@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::popover {
 
 RowStack::RowStack(int padding, int gap)
     : m_padding(padding)
@@ -53,4 +53,4 @@ void RowStack::updateTops() const {
     m_topsAreStale = false;
 }
 
-} // namespace zamber
+} // namespace zamber::popover

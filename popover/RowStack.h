@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace zamber {
+namespace zamber::popover {
 
 /// Things of different heights below each other, with a padding above and below all and a gap between each two.
 /// Lengths in points. Indices must lie inside the stack.
@@ -37,4 +37,4 @@ private:
     mutable bool m_topsAreStale = true;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

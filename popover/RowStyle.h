@@ -9,9 +9,12 @@
 #include <optional>
 
 namespace zamber {
+class Symbols;
+}
+
+namespace zamber::popover {
 
 class LazyTextLayout;
-class Symbols;
 
 /// What the user wants rows to show.
 struct RowPreferences {
@@ -44,7 +47,7 @@ struct ExpandedText {
 
 /// What a row is drawn with.
 struct RowStyle {
-    const Palette& palette;
+    const ui::Palette& palette;
     const Symbols& symbols;
     double devicePixelRatio = 1;
     double now = 0;                       ///< seconds since 1970
@@ -52,4 +55,4 @@ struct RowStyle {
     std::optional<RowAction> pressedOver; ///< the small button under the pointer
 };
 
-} // namespace zamber
+} // namespace zamber::popover

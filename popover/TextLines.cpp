@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -221,4 +221,4 @@ void LazyTextLayout::layOutNextPiece() {
     m_lineCount += lineCount;
 }
 
-} // namespace zamber
+} // namespace zamber::popover

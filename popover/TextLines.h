@@ -14,7 +14,7 @@
 
 class QPainter;
 
-namespace zamber {
+namespace zamber::popover {
 
 /// The height that every line of the font takes, in points; symbols from another font do not push lines apart.
 int lineHeight(const QFont& font);
@@ -65,4 +65,4 @@ private:
     std::vector<Piece> m_pieces;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

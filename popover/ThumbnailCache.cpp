@@ -6,7 +6,7 @@
 
 #include <cmath>
 
-namespace zamber {
+namespace zamber::popover {
 
 ThumbnailCache::ThumbnailCache() {
     // One after the other: decoders of large images take much memory each.
@@ -17,7 +17,7 @@ ThumbnailCache::~ThumbnailCache() {
     m_decoders.clear();
 }
 
-const Thumbnail& ThumbnailCache::thumbnail(const ClipboardItem& item, double devicePixelRatio) {
+const Thumbnail& ThumbnailCache::thumbnail(const clipboard::ClipboardItem& item, double devicePixelRatio) {
     static const Thumbnail nothing{ThumbnailState::Undecodable};
     if (!item.content.isImage()) {
         return nothing;
@@ -41,15 +41,15 @@ const Thumbnail& ThumbnailCache::thumbnail(const ClipboardItem& item, double dev
     return entry.thumbnail;
 }
 
-void ThumbnailCache::keepOnly(const QList<ClipboardItem>& items) {
+void ThumbnailCache::keepOnly(const QList<clipboard::ClipboardItem>& items) {
     if (m_entries.isEmpty()) {
         return;
     }
     QSet<QUuid> kept;
-    for (const ClipboardItem& item : items) {
+    for (const clipboard::ClipboardItem& item : items) {
         kept.insert(item.id);
     }
     m_entries.removeIf([&kept](const auto& entry) { return !kept.contains(entry.key()); });
 }
 
-} // namespace zamber
+} // namespace zamber::popover

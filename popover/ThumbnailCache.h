@@ -9,7 +9,7 @@
 #include <QSet>
 #include <QThreadPool>
 
-namespace zamber {
+namespace zamber::popover {
 
 /// The small pictures of image entries, decoded on another thread when first asked for and kept as long as the
 /// entry is in the list.
@@ -21,10 +21,10 @@ public:
     ~ThumbnailCache() override;
 
     /// What is known now; `loaded` follows when more is. Nothing to show for a text.
-    const Thumbnail& thumbnail(const ClipboardItem& item, double devicePixelRatio);
+    const Thumbnail& thumbnail(const clipboard::ClipboardItem& item, double devicePixelRatio);
 
     /// Forgets the pictures of all other entries.
-    void keepOnly(const QList<ClipboardItem>& items);
+    void keepOnly(const QList<clipboard::ClipboardItem>& items);
 
 signals:
     void loaded(const QUuid& item);
@@ -40,4 +40,4 @@ private:
     QThreadPool m_decoders;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -11,7 +11,7 @@
 #include <QHBoxLayout>
 #include <QPainter>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -25,11 +25,12 @@ constexpr double GROUND_OPACITY = 0.08;
 
 UpdateBanner::UpdateBanner(const Symbols& symbols, QWidget* parent)
     : QWidget(parent)
-    , m_icon(new SymbolView(symbols, u"arrow.down.circle.fill"_s, 10, QFont::Normal, this))
-    , m_text(new TextLabel({}, textFont(11, QFont::Medium), this))
-    , m_update(new BorderedButton(u"Update"_s,
-                                  {.prominence = ButtonLook::Prominence::Prominent, .size = ControlSize::Mini}, this))
-    , m_skip(new PlainButton(symbols, {.symbol = u"xmark"_s, .symbolPoints = 8, .symbolWeight = QFont::Bold}, this)) {
+    , m_icon(new ui::SymbolView(symbols, u"arrow.down.circle.fill"_s, 10, QFont::Normal, this))
+    , m_text(new ui::TextLabel({}, ui::textFont(11, QFont::Medium), this))
+    , m_update(new ui::BorderedButton(
+          u"Update"_s, {.prominence = ui::ButtonLook::Prominence::Prominent, .size = ui::ControlSize::Mini}, this))
+    , m_skip(
+          new ui::PlainButton(symbols, {.symbol = u"xmark"_s, .symbolPoints = 8, .symbolWeight = QFont::Bold}, this)) {
     setFixedHeight(LINE + 2 * PADDING_VERTICAL);
     m_text->setObjectName(u"updateText"_s);
     m_text->setMinimumWidth(1); // whatever the service calls its version, the buttons stay
@@ -40,7 +41,7 @@ UpdateBanner::UpdateBanner(const Symbols& symbols, QWidget* parent)
     m_skip->setToolTip(u"Skip This Version"_s);
 
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(PADDING_HORIZONTAL, 0, PADDING_HORIZONTAL - PlainButton::GROUND_PADDING, 0);
+    row->setContentsMargins(PADDING_HORIZONTAL, 0, PADDING_HORIZONTAL - ui::PlainButton::GROUND_PADDING, 0);
     row->setSpacing(0);
     row->addWidget(m_icon);
     row->addSpacing(SPACING);
@@ -48,12 +49,12 @@ UpdateBanner::UpdateBanner(const Symbols& symbols, QWidget* parent)
     row->addStretch();
     row->addSpacing(SPACING);
     row->addWidget(m_update);
-    row->addSpacing(SPACING - PlainButton::GROUND_PADDING);
+    row->addSpacing(SPACING - ui::PlainButton::GROUND_PADDING);
     row->addWidget(m_skip);
 
     // Copies: what is called may set another notice, or take this one away.
-    connect(m_update, &BorderedButton::clicked, this, [this] { std::function(m_notice.download)(); });
-    connect(m_skip, &PlainButton::clicked, this, [this] { std::function(m_notice.skip)(); });
+    connect(m_update, &ui::BorderedButton::clicked, this, [this] { std::function(m_notice.download)(); });
+    connect(m_skip, &ui::PlainButton::clicked, this, [this] { std::function(m_notice.skip)(); });
 }
 
 void UpdateBanner::setNotice(const UpdateNotice& notice) {
@@ -61,7 +62,7 @@ void UpdateBanner::setNotice(const UpdateNotice& notice) {
     m_text->setText(u"v%1 available"_s.arg(notice.latestVersion));
 }
 
-void UpdateBanner::setColors(const Palette& palette) {
+void UpdateBanner::setColors(const ui::Palette& palette) {
     m_palette = palette;
     m_icon->setColor(palette.blue);
     m_text->setColor(palette.primary);
@@ -71,7 +72,7 @@ void UpdateBanner::setColors(const Palette& palette) {
 }
 
 void UpdateBanner::paintEvent(QPaintEvent*) {
-    QPainter(this).fillRect(rect(), faded(m_palette.blue, GROUND_OPACITY));
+    QPainter(this).fillRect(rect(), ui::faded(m_palette.blue, GROUND_OPACITY));
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -9,12 +9,17 @@
 #include <functional>
 
 namespace zamber {
+class Symbols;
+}
 
+namespace zamber::ui {
 class BorderedButton;
 class PlainButton;
 class SymbolView;
-class Symbols;
 class TextLabel;
+} // namespace zamber::ui
+
+namespace zamber::popover {
 
 /// A newer version that the user is to be told of, and what can be done about it.
 struct UpdateNotice {
@@ -31,18 +36,18 @@ public:
     UpdateBanner(const Symbols& symbols, QWidget* parent);
 
     void setNotice(const UpdateNotice& notice);
-    void setColors(const Palette& palette);
+    void setColors(const ui::Palette& palette);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    SymbolView* m_icon;
-    TextLabel* m_text;
-    BorderedButton* m_update;
-    PlainButton* m_skip;
+    ui::SymbolView* m_icon;
+    ui::TextLabel* m_text;
+    ui::BorderedButton* m_update;
+    ui::PlainButton* m_skip;
     UpdateNotice m_notice;
-    Palette m_palette;
+    ui::Palette m_palette;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -8,7 +8,7 @@
 #include <QString>
 #include <QStringView>
 
-namespace zamber {
+namespace zamber::preferences {
 
 /// One preference: its key, and what its readers take when it was never written. T is `bool`, `int` or
 /// `QStringView`; the last one is read as a QString.
@@ -43,7 +43,6 @@ inline void write(UserDefaults& defaults, const PreferenceKey<QStringView>& key,
 }
 
 /// Every preference of the program, in the order of the pages that show them.
-namespace keys {
 
 using namespace Qt::StringLiterals;
 
@@ -66,6 +65,4 @@ inline constexpr PreferenceKey<QStringView> paste3rd{"paste3rd"_L1, u"⌘⇧3"};
 
 inline constexpr PreferenceKey<QStringView> skippedVersion{"skippedVersion"_L1, u""};
 
-} // namespace keys
-
-} // namespace zamber
+} // namespace zamber::preferences

@@ -10,7 +10,7 @@
 
 #include <QVBoxLayout>
 
-namespace zamber {
+namespace zamber::settings {
 
 using namespace Qt::StringLiterals;
 
@@ -25,31 +25,31 @@ constexpr int TEXT_POINTS = 13;
 constexpr int CREDIT_POINTS = 12;
 constexpr int LICENCE_POINTS = 11;
 
-TextLabel* line(const SettingsLook& look, const QString& text, const QFont& font, QColor Palette::* level) {
-    auto* label = new TextLabel(text, font);
+ui::TextLabel* line(const SettingsLook& look, const QString& text, const QFont& font, QColor ui::Palette::* level) {
+    auto* label = new ui::TextLabel(text, font);
     label->setAlignment(Qt::AlignHCenter);
-    look.apply(label, [label, level](const Palette& palette) { label->setColor(palette.*level); });
+    look.apply(label, [label, level](const ui::Palette& palette) { label->setColor(palette.*level); });
     return label;
 }
 
 } // namespace
 
 AboutSettingsView::AboutSettingsView(const SettingsLook& look, const AppBundle& bundle) {
-    auto* symbol = new SymbolView(look.symbols(), u"clipboard.fill"_s, SYMBOL_POINTS, QFont::Normal);
-    look.apply(symbol, [symbol](const Palette& palette) { symbol->setColor(palette.accent); });
+    auto* symbol = new ui::SymbolView(look.symbols(), u"clipboard.fill"_s, SYMBOL_POINTS, QFont::Normal);
+    look.apply(symbol, [symbol](const ui::Palette& palette) { symbol->setColor(palette.accent); });
 
     auto* name = new QVBoxLayout;
     name->setSpacing(NAME_SPACING);
-    name->addWidget(line(look, u"Zamber"_s, textFont(NAME_POINTS, QFont::Bold), &Palette::primary));
-    name->addWidget(line(look, u"Version %1"_s.arg(bundle.version().value_or(u"1.0.0"_s)), textFont(TEXT_POINTS),
-                         &Palette::secondary));
+    name->addWidget(line(look, u"Zamber"_s, ui::textFont(NAME_POINTS, QFont::Bold), &ui::Palette::primary));
+    name->addWidget(line(look, u"Version %1"_s.arg(bundle.version().value_or(u"1.0.0"_s)), ui::textFont(TEXT_POINTS),
+                         &ui::Palette::secondary));
 
     auto* credit = new QVBoxLayout;
     credit->setSpacing(NAME_SPACING);
     credit->addWidget(
-        line(look, u"Made with care by the Zamber project"_s, textFont(CREDIT_POINTS), &Palette::tertiary));
+        line(look, u"Made with care by the Zamber project"_s, ui::textFont(CREDIT_POINTS), &ui::Palette::tertiary));
     credit->addWidget(
-        line(look, u"Free software under the MIT licence"_s, textFont(LICENCE_POINTS), &Palette::quaternary));
+        line(look, u"Free software under the MIT licence"_s, ui::textFont(LICENCE_POINTS), &ui::Palette::quaternary));
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, BOTTOM);
@@ -58,9 +58,9 @@ AboutSettingsView::AboutSettingsView(const SettingsLook& look, const AppBundle& 
     column->addWidget(symbol, 0, Qt::AlignHCenter);
     column->addLayout(name);
     column->addWidget(
-        line(look, u"A minimal clipboard manager for macOS"_s, textFont(TEXT_POINTS), &Palette::tertiary));
+        line(look, u"A minimal clipboard manager for macOS"_s, ui::textFont(TEXT_POINTS), &ui::Palette::tertiary));
     column->addStretch();
     column->addLayout(credit);
 }
 
-} // namespace zamber
+} // namespace zamber::settings

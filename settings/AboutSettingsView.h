@@ -5,8 +5,11 @@
 #include <QWidget>
 
 namespace zamber {
-
 class AppBundle;
+}
+
+namespace zamber::settings {
+
 class SettingsLook;
 
 /// What this program is, and who made it: one column in the middle of the page.
@@ -17,4 +20,4 @@ public:
     AboutSettingsView(const SettingsLook& look, const AppBundle& bundle);
 };
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -8,7 +8,7 @@
 
 #include <QBoxLayout>
 
-namespace zamber {
+namespace zamber::settings {
 
 using namespace Qt::StringLiterals;
 
@@ -23,21 +23,21 @@ ClipboardSettingsView::ClipboardSettingsView(const SettingsLook& look, UserDefau
         const auto [row, picker] =
             settingsPickerRow(look, u"Max items"_s, MAX_ITEMS_WIDTH,
                               {{u"10"_s, u"10"_s}, {u"20"_s, u"20"_s}, {u"50"_s, u"50"_s}, {u"100"_s, u"100"_s}});
-        bind(*picker, defaults, keys::maxItems);
+        bind(*picker, defaults, preferences::maxItems);
         card.addWidget(row);
     }));
     add(settingsSection(look, u"Display"_s, [&](QBoxLayout& card) {
-        card.addWidget(settingsSwitchRow(look, defaults, keys::showLineCount, u"Show line count"_s));
+        card.addWidget(settingsSwitchRow(look, defaults, preferences::showLineCount, u"Show line count"_s));
         card.addWidget(settingsDivider(look));
-        card.addWidget(settingsSwitchRow(look, defaults, keys::showCharCount, u"Show character count"_s));
+        card.addWidget(settingsSwitchRow(look, defaults, preferences::showCharCount, u"Show character count"_s));
         card.addWidget(settingsDivider(look));
-        card.addWidget(settingsSwitchRow(look, defaults, keys::previewURLs, u"Preview URL titles"_s,
+        card.addWidget(settingsSwitchRow(look, defaults, preferences::previewURLs, u"Preview URL titles"_s,
                                          u"Show page titles for copied links"_s));
     }));
     add(settingsSection(look, u"Security"_s, [&](QBoxLayout& card) {
-        card.addWidget(settingsSwitchRow(look, defaults, keys::hideSensitive, u"Hide sensitive content"_s,
+        card.addWidget(settingsSwitchRow(look, defaults, preferences::hideSensitive, u"Hide sensitive content"_s,
                                          u"Masks passwords, API keys, and tokens with ●●●●"_s));
     }));
 }
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -5,8 +5,10 @@
 #include "settings/SettingsPage.h"
 
 namespace zamber {
-
 class UserDefaults;
+}
+
+namespace zamber::settings {
 
 /// How much is kept, what the rows of the popover show, and what they mask.
 class ClipboardSettingsView final : public SettingsPage {
@@ -16,4 +18,4 @@ public:
     ClipboardSettingsView(const SettingsLook& look, UserDefaults& defaults);
 };
 
-} // namespace zamber
+} // namespace zamber::settings

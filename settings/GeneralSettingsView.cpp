@@ -20,7 +20,7 @@
 
 #include <QHBoxLayout>
 
-namespace zamber {
+namespace zamber::settings {
 
 using namespace Qt::StringLiterals;
 
@@ -44,9 +44,9 @@ GeneralSettingsView::GeneralSettingsView(const SettingsLook& look, const Setting
 
 QWidget* GeneralSettingsView::startupSection() {
     return settingsSection(look(), u"Startup"_s, [this](QBoxLayout& card) {
-        Switch* const launchAtLogin = settingsSwitch(look(), u"Launch at login"_s);
+        ui::Switch* const launchAtLogin = settingsSwitch(look(), u"Launch at login"_s);
         launchAtLogin->setChecked(m_services.loginItem.status() == LoginItemStatus::Enabled);
-        connect(launchAtLogin, &Switch::toggled, this, &GeneralSettingsView::changeLaunchAtLogin);
+        connect(launchAtLogin, &ui::Switch::toggled, this, &GeneralSettingsView::changeLaunchAtLogin);
         card.addWidget(settingsRow([&](QBoxLayout& line) { line.addWidget(launchAtLogin); }));
     });
 }
@@ -64,13 +64,13 @@ QWidget* GeneralSettingsView::appearanceSection() {
         const auto theme =
             settingsPickerRow(look(), u"Theme"_s, THEME_WIDTH,
                               {{u"Auto"_s, u"auto"_s}, {u"Light"_s, u"light"_s}, {u"Dark"_s, u"dark"_s}});
-        bind(*theme.picker, m_services.defaults, keys::appTheme);
+        bind(*theme.picker, m_services.defaults, preferences::appTheme);
         card.addWidget(theme.row);
         card.addWidget(settingsDivider(look()));
         const auto size =
             settingsPickerRow(look(), u"Popover size"_s, POPOVER_SIZE_WIDTH,
                               {{u"Compact"_s, u"compact"_s}, {u"Normal"_s, u"normal"_s}, {u"Large"_s, u"large"_s}});
-        bind(*size.picker, m_services.defaults, keys::popoverSize);
+        bind(*size.picker, m_services.defaults, preferences::popoverSize);
         card.addWidget(size.row);
     });
 }
@@ -78,17 +78,17 @@ QWidget* GeneralSettingsView::appearanceSection() {
 QWidget* GeneralSettingsView::feedbackSection() {
     return settingsSection(look(), u"Feedback"_s, [this](QBoxLayout& card) {
         card.addWidget(
-            settingsSwitchRow(look(), m_services.defaults, keys::playSoundOnPaste, u"Play sound on paste"_s));
+            settingsSwitchRow(look(), m_services.defaults, preferences::playSoundOnPaste, u"Play sound on paste"_s));
     });
 }
 
 QWidget* GeneralSettingsView::updatesSection() {
     return settingsSection(look(), u"Updates"_s, [this](QBoxLayout& card) {
         card.addWidget(settingsRow([this](QBoxLayout& line) {
-            const UpdateManager& updates = m_services.updates;
-            auto* version = new TextLabel(u"v%1 (%2)"_s.arg(updates.currentVersion()).arg(updates.currentBuild()),
-                                          textFont(VALUE_POINTS));
-            look().apply(version, [version](const Palette& palette) { version->setColor(palette.secondary); });
+            const update::UpdateManager& updates = m_services.updates;
+            auto* version = new ui::TextLabel(u"v%1 (%2)"_s.arg(updates.currentVersion()).arg(updates.currentBuild()),
+                                              ui::textFont(VALUE_POINTS));
+            look().apply(version, [version](const ui::Palette& palette) { version->setColor(palette.secondary); });
             line.addWidget(settingsLabel(look(), u"Current version"_s));
             line.addStretch();
             line.addWidget(version);
@@ -117,11 +117,11 @@ QWidget* GeneralSettingsView::grantedLabel() const {
     auto* line = new QHBoxLayout(granted);
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(GRANTED_SPACING);
-    auto* symbol = new SymbolView(look().symbols(), u"checkmark.circle.fill"_s, VALUE_POINTS, QFont::Medium);
-    auto* text = new TextLabel(u"Granted"_s, textFont(VALUE_POINTS, QFont::Medium));
+    auto* symbol = new ui::SymbolView(look().symbols(), u"checkmark.circle.fill"_s, VALUE_POINTS, QFont::Medium);
+    auto* text = new ui::TextLabel(u"Granted"_s, ui::textFont(VALUE_POINTS, QFont::Medium));
     line->addWidget(symbol);
     line->addWidget(text);
-    look().apply(granted, [symbol, text](const Palette& palette) {
+    look().apply(granted, [symbol, text](const ui::Palette& palette) {
         symbol->setColor(palette.green);
         text->setColor(palette.green);
     });
@@ -129,10 +129,10 @@ QWidget* GeneralSettingsView::grantedLabel() const {
 }
 
 QWidget* GeneralSettingsView::grantButton() {
-    auto* button = new BorderedButton(u"Grant Access"_s,
-                                      {.prominence = ButtonLook::Prominence::Prominent, .size = ControlSize::Small});
-    look().apply(button, [button](const Palette& palette) { button->setColors(palette); });
-    connect(button, &BorderedButton::clicked, this, [this] {
+    auto* button = new ui::BorderedButton(
+        u"Grant Access"_s, {.prominence = ui::ButtonLook::Prominence::Prominent, .size = ui::ControlSize::Small});
+    look().apply(button, [button](const ui::Palette& palette) { button->setColors(palette); });
+    connect(button, &ui::BorderedButton::clicked, this, [this] {
         if (const auto address = m_services.trust.settingsAddress()) {
             m_services.workspace.open(*address);
         }
@@ -140,4 +140,4 @@ QWidget* GeneralSettingsView::grantButton() {
     return button;
 }
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -5,7 +5,7 @@
 #include "settings/SettingsPage.h"
 #include "settings/SettingsServices.h"
 
-namespace zamber {
+namespace zamber::settings {
 
 /// When the program starts, how it looks and sounds, how old it is, and whether it may paste.
 class GeneralSettingsView final : public SettingsPage {
@@ -27,4 +27,4 @@ private:
     SettingsServices m_services;
 };
 
-} // namespace zamber
+} // namespace zamber::settings

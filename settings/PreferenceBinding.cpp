@@ -9,7 +9,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::settings {
 
 namespace {
 
@@ -38,25 +38,26 @@ void follow(QObject& context, UserDefaults& defaults, QLatin1StringView key, std
     new Observation(&context, defaults, key, std::move(show)); // the context's child
 }
 
-void bind(Switch& control, UserDefaults& defaults, const PreferenceKey<bool>& key) {
+void bind(ui::Switch& control, UserDefaults& defaults, const preferences::PreferenceKey<bool>& key) {
     follow(control, defaults, key.name, [&control, &defaults, key] {
         const QSignalBlocker silence(control);
         control.setChecked(read(defaults, key));
     });
-    QObject::connect(&control, &Switch::toggled, &control, [&defaults, key](bool isOn) { write(defaults, key, isOn); });
+    QObject::connect(&control, &ui::Switch::toggled, &control,
+                     [&defaults, key](bool isOn) { write(defaults, key, isOn); });
 }
 
-void bind(SegmentedPicker& control, UserDefaults& defaults, const PreferenceKey<QStringView>& key) {
+void bind(ui::SegmentedPicker& control, UserDefaults& defaults, const preferences::PreferenceKey<QStringView>& key) {
     follow(control, defaults, key.name, [&control, &defaults, key] { control.setValue(read(defaults, key)); });
-    QObject::connect(&control, &SegmentedPicker::chosen, &control,
+    QObject::connect(&control, &ui::SegmentedPicker::chosen, &control,
                      [&defaults, key](const QString& value) { write(defaults, key, value); });
 }
 
-void bind(SegmentedPicker& control, UserDefaults& defaults, const PreferenceKey<int>& key) {
+void bind(ui::SegmentedPicker& control, UserDefaults& defaults, const preferences::PreferenceKey<int>& key) {
     follow(control, defaults, key.name,
            [&control, &defaults, key] { control.setValue(QString::number(read(defaults, key))); });
-    QObject::connect(&control, &SegmentedPicker::chosen, &control,
+    QObject::connect(&control, &ui::SegmentedPicker::chosen, &control,
                      [&defaults, key](const QString& value) { write(defaults, key, value.toInt()); });
 }
 
-} // namespace zamber
+} // namespace zamber::settings

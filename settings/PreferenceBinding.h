@@ -8,19 +8,21 @@
 
 class QObject;
 
-namespace zamber {
-
+namespace zamber::ui {
 class SegmentedPicker;
 class Switch;
+} // namespace zamber::ui
+
+namespace zamber::settings {
 
 /// Shows what the preference of that name asks for now and after each of its changes, for as long as the context lives.
 void follow(QObject& context, UserDefaults& defaults, QLatin1StringView key, std::function<void()> show);
 
 // Keep a control and a preference alike for as long as the control lives: what the user chooses is written at once,
 // and what anybody else writes is shown at once. Binding writes nothing.
-void bind(Switch& control, UserDefaults& defaults, const PreferenceKey<bool>& key);
-void bind(SegmentedPicker& control, UserDefaults& defaults, const PreferenceKey<QStringView>& key);
+void bind(ui::Switch& control, UserDefaults& defaults, const preferences::PreferenceKey<bool>& key);
+void bind(ui::SegmentedPicker& control, UserDefaults& defaults, const preferences::PreferenceKey<QStringView>& key);
 /// The choices' values are decimal numbers. A number that is none of them shows no segment and is left alone.
-void bind(SegmentedPicker& control, UserDefaults& defaults, const PreferenceKey<int>& key);
+void bind(ui::SegmentedPicker& control, UserDefaults& defaults, const preferences::PreferenceKey<int>& key);
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -10,25 +10,25 @@
 
 #include <QVBoxLayout>
 
-namespace zamber {
+namespace zamber::settings {
 
 namespace {
 constexpr int CAPTION_SPACING = 4;
 } // namespace
 
-Switch* settingsSwitch(const SettingsLook& look, const QString& label) {
-    auto* control = new Switch(label);
-    look.apply(control, [control, &look](const Palette& palette) {
+ui::Switch* settingsSwitch(const SettingsLook& look, const QString& label) {
+    auto* control = new ui::Switch(label);
+    look.apply(control, [control, &look](const ui::Palette& palette) {
         control->setColors(palette);
         control->setMotion(look.motion());
     });
     return control;
 }
 
-QWidget* settingsSwitchRow(const SettingsLook& look, UserDefaults& defaults, const PreferenceKey<bool>& key,
-                           const QString& label, const QString& caption) {
+QWidget* settingsSwitchRow(const SettingsLook& look, UserDefaults& defaults,
+                           const preferences::PreferenceKey<bool>& key, const QString& label, const QString& caption) {
     return settingsRow([&](QBoxLayout& line) {
-        Switch* const control = settingsSwitch(look, label);
+        ui::Switch* const control = settingsSwitch(look, label);
         bind(*control, defaults, key);
         auto* column = new QVBoxLayout;
         column->setSpacing(CAPTION_SPACING);
@@ -42,10 +42,10 @@ QWidget* settingsSwitchRow(const SettingsLook& look, UserDefaults& defaults, con
 }
 
 SettingsPickerRow settingsPickerRow(const SettingsLook& look, const QString& label, int width,
-                                    const QList<SegmentedPicker::Choice>& choices) {
-    auto* picker = new SegmentedPicker(label, choices);
+                                    const QList<ui::SegmentedPicker::Choice>& choices) {
+    auto* picker = new ui::SegmentedPicker(label, choices);
     picker->setFixedWidth(width);
-    look.apply(picker, [picker, &look](const Palette& palette) {
+    look.apply(picker, [picker, &look](const ui::Palette& palette) {
         picker->setColors(palette);
         picker->setMotion(look.motion());
     });
@@ -57,4 +57,4 @@ SettingsPickerRow settingsPickerRow(const SettingsLook& look, const QString& lab
     return {.row = row, .picker = picker};
 }
 
-} // namespace zamber
+} // namespace zamber::settings

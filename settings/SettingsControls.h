@@ -3,28 +3,33 @@
 #pragma once
 
 #include "preferences/PreferenceKeys.h"
+
 #include "ui/SegmentedPicker.h"
 
 #include <QString>
 
-namespace zamber {
+namespace zamber::ui {
+class Switch;
+}
+
+namespace zamber::settings {
 
 class SettingsLook;
-class Switch;
 
 /// A switch in the colours of the window.
-Switch* settingsSwitch(const SettingsLook& look, const QString& label);
+ui::Switch* settingsSwitch(const SettingsLook& look, const QString& label);
 
 /// A row with a switch for the preference, and an explanation under it unless that is empty.
-QWidget* settingsSwitchRow(const SettingsLook& look, UserDefaults& defaults, const PreferenceKey<bool>& key,
-                           const QString& label, const QString& caption = {});
+QWidget* settingsSwitchRow(const SettingsLook& look, UserDefaults& defaults,
+                           const preferences::PreferenceKey<bool>& key, const QString& label,
+                           const QString& caption = {});
 
 /// A row with a label and a picker of that width in points, not bound to anything yet.
 struct SettingsPickerRow {
     QWidget* row;
-    SegmentedPicker* picker;
+    ui::SegmentedPicker* picker;
 };
 SettingsPickerRow settingsPickerRow(const SettingsLook& look, const QString& label, int width,
-                                    const QList<SegmentedPicker::Choice>& choices);
+                                    const QList<ui::SegmentedPicker::Choice>& choices);
 
-} // namespace zamber
+} // namespace zamber::settings

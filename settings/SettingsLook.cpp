@@ -4,7 +4,7 @@
 
 #include "platform/Appearance.h"
 
-namespace zamber {
+namespace zamber::settings {
 
 SettingsLook::SettingsLook(const Symbols& symbols, const Appearance& appearance)
     : m_symbols(symbols)
@@ -12,19 +12,19 @@ SettingsLook::SettingsLook(const Symbols& symbols, const Appearance& appearance)
     update();
 }
 
-Motion SettingsLook::motion() const {
-    return m_appearance.reducedMotion() ? Motion::Reduced : Motion::Full;
+ui::Motion SettingsLook::motion() const {
+    return m_appearance.reducedMotion() ? ui::Motion::Reduced : ui::Motion::Full;
 }
 
-void SettingsLook::apply(QObject* context, const std::function<void(const Palette&)>& color) const {
+void SettingsLook::apply(QObject* context, const std::function<void(const ui::Palette&)>& color) const {
     color(m_palette);
     connect(this, &SettingsLook::changed, context, [this, color] { color(m_palette); });
 }
 
 void SettingsLook::update() {
     const QColor accent = m_appearance.accentColor();
-    m_palette = m_appearance.isDark() ? Palette::dark(accent) : Palette::light(accent);
+    m_palette = m_appearance.isDark() ? ui::Palette::dark(accent) : ui::Palette::light(accent);
     Q_EMIT changed();
 }
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -10,9 +10,11 @@
 #include <functional>
 
 namespace zamber {
-
 class Appearance;
 class Symbols;
+} // namespace zamber
+
+namespace zamber::settings {
 
 /// The colours and symbols of the settings window, which everything in it is built with and follows when the
 /// desktop's look changes.
@@ -24,11 +26,11 @@ public:
     SettingsLook(const Symbols& symbols, const Appearance& appearance);
 
     const Symbols& symbols() const { return m_symbols; }
-    const Palette& palette() const { return m_palette; }
-    Motion motion() const;
+    const ui::Palette& palette() const { return m_palette; }
+    ui::Motion motion() const;
 
     /// Colours something now and whenever the look changes, for as long as the context lives.
-    void apply(QObject* context, const std::function<void(const Palette&)>& color) const;
+    void apply(QObject* context, const std::function<void(const ui::Palette&)>& color) const;
 
     /// To be called when the appearance has changed.
     void update();
@@ -39,7 +41,7 @@ signals:
 private:
     const Symbols& m_symbols;
     const Appearance& m_appearance;
-    Palette m_palette;
+    ui::Palette m_palette;
 };
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -8,7 +8,7 @@
 #include <QEvent>
 #include <QVBoxLayout>
 
-namespace zamber {
+namespace zamber::settings {
 
 namespace {
 constexpr int PADDING = 20;
@@ -29,8 +29,8 @@ SettingsPage::SettingsPage(const SettingsLook& look)
     setWidget(content);
     viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false); // which setWidget has switched on
-    auto* scrollBar = new OverlayScrollBar(this);
-    look.apply(scrollBar, [scrollBar](const Palette& palette) { scrollBar->setColors(palette); });
+    auto* scrollBar = new ui::OverlayScrollBar(this);
+    look.apply(scrollBar, [scrollBar](const ui::Palette& palette) { scrollBar->setColors(palette); });
 }
 
 void SettingsPage::add(QWidget* part) {
@@ -49,4 +49,4 @@ bool SettingsPage::eventFilter(QObject* watched, QEvent* event) {
     return QScrollArea::eventFilter(watched, event);
 }
 
-} // namespace zamber
+} // namespace zamber::settings

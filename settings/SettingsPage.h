@@ -6,7 +6,7 @@
 
 class QVBoxLayout;
 
-namespace zamber {
+namespace zamber::settings {
 
 class SettingsLook;
 
@@ -28,4 +28,4 @@ private:
     QVBoxLayout* m_column;
 };
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -5,13 +5,18 @@
 #include <QString>
 
 namespace zamber {
-
 class AccessibilityTrust;
 class AppBundle;
 class LoginItem;
-class UpdateManager;
 class UserDefaults;
 class Workspace;
+} // namespace zamber
+
+namespace zamber::update {
+class UpdateManager;
+}
+
+namespace zamber::settings {
 
 /// What the pages of the settings window show and change.
 struct SettingsServices {
@@ -20,8 +25,8 @@ struct SettingsServices {
     const AccessibilityTrust& trust;
     Workspace& workspace;
     const AppBundle& bundle;
-    UpdateManager& updates;
+    update::UpdateManager& updates;
     QString commandKeyHint; ///< which key ⌘ is, for people; empty where the keyboard says so itself
 };
 
-} // namespace zamber
+} // namespace zamber::settings

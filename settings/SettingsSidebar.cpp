@@ -12,7 +12,7 @@
 
 #include <cmath>
 
-namespace zamber {
+namespace zamber::settings {
 
 using namespace Qt::StringLiterals;
 
@@ -64,7 +64,7 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        const Palette& palette = m_look.palette();
+        const ui::Palette& palette = m_look.palette();
         const QRect row = option.rect;
         paintTitle(*painter, row, index.data(TITLE_ROLE).toString());
 
@@ -72,10 +72,10 @@ public:
         const bool hasFocus = m_list->hasFocus();
         painter->setPen(Qt::NoPen);
         if (isSelected) {
-            painter->setBrush(hasFocus ? palette.accentFill : faded(palette.primary, 0.10));
+            painter->setBrush(hasFocus ? palette.accentFill : ui::faded(palette.primary, 0.10));
             painter->drawRoundedRect(row, ROW_RADIUS, ROW_RADIUS);
         } else if (option.state.testFlag(QStyle::State_MouseOver)) {
-            painter->setBrush(faded(palette.primary, 0.05));
+            painter->setBrush(ui::faded(palette.primary, 0.05));
             painter->drawRoundedRect(row, ROW_RADIUS, ROW_RADIUS);
         }
         const SettingsTab tab = ALL_SETTINGS_TABS[static_cast<std::size_t>(index.row())];
@@ -89,7 +89,7 @@ public:
         painter->drawPixmap(QPointF(std::round(row.left() + ROW_PADDING + (SYMBOL_WIDTH - size.width()) / 2),
                                     std::round(row.top() + (row.height() - size.height()) / 2)),
                             symbol);
-        painter->setFont(textFont(NAME_POINTS, isSelected ? QFont::Medium : QFont::Normal));
+        painter->setFont(ui::textFont(NAME_POINTS, isSelected ? QFont::Medium : QFont::Normal));
         painter->setPen(isOnAccent ? palette.onAccent : palette.primary);
         painter->drawText(row.adjusted(ROW_PADDING + SYMBOL_WIDTH + SYMBOL_GAP, 0, -ROW_PADDING, 0),
                           Qt::AlignLeft | Qt::AlignVCenter, index.data().toString());
@@ -101,7 +101,7 @@ private:
         if (title.isEmpty()) {
             return;
         }
-        painter.setFont(textFont(TITLE_POINTS, QFont::DemiBold));
+        painter.setFont(ui::textFont(TITLE_POINTS, QFont::DemiBold));
         painter.setPen(m_look.palette().tertiary);
         const QRect place(row.left() + ROW_PADDING, row.top() - TITLE_HEIGHT, row.width() - ROW_PADDING,
                           TITLE_HEIGHT - TITLE_BOTTOM);
@@ -131,7 +131,7 @@ SettingsSidebar::SettingsSidebar(const SettingsLook& look)
     }
     setCurrentRow(0);
     connect(this, &QListWidget::currentRowChanged, this, [this] { Q_EMIT tabSelected(selectedTab()); });
-    look.apply(this, [this](const Palette&) { viewport()->update(); });
+    look.apply(this, [this](const ui::Palette&) { viewport()->update(); });
 }
 
 SettingsTab SettingsSidebar::selectedTab() const {
@@ -165,4 +165,4 @@ void SettingsSidebar::mouseMoveEvent(QMouseEvent* event) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -6,7 +6,7 @@
 
 #include <QListWidget>
 
-namespace zamber {
+namespace zamber::settings {
 
 class SettingsLook;
 
@@ -39,4 +39,4 @@ private:
     const SettingsLook& m_look;
 };
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingsTab.h"
 
-namespace zamber {
+namespace zamber::settings {
 
 using namespace Qt::StringLiterals;
 
@@ -11,16 +11,16 @@ namespace {
 struct Description {
     QString rawValue;
     QString icon;
-    QColor Palette::* iconColor;
+    QColor ui::Palette::* iconColor;
 };
 
 /// In the order of ALL_SETTINGS_TABS.
 const Description& describe(SettingsTab tab) {
     static const std::array<Description, ALL_SETTINGS_TABS.size()> descriptions{{
-        {u"General"_s, u"gearshape.fill"_s, &Palette::gray},
-        {u"Clipboard"_s, u"clipboard.fill"_s, &Palette::blue},
-        {u"Shortcuts"_s, u"keyboard.fill"_s, &Palette::orange},
-        {u"About"_s, u"info.circle.fill"_s, &Palette::secondary},
+        {u"General"_s, u"gearshape.fill"_s, &ui::Palette::gray},
+        {u"Clipboard"_s, u"clipboard.fill"_s, &ui::Palette::blue},
+        {u"Shortcuts"_s, u"keyboard.fill"_s, &ui::Palette::orange},
+        {u"About"_s, u"info.circle.fill"_s, &ui::Palette::secondary},
     }};
     return descriptions[static_cast<std::size_t>(tab)];
 }
@@ -44,8 +44,8 @@ QString icon(SettingsTab tab) {
     return describe(tab).icon;
 }
 
-QColor iconColor(SettingsTab tab, const Palette& palette) {
+QColor iconColor(SettingsTab tab, const ui::Palette& palette) {
     return palette.*describe(tab).iconColor;
 }
 
-} // namespace zamber
+} // namespace zamber::settings

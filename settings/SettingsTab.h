@@ -9,7 +9,7 @@
 #include <array>
 #include <optional>
 
-namespace zamber {
+namespace zamber::settings {
 
 /// The pages of the settings window.
 enum class SettingsTab { General, Clipboard, Shortcuts, About };
@@ -28,6 +28,6 @@ std::optional<SettingsTab> settingsTab(const QString& name);
 QString icon(SettingsTab tab);
 
 /// The colour of its symbol in the sidebar.
-QColor iconColor(SettingsTab tab, const Palette& palette);
+QColor iconColor(SettingsTab tab, const ui::Palette& palette);
 
-} // namespace zamber
+} // namespace zamber::settings

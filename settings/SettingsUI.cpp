@@ -14,7 +14,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace zamber {
+namespace zamber::settings {
 
 namespace {
 
@@ -46,7 +46,7 @@ constexpr int BODY_POINTS = 13;
 constexpr int CAPTION_POINTS = 11;
 
 /// A colour of the palette at an opacity of its own, as the levels' colours are not quite opaque themselves.
-QColor primaryAt(const Palette& palette, double opacity) {
+QColor primaryAt(const ui::Palette& palette, double opacity) {
     QColor color = palette.primary;
     color.setAlphaF(static_cast<float>(opacity));
     return color;
@@ -68,12 +68,12 @@ class Card final : public QWidget {
 public:
     explicit Card(const SettingsLook& look)
         : m_look(look) {
-        look.apply(this, [this](const Palette&) { update(); });
+        look.apply(this, [this](const ui::Palette&) { update(); });
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        const Palette& palette = m_look.palette();
+        const ui::Palette& palette = m_look.palette();
         paintPlate(*this, primaryAt(palette, CARD_OPACITY), primaryAt(palette, CARD_BORDER_OPACITY), CARD_RADIUS);
     }
 
@@ -86,7 +86,7 @@ public:
     explicit Divider(const SettingsLook& look)
         : m_look(look) {
         setFixedHeight(1);
-        look.apply(this, [this](const Palette&) { update(); });
+        look.apply(this, [this](const ui::Palette&) { update(); });
     }
 
 protected:
@@ -103,16 +103,16 @@ public:
     SettingsKeyCap(const SettingsLook& look, const QString& key)
         : m_look(look)
         , m_key(key) {
-        setFont(textFont(KEY_POINTS, QFont::DemiBold));
+        setFont(ui::textFont(KEY_POINTS, QFont::DemiBold));
         setAccessibleName(key);
         const int width = QFontMetrics(font()).horizontalAdvance(key) + 2 * KEY_PADDING;
         setFixedSize(std::max(KEY_SIDE, width), KEY_SIDE);
-        look.apply(this, [this](const Palette&) { update(); });
+        look.apply(this, [this](const ui::Palette&) { update(); });
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        const Palette& palette = m_look.palette();
+        const ui::Palette& palette = m_look.palette();
         paintPlate(*this, palette.tertiaryFill, primaryAt(palette, KEY_BORDER_OPACITY), KEY_RADIUS);
         QPainter painter(this);
         painter.setFont(font());
@@ -132,12 +132,12 @@ QWidget* SettingsUI::header(const SettingsLook& look, const QString& title, cons
     auto* line = new QHBoxLayout(header);
     line->setContentsMargins(0, 0, 0, HEADER_BOTTOM);
     line->setSpacing(HEADER_SPACING);
-    auto* symbol = new SymbolView(look.symbols(), icon, HEADER_SYMBOL_POINTS, QFont::DemiBold);
-    auto* label = new TextLabel(title, textFont(HEADER_TITLE_POINTS, QFont::Bold));
+    auto* symbol = new ui::SymbolView(look.symbols(), icon, HEADER_SYMBOL_POINTS, QFont::DemiBold);
+    auto* label = new ui::TextLabel(title, ui::textFont(HEADER_TITLE_POINTS, QFont::Bold));
     line->addWidget(symbol, 0, Qt::AlignVCenter);
     line->addWidget(label, 0, Qt::AlignVCenter);
     line->addStretch();
-    look.apply(header, [symbol, label](const Palette& palette) {
+    look.apply(header, [symbol, label](const ui::Palette& palette) {
         symbol->setColor(palette.primary);
         label->setColor(palette.primary);
     });
@@ -151,8 +151,8 @@ QWidget* SettingsUI::section(const SettingsLook& look, const QString& title, con
     column->setContentsMargins(0, 0, 0, SECTION_BOTTOM);
     column->setSpacing(0);
     if (!title.isEmpty()) {
-        auto* label = new TextLabel(title, textFont(SECTION_TITLE_POINTS, QFont::Medium));
-        look.apply(label, [label](const Palette& palette) { label->setColor(palette.secondary); });
+        auto* label = new ui::TextLabel(title, ui::textFont(SECTION_TITLE_POINTS, QFont::Medium));
+        look.apply(label, [label](const ui::Palette& palette) { label->setColor(palette.secondary); });
         auto* line = new QHBoxLayout;
         line->setContentsMargins(SECTION_TITLE_LEADING, 0, 0, SECTION_TITLE_BOTTOM);
         line->addWidget(label);
@@ -200,16 +200,16 @@ QWidget* settingsDivider(const SettingsLook& look) {
     return new Divider(look);
 }
 
-TextLabel* settingsLabel(const SettingsLook& look, const QString& text) {
-    auto* label = new TextLabel(text, textFont(BODY_POINTS));
-    look.apply(label, [label](const Palette& palette) { label->setColor(palette.primary); });
+ui::TextLabel* settingsLabel(const SettingsLook& look, const QString& text) {
+    auto* label = new ui::TextLabel(text, ui::textFont(BODY_POINTS));
+    look.apply(label, [label](const ui::Palette& palette) { label->setColor(palette.primary); });
     return label;
 }
 
-TextLabel* settingsCaption(const SettingsLook& look, const QString& text) {
-    auto* label = new TextLabel(text, textFont(CAPTION_POINTS));
-    look.apply(label, [label](const Palette& palette) { label->setColor(palette.tertiary); });
+ui::TextLabel* settingsCaption(const SettingsLook& look, const QString& text) {
+    auto* label = new ui::TextLabel(text, ui::textFont(CAPTION_POINTS));
+    look.apply(label, [label](const ui::Palette& palette) { label->setColor(palette.tertiary); });
     return label;
 }
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -11,10 +11,13 @@ class QLabel;
 class QVBoxLayout;
 class QWidget;
 
-namespace zamber {
+namespace zamber::ui {
+class TextLabel;
+}
+
+namespace zamber::settings {
 
 class SettingsLook;
-class TextLabel;
 
 /// Adds the content of a card or a row to its layout.
 using SettingsContent = std::function<void(QBoxLayout&)>;
@@ -44,9 +47,9 @@ QWidget* keyCapView(const SettingsLook& look, const QString& key);
 QWidget* settingsDivider(const SettingsLook& look);
 
 /// A row's label, in the body font.
-TextLabel* settingsLabel(const SettingsLook& look, const QString& text);
+ui::TextLabel* settingsLabel(const SettingsLook& look, const QString& text);
 
 /// The explanation under a switch.
-TextLabel* settingsCaption(const SettingsLook& look, const QString& text);
+ui::TextLabel* settingsCaption(const SettingsLook& look, const QString& text);
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -12,7 +12,7 @@
 #include <QHBoxLayout>
 #include <QPainter>
 
-namespace zamber {
+namespace zamber::settings {
 
 namespace {
 constexpr QSize SIZE{650, 500};
@@ -28,7 +28,7 @@ SettingsView::SettingsView(const SettingsLook& look, const SettingsServices& ser
     columns->setSpacing(0);
     columns->addWidget(m_sidebar);
     connect(m_sidebar, &SettingsSidebar::tabSelected, this, &SettingsView::select);
-    look.apply(this, [this](const Palette& palette) {
+    look.apply(this, [this](const ui::Palette& palette) {
         setPalette(palette.forWidgets());
         update();
     });
@@ -60,11 +60,11 @@ QWidget* SettingsView::makePage(SettingsTab tab) const {
 
 void SettingsView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = m_look.palette();
+    const ui::Palette& palette = m_look.palette();
     const QRect sidebar = m_sidebar->geometry();
     painter.fillRect(rect(), palette.ultraThinMaterial);
     painter.fillRect(sidebar, palette.barMaterial);
     painter.fillRect(QRect(sidebar.right(), 0, 1, height()), palette.separator);
 }
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -7,7 +7,7 @@
 
 #include <QWidget>
 
-namespace zamber {
+namespace zamber::settings {
 
 class SettingsLook;
 class SettingsSidebar;
@@ -37,4 +37,4 @@ private:
     QWidget* m_page = nullptr;
 };
 
-} // namespace zamber
+} // namespace zamber::settings

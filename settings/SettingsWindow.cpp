@@ -13,7 +13,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::settings {
 
 using namespace Qt::StringLiterals;
 
@@ -57,4 +57,4 @@ bool SettingsWindow::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-} // namespace zamber
+} // namespace zamber::settings

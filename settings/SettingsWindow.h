@@ -10,7 +10,7 @@
 #include <functional>
 #include <memory>
 
-namespace zamber {
+namespace zamber::settings {
 
 class SettingsView;
 
@@ -43,4 +43,4 @@ private:
     std::unique_ptr<SettingsView> m_view;
 };
 
-} // namespace zamber
+} // namespace zamber::settings

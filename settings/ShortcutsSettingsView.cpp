@@ -12,7 +12,7 @@
 
 #include <QVBoxLayout>
 
-namespace zamber {
+namespace zamber::settings {
 
 using namespace Qt::StringLiterals;
 
@@ -36,12 +36,13 @@ ShortcutsSettingsView::ShortcutsSettingsView(const SettingsLook& look, UserDefau
         card.addWidget(shortcutRow(u"Open Zamber"_s, {u"⌘"_s, u"⇧"_s, u"V"_s}));
     }));
     add(settingsSection(look, u"Quick Paste"_s, [&](QBoxLayout& card) {
-        card.addWidget(settingsSwitchRow(look, defaults, keys::quickPasteEnabled, u"Enable quick paste shortcuts"_s,
+        card.addWidget(settingsSwitchRow(look, defaults, preferences::quickPasteEnabled,
+                                         u"Enable quick paste shortcuts"_s,
                                          u"Paste recent items directly without opening the popover"_s));
         QWidget* const rows = quickPasteRows();
         card.addWidget(rows);
-        follow(*rows, defaults, keys::quickPasteEnabled.name,
-               [rows, &defaults] { rows->setVisible(read(defaults, keys::quickPasteEnabled)); });
+        follow(*rows, defaults, preferences::quickPasteEnabled.name,
+               [rows, &defaults] { rows->setVisible(read(defaults, preferences::quickPasteEnabled)); });
     }));
     add(settingsSection(look, u"Tips"_s, [&](QBoxLayout& card) {
         auto* tips = new QVBoxLayout;
@@ -93,17 +94,17 @@ QWidget* ShortcutsSettingsView::tipRow(const QString& icon, const QString& text)
     frame->setFixedWidth(TIP_SYMBOL_WIDTH);
     auto* inside = new QHBoxLayout(frame);
     inside->setContentsMargins(0, 0, 0, 0);
-    auto* symbol = new SymbolView(look().symbols(), icon, TIP_POINTS, QFont::Normal);
+    auto* symbol = new ui::SymbolView(look().symbols(), icon, TIP_POINTS, QFont::Normal);
     inside->addWidget(symbol, 0, Qt::AlignCenter);
-    auto* label = new TextLabel(text, textFont(TIP_POINTS));
+    auto* label = new ui::TextLabel(text, ui::textFont(TIP_POINTS));
     line->addWidget(frame);
     line->addWidget(label);
     line->addStretch();
-    look().apply(row, [symbol, label](const Palette& palette) {
+    look().apply(row, [symbol, label](const ui::Palette& palette) {
         symbol->setColor(palette.secondary);
         label->setColor(palette.secondary);
     });
     return row;
 }
 
-} // namespace zamber
+} // namespace zamber::settings

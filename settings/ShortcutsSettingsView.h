@@ -2,14 +2,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "settings/SettingsPage.h"
 #include "preferences/PreferenceKeys.h"
+
+#include "settings/SettingsPage.h"
 
 #include <QStringList>
 
 namespace zamber {
-
 class UserDefaults;
+}
+
+namespace zamber::settings {
 
 /// Which keys do what, and whether the two for quick paste do anything.
 class ShortcutsSettingsView final : public SettingsPage {
@@ -20,9 +23,9 @@ public:
     ShortcutsSettingsView(const SettingsLook& look, UserDefaults& defaults, const QString& commandKeyHint);
 
     // Bound by this page and neither read nor written: the keys on it are fixed.
-    const PreferenceKey<QStringView>& mainShortcut = keys::mainShortcut;
-    const PreferenceKey<QStringView>& paste2nd = keys::paste2nd;
-    const PreferenceKey<QStringView>& paste3rd = keys::paste3rd;
+    const preferences::PreferenceKey<QStringView>& mainShortcut = preferences::mainShortcut;
+    const preferences::PreferenceKey<QStringView>& paste2nd = preferences::paste2nd;
+    const preferences::PreferenceKey<QStringView>& paste3rd = preferences::paste3rd;
 
 private:
     QWidget* shortcutRow(const QString& label, const QStringList& keys) const;
@@ -32,4 +35,4 @@ private:
     QString m_commandKeyHint;
 };
 
-} // namespace zamber
+} // namespace zamber::settings

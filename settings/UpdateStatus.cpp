@@ -11,7 +11,7 @@
 
 #include <QHBoxLayout>
 
-namespace zamber {
+namespace zamber::settings {
 
 using namespace Qt::StringLiterals;
 
@@ -20,14 +20,14 @@ constexpr int SPACING = 6;
 constexpr int TEXT_POINTS = 13;
 } // namespace
 
-UpdateStatus::UpdateStatus(const SettingsLook& look, UpdateManager& updates)
+UpdateStatus::UpdateStatus(const SettingsLook& look, update::UpdateManager& updates)
     : m_look(look)
     , m_updates(updates)
-    , m_progress(new ProgressIndicator(u"Checking for updates"_s, this))
-    , m_text(new TextLabel({}, textFont(TEXT_POINTS), this))
-    , m_download(new BorderedButton(
-          u"Download"_s, {.prominence = ButtonLook::Prominence::Prominent, .size = ControlSize::Small}, this))
-    , m_check(new BorderedButton(u"Check"_s, {.size = ControlSize::Small}, this)) {
+    , m_progress(new ui::ProgressIndicator(u"Checking for updates"_s, this))
+    , m_text(new ui::TextLabel({}, ui::textFont(TEXT_POINTS), this))
+    , m_download(new ui::BorderedButton(
+          u"Download"_s, {.prominence = ui::ButtonLook::Prominence::Prominent, .size = ui::ControlSize::Small}, this))
+    , m_check(new ui::BorderedButton(u"Check"_s, {.size = ui::ControlSize::Small}, this)) {
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(SPACING);
@@ -35,18 +35,18 @@ UpdateStatus::UpdateStatus(const SettingsLook& look, UpdateManager& updates)
     line->addWidget(m_text);
     line->addWidget(m_download);
     line->addWidget(m_check);
-    connect(m_download, &BorderedButton::clicked, this, [&updates] { updates.downloadUpdate(); });
-    connect(m_check, &BorderedButton::clicked, this, [&updates] { updates.checkForUpdates(); });
-    connect(&updates, &UpdateManager::changed, this, &UpdateStatus::refresh);
+    connect(m_download, &ui::BorderedButton::clicked, this, [&updates] { updates.downloadUpdate(); });
+    connect(m_check, &ui::BorderedButton::clicked, this, [&updates] { updates.checkForUpdates(); });
+    connect(&updates, &update::UpdateManager::changed, this, &UpdateStatus::refresh);
     refresh();
-    look.apply(this, [this](const Palette&) { color(); });
+    look.apply(this, [this](const ui::Palette&) { color(); });
 }
 
 void UpdateStatus::refresh() {
     const bool isChecking = m_updates.isChecking();
     const bool isAvailable = !isChecking && m_updates.updateAvailable();
     m_text->setText(isAvailable ? u"v%1 available"_s.arg(m_updates.latestVersion()) : u"Up to date"_s);
-    m_text->setFont(textFont(TEXT_POINTS, isAvailable ? QFont::Medium : QFont::Normal));
+    m_text->setFont(ui::textFont(TEXT_POINTS, isAvailable ? QFont::Medium : QFont::Normal));
     m_progress->setVisible(isChecking);
     m_text->setVisible(!isChecking);
     m_download->setVisible(isAvailable);
@@ -55,11 +55,11 @@ void UpdateStatus::refresh() {
 }
 
 void UpdateStatus::color() const {
-    const Palette& palette = m_look.palette();
+    const ui::Palette& palette = m_look.palette();
     m_text->setColor(m_updates.updateAvailable() ? palette.blue : palette.green);
     m_progress->setColors(palette);
     m_download->setColors(palette);
     m_check->setColors(palette);
 }
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -4,13 +4,19 @@
 
 #include <QWidget>
 
-namespace zamber {
-
+namespace zamber::ui {
 class BorderedButton;
 class ProgressIndicator;
-class SettingsLook;
 class TextLabel;
+} // namespace zamber::ui
+
+namespace zamber::update {
 class UpdateManager;
+}
+
+namespace zamber::settings {
+
+class SettingsLook;
 
 /// What there is to say about updates, and the one thing to do about it: nothing but that a check is under way; else
 /// the version that there is; else that there is none.
@@ -19,18 +25,18 @@ class UpdateStatus final : public QWidget {
 
 public:
     /// Follows the manager, which outlives it.
-    UpdateStatus(const SettingsLook& look, UpdateManager& updates);
+    UpdateStatus(const SettingsLook& look, update::UpdateManager& updates);
 
 private:
     void refresh();
     void color() const;
 
     const SettingsLook& m_look;
-    const UpdateManager& m_updates;
-    ProgressIndicator* m_progress;
-    TextLabel* m_text;
-    BorderedButton* m_download;
-    BorderedButton* m_check;
+    const update::UpdateManager& m_updates;
+    ui::ProgressIndicator* m_progress;
+    ui::TextLabel* m_text;
+    ui::BorderedButton* m_download;
+    ui::BorderedButton* m_check;
 };
 
-} // namespace zamber
+} // namespace zamber::settings

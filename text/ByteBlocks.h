@@ -9,7 +9,7 @@
 #include <cstring>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::text {
 
 /// So many bytes at a time, with no way out in between: the compiler makes a few vector instructions of it.
 inline constexpr std::size_t BYTE_BLOCK = 32;
@@ -68,4 +68,4 @@ inline std::size_t asciiLength(std::string_view text) {
     return findByte(text, 0, [](unsigned char byte) { return byte >= 0x80; });
 }
 
-} // namespace zamber
+} // namespace zamber::text

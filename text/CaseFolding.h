@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-namespace zamber {
+namespace zamber::text {
 
 /// How a search compares letters: Turkish and Azerbaijani pair I with ı and İ with i, everybody else I with i.
 enum class CaseFolding { Common, Turkic };
 
-} // namespace zamber
+} // namespace zamber::text

@@ -12,7 +12,7 @@
 #include <array>
 #include <cstdint>
 
-namespace zamber {
+namespace zamber::text {
 
 namespace {
 
@@ -235,4 +235,4 @@ std::size_t countLines(std::string_view text) {
     return lines;
 }
 
-} // namespace zamber
+} // namespace zamber::text

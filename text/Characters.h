@@ -6,7 +6,7 @@
 #include <limits>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::text {
 
 /// Some user-perceived characters (extended grapheme clusters) at the start of a text: how many, and in how many
 /// bytes.
@@ -27,4 +27,4 @@ std::string_view trimmed(std::string_view text);
 /// The number of lines that hold more than spaces and tabs.
 std::size_t countLines(std::string_view text);
 
-} // namespace zamber
+} // namespace zamber::text

@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::text {
 
 /// Reads the code point at a byte offset below the size and moves the offset behind it. Whatever is not UTF-8 reads
 /// as U+FFFD.
@@ -38,4 +38,4 @@ inline std::size_t previousCodePoint(std::string_view text, std::size_t at) {
     return start;
 }
 
-} // namespace zamber
+} // namespace zamber::text

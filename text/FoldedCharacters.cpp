@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <string>
 
-namespace zamber {
+namespace zamber::text {
 
 namespace {
 
@@ -55,4 +55,4 @@ void FoldedCharacters::fill(char32_t codePoint, Entry& entry) const {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::text

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace zamber {
+namespace zamber::text {
 
 /// What single characters become in a search key, asked of ICU once each. A character that can be folded without
 /// looking at its neighbours is "plain": it neither combines with what stands before it nor changes its order.
@@ -46,4 +46,4 @@ private:
     std::vector<Entry> m_entries;
 };
 
-} // namespace zamber
+} // namespace zamber::text

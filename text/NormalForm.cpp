@@ -13,7 +13,7 @@
 #include <array>
 #include <cstring>
 
-namespace zamber {
+namespace zamber::text {
 
 namespace {
 
@@ -175,4 +175,4 @@ std::uint64_t byteHash(std::string_view bytes, std::uint64_t seed) {
     return qHashBits(bytes.data(), bytes.size(), QHashSeed::globalSeed() ^ seed);
 }
 
-} // namespace zamber
+} // namespace zamber::text

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::text {
 
 /// Cuts a UTF-8 text into pieces that can be decomposed canonically one by one, so that no text is ever held
 /// decomposed as a whole. (A run of more combining marks than a piece holds is cut all the same.)
@@ -42,4 +42,4 @@ std::uint64_t canonicalHash(std::string_view text, std::size_t limit = std::nume
 /// A hash of bytes as they are, going on from another one. Not the same in the next run.
 std::uint64_t byteHash(std::string_view bytes, std::uint64_t seed = 0);
 
-} // namespace zamber
+} // namespace zamber::text

@@ -7,7 +7,7 @@
 
 #include <QAccessibleWidget>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -27,4 +27,4 @@ void installAccessibleRoles() {
     QAccessible::installFactory(createForControl); // installing it again changes nothing
 }
 
-} // namespace zamber
+} // namespace zamber::ui

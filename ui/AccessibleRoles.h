@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-namespace zamber {
+namespace zamber::ui {
 
 /// Tells assistive technology what the controls of this folder are that Qt takes for empty boxes. May be called any
 /// number of times.
 void installAccessibleRoles();
 
-} // namespace zamber
+} // namespace zamber::ui

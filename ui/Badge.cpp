@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 constexpr double CAPSULE = 1000;
@@ -66,4 +66,4 @@ KeyCap::KeyCap(const QString& key, QWidget* parent)
     setText(key);
 }
 
-} // namespace zamber
+} // namespace zamber::ui

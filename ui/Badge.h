@@ -7,7 +7,7 @@
 #include <QString>
 #include <QWidget>
 
-namespace zamber {
+namespace zamber::ui {
 
 /// A short text on a rounded ground.
 class Badge : public QWidget {
@@ -51,4 +51,4 @@ public:
     explicit KeyCap(const QString& key, QWidget* parent = nullptr);
 };
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -111,4 +111,4 @@ void BorderedButton::paintEvent(QPaintEvent*) {
     painter.drawText(rect(), Qt::AlignCenter, text());
 }
 
-} // namespace zamber
+} // namespace zamber::ui

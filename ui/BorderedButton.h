@@ -6,7 +6,7 @@
 
 #include <QAbstractButton>
 
-namespace zamber {
+namespace zamber::ui {
 
 /// How large a control is, and its text with it.
 enum class ControlSize { Large, Regular, Small, Mini };
@@ -51,4 +51,4 @@ private:
     Palette m_palette;
 };
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -13,7 +13,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
-namespace zamber {
+namespace zamber::ui {
 
 using namespace Qt::StringLiterals;
 
@@ -119,4 +119,4 @@ bool ConfirmationSheet::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
-} // namespace zamber
+} // namespace zamber::ui

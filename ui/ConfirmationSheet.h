@@ -6,7 +6,7 @@
 
 #include <QWidget>
 
-namespace zamber {
+namespace zamber::ui {
 
 class BorderedButton;
 class TextLabel;
@@ -48,4 +48,4 @@ private:
     Palette m_palette;
 };
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -97,4 +97,4 @@ void OverlayScrollBar::mouseReleaseEvent(QMouseEvent*) {
     update();
 }
 
-} // namespace zamber
+} // namespace zamber::ui

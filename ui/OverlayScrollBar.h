@@ -9,7 +9,7 @@
 class QAbstractScrollArea;
 class QScrollBar;
 
-namespace zamber {
+namespace zamber::ui {
 
 /// A thin scroll bar over the right edge of a scroll area, which takes no room from it and is there only while there
 /// is something to scroll. The wheel and the keyboard stay the area's own.
@@ -40,4 +40,4 @@ private:
     bool m_isDragging = false;
 };
 
-} // namespace zamber
+} // namespace zamber::ui

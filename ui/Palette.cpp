@@ -8,7 +8,7 @@
 #include <cmath>
 #include <utility>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -152,4 +152,4 @@ double contrastRatio(const QColor& text, const QColor& ground) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-} // namespace zamber
+} // namespace zamber::ui

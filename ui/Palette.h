@@ -6,7 +6,7 @@
 
 class QPalette;
 
-namespace zamber {
+namespace zamber::ui {
 
 /// Every colour that the program draws with, by its level in the hierarchy. One value is a whole look: nothing is
 /// ever mixed with the desktop's own colours, so that no theme can make a text unreadable.
@@ -54,4 +54,4 @@ QColor composed(const QColor& color, const QColor& ground);
 /// How well a text of the colour can be read on an opaque ground: 1 (not at all) to 21, by relative luminance.
 double contrastRatio(const QColor& text, const QColor& ground);
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 constexpr int LABEL_SPACING = 3;
@@ -79,4 +79,4 @@ void PlainButton::leaveEvent(QEvent* event) {
     update();
 }
 
-} // namespace zamber
+} // namespace zamber::ui

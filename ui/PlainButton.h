@@ -7,8 +7,10 @@
 #include <QAbstractButton>
 
 namespace zamber {
-
 class Symbols;
+}
+
+namespace zamber::ui {
 
 /// What the pointer becomes over a button.
 enum class HoverPointer { Arrow, PointingHand };
@@ -52,4 +54,4 @@ private:
     Palette m_palette;
 };
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -6,7 +6,7 @@
 
 #include <chrono>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -64,4 +64,4 @@ void ProgressIndicator::paintEvent(QPaintEvent*) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::ui

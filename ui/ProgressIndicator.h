@@ -7,7 +7,7 @@
 #include <QTimer>
 #include <QWidget>
 
-namespace zamber {
+namespace zamber::ui {
 
 /// Says that something is under way and not for how long: small, and turning while it is shown.
 class ProgressIndicator final : public QWidget {
@@ -32,4 +32,4 @@ private:
     int m_step = 0;
 };
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -13,7 +13,7 @@
 
 #include <cmath>
 
-namespace zamber {
+namespace zamber::ui {
 
 using namespace Qt::StringLiterals;
 
@@ -91,4 +91,4 @@ void SearchField::paintEvent(QPaintEvent*) {
                        glass);
 }
 
-} // namespace zamber
+} // namespace zamber::ui

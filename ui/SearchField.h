@@ -9,9 +9,12 @@
 class QLineEdit;
 
 namespace zamber {
+class Symbols;
+}
+
+namespace zamber::ui {
 
 class PlainButton;
-class Symbols;
 
 /// A rounded field with a magnifying glass, a placeholder, and a button that empties it while there is text.
 class SearchField final : public QWidget {
@@ -37,4 +40,4 @@ private:
     Palette m_palette;
 };
 
-} // namespace zamber
+} // namespace zamber::ui

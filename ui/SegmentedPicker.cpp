@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <chrono>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -202,4 +202,4 @@ void SegmentedPicker::paintEvent(QPaintEvent*) {
     painter.drawRoundedRect(thumb, RADIUS - INSET, RADIUS - INSET);
 }
 
-} // namespace zamber
+} // namespace zamber::ui

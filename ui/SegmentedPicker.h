@@ -12,7 +12,7 @@
 
 class QVariantAnimation;
 
-namespace zamber {
+namespace zamber::ui {
 
 /// A choice among a few: segments side by side, of which one at most stands out. Tab goes to it as a whole, the arrow
 /// keys choose, and to assistive technology it is a named group of radio buttons.
@@ -62,4 +62,4 @@ private:
     double m_position = 0; ///< of what stands out, in segments from the left
 };
 
-} // namespace zamber
+} // namespace zamber::ui

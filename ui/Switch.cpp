@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <chrono>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -114,4 +114,4 @@ void Switch::paintEvent(QPaintEvent*) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::ui

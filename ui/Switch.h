@@ -8,7 +8,7 @@
 
 class QVariantAnimation;
 
-namespace zamber {
+namespace zamber::ui {
 
 enum class Motion { Full, Reduced };
 
@@ -43,4 +43,4 @@ private:
     double m_position = 0; ///< of the knob: 0 off, 1 on
 };
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -8,7 +8,7 @@
 
 #include <cmath>
 
-namespace zamber {
+namespace zamber::ui {
 
 SymbolView::SymbolView(const Symbols& symbols, const QString& name, double points, QFont::Weight weight,
                        QWidget* parent)
@@ -45,4 +45,4 @@ QPixmap SymbolView::drawn() const {
     return m_symbols.pixmap(m_name, {m_points, m_weight, m_color, devicePixelRatioF()});
 }
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -7,8 +7,10 @@
 #include <QWidget>
 
 namespace zamber {
-
 class Symbols;
+}
+
+namespace zamber::ui {
 
 /// A symbol by itself, as large as it is drawn. Decoration: assistive technology gets no name for it.
 class SymbolView final : public QWidget {
@@ -38,4 +40,4 @@ private:
     QColor m_color = Qt::black;
 };
 
-} // namespace zamber
+} // namespace zamber::ui

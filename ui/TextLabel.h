@@ -7,7 +7,7 @@
 
 #include <cmath>
 
-namespace zamber {
+namespace zamber::ui {
 
 /// A line of plain text in one of the palette's colours.
 class TextLabel final : public QLabel {
@@ -36,4 +36,4 @@ public:
     }
 };
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -4,7 +4,7 @@
 
 #include <QFontDatabase>
 
-namespace zamber {
+namespace zamber::ui {
 
 using namespace Qt::StringLiterals;
 
@@ -45,4 +45,4 @@ QFont monospacedFont(int points, QFont::Weight weight) {
     return font;
 }
 
-} // namespace zamber
+} // namespace zamber::ui

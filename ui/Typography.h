@@ -4,7 +4,7 @@
 
 #include <QFont>
 
-namespace zamber {
+namespace zamber::ui {
 
 /// The interface's typeface. Sizes are points of 1/72 inch on a Mac's screen, that is device-independent pixels here.
 QFont textFont(int points, QFont::Weight weight = QFont::Normal);
@@ -12,4 +12,4 @@ QFont textFont(int points, QFont::Weight weight = QFont::Normal);
 /// The typeface of badges and key caps, each character as wide as the next.
 QFont monospacedFont(int points, QFont::Weight weight = QFont::Normal);
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::update {
 
 using namespace Qt::StringLiterals;
 
@@ -129,4 +129,4 @@ void FreshAnswers::clear() {
     m_bytes.clear();
 }
 
-} // namespace zamber
+} // namespace zamber::update

@@ -8,7 +8,7 @@
 
 class QBuffer;
 
-namespace zamber {
+namespace zamber::update {
 
 /// A cache in memory for one answer (RFC 9111), used while it is fresh by what the service itself said and not asked
 /// to be validated: a validator would be a mark by which the service could tell one user from the next.
@@ -35,4 +35,4 @@ private:
     std::unique_ptr<QBuffer> m_arriving;
 };
 
-} // namespace zamber
+} // namespace zamber::update

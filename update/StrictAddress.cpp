@@ -4,7 +4,7 @@
 
 #include <QRegularExpression>
 
-namespace zamber {
+namespace zamber::update {
 
 std::optional<QUrl> strictAddress(const QString& text) {
     // Brackets are the host's alone, if it is a number; where they stand the parser looks after itself.
@@ -17,4 +17,4 @@ std::optional<QUrl> strictAddress(const QString& text) {
     return address.isValid() && !address.isRelative() ? std::optional(address) : std::nullopt;
 }
 
-} // namespace zamber
+} // namespace zamber::update

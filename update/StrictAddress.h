@@ -7,9 +7,9 @@
 
 #include <optional>
 
-namespace zamber {
+namespace zamber::update {
 
 /// The text as an absolute address, if RFC 3986 calls it one as it stands; nothing is encoded to make it so.
 std::optional<QUrl> strictAddress(const QString& text);
 
-} // namespace zamber
+} // namespace zamber::update

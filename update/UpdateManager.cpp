@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "update/UpdateManager.h"
 
+#include "preferences/PreferenceKeys.h"
+
 #include "platform/AppBundle.h"
 #include "platform/Log.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
-#include "preferences/PreferenceKeys.h"
 #include "update/FreshAnswers.h"
 #include "update/StrictAddress.h"
 #include "update/UpdateRequest.h"
@@ -23,7 +24,7 @@
 #include <string>
 #include <utility>
 
-namespace zamber {
+namespace zamber::update {
 
 using namespace Qt::StringLiterals;
 
@@ -100,7 +101,7 @@ qint64 UpdateManager::currentBuild() const {
 }
 
 bool UpdateManager::isVersionSkipped() const {
-    return read(m_defaults, keys::skippedVersion) == m_latestVersion;
+    return read(m_defaults, preferences::skippedVersion) == m_latestVersion;
 }
 
 void UpdateManager::startPeriodicChecks() {
@@ -186,9 +187,9 @@ void UpdateManager::downloadUpdate() {
 }
 
 void UpdateManager::skipVersion() {
-    write(m_defaults, keys::skippedVersion, m_latestVersion);
+    write(m_defaults, preferences::skippedVersion, m_latestVersion);
     m_updateAvailable = false;
     emit changed();
 }
 
-} // namespace zamber
+} // namespace zamber::update

@@ -14,11 +14,14 @@
 class QNetworkAccessManager;
 
 namespace zamber {
-
 class AppBundle;
-class UpdateRequest;
 class UserDefaults;
 class Workspace;
+} // namespace zamber
+
+namespace zamber::update {
+
+class UpdateRequest;
 
 /// Asks the update service whether there is a newer release, shortly after the start and every four hours, and tells
 /// what it said. It neither downloads nor installs. Which version is newer is the service's business.
@@ -103,4 +106,4 @@ private:
     std::optional<double> m_lastChecked;
 };
 
-} // namespace zamber
+} // namespace zamber::update

@@ -8,7 +8,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::update {
 
 using namespace Qt::StringLiterals;
 
@@ -151,4 +151,4 @@ void UpdateRequest::finish() {
     done(answer);
 }
 
-} // namespace zamber
+} // namespace zamber::update

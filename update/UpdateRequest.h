@@ -17,7 +17,7 @@ class QNetworkAccessManager;
 class QNetworkReply;
 class QUrl;
 
-namespace zamber {
+namespace zamber::update {
 
 /// One GET with nothing in it but its address, bounded in time and size: 10 s without a byte, 60 s in all, 1 MB.
 /// It goes where it is sent on to (RFC 9110, section 15.4), but not out of TLS.
@@ -53,4 +53,4 @@ private:
     std::optional<Scheduler::Token> m_totalTimer;
 };
 
-} // namespace zamber
+} // namespace zamber::update

@@ -10,7 +10,7 @@
 #include <cmath>
 #include <optional>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 using namespace Qt::StringLiterals;
 
@@ -165,4 +165,4 @@ QPixmap BootstrapSymbols::pixmap(const QString& name, const SymbolStyle& style) 
     return *m_drawn.insert(key, draw(*drawing, style));
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -6,7 +6,7 @@
 
 #include <QHash>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 /// The Mac's symbol names answered with Bootstrap Icons, which are in the binary.
 class BootstrapSymbols final : public Symbols {
@@ -17,4 +17,4 @@ private:
     mutable QHash<QString, QPixmap> m_drawn;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -4,7 +4,7 @@
 
 #include <QCoreApplication>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 QString BuiltAppBundle::path() const {
     return QCoreApplication::applicationFilePath();
@@ -18,4 +18,4 @@ std::optional<QString> BuiltAppBundle::build() const {
     return QStringLiteral(ZAMBER_BUILD);
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -4,7 +4,7 @@
 
 #include "platform/AppBundle.h"
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 /// There are no bundles here: the program is its executable file, and version and build are those it was built with.
 /// To be asked after the application object was made.
@@ -15,4 +15,4 @@ public:
     std::optional<QString> build() const override;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -13,7 +13,7 @@
 #include <thread>
 #include <utility>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 using namespace Qt::StringLiterals;
 
@@ -126,4 +126,4 @@ void CanberraSound::play(const QString& name) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 /// Sounds by libcanberra, from samples of our own that are in the binary. A sound server that hangs keeps a thread
 /// waiting, never the program; what would be played meanwhile is not.
@@ -23,4 +23,4 @@ private:
     std::shared_ptr<Player> m_player;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -6,7 +6,7 @@
 
 #include <QProcess>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 using namespace Qt::StringLiterals;
 
@@ -75,4 +75,4 @@ void CommandDiskImageTool::detach(const QString& volumePath) {
     [[maybe_unused]] const auto output = outputOf(m_program, {u"detach"_s, volumePath, u"-force"_s});
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -4,7 +4,7 @@
 
 #include "platform/DiskImageTool.h"
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 /// Runs a program that takes hdiutil's arguments and reports as it does. Linux has none of its own.
 class CommandDiskImageTool final : public DiskImageTool {
@@ -19,4 +19,4 @@ private:
     const QString m_program;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop

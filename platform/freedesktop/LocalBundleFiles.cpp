@@ -16,7 +16,7 @@
 #include <system_error>
 #include <vector>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 namespace fs = std::filesystem;
 
@@ -163,4 +163,4 @@ std::expected<void, QString> LocalBundleFiles::copy(const QString& source, const
     return copied;
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

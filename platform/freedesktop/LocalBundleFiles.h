@@ -6,7 +6,7 @@
 
 #include <filesystem>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 /// The files of this system, or of a tree of it that a test takes for the whole.
 class LocalBundleFiles final : public BundleFiles {
@@ -25,4 +25,4 @@ private:
     const std::filesystem::path m_root;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -5,7 +5,7 @@
 #include <QDateTime>
 #include <QXmlStreamReader>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 using namespace Qt::StringLiterals;
 
@@ -131,4 +131,4 @@ std::expected<QVariant, QString> readPropertyList(const QByteArray& bytes) {
     return Reader(bytes).read();
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

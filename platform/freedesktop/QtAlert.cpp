@@ -5,7 +5,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 using namespace Qt::StringLiterals;
 
@@ -32,4 +32,4 @@ int QtAlert::run(const AlertContent& content) {
     return static_cast<int>(pressed >= 0 ? pressed : buttons.size() - 1);
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -4,7 +4,7 @@
 
 #include "platform/Alert.h"
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 /// A dialog of our own, in front of everything.
 class QtAlert final : public Alert {
@@ -12,4 +12,4 @@ public:
     int run(const AlertContent& content) override;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -8,7 +8,7 @@
 #include <ranges>
 #include <utility>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 namespace {
 
@@ -83,4 +83,4 @@ void QtApplication::requestShow() const {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

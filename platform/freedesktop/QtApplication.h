@@ -9,7 +9,7 @@
 #include <functional>
 #include <map>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 /// The Qt application as an accessory: it lives on when its last window closes.
 class QtApplication final : public Application {
@@ -40,4 +40,4 @@ private:
     std::multimap<QString, std::function<void()>> m_observers;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop

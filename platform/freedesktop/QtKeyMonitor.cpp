@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 namespace {
 
@@ -75,4 +75,4 @@ KeyDisposition QtKeyMonitor::ask(HardwareKey key) {
     return KeyDisposition::PassOn;
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -11,7 +11,7 @@
 
 class QKeyEvent;
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 /// Watches the key presses that reach this program's windows, by the X server's key codes (Qt's native scan codes).
 /// Auto-repeated presses count. While a menu is open the keys are the menu's.
@@ -35,4 +35,4 @@ private:
     std::uint64_t m_lastId = 0;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop

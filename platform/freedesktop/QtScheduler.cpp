@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 QtScheduler::QtScheduler() = default;
 QtScheduler::~QtScheduler() = default;
@@ -56,4 +56,4 @@ double QtScheduler::now() const {
     return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

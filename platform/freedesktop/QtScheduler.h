@@ -11,7 +11,7 @@
 
 class QTimer;
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 /// Time by Qt's event loop, with precise timers. To be made on the main thread, after the application object.
 class QtScheduler final : public Scheduler {
@@ -36,4 +36,4 @@ private:
     std::uint64_t m_lastId = 0;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop

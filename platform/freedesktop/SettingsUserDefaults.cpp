@@ -11,7 +11,7 @@
 #include <limits>
 #include <utility>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 namespace {
 
@@ -211,4 +211,4 @@ void SettingsUserDefaults::watch() {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -12,7 +12,7 @@
 
 #include <map>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 /// The preferences in an INI file, as QSettings reads and writes it; keys in [General].
 ///
@@ -59,4 +59,4 @@ private:
     QTimer m_rewriting;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop

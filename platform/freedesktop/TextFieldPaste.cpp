@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 using namespace Qt::StringLiterals;
 
@@ -75,4 +75,4 @@ void TextFieldPaste::showMenu(QLineEdit& field, QPoint place) const {
     menu->popup(place);
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

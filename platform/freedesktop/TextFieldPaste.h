@@ -8,8 +8,10 @@ class QLineEdit;
 class QPoint;
 
 namespace zamber {
-
 class Pasteboard;
+}
+
+namespace zamber::freedesktop {
 
 /// Pastes into the program's own text fields from what the pasteboard already holds.
 ///
@@ -32,4 +34,4 @@ private:
     const Pasteboard& m_pasteboard;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop

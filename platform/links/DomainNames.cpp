@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::links {
 
 using namespace Qt::StringLiterals;
 
@@ -92,4 +92,4 @@ bool isMailDomain(QStringView name) {
     return areLabels(labels) && mayBeTopLevel(labels.back());
 }
 
-} // namespace zamber
+} // namespace zamber::links

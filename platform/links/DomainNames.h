@@ -4,7 +4,7 @@
 
 #include <QStringView>
 
-namespace zamber {
+namespace zamber::links {
 
 /// The longest name that the domain name system has.
 inline constexpr qsizetype LONGEST_DOMAIN_NAME = 253;
@@ -17,4 +17,4 @@ bool beginsWithWww(QStringView name);
 /// A name that may stand behind the @ of a mail address, under whatever top-level domain.
 bool isMailDomain(QStringView name);
 
-} // namespace zamber
+} // namespace zamber::links

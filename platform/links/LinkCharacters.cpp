@@ -6,7 +6,7 @@
 
 #include <string_view>
 
-namespace zamber {
+namespace zamber::links {
 
 namespace {
 
@@ -99,4 +99,4 @@ bool isUserInformation(char32_t character) {
     return isNameCharacter(character) || isOneOf(character, U"-._~%!$&'*+,;=:");
 }
 
-} // namespace zamber
+} // namespace zamber::links

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-namespace zamber {
+namespace zamber::links {
 
 /// A letter, digit or combining mark of any script: what the names in a link are made of.
 bool isNameCharacter(char32_t character);
@@ -21,4 +21,4 @@ bool isMailPunctuation(char32_t character);
 /// May stand before the @ of an authority (RFC 3986, userinfo), but for brackets.
 bool isUserInformation(char32_t character);
 
-} // namespace zamber
+} // namespace zamber::links

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::links {
 
 // Where the parts of a link end: the half of the scan that reads characters and knows nothing of links.
 
@@ -164,4 +164,4 @@ qsizetype LinkScan::withoutTrailingPunctuation(qsizetype start, qsizetype least,
     return end;
 }
 
-} // namespace zamber
+} // namespace zamber::links

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::links {
 
 using namespace Qt::StringLiterals;
 
@@ -252,4 +252,4 @@ std::optional<DetectedLink> LinkScan::bareDomain(Range run) {
     return link({domain.start, end}, QUrl(u"http://"_s + text({domain.start, end}).toString()));
 }
 
-} // namespace zamber
+} // namespace zamber::links

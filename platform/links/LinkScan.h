@@ -8,7 +8,7 @@
 
 #include <optional>
 
-namespace zamber {
+namespace zamber::links {
 
 /// One pass over a text for its first link. Three things can make one: "://", an "@", and a name with dots; each is
 /// looked at where it stands, and what was looked at for nothing is not read again.
@@ -60,4 +60,4 @@ private:
     qsizetype m_nextMailSign = -1;
 };
 
-} // namespace zamber
+} // namespace zamber::links

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <array>
 
-namespace zamber {
+namespace zamber::links {
 
 // What stands around a name with dots tells whether it is a link, or a member, a path or half a mail address.
 
@@ -89,4 +89,4 @@ bool LinkScan::belongsToMailAddress(qsizetype end) {
     return false;
 }
 
-} // namespace zamber
+} // namespace zamber::links

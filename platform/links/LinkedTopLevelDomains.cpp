@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::links {
 
 namespace {
 
@@ -44,4 +44,4 @@ bool isLinkedTopLevelDomain(QStringView label) {
     return std::ranges::binary_search(LINKED, std::u16string_view(QStringView(name).utf16(), name.size()));
 }
 
-} // namespace zamber
+} // namespace zamber::links

@@ -4,10 +4,10 @@
 
 #include <QStringView>
 
-namespace zamber {
+namespace zamber::links {
 
 /// Whether a domain under that top-level domain is a link without anything in front of it. In any letter case, and in
 /// either form of an international name.
 bool isLinkedTopLevelDomain(QStringView label);
 
-} // namespace zamber
+} // namespace zamber::links

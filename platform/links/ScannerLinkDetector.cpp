@@ -4,10 +4,10 @@
 
 #include "platform/links/LinkScan.h"
 
-namespace zamber {
+namespace zamber::links {
 
 std::optional<DetectedLink> ScannerLinkDetector::firstLink(const QString& text) {
     return LinkScan(text).first();
 }
 
-} // namespace zamber
+} // namespace zamber::links

@@ -4,7 +4,7 @@
 
 #include "platform/LinkDetector.h"
 
-namespace zamber {
+namespace zamber::links {
 
 /// Finds links by a scanner of our own, close to what the Mac's data detector calls a link: addresses with a scheme,
 /// names that begin with "www.", mail addresses, and names under the top-level domains that the Mac links by
@@ -14,4 +14,4 @@ public:
     std::optional<DetectedLink> firstLink(const QString& text) override;
 };
 
-} // namespace zamber
+} // namespace zamber::links

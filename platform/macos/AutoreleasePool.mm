@@ -6,7 +6,7 @@
 extern "C" void* objc_autoreleasePoolPush();
 extern "C" void objc_autoreleasePoolPop(void* pool);
 
-namespace zamber {
+namespace zamber::macos {
 
 void* openAutoreleasePool() {
     return objc_autoreleasePoolPush();
@@ -16,4 +16,4 @@ void closeAutoreleasePool(void* pool) {
     objc_autoreleasePoolPop(pool);
 }
 
-} // namespace zamber
+} // namespace zamber::macos

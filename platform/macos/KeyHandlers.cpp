@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::macos {
 
 KeyMonitor::Token KeyHandlers::add(KeyMonitor::Handler handler) {
     m_handlers.emplace_back(++m_lastId, std::move(handler));
@@ -26,4 +26,4 @@ KeyDisposition KeyHandlers::ask(HardwareKey key) const {
     return KeyDisposition::PassOn;
 }
 
-} // namespace zamber
+} // namespace zamber::macos

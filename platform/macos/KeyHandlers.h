@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The handlers of a key monitor, in the order of their coming.
 class KeyHandlers {
@@ -26,4 +26,4 @@ private:
     std::uint64_t m_lastId = 0;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

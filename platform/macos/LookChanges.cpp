@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::macos {
 
 void LookChanges::addHandler(std::function<void()> handler) {
     m_handlers.push_back(std::move(handler));
@@ -21,4 +21,4 @@ void LookChanges::take(const Look& look) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -7,7 +7,7 @@
 #include <functional>
 #include <vector>
 
-namespace zamber {
+namespace zamber::macos {
 
 /// What an appearance says of how programs are to look.
 struct Look {
@@ -34,4 +34,4 @@ private:
     std::vector<std::function<void()>> m_handlers;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -4,7 +4,7 @@
 
 #include "platform/AccessibilityTrust.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The Accessibility permission, which the user grants in the privacy settings.
 class MacAccessibilityTrust final : public AccessibilityTrust {
@@ -13,4 +13,4 @@ public:
     std::optional<QUrl> settingsAddress() const override;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

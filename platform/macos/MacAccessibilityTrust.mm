@@ -4,7 +4,7 @@
 
 #import <ApplicationServices/ApplicationServices.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 bool MacAccessibilityTrust::isTrusted() const {
     return AXIsProcessTrusted() != 0;
@@ -14,4 +14,4 @@ std::optional<QUrl> MacAccessibilityTrust::settingsAddress() const {
     return QUrl(QString::fromLatin1("x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"));
 }
 
-} // namespace zamber
+} // namespace zamber::macos

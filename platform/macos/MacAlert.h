@@ -4,7 +4,7 @@
 
 #include "platform/Alert.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The system's modal alert.
 class MacAlert final : public Alert {
@@ -12,4 +12,4 @@ public:
     int run(const AlertContent& content) override;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

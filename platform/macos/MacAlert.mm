@@ -4,7 +4,7 @@
 
 #import <AppKit/AppKit.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 int MacAlert::run(const AlertContent& content) {
     NSAlert* const alert = [NSAlert new];
@@ -20,4 +20,4 @@ int MacAlert::run(const AlertContent& content) {
     return static_cast<int>(pressed >= 0 ? pressed : last);
 }
 
-} // namespace zamber
+} // namespace zamber::macos

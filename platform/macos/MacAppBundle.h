@@ -4,7 +4,7 @@
 
 #include "platform/AppBundle.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The main bundle and its information dictionary.
 class MacAppBundle final : public AppBundle {
@@ -14,4 +14,4 @@ public:
     std::optional<QString> build() const override;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -4,7 +4,7 @@
 
 #import <Foundation/Foundation.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -27,4 +27,4 @@ std::optional<QString> MacAppBundle::build() const {
     return text(@"CFBundleVersion");
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -5,7 +5,7 @@
 #include "platform/Appearance.h"
 #include "platform/macos/LookChanges.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The application's effective appearance, the accent colour and the accessibility settings of the system.
 class MacAppearance final : public Appearance {
@@ -28,4 +28,4 @@ private:
     void* m_observer; ///< retained
 };
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -52,7 +52,7 @@
 }
 @end
 
-namespace zamber {
+namespace zamber::macos {
 
 MacAppearance::MacAppearance()
     : m_observer(retained([[ZamberAppearanceObserver alloc] initWithHandler:[this] { m_changes.take(look()); }])) {}
@@ -85,4 +85,4 @@ void MacAppearance::addChangedHandler(std::function<void()> handler) {
     m_changes.addHandler(std::move(handler));
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -4,7 +4,7 @@
 
 #include "platform/Application.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The shared application. Its delegate (MacApplicationDelegate.h) was installed before.
 class MacApplication final : public Application {
@@ -17,4 +17,4 @@ public:
     void setShowRequestedHandler(std::function<void()> handler) override;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

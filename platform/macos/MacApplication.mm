@@ -10,7 +10,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::macos {
 
 void MacApplication::setAccessoryPolicy() {
     [NSApp setActivationPolicy:NSApplicationActivationPolicyAccessory];
@@ -37,4 +37,4 @@ void MacApplication::setShowRequestedHandler(std::function<void()> handler) {
     setReopenHandler(std::move(handler));
 }
 
-} // namespace zamber
+} // namespace zamber::macos

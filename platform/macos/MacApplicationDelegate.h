@@ -6,7 +6,7 @@
 
 #include <functional>
 
-namespace zamber {
+namespace zamber::macos {
 
 /// Makes the shared application with a delegate of ours. Comes before Qt's application object, which then hands on to
 /// that delegate what its own does not answer to.
@@ -19,4 +19,4 @@ void respondToAction(const QString& selector, std::function<void()> responder);
 /// What is done when the user starts the program while it runs.
 void setReopenHandler(std::function<void()> handler);
 
-} // namespace zamber
+} // namespace zamber::macos

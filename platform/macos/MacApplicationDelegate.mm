@@ -11,7 +11,7 @@
 @interface ZamberApplicationDelegate : NSObject <NSApplicationDelegate>
 @end
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -50,7 +50,7 @@ void setReopenHandler(std::function<void()> handler) {
     reopenHandler() = std::move(handler);
 }
 
-} // namespace zamber
+} // namespace zamber::macos
 
 @implementation ZamberApplicationDelegate
 - (BOOL)applicationShouldHandleReopen:(NSApplication*)sender hasVisibleWindows:(BOOL)hasVisibleWindows {

@@ -4,9 +4,9 @@
 
 #include <filesystem>
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The user's folder for what programs keep. There is always one; without, the program ends.
 std::filesystem::path applicationSupportFolder();
 
-} // namespace zamber
+} // namespace zamber::macos

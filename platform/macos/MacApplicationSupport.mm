@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace zamber {
+namespace zamber::macos {
 
 std::filesystem::path applicationSupportFolder() {
     NSURL* const folder = [NSFileManager.defaultManager URLsForDirectory:NSApplicationSupportDirectory
@@ -20,4 +20,4 @@ std::filesystem::path applicationSupportFolder() {
     return folder.fileSystemRepresentation;
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -4,7 +4,7 @@
 
 #include "platform/BundleFiles.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The system's file manager, under a root that tests may move.
 class MacBundleFiles final : public BundleFiles {
@@ -19,4 +19,4 @@ private:
     QString m_root;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

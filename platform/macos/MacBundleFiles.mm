@@ -4,7 +4,7 @@
 
 #import <Foundation/Foundation.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -43,4 +43,4 @@ std::expected<void, QString> MacBundleFiles::copy(const QString& source, const Q
     return outcome(succeeded, error);
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -29,7 +29,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::macos {
 
 struct MacDesktop::Adapters {
     MacScheduler scheduler;
@@ -113,4 +113,4 @@ Desktop MacDesktop::ports() {
             .scheduler = m_adapters->scheduler};
 }
 
-} // namespace zamber
+} // namespace zamber::macos

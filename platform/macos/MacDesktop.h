@@ -14,7 +14,7 @@
 
 class QString;
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The adapters for macOS. The application object comes before them and goes after them.
 class MacDesktop final {
@@ -57,4 +57,4 @@ private:
     std::unique_ptr<Adapters> m_adapters;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

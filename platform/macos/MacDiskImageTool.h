@@ -4,7 +4,7 @@
 
 #include "platform/DiskImageTool.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The command hdiutil.
 class MacDiskImageTool final : public DiskImageTool {
@@ -20,4 +20,4 @@ private:
     QString m_command;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -4,7 +4,7 @@
 
 #import <Foundation/Foundation.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -78,4 +78,4 @@ void MacDiskImageTool::detach(const QString& volumePath) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::macos

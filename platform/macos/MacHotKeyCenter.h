@@ -4,7 +4,7 @@
 
 #include "platform/HotKeyCenter.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// Hot keys of the Carbon event manager. They and their handler stay as long as the process, and so has this object to.
 class MacHotKeyCenter final : public HotKeyCenter {
@@ -22,4 +22,4 @@ private:
     PressedHandler m_pressed;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -58,4 +58,4 @@ void MacHotKeyCenter::setPressedHandler(PressedHandler handler) {
     InstallEventHandler(GetApplicationEventTarget(), hotKeyPressed, 1, &pressed, this, nullptr);
 }
 
-} // namespace zamber
+} // namespace zamber::macos

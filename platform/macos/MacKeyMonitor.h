@@ -5,7 +5,7 @@
 #include "platform/KeyMonitor.h"
 #include "platform/macos/KeyHandlers.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// A local event monitor, there while somebody has a handler. While one of our own menus is open the keys are its own.
 class MacKeyMonitor final : public KeyMonitor {
@@ -23,4 +23,4 @@ private:
     void* m_monitor = nullptr; ///< what the system gave for it, retained
 };
 
-} // namespace zamber
+} // namespace zamber::macos

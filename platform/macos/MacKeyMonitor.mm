@@ -11,7 +11,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -61,4 +61,4 @@ void MacKeyMonitor::removeHandler(Token token) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -4,7 +4,7 @@
 
 #include "platform/KeystrokePoster.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// Command-V as hardware would give it. The window server holds the pasteboard and orders the events, so there is
 /// nothing to wait for: it is posted at once, to whoever is in front.
@@ -13,4 +13,4 @@ public:
     void postPaste(const std::optional<RunningApplication>& target, std::function<void()> done) override;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

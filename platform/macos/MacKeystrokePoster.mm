@@ -5,7 +5,7 @@
 #import <Carbon/Carbon.h>
 #import <CoreGraphics/CoreGraphics.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -31,4 +31,4 @@ void MacKeystrokePoster::postPaste(const std::optional<RunningApplication>&, std
     done();
 }
 
-} // namespace zamber
+} // namespace zamber::macos

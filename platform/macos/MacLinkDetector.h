@@ -4,7 +4,7 @@
 
 #include "platform/LinkDetector.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The system's data detector.
 class MacLinkDetector final : public LinkDetector {
@@ -12,4 +12,4 @@ public:
     std::optional<DetectedLink> firstLink(const QString& text) override;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -4,7 +4,7 @@
 
 #import <Foundation/Foundation.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 std::optional<DetectedLink> MacLinkDetector::firstLink(const QString& text) {
     static NSDataDetector* const detector = [NSDataDetector dataDetectorWithTypes:NSTextCheckingTypeLink error:nil];
@@ -20,4 +20,4 @@ std::optional<DetectedLink> MacLinkDetector::firstLink(const QString& text) {
                         .address = QUrl::fromNSURL(match.URL)};
 }
 
-} // namespace zamber
+} // namespace zamber::macos

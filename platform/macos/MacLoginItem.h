@@ -4,7 +4,7 @@
 
 #include "platform/LoginItem.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The main application's entry in the system's login-item database.
 class MacLoginItem final : public LoginItem {
@@ -14,4 +14,4 @@ public:
     std::expected<void, QString> unregisterItem() override;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

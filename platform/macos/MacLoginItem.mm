@@ -4,7 +4,7 @@
 
 #import <ServiceManagement/ServiceManagement.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -43,4 +43,4 @@ std::expected<void, QString> MacLoginItem::unregisterItem() {
     return outcome(succeeded, error);
 }
 
-} // namespace zamber
+} // namespace zamber::macos

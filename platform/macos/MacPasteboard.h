@@ -6,7 +6,7 @@
 
 #include <QString>
 
-namespace zamber {
+namespace zamber::macos {
 
 /// A pasteboard of the pasteboard server, which holds the contents itself and counts the changes.
 class MacPasteboard final : public Pasteboard {
@@ -29,4 +29,4 @@ private:
     void* m_pasteboard; ///< an NSPasteboard, retained
 };
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -6,7 +6,7 @@
 
 #import <AppKit/AppKit.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -57,4 +57,4 @@ void MacPasteboard::setData(ImageType type, const QByteArray& bytes) {
     [borrowed<NSPasteboard>(m_pasteboard) setData:bytes.toNSData() forType:typeOf(type)];
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -4,7 +4,7 @@
 
 #include "platform/PopoverHost.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The system's transient popover around the view of a Qt widget. Anchors are views, by their handles.
 class MacPopover final : public PopoverHost {
@@ -30,4 +30,4 @@ private:
     void* m_delegate;    ///< the popover's delegate, retained
 };
 
-} // namespace zamber
+} // namespace zamber::macos

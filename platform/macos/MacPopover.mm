@@ -36,7 +36,7 @@
 }
 @end
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -57,7 +57,8 @@ NSAppearance* named(PopoverAppearance appearance) {
 }
 
 /// The popover's material, with the content's view on it from edge to edge. Qt places its own views at the lower left
-/// corner of whatever is around them, in the size of the widget; a popover may inset what it holds, and animates its size.
+/// corner of whatever is around them, in the size of the widget; a popover may inset what it holds, and animates its
+/// size.
 NSView* viewAround(NSView* content) {
     NSVisualEffectView* const material = [NSVisualEffectView new];
     material.material = NSVisualEffectMaterialPopover;
@@ -152,4 +153,4 @@ bool MacPopover::showMenu(const QList<MenuItem>& menu, QPoint screenPosition) {
     return true;
 }
 
-} // namespace zamber
+} // namespace zamber::macos

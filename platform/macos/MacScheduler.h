@@ -6,7 +6,7 @@
 
 #include <memory>
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The main queue for what runs once, repeating timers of the main run loop for the rest. While a menu is open the
 /// repeating ones wait, the others do not.
@@ -29,4 +29,4 @@ private:
     std::shared_ptr<Timers> m_timers;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -8,7 +8,7 @@
 #include <set>
 #include <utility>
 
-namespace zamber {
+namespace zamber::macos {
 
 struct MacScheduler::Timers {
     std::set<std::uint64_t> once;
@@ -70,4 +70,4 @@ double MacScheduler::now() const {
     return NSDate.date.timeIntervalSince1970;
 }
 
-} // namespace zamber
+} // namespace zamber::macos

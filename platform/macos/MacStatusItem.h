@@ -4,7 +4,7 @@
 
 #include "platform/StatusItem.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// A square in the system's menu bar. Clicks and menu lines are actions without a target: they travel the responder
 /// chain to the application's delegate.
@@ -26,4 +26,4 @@ private:
     void* m_item = nullptr; ///< an NSStatusItem, retained
 };
 
-} // namespace zamber
+} // namespace zamber::macos

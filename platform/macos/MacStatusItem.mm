@@ -15,7 +15,7 @@
 - (void)togglePopover;
 @end
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -77,4 +77,4 @@ void MacStatusItem::showMenuOnce(const QList<MenuItem>& menu) {
     item.menu = nil;
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -4,7 +4,7 @@
 
 #include "platform/Symbols.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The system's symbols, drawn into pixmaps of the asked colour.
 class MacSymbols final : public Symbols {
@@ -12,4 +12,4 @@ public:
     QPixmap pixmap(const QString& name, const SymbolStyle& style) const override;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

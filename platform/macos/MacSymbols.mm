@@ -10,7 +10,7 @@
 #include <array>
 #include <cmath>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -64,4 +64,4 @@ QPixmap MacSymbols::pixmap(const QString& name, const SymbolStyle& style) const 
     return pixmap;
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -4,7 +4,7 @@
 
 #include "platform/SystemSound.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The sounds of the system, by their names.
 class MacSystemSound final : public SystemSound {
@@ -12,4 +12,4 @@ public:
     void play(const QString& name) override;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

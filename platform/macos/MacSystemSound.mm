@@ -4,10 +4,10 @@
 
 #import <AppKit/AppKit.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 void MacSystemSound::play(const QString& name) {
     [[NSSound soundNamed:name.toNSString()] play];
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -6,7 +6,7 @@
 
 #include <map>
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The user's defaults, in the domain of the application.
 class MacUserDefaults final : public UserDefaults {
@@ -33,4 +33,4 @@ private:
     std::uint64_t m_lastId = 0;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -67,7 +67,7 @@
 }
 @end
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -148,4 +148,4 @@ void MacUserDefaults::removeObserver(ObserverToken token) {
     });
 }
 
-} // namespace zamber
+} // namespace zamber::macos

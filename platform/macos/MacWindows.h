@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QtGui/qwindowdefs.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 /// Brings a window of ours to the front, with the keyboard, in the space where the user is.
 void bringWindowToFront(WId window);
@@ -20,4 +20,4 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

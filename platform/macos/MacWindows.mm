@@ -8,7 +8,7 @@
 
 #import <AppKit/AppKit.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -40,4 +40,4 @@ bool FloatingLevel::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The shared workspace.
 class MacWorkspace final : public Workspace {
@@ -26,4 +26,4 @@ private:
     std::unique_ptr<Seen> m_seen;
 };
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -8,7 +8,7 @@
 #include <map>
 #include <utility>
 
-namespace zamber {
+namespace zamber::macos {
 
 /// The applications that were in front, by the handles they are known by.
 struct MacWorkspace::Seen {
@@ -83,4 +83,4 @@ std::expected<void, QString> MacWorkspace::moveToTrash(const QString& path) {
     return std::unexpected(QString::fromNSString(error.localizedDescription));
 }
 
-} // namespace zamber
+} // namespace zamber::macos

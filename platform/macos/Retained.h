@@ -6,7 +6,7 @@
 
 /// For Objective-C++ alone: how a plain C++ class keeps an object of the system as a `void*`, so that its header knows
 /// nothing of the system.
-namespace zamber {
+namespace zamber::macos {
 
 /// Takes a reference that `released` gives back.
 inline void* retained(id object) {
@@ -25,4 +25,4 @@ Object* borrowed(void* reference) {
     return (__bridge Object*)reference;
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -4,7 +4,7 @@
 
 #include <QRect>
 
-namespace zamber {
+namespace zamber::macos {
 
 /// A rectangle in the system's coordinates, which begin at the lower left corner of the first screen and grow upwards,
 /// in Qt's, which begin at its upper left corner and grow downwards.
@@ -20,4 +20,4 @@ inline QPointF toSystemCoordinates(QPointF point, double firstScreenHeight) {
     return {point.x(), firstScreenHeight - point.y()};
 }
 
-} // namespace zamber
+} // namespace zamber::macos

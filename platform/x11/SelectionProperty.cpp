@@ -76,10 +76,10 @@ bool saysSecret(const Property& hint) {
 
 std::optional<QByteArray> textOf(const Property& answer, const AtomLookup& atom) {
     if (answer.type == XCB_ATOM_STRING) {
-        return utf8FromLatin1(answer.bytes);
+        return freedesktop::selection::utf8FromLatin1(answer.bytes);
     }
     if (isAmong(TEXTS, answer.type, atom) || answer.type == atom(Atom::TextPlain)) {
-        return repairedUtf8(answer.bytes);
+        return freedesktop::selection::repairedUtf8(answer.bytes);
     }
     // A name without an encoding says nothing, an empty answer of INCR has no type at all.
     return answer.bytes.isEmpty() ? std::optional(QByteArray()) : std::nullopt;

@@ -97,17 +97,21 @@ void SelectionReader::handleData(const std::optional<Property>& answer) {
     if (!isImageType(answer->type, m_atom) || answer->bytes.isEmpty()) {
         askForNextCandidate();
     } else if (answer->type == m_connection.atom(Atom::ImagePng)) {
-        finish(SelectionContent{.text = {}, .image = answer->bytes, .imageLabel = ImageFormat::Png});
+        finish(SelectionContent{
+            .text = {}, .image = answer->bytes, .imageLabel = freedesktop::selection::ImageFormat::Png});
     } else if (answer->type == m_connection.atom(Atom::ImageTiff)) {
-        finish(SelectionContent{.text = {}, .image = answer->bytes, .imageLabel = ImageFormat::Tiff});
+        finish(SelectionContent{
+            .text = {}, .image = answer->bytes, .imageLabel = freedesktop::selection::ImageFormat::Tiff});
     } else {
-        convertImage(answer->bytes, ImageFormat::Png, this, [this](const QByteArray& png) {
-            if (png.isEmpty()) {
-                askForNextCandidate();
-            } else {
-                finish(SelectionContent{.text = {}, .image = png, .imageLabel = ImageFormat::Png});
-            }
-        });
+        freedesktop::selection::convertImage(
+            answer->bytes, freedesktop::selection::ImageFormat::Png, this, [this](const QByteArray& png) {
+                if (png.isEmpty()) {
+                    askForNextCandidate();
+                } else {
+                    finish(SelectionContent{
+                        .text = {}, .image = png, .imageLabel = freedesktop::selection::ImageFormat::Png});
+                }
+            });
     }
 }
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/SelectionServer.h"
 
+#include "platform/freedesktop/selection/SelectionText.h"
 #include "platform/x11/OutgoingTransfers.h"
 #include "platform/x11/SelectionProperty.h"
-#include "platform/freedesktop/selection/SelectionText.h"
 
 #include <utility>
 
@@ -161,7 +161,7 @@ bool SelectionServer::convertText(xcb_window_t requestor, xcb_atom_t property, x
     const Destination destination{.requestor = requestor, .property = property};
     if (target == XCB_ATOM_STRING) {
         if (!m_latin1) {
-            m_latin1 = latin1FromUtf8(*m_content.text);
+            m_latin1 = freedesktop::selection::latin1FromUtf8(*m_content.text);
         }
         m_transfers.send(destination, XCB_ATOM_STRING, *m_latin1);
         return true;
@@ -185,18 +185,18 @@ bool SelectionServer::convertImageTarget(xcb_window_t requestor, xcb_atom_t prop
     if (!m_content.image) {
         return false;
     }
-    std::optional<ImageFormat> format;
+    std::optional<freedesktop::selection::ImageFormat> format;
     if (target == m_connection.atom(Atom::ImagePng)) {
-        format = ImageFormat::Png;
+        format = freedesktop::selection::ImageFormat::Png;
     } else if (target == m_connection.atom(Atom::ImageTiff)) {
-        format = ImageFormat::Tiff;
+        format = freedesktop::selection::ImageFormat::Tiff;
     } else if (target == m_connection.atom(Atom::ImageBmp)) {
-        format = ImageFormat::Bmp;
+        format = freedesktop::selection::ImageFormat::Bmp;
     } else {
         return false;
     }
     const Destination destination{.requestor = requestor, .property = property};
-    if (*format == m_content.imageLabel || hasFormat(*m_content.image, *format)) {
+    if (*format == m_content.imageLabel || freedesktop::selection::hasFormat(*m_content.image, *format)) {
         m_transfers.send(destination, target, *m_content.image);
         done(true);
         return true;
@@ -210,7 +210,8 @@ bool SelectionServer::convertImageTarget(xcb_window_t requestor, xcb_atom_t prop
     return true;
 }
 
-void SelectionServer::convertImageOnce(ImageFormat format, std::function<void(const QByteArray&)> done) {
+void SelectionServer::convertImageOnce(freedesktop::selection::ImageFormat format,
+                                       std::function<void(const QByteArray&)> done) {
     std::shared_ptr<Conversion>& conversion = m_conversions[format];
     if (conversion) {
         conversion->waiting.push_back(std::move(done));
@@ -218,15 +219,16 @@ void SelectionServer::convertImageOnce(ImageFormat format, std::function<void(co
     }
     conversion = std::make_shared<Conversion>();
     conversion->waiting.push_back(std::move(done));
-    convertImage(*m_content.image, format, this, [this, format, conversion](const QByteArray& converted) {
-        if (const auto found = m_conversions.find(format);
-            found != m_conversions.end() && found->second == conversion) {
-            m_conversions.erase(found);
-        }
-        for (const auto& waiting : std::exchange(conversion->waiting, {})) {
-            waiting(converted);
-        }
-    });
+    freedesktop::selection::convertImage(*m_content.image, format, this,
+                                         [this, format, conversion](const QByteArray& converted) {
+                                             if (const auto found = m_conversions.find(format);
+                                                 found != m_conversions.end() && found->second == conversion) {
+                                                 m_conversions.erase(found);
+                                             }
+                                             for (const auto& waiting : std::exchange(conversion->waiting, {})) {
+                                                 waiting(converted);
+                                             }
+                                         });
 }
 
 void SelectionServer::sendTargets(xcb_window_t requestor, xcb_atom_t property) {

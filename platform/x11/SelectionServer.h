@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/x11/Connection.h"
 #include "platform/freedesktop/selection/ImageFormat.h"
+#include "platform/x11/Connection.h"
 
 #include <QByteArray>
 
@@ -19,9 +19,10 @@ class OutgoingTransfers;
 
 /// What a selection of ours holds: a text, image bytes, or nothing.
 struct SelectionContent {
-    std::optional<QByteArray> text;             ///< UTF-8
-    std::optional<QByteArray> image;            ///< in whatever format they came
-    ImageFormat imageLabel = ImageFormat::Tiff; ///< what the bytes are offered as, unchanged
+    std::optional<QByteArray> text;  ///< UTF-8
+    std::optional<QByteArray> image; ///< in whatever format they came
+    freedesktop::selection::ImageFormat imageLabel =
+        freedesktop::selection::ImageFormat::Tiff; ///< what the bytes are offered as, unchanged
 
     bool isEmpty() const { return !text && !image; }
 };
@@ -61,7 +62,7 @@ private:
     bool convertText(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t target);
     bool convertImageTarget(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t target,
                             const std::function<void(bool)>& done);
-    void convertImageOnce(ImageFormat format, std::function<void(const QByteArray&)> done);
+    void convertImageOnce(freedesktop::selection::ImageFormat format, std::function<void(const QByteArray&)> done);
     void setContent(const SelectionContent& content);
     void sendTargets(xcb_window_t requestor, xcb_atom_t property);
     std::vector<xcb_atom_t> targets() const;
@@ -72,8 +73,9 @@ private:
     xcb_atom_t m_selection;
     xcb_window_t m_window;
     SelectionContent m_content;
-    std::optional<QByteArray> m_latin1;                               // the text, once it was asked for so
-    std::map<ImageFormat, std::shared_ptr<Conversion>> m_conversions; // of the content, under way
+    std::optional<QByteArray> m_latin1; // the text, once it was asked for so
+    std::map<freedesktop::selection::ImageFormat, std::shared_ptr<Conversion>>
+        m_conversions; // of the content, under way
     std::optional<xcb_timestamp_t> m_acquiredAt;
     xcb_atom_t m_sideEffectTarget = XCB_ATOM_NONE;
     SideEffect m_sideEffect;

@@ -2,26 +2,26 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Desktop.h"
 
-#include "platform/freedesktop/session/ApplicationNames.h"
 #include "platform/freedesktop/BootstrapSymbols.h"
 #include "platform/freedesktop/BuiltAppBundle.h"
 #include "platform/freedesktop/CanberraSound.h"
-#include "platform/freedesktop/tray/ClosingPress.h"
 #include "platform/freedesktop/CommandDiskImageTool.h"
 #include "platform/freedesktop/LocalBundleFiles.h"
-#include "platform/freedesktop/popover/PopoverWindow.h"
-#include "platform/freedesktop/session/PortalAppearance.h"
 #include "platform/freedesktop/QtAlert.h"
 #include "platform/freedesktop/QtApplication.h"
 #include "platform/freedesktop/QtKeyMonitor.h"
 #include "platform/freedesktop/QtScheduler.h"
-#include "platform/freedesktop/tray/QtStatusItem.h"
-#include "platform/links/ScannerLinkDetector.h"
 #include "platform/freedesktop/SettingsUserDefaults.h"
+#include "platform/freedesktop/TextFieldPaste.h"
+#include "platform/freedesktop/popover/PopoverWindow.h"
+#include "platform/freedesktop/session/ApplicationNames.h"
+#include "platform/freedesktop/session/PortalAppearance.h"
 #include "platform/freedesktop/session/SingleInstance.h"
 #include "platform/freedesktop/session/UserFolders.h"
-#include "platform/freedesktop/TextFieldPaste.h"
 #include "platform/freedesktop/session/XdgLoginItem.h"
+#include "platform/freedesktop/tray/ClosingPress.h"
+#include "platform/freedesktop/tray/QtStatusItem.h"
+#include "platform/links/ScannerLinkDetector.h"
 #include "platform/x11/ButtonPresses.h"
 #include "platform/x11/Connection.h"
 #include "platform/x11/Keyboard.h"
@@ -40,23 +40,23 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::x11 {
 
 using Connections = std::pair<std::unique_ptr<x11::Connection>, std::unique_ptr<x11::Connection>>;
 
 /// The pasteboard has a connection to itself, so that a large transfer does not stand before a hot key.
 struct X11Desktop::Adapters {
-    Adapters(std::unique_ptr<SingleInstance> onlyInstance, Connections connections)
+    Adapters(std::unique_ptr<freedesktop::session::SingleInstance> onlyInstance, Connections connections)
         : instance(std::move(onlyInstance))
         , clipboardConnection(std::move(connections.first))
         , inputConnection(std::move(connections.second)) {
-        QObject::connect(instance.get(), &SingleInstance::showRequested, instance.get(),
+        QObject::connect(instance.get(), &freedesktop::session::SingleInstance::showRequested, instance.get(),
                          [this] { application.requestShow(); });
-        QObject::connect(&popover, &PopoverWindow::shown, &presses, [this] {
+        QObject::connect(&popover, &freedesktop::popover::PopoverWindow::shown, &presses, [this] {
             closingPress.forget();
             presses.setListening(x11::ButtonPresses::Listening::On);
         });
-        QObject::connect(&popover, &PopoverWindow::closed, &presses,
+        QObject::connect(&popover, &freedesktop::popover::PopoverWindow::closed, &presses,
                          [this] { presses.setListening(x11::ButtonPresses::Listening::Off); });
         QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover, [this] { handlePress(QCursor::pos()); });
     }
@@ -84,43 +84,45 @@ struct X11Desktop::Adapters {
         }
     }
 
-    std::unique_ptr<SingleInstance> instance;
+    std::unique_ptr<freedesktop::session::SingleInstance> instance;
     std::unique_ptr<x11::Connection> clipboardConnection;
     std::unique_ptr<x11::Connection> inputConnection;
 
-    QtScheduler scheduler;
-    SettingsUserDefaults userDefaults{SettingsUserDefaults::defaultPath()};
+    freedesktop::QtScheduler scheduler;
+    freedesktop::SettingsUserDefaults userDefaults{freedesktop::SettingsUserDefaults::defaultPath()};
     x11::X11Pasteboard pasteboard{*clipboardConnection};
     x11::Keyboard keyboard{*inputConnection};
     x11::Windows windows{*inputConnection};
     x11::Panels panels{*inputConnection};
     x11::ButtonPresses presses{*inputConnection};
     x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard};
-    x11::X11Workspace workspace{*inputConnection, windows, applicationNameOfClass};
+    x11::X11Workspace workspace{*inputConnection, windows, freedesktop::session::applicationNameOfClass};
     x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, workspace, pasteboard};
     x11::X11AccessibilityTrust trust{*inputConnection};
 
-    QtApplication application{[this](WId window) { bringToFront(window); }};
-    QtKeyMonitor keyMonitor;
-    TextFieldPaste textFieldPaste{pasteboard};
-    PortalAppearance appearance;
-    BootstrapSymbols symbols;
-    CanberraSound sounds;
-    XdgLoginItem loginItem{XdgLoginItem::defaultSurroundings(), QStringLiteral("app.zamber.Zamber"),
-                           QCoreApplication::applicationFilePath()};
-    ScannerLinkDetector links;
-    BuiltAppBundle bundle;
-    QtAlert alert;
-    LocalBundleFiles files;
-    CommandDiskImageTool images;
-    ClosingPress closingPress;
-    QtStatusItem statusItem{symbols,
-                            [this](QPoint pointer) { return !popover.isShown() && closingPress.claim(pointer); }};
-    PopoverWindow popover{appearance,
-                          {.isComposited = [this] { return windows.isComposited(); },
-                           .activateWindow = [this](WId id) { presentPopover(static_cast<xcb_window_t>(id)); },
-                           .workArea = [this](const QRect& monitor) { return panels.workArea(monitor); },
-                           .pressedElsewhere = [this](QPoint position) { handlePress(position); }}};
+    freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
+    freedesktop::QtKeyMonitor keyMonitor;
+    freedesktop::TextFieldPaste textFieldPaste{pasteboard};
+    freedesktop::session::PortalAppearance appearance;
+    freedesktop::BootstrapSymbols symbols;
+    freedesktop::CanberraSound sounds;
+    freedesktop::session::XdgLoginItem loginItem{freedesktop::session::XdgLoginItem::defaultSurroundings(),
+                                                 QStringLiteral("app.zamber.Zamber"),
+                                                 QCoreApplication::applicationFilePath()};
+    links::ScannerLinkDetector links;
+    freedesktop::BuiltAppBundle bundle;
+    freedesktop::QtAlert alert;
+    freedesktop::LocalBundleFiles files;
+    freedesktop::CommandDiskImageTool images;
+    freedesktop::tray::ClosingPress closingPress;
+    freedesktop::tray::QtStatusItem statusItem{
+        symbols, [this](QPoint pointer) { return !popover.isShown() && closingPress.claim(pointer); }};
+    freedesktop::popover::PopoverWindow popover{
+        appearance,
+        {.isComposited = [this] { return windows.isComposited(); },
+         .activateWindow = [this](WId id) { presentPopover(static_cast<xcb_window_t>(id)); },
+         .workArea = [this](const QRect& monitor) { return panels.workArea(monitor); },
+         .pressedElsewhere = [this](QPoint position) { handlePress(position); }}};
 };
 
 std::expected<void, std::string> X11Desktop::prepare() {
@@ -138,17 +140,17 @@ std::expected<void, std::string> X11Desktop::prepare() {
 }
 
 std::filesystem::path X11Desktop::historyFile() {
-    return userDataFolder() / "Zamber" / "clipboard_history.json";
+    return freedesktop::session::userDataFolder() / "Zamber" / "clipboard_history.json";
 }
 
 std::expected<std::unique_ptr<X11Desktop>, std::string> X11Desktop::create() {
-    auto instance = std::make_unique<SingleInstance>(QStringLiteral("app.zamber.Zamber"));
+    auto instance = std::make_unique<freedesktop::session::SingleInstance>(QStringLiteral("app.zamber.Zamber"));
     switch (instance->start()) {
-    case SingleInstance::Start::OnlyOne:
+    case freedesktop::session::SingleInstance::Start::OnlyOne:
         break;
-    case SingleInstance::Start::OtherShown:
+    case freedesktop::session::SingleInstance::Start::OtherShown:
         return nullptr;
-    case SingleInstance::Start::OtherHangs:
+    case freedesktop::session::SingleInstance::Start::OtherHangs:
         return std::unexpected("it is running already, but does not answer");
     }
     auto clipboard = x11::Connection::open();
@@ -197,4 +199,4 @@ Desktop X11Desktop::ports() {
             .scheduler = m_adapters->scheduler};
 }
 
-} // namespace zamber
+} // namespace zamber::x11

@@ -12,7 +12,7 @@
 #include <memory>
 #include <string>
 
-namespace zamber {
+namespace zamber::x11 {
 
 /// The adapters for an X11 desktop, made in the order in which they need each other. The application object comes
 /// before them and goes after them.
@@ -49,4 +49,4 @@ private:
     std::unique_ptr<Adapters> m_adapters;
 };
 
-} // namespace zamber
+} // namespace zamber::x11

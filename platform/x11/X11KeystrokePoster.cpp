@@ -94,8 +94,9 @@ void X11KeystrokePoster::post() {
         finish();
         return;
     }
-    const PasteKeystroke keystroke = pasteKeystrokeOf(m_windows.windowClass(*front));
-    if (keystroke == PasteKeystroke::ShiftInsert) {
+    const freedesktop::selection::PasteKeystroke keystroke =
+        freedesktop::selection::pasteKeystrokeOf(m_windows.windowClass(*front));
+    if (keystroke == freedesktop::selection::PasteKeystroke::ShiftInsert) {
         m_pasteboard.offerAsPrimary([this, front, keystroke] {
             typeInto(*front, keystroke);
             finish();
@@ -148,7 +149,7 @@ void X11KeystrokePoster::liftHeldModifiers() const {
     }
 }
 
-void X11KeystrokePoster::typeInto(xcb_window_t front, PasteKeystroke keystroke) const {
+void X11KeystrokePoster::typeInto(xcb_window_t front, freedesktop::selection::PasteKeystroke keystroke) const {
     const std::vector<xcb_keycode_t> keys = keysOf(keystroke);
     // Nobody moves the focus between the last look and the keystroke.
     xcb_grab_server(m_connection.raw());
@@ -173,16 +174,16 @@ bool X11KeystrokePoster::mayType(xcb_window_t front) const {
     return !m_windows.isFocusOf(getpid()) || (front == targetWindow() && m_windows.hasFocus(front));
 }
 
-std::vector<xcb_keycode_t> X11KeystrokePoster::keysOf(PasteKeystroke keystroke) const {
+std::vector<xcb_keycode_t> X11KeystrokePoster::keysOf(freedesktop::selection::PasteKeystroke keystroke) const {
     const xcb_keycode_t control = m_keyboard.keyFor(XKB_KEY_Control_L).value_or(PHYSICAL_CONTROL);
     const xcb_keycode_t shift = m_keyboard.keyFor(XKB_KEY_Shift_L).value_or(PHYSICAL_SHIFT);
     const xcb_keycode_t v = m_keyboard.keyFor(XKB_KEY_v).value_or(PHYSICAL_V);
     switch (keystroke) {
-    case PasteKeystroke::ControlV:
+    case freedesktop::selection::PasteKeystroke::ControlV:
         return {control, v};
-    case PasteKeystroke::ControlShiftV:
+    case freedesktop::selection::PasteKeystroke::ControlShiftV:
         return {control, shift, v};
-    case PasteKeystroke::ShiftInsert:
+    case freedesktop::selection::PasteKeystroke::ShiftInsert:
         return {shift, m_keyboard.keyFor(XKB_KEY_Insert).value_or(PHYSICAL_INSERT)};
     }
     return {};

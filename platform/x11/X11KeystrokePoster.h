@@ -3,8 +3,8 @@
 #pragma once
 
 #include "platform/KeystrokePoster.h"
-#include "platform/x11/Connection.h"
 #include "platform/freedesktop/selection/PasteKeystroke.h"
+#include "platform/x11/Connection.h"
 
 #include <QTimer>
 
@@ -46,8 +46,8 @@ private:
     std::optional<xcb_window_t> targetWindow() const;
     bool isOurs(xcb_window_t window) const;
     void liftHeldModifiers() const;
-    void typeInto(xcb_window_t front, PasteKeystroke keystroke) const;
-    std::vector<xcb_keycode_t> keysOf(PasteKeystroke keystroke) const;
+    void typeInto(xcb_window_t front, freedesktop::selection::PasteKeystroke keystroke) const;
+    std::vector<xcb_keycode_t> keysOf(freedesktop::selection::PasteKeystroke keystroke) const;
     bool mayType(xcb_window_t front) const;
     void fake(std::uint8_t event, xcb_keycode_t key) const;
 

@@ -50,7 +50,8 @@ X11Pasteboard::X11Pasteboard(Connection& connection)
 X11Pasteboard::~X11Pasteboard() = default;
 
 std::optional<QByteArray> X11Pasteboard::data(ImageType type) const {
-    const ImageFormat format = type == ImageType::Png ? ImageFormat::Png : ImageFormat::Tiff;
+    const freedesktop::selection::ImageFormat format =
+        type == ImageType::Png ? freedesktop::selection::ImageFormat::Png : freedesktop::selection::ImageFormat::Tiff;
     return m_content.imageLabel == format ? m_content.image : std::nullopt;
 }
 
@@ -67,7 +68,8 @@ void X11Pasteboard::setString(const QByteArray& text) {
 void X11Pasteboard::setData(ImageType type, const QByteArray& bytes) {
     SelectionContent content = m_content;
     content.image = bytes;
-    content.imageLabel = type == ImageType::Png ? ImageFormat::Png : ImageFormat::Tiff;
+    content.imageLabel =
+        type == ImageType::Png ? freedesktop::selection::ImageFormat::Png : freedesktop::selection::ImageFormat::Tiff;
     write(content);
 }
 

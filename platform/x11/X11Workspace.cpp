@@ -23,7 +23,7 @@ X11Workspace::X11Workspace(Connection& connection, Windows& windows, NameOfClass
 }
 
 void X11Workspace::openNewInstance(const QString& path, Started done) {
-    const auto started = startNewInstance(path);
+    const auto started = freedesktop::session::startNewInstance(path);
     QMetaObject::invokeMethod(
         QCoreApplication::instance(),
         [done = std::move(done), error = started ? std::nullopt : std::optional(started.error())] { done(error); },
@@ -31,7 +31,7 @@ void X11Workspace::openNewInstance(const QString& path, Started done) {
 }
 
 std::expected<void, QString> X11Workspace::moveToTrash(const QString& path) {
-    return moveFileToTrash(path);
+    return freedesktop::session::moveFileToTrash(path);
 }
 
 std::optional<RunningApplication> X11Workspace::frontmostApplication() {

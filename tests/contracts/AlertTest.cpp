@@ -37,7 +37,7 @@ void withDialog(const std::function<void(QMessageBox&)>& action) {
 }
 
 struct QtAlertRig {
-    QtAlert real;
+    freedesktop::QtAlert real;
 
     Alert& alert() { return real; }
     static void press(int button) {
@@ -75,10 +75,11 @@ TEST(QtAlert, ShowsItsTextsAsTheyAreAndItsButtonsInTheirOrder) {
         EXPECT_EQ(pressedByReturn, box.buttons().first());
         box.close();
     });
-    QtAlert().run({.style = AlertStyle::Warning,
-                   .message = QStringLiteral("Message"),
-                   .informativeText = QStringLiteral("A <b>\n\nError & more"),
-                   .buttons = {QStringLiteral("First & Best"), QStringLiteral("Second"), QStringLiteral("Third")}});
+    freedesktop::QtAlert().run(
+        {.style = AlertStyle::Warning,
+         .message = QStringLiteral("Message"),
+         .informativeText = QStringLiteral("A <b>\n\nError & more"),
+         .buttons = {QStringLiteral("First & Best"), QStringLiteral("Second"), QStringLiteral("Third")}});
     EXPECT_EQ(labels,
               QStringList({QStringLiteral("First && Best"), QStringLiteral("Second"), QStringLiteral("Third")}));
     EXPECT_EQ(text, QStringLiteral("Message"));
@@ -96,7 +97,7 @@ TEST(QtAlert, TheMainLoopGoesOnMeanwhile) {
         }
     });
     other.start(1);
-    QtAlert().run({.message = QStringLiteral("Message")});
+    freedesktop::QtAlert().run({.message = QStringLiteral("Message")});
     EXPECT_GE(turns, 3);
 }
 

@@ -15,7 +15,7 @@ struct FakeAppBundleRig {
 };
 
 struct BuiltAppBundleRig {
-    BuiltAppBundle real;
+    freedesktop::BuiltAppBundle real;
 
     AppBundle& bundle() { return real; }
 };

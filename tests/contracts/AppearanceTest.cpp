@@ -22,7 +22,7 @@ struct FakeAppearanceRig {
 
 /// A desktop without a portal: only its colours tell.
 struct PaletteRig {
-    PortalAppearance real{QDBusConnection(u"no such connection"_s)};
+    freedesktop::session::PortalAppearance real{QDBusConnection(u"no such connection"_s)};
     Appearance& appearance() { return real; }
     void setDark(bool isDark) {
         QApplication::setPalette(QPalette(isDark ? Qt::black : Qt::white));
@@ -33,7 +33,7 @@ struct PaletteRig {
 
 struct PortalAppearanceRig {
     PortalRig portal;
-    PortalAppearance real{portal.client()};
+    freedesktop::session::PortalAppearance real{portal.client()};
     Appearance& appearance() { return real; }
     void setDark(bool isDark) { portal.change(u"org.freedesktop.appearance"_s, u"color-scheme"_s, isDark ? 1U : 2U); }
 };
@@ -47,7 +47,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Portal, AppearanceContract, PortalAppearanceRig);
 TEST(PortalAppearance, WhatThePortalSaidBeforeWeStartedArrivesAsAChange) {
     PortalRig portal;
     portal.set(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 1U);
-    PortalAppearance appearance(portal.client());
+    freedesktop::session::PortalAppearance appearance(portal.client());
     int changes = 0;
     appearance.addChangedHandler([&] { ++changes; });
     EXPECT_FALSE(appearance.isDark()) << "nothing waits for the answer";
@@ -57,7 +57,7 @@ TEST(PortalAppearance, WhatThePortalSaidBeforeWeStartedArrivesAsAChange) {
 
 TEST(PortalAppearance, WithoutAPreferenceTheDesktopsColoursDecide) {
     PortalRig portal;
-    PortalAppearance appearance(portal.client());
+    freedesktop::session::PortalAppearance appearance(portal.client());
     portal.change(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 1U);
     EXPECT_TRUE(appearance.isDark());
     portal.change(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 0U);
@@ -66,7 +66,7 @@ TEST(PortalAppearance, WithoutAPreferenceTheDesktopsColoursDecide) {
 
 TEST(PortalAppearance, TheAccentColourIsTheUsersWhenThereIsOne) {
     PortalRig portal;
-    PortalAppearance appearance(portal.client());
+    freedesktop::session::PortalAppearance appearance(portal.client());
     const QColor usual = appearance.accentColor();
     portal.changeAccent(1.0, 0.5, 0.0);
     EXPECT_EQ(appearance.accentColor().name(), u"#ff8000"_s);
@@ -76,7 +76,7 @@ TEST(PortalAppearance, TheAccentColourIsTheUsersWhenThereIsOne) {
 
 TEST(PortalAppearance, MotionIsReducedWhenTheDesktopDoesNotAnimate) {
     PortalRig portal;
-    PortalAppearance appearance(portal.client());
+    freedesktop::session::PortalAppearance appearance(portal.client());
     EXPECT_FALSE(appearance.reducedMotion()) << "nobody has said so";
     portal.change(u"org.gnome.desktop.interface"_s, u"enable-animations"_s, false);
     EXPECT_TRUE(appearance.reducedMotion());
@@ -87,7 +87,7 @@ TEST(PortalAppearance, MotionIsReducedWhenTheDesktopDoesNotAnimate) {
 
 TEST(PortalAppearance, AnswersOfTheWrongKindAreTakenForNone) {
     PortalRig portal;
-    PortalAppearance appearance(portal.client());
+    freedesktop::session::PortalAppearance appearance(portal.client());
     const QColor usual = appearance.accentColor();
     portal.change(u"org.freedesktop.appearance"_s, u"color-scheme"_s, u"dark as night"_s);
     portal.change(u"org.freedesktop.appearance"_s, u"accent-color"_s, u"mauve"_s);

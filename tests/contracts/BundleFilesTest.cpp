@@ -26,7 +26,7 @@ struct FakeBundleFilesRig {
 
 struct LocalBundleFilesRig {
     QTemporaryDir folder;
-    LocalBundleFiles real{folder.path().toStdString()};
+    freedesktop::LocalBundleFiles real{folder.path().toStdString()};
 
     LocalBundleFilesRig() {
         QDir(folder.path()).mkdir(QStringLiteral("from"));

@@ -20,7 +20,7 @@ struct FakeDiskImageToolRig {
 
 struct CommandDiskImageToolRig {
     StandInDiskImageTool standIn;
-    CommandDiskImageTool real{standIn.program()};
+    freedesktop::CommandDiskImageTool real{standIn.program()};
 
     DiskImageTool& tool() { return real; }
     void attach(const AttachedImage& image) { standIn.attach(image); }

@@ -78,7 +78,7 @@ quint32 scanCodeOf(HardwareKey key) {
 }
 
 struct QtKeyMonitorRig {
-    QtKeyMonitor real;
+    freedesktop::QtKeyMonitor real;
     KeyWindow window;
 
     KeyMonitor& monitor() { return real; }
@@ -98,7 +98,7 @@ protected:
         });
     }
 
-    QtKeyMonitor monitor;
+    freedesktop::QtKeyMonitor monitor;
     KeyWindow window;
     std::vector<HardwareKey> seen;
 };
@@ -146,7 +146,7 @@ TEST_F(QtKeyMonitorTest, AHeldKeyCountsEachTime) {
 }
 
 TEST_F(QtKeyMonitorTest, AHandlerThatGoesAtItsPressKeepsItFromTheWindow) {
-    QtKeyMonitor own;
+    freedesktop::QtKeyMonitor own;
     KeyMonitor::Token token;
     monitor.removeHandler({1});
     token = own.addHandler([&](HardwareKey) {

@@ -22,7 +22,7 @@ struct FakeLinkDetectorRig {
 };
 
 struct ScannerLinkDetectorRig {
-    ScannerLinkDetector real;
+    links::ScannerLinkDetector real;
 
     LinkDetector& detector() { return real; }
 };

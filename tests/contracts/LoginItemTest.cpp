@@ -40,7 +40,7 @@ struct XdgRig {
     QString userFolder = root.filePath(QStringLiteral("config/autostart"));
     QString systemFolder = root.filePath(QStringLiteral("etc/autostart"));
     QString executable = QStringLiteral("/bin/sh");
-    XdgLoginItem adapter{
+    freedesktop::session::XdgLoginItem adapter{
         {userFolder, {systemFolder}, {QStringLiteral("GNOME")}}, QStringLiteral("app.zamber.Zamber"), executable};
 
     LoginItem& item() { return adapter; }
@@ -144,7 +144,7 @@ struct PathCase {
 class ExecValueTest : public testing::TestWithParam<PathCase> {};
 
 TEST_P(ExecValueTest, IsQuotedAndEscaped) {
-    EXPECT_EQ(execValueOf(QString::fromUtf8(GetParam().path)).toStdString(), GetParam().exec);
+    EXPECT_EQ(freedesktop::session::execValueOf(QString::fromUtf8(GetParam().path)).toStdString(), GetParam().exec);
 }
 
 INSTANTIATE_TEST_SUITE_P(Paths, ExecValueTest,

@@ -40,7 +40,7 @@ struct PopoverWindowRig {
     QList<WId> activated;
     FakeAppearance appearance;
     QWidget content;
-    PopoverWindow real;
+    freedesktop::popover::PopoverWindow real;
 
     PopoverWindowRig()
         : real(appearance, {.isComposited = [this] { return isComposited; },
@@ -65,7 +65,7 @@ protected:
     QWidget* window() { return rig.content.window(); }
 
     PopoverWindowRig rig;
-    PopoverWindow& popover = rig.real;
+    freedesktop::popover::PopoverWindow& popover = rig.real;
 };
 
 } // namespace
@@ -74,20 +74,26 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Fake, PopoverHostContract, FakePopoverHostRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(Window, PopoverHostContract, PopoverWindowRig);
 
 TEST(PopoverPlacement, ItHangsBelowTheAnchorAndCentredOnIt) {
-    EXPECT_EQ(popoverPlacement({500, 0, 24, 24}, {440, 420}, PopoverEdge::MinY, {0, 0, 1280, 800}),
-              QRect(292, 24 + POPOVER_GAP, 440, 420));
+    EXPECT_EQ(
+        freedesktop::popover::popoverPlacement({500, 0, 24, 24}, {440, 420}, PopoverEdge::MinY, {0, 0, 1280, 800}),
+        QRect(292, 24 + freedesktop::popover::POPOVER_GAP, 440, 420));
 }
 
 TEST(PopoverPlacement, ItStandsAboveAnAnchorAtTheBottom) {
-    EXPECT_EQ(popoverPlacement({500, 776, 24, 24}, {440, 420}, PopoverEdge::MinY, {0, 0, 1280, 776}),
-              QRect(292, 776 - POPOVER_GAP - 420, 440, 420));
+    EXPECT_EQ(
+        freedesktop::popover::popoverPlacement({500, 776, 24, 24}, {440, 420}, PopoverEdge::MinY, {0, 0, 1280, 776}),
+        QRect(292, 776 - freedesktop::popover::POPOVER_GAP - 420, 440, 420));
 }
 
 TEST(PopoverPlacement, TheOtherPreferenceIsKeptWhereThereIsRoom) {
-    EXPECT_EQ(popoverPlacement({500, 600, 24, 24}, {440, 420}, PopoverEdge::MaxY, {0, 0, 1280, 1200}).y(),
-              600 - POPOVER_GAP - 420);
-    EXPECT_EQ(popoverPlacement({500, 100, 24, 24}, {440, 420}, PopoverEdge::MaxY, {0, 0, 1280, 800}).y(),
-              124 + POPOVER_GAP);
+    EXPECT_EQ(
+        freedesktop::popover::popoverPlacement({500, 600, 24, 24}, {440, 420}, PopoverEdge::MaxY, {0, 0, 1280, 1200})
+            .y(),
+        600 - freedesktop::popover::POPOVER_GAP - 420);
+    EXPECT_EQ(
+        freedesktop::popover::popoverPlacement({500, 100, 24, 24}, {440, 420}, PopoverEdge::MaxY, {0, 0, 1280, 800})
+            .y(),
+        124 + freedesktop::popover::POPOVER_GAP);
 }
 
 TEST(PopoverPlacement, ItIsAlwaysWholeInsideTheWorkArea) {
@@ -96,7 +102,8 @@ TEST(PopoverPlacement, ItIsAlwaysWholeInsideTheWorkArea) {
         for (int x = workArea.left() - 200; x < workArea.right() + 200; x += 97) {
             for (int y = workArea.top() - 200; y < workArea.bottom() + 200; y += 89) {
                 for (const PopoverEdge edge : {PopoverEdge::MinY, PopoverEdge::MaxY}) {
-                    const QRect placed = popoverPlacement({x, y, 24, 24}, {440, 420}, edge, workArea);
+                    const QRect placed =
+                        freedesktop::popover::popoverPlacement({x, y, 24, 24}, {440, 420}, edge, workArea);
                     EXPECT_EQ(placed.size(), QSize(440, 420));
                     EXPECT_TRUE(workArea.contains(placed)) << x << ',' << y;
                 }
@@ -106,8 +113,10 @@ TEST(PopoverPlacement, ItIsAlwaysWholeInsideTheWorkArea) {
 }
 
 TEST(PopoverPlacement, OneThatIsTooLargeShowsItsUpperLeftCorner) {
-    EXPECT_EQ(popoverPlacement({500, 0, 24, 24}, {440, 420}, PopoverEdge::MinY, {100, 50, 320, 240}).topLeft(),
-              QPoint(100, 50));
+    EXPECT_EQ(
+        freedesktop::popover::popoverPlacement({500, 0, 24, 24}, {440, 420}, PopoverEdge::MinY, {100, 50, 320, 240})
+            .topLeft(),
+        QPoint(100, 50));
 }
 
 TEST_F(PopoverWindowTest, ItIsAToolWindowAndNeverAPopup) {
@@ -121,8 +130,8 @@ TEST_F(PopoverWindowTest, ItIsAToolWindowAndNeverAPopup) {
 }
 
 TEST_F(PopoverWindowTest, ItTellsWhenItOpensAndCloses) {
-    const QSignalSpy shown(&popover, &PopoverWindow::shown);
-    const QSignalSpy closed(&popover, &PopoverWindow::closed);
+    const QSignalSpy shown(&popover, &freedesktop::popover::PopoverWindow::shown);
+    const QSignalSpy closed(&popover, &freedesktop::popover::PopoverWindow::closed);
     show();
     show();
     EXPECT_EQ(shown.count(), 1);
@@ -140,7 +149,8 @@ TEST_F(PopoverWindowTest, ItAsksForTheFocusAtEachShowing) {
 
 TEST_F(PopoverWindowTest, TheVisibleFrameIsPlacedNotItsShadow) {
     const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
-    const QRect placed = popoverPlacement({400, 0, 24, 24}, {300, 200}, PopoverEdge::MinY, workArea);
+    const QRect placed =
+        freedesktop::popover::popoverPlacement({400, 0, 24, 24}, {300, 200}, PopoverEdge::MinY, workArea);
     show();
     EXPECT_EQ(popover.frameRectangle(), placed);
     EXPECT_TRUE(window()->geometry().contains(placed.adjusted(-10, -10, 10, 10)));
@@ -236,7 +246,8 @@ TEST_F(PopoverWindowTest, TheContentStaysTheCallers) {
     auto content = std::make_unique<QWidget>();
     {
         FakeAppearance appearance;
-        PopoverWindow other(appearance, {.isComposited = [] { return false; }, .activateWindow = [](WId) {}});
+        freedesktop::popover::PopoverWindow other(appearance,
+                                                  {.isComposited = [] { return false; }, .activateWindow = [](WId) {}});
         other.setContent([&content] { return content.get(); });
         other.show({QRect(400, 0, 24, 24)}, PopoverEdge::MinY);
         EXPECT_NE(content->window(), content.get());

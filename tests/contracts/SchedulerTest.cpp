@@ -32,7 +32,7 @@ struct FakeSchedulerRig {
 };
 
 struct QtSchedulerRig {
-    QtScheduler real;
+    freedesktop::QtScheduler real;
 
     Scheduler& scheduler() { return real; }
     auto elapsed() { return std::chrono::steady_clock::now().time_since_epoch(); }

@@ -17,7 +17,7 @@ struct FakeSymbolsRig {
 };
 
 struct BootstrapSymbolsRig {
-    BootstrapSymbols real;
+    freedesktop::BootstrapSymbols real;
     const Symbols& symbols() { return real; }
 };
 
@@ -38,7 +38,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Fake, SymbolsContract, FakeSymbolsRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(Bootstrap, SymbolsContract, BootstrapSymbolsRig);
 
 TEST(BootstrapSymbols, AHeavierWeightHasMoreInk) {
-    const BootstrapSymbols symbols;
+    const freedesktop::BootstrapSymbols symbols;
     const auto inkAt = [&](QFont::Weight weight) {
         return ink(symbols.pixmap(u"magnifyingglass"_s, {.pointSize = 24, .weight = weight, .color = Qt::black}));
     };
@@ -48,7 +48,7 @@ TEST(BootstrapSymbols, AHeavierWeightHasMoreInk) {
 }
 
 TEST(BootstrapSymbols, TheSlashedPinIsAPinWithAGapAndALine) {
-    const BootstrapSymbols symbols;
+    const freedesktop::BootstrapSymbols symbols;
     const SymbolStyle style{.pointSize = 40, .color = Qt::black};
     const QImage pin = symbols.pixmap(u"pin.fill"_s, style).toImage();
     const QImage slashed = symbols.pixmap(u"pin.slash.fill"_s, style).toImage();

@@ -18,7 +18,7 @@ struct FakeSystemSoundRig {
 };
 
 struct CanberraSoundRig {
-    CanberraSound adapter;
+    freedesktop::CanberraSound adapter;
 
     SystemSound& sounds() { return adapter; }
 };

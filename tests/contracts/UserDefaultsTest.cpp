@@ -40,7 +40,7 @@ template <Editing editing>
 struct SettingsRig {
     QTemporaryDir home;
     QString path = home.filePath(QStringLiteral("config/Zamber/Zamber.conf"));
-    SettingsUserDefaults real{path};
+    freedesktop::SettingsUserDefaults real{path};
 
     UserDefaults& defaults() { return real; }
 
@@ -107,7 +107,7 @@ TEST(SettingsUserDefaults, ValuesSurviveTheProgram) {
     const auto path = home.filePath(QStringLiteral("Zamber.conf"));
     const auto key = [](int i) { return QStringLiteral("key%1").arg(i); };
     {
-        SettingsUserDefaults defaults(path);
+        freedesktop::SettingsUserDefaults defaults(path);
         defaults.setString(key(1), QStringLiteral("true"));
         defaults.setBoolean(key(2), true);
         defaults.setInteger(key(3), -7);
@@ -116,7 +116,7 @@ TEST(SettingsUserDefaults, ValuesSurviveTheProgram) {
     // Qt keeps what it has read of a path: under another name it reads again.
     const auto copy = home.filePath(QStringLiteral("Copy.conf"));
     ASSERT_TRUE(QFile::copy(path, copy));
-    const SettingsUserDefaults defaults(copy);
+    const freedesktop::SettingsUserDefaults defaults(copy);
     EXPECT_EQ(defaults.string(key(1)), QStringLiteral("true"));
     EXPECT_EQ(defaults.string(key(2)), QStringLiteral("1"));
     EXPECT_EQ(defaults.boolean(key(2)), true);
@@ -137,9 +137,10 @@ TEST(SettingsUserDefaults, AListWrittenByHandCountsAsAbsent) {
 TEST(SettingsUserDefaults, TheFileIsInTheUsersConfigurationFolder) {
     const auto before = qgetenv("XDG_CONFIG_HOME");
     qputenv("XDG_CONFIG_HOME", "/somewhere/config");
-    EXPECT_EQ(SettingsUserDefaults::defaultPath(), QStringLiteral("/somewhere/config/Zamber/Zamber.conf"));
+    EXPECT_EQ(freedesktop::SettingsUserDefaults::defaultPath(), QStringLiteral("/somewhere/config/Zamber/Zamber.conf"));
     qputenv("XDG_CONFIG_HOME", "relative");
-    EXPECT_EQ(SettingsUserDefaults::defaultPath(), QDir::homePath() + QStringLiteral("/.config/Zamber/Zamber.conf"));
+    EXPECT_EQ(freedesktop::SettingsUserDefaults::defaultPath(),
+              QDir::homePath() + QStringLiteral("/.config/Zamber/Zamber.conf"));
     qputenv("XDG_CONFIG_HOME", before);
     if (before.isNull()) {
         qunsetenv("XDG_CONFIG_HOME");

@@ -23,18 +23,19 @@ void require(bool condition) {
     }
 }
 
-bool isSame(const ClipboardItem& left, const ClipboardItem& right) {
+bool isSame(const clipboard::ClipboardItem& left, const clipboard::ClipboardItem& right) {
     return left.content.isImage() == right.content.isImage() && left.content.bytes() == right.content.bytes() &&
            left.isPinned == right.isPinned &&
            std::bit_cast<std::uint64_t>(left.timestamp) == std::bit_cast<std::uint64_t>(right.timestamp);
 }
 
-void requireSame(const std::optional<QList<ClipboardItem>>& left, const std::optional<QList<ClipboardItem>>& right) {
+void requireSame(const std::optional<QList<clipboard::ClipboardItem>>& left,
+                 const std::optional<QList<clipboard::ClipboardItem>>& right) {
     require(left.has_value() == right.has_value());
     require(!left || std::ranges::equal(*left, *right, isSame));
 }
 
-JsonScanner::Read inSteps(std::string_view text, std::size_t step) {
+clipboard::JsonScanner::Read inSteps(std::string_view text, std::size_t step) {
     return [text, step](char* to, std::size_t size) mutable {
         const auto piece = text.substr(0, std::min(step, size));
         std::ranges::copy(piece, to);
@@ -43,13 +44,13 @@ JsonScanner::Read inSteps(std::string_view text, std::size_t step) {
     };
 }
 
-std::string written(const QList<ClipboardItem>& items) {
+std::string written(const QList<clipboard::ClipboardItem>& items) {
     std::string json;
-    require(writeHistoryJson(items, [&](std::string_view block) {
+    require(clipboard::writeHistoryJson(items, [&](std::string_view block) {
         json += block;
         return true;
     }));
-    require(historyJsonSize(items) == static_cast<std::int64_t>(json.size()));
+    require(clipboard::historyJsonSize(items) == static_cast<std::int64_t>(json.size()));
     return json;
 }
 
@@ -58,22 +59,23 @@ std::string written(const QList<ClipboardItem>& items) {
 /// Any bytes as a history file: read alike however they come, and what was loaded is saved so that it loads the same.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    const auto items = readHistoryJson(JsonScanner(text));
-    requireSame(items, readHistoryJson(JsonScanner(inSteps(text, 1 + size % 7))));
+    const auto items = zamber::clipboard::readHistoryJson(zamber::clipboard::JsonScanner(text));
+    requireSame(items, zamber::clipboard::readHistoryJson(zamber::clipboard::JsonScanner(inSteps(text, 1 + size % 7))));
     if (items) {
         const auto json = written(*items);
-        requireSame(items, readHistoryJson(JsonScanner(json)));
+        requireSame(items, zamber::clipboard::readHistoryJson(zamber::clipboard::JsonScanner(json)));
         // Another reader agrees that it is JSON.
         require(QJsonDocument::fromJson(QByteArray::fromRawData(json.data(), static_cast<qsizetype>(json.size())))
                     .isArray());
     }
     // The same bytes as a copied text and as a copied image.
     const QByteArray bytes(text.data(), static_cast<qsizetype>(text.size()));
-    const QList<ClipboardItem> copied = {{ClipboardContent::text(bytes), 1.5},
-                                         {ClipboardContent::image(bytes), 2, true}};
-    const auto loaded = readHistoryJson(JsonScanner(written(copied)));
+    const QList<zamber::clipboard::ClipboardItem> copied = {
+        {zamber::clipboard::ClipboardContent::text(bytes), 1.5},
+        {zamber::clipboard::ClipboardContent::image(bytes), 2, true}};
+    const auto loaded = zamber::clipboard::readHistoryJson(zamber::clipboard::JsonScanner(written(copied)));
     require(loaded && loaded->size() == 2);
-    require(loaded->at(0).content.bytes() == repairedUtf8(bytes));
+    require(loaded->at(0).content.bytes() == zamber::clipboard::repairedUtf8(bytes));
     require(loaded->at(1).content.bytes() == bytes);
     return 0;
 }

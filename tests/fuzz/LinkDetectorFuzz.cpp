@@ -26,14 +26,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         units[at] = QChar(static_cast<ushort>(data[2 * at] | data[2 * at + 1] << 8));
     }
     for (const QString& text : {QString::fromUtf8(bytes), units}) {
-        zamber::LinkScan scan(text);
+        zamber::links::LinkScan scan(text);
         const auto found = scan.first();
         require(scan.charactersRead() <= MOST_READS_A_CHARACTER * (text.size() + 8));
         if (found) {
             require(found->start >= 0 && found->length > 0 && found->start + found->length <= text.size());
             require(found->address.isValid() && !found->address.scheme().isEmpty());
             for (const uint character : QStringView(text).sliced(found->start, found->length).toUcs4()) {
-                require(!zamber::endsAddress(character));
+                require(!zamber::links::endsAddress(character));
             }
         }
     }

@@ -31,7 +31,7 @@ bool isExpectedSensitive(const std::string& text) {
 /// Any bytes as a text: the detector and the rule agree.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
-    if (zamber::looksSensitive(text) != isExpectedSensitive(text)) {
+    if (zamber::clipboard::looksSensitive(text) != isExpectedSensitive(text)) {
         std::abort();
     }
     return 0;

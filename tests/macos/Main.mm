@@ -10,7 +10,7 @@
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     @autoreleasepool {
-        zamber::installApplicationDelegate();
+        zamber::macos::installApplicationDelegate();
         const QApplication application(argc, argv);
         QApplication::setQuitOnLastWindowClosed(false);
         return RUN_ALL_TESTS();

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "platform/macos/MacPopover.h"
-
 #include "tests/contracts/macos/MainLoop.h"
 #include "tests/macos/System.h"
 
@@ -40,20 +39,18 @@ protected:
                                                      backing:NSBackingStoreBuffered
                                                        defer:NO];
     QWidget content;
-    MacPopover popover;
+    macos::MacPopover popover;
 };
 
 } // namespace
 
 TEST_F(MacPopoverOnScreen, HangsBelowTheWholeButtonAndShowsItsContentInItsOwnWindow) {
-    EXPECT_THAT(callsDuring([this] { show(); }),
-                ElementsAre("NSPopover showRelativeToRect: 0,0 24x22 preferredEdge: 1",
-                            "Qt shows QWidget in the window around it"));
+    EXPECT_THAT(callsDuring([this] { show(); }), ElementsAre("NSPopover showRelativeToRect: 0,0 24x22 preferredEdge: 1",
+                                                             "Qt shows QWidget in the window around it"));
     EXPECT_TRUE(popover.isShown());
     EXPECT_TRUE(content.isVisible());
-    EXPECT_THAT(callsDuring("NSPopover", [this] {
-                    popover.show({.screenRectangle = {}, .handle = handle()}, PopoverEdge::MaxY);
-                }),
+    EXPECT_THAT(callsDuring("NSPopover",
+                            [this] { popover.show({.screenRectangle = {}, .handle = handle()}, PopoverEdge::MaxY); }),
                 ElementsAre("NSPopover showRelativeToRect: 0,0 24x22 preferredEdge: 3"));
 }
 
@@ -62,7 +59,7 @@ TEST_F(MacPopoverOnScreen, ClosesWithoutASenderAndHidesItsContentWhenItHasFaded)
     EXPECT_THAT(callsDuring([this] { popover.performClose(); }), ElementsAre("NSPopover performClose: nil"));
     EXPECT_FALSE(popover.isShown());
     EXPECT_TRUE(content.isVisible());
-    letPass(LONGER_THAN_THE_FADE);
+    macos::letPass(LONGER_THAN_THE_FADE);
     EXPECT_FALSE(content.isVisible());
 }
 
@@ -70,7 +67,7 @@ TEST_F(MacPopoverOnScreen, ShownAgainDuringTheFadeItKeepsItsContent) {
     show();
     popover.performClose();
     show();
-    EXPECT_THAT(callsDuring("NSPopover popoverDidClose:", [] { letPass(LONGER_THAN_THE_FADE); }),
+    EXPECT_THAT(callsDuring("NSPopover popoverDidClose:", [] { macos::letPass(LONGER_THAN_THE_FADE); }),
                 ElementsAre("NSPopover popoverDidClose:"));
     EXPECT_TRUE(popover.isShown());
     EXPECT_TRUE(content.isVisible());
@@ -80,9 +77,9 @@ TEST_F(MacPopoverOnScreen, IsTransient) {
     show();
     system::pressOutsidePopover();
     EXPECT_FALSE(popover.isShown());
-    letPass(LONGER_THAN_THE_FADE);
+    macos::letPass(LONGER_THAN_THE_FADE);
     EXPECT_FALSE(content.isVisible());
-    EXPECT_THAT(callsDuring([] { const MacPopover another; }), ElementsAre("NSPopover setBehavior: 1"));
+    EXPECT_THAT(callsDuring([] { const macos::MacPopover another; }), ElementsAre("NSPopover setBehavior: 1"));
 }
 
 TEST_F(MacPopoverOnScreen, TheContentsViewLiesOnTheMaterialFromEdgeToEdgeAtEachSize) {
@@ -96,7 +93,7 @@ TEST_F(MacPopoverOnScreen, TheContentsViewLiesOnTheMaterialFromEdgeToEdgeAtEachS
         EXPECT_THAT(callsDuring([&] { popover.setContentSize(size); }),
                     ElementsAre("NSPopover setContentSize: " + std::to_string(size.width()) + " x " +
                                 std::to_string(size.height())));
-        letPass(20ms);
+        macos::letPass(20ms);
         EXPECT_EQ(around.frame.origin.x, system::POPOVER_INSET);
         EXPECT_EQ(around.frame.origin.y, system::POPOVER_INSET);
         EXPECT_EQ(around.frame.size.width, size.width());
@@ -111,7 +108,7 @@ TEST_F(MacPopoverOnScreen, TheContentsViewLiesOnTheMaterialFromEdgeToEdgeAtEachS
 
 TEST_F(MacPopoverOnScreen, TheSizeThatWasSetBeforeOutlivesTheControllersOwn) {
     QWidget another;
-    MacPopover second;
+    macos::MacPopover second;
     EXPECT_THAT(callsDuring("NSPopover set",
                             [&] {
                                 second.setContentSize({500, 520});

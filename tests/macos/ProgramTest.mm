@@ -51,7 +51,7 @@ void pressKey(unsigned short code) {
                                            isARepeat:NO
                                              keyCode:code]
              atStart:NO];
-    letPass(std::chrono::milliseconds(20));
+    macos::letPass(std::chrono::milliseconds(20));
 }
 
 std::vector<std::string> callsSince(std::size_t first, const std::string& beginning) {
@@ -85,14 +85,14 @@ void useIt() {
     // Two copies elsewhere.
     const int letters = system::openApplication("Letters");
     system::copyTextElsewhere(QStringLiteral("first"));
-    letPass(std::chrono::milliseconds(700));
+    macos::letPass(std::chrono::milliseconds(700));
     system::copyTextElsewhere(QStringLiteral("second"));
-    letPass(std::chrono::milliseconds(700));
+    macos::letPass(std::chrono::milliseconds(700));
 
     // The hot key opens the popover on them; the arrow and Return paste the older one.
     std::size_t now = system::calls().size();
     system::sendKeyboardEvent(5, 1);
-    letPass();
+    macos::letPass();
     EXPECT_THAT(callsSince(now, "NSWorkspace frontmost"), ElementsAre("NSWorkspace frontmostApplication"));
     EXPECT_THAT(callsSince(now, "NSPopover show"),
                 ElementsAre("NSPopover showRelativeToRect: 0,0 24x24 preferredEdge: 1"));
@@ -103,11 +103,13 @@ void useIt() {
     pressKey(36);
     EXPECT_EQ(system::applicationInFront(), letters);
     EXPECT_THAT(callsSince(now, "CG"), IsEmpty()) << "before the application is back in front";
-    letPass(std::chrono::milliseconds(500));
-    const std::vector<std::string> wanted{
-        "NSPasteboard clearContents", "NSPasteboard setString: 5 characters forType: public.utf8-plain-text",
-        "NSPopover performClose: nil", "NSRunningApplication Letters activateWithOptions: 0",
-        "CGEventPost tap: 0 key: 9 down flags: 0x100000", "CGEventPost tap: 0 key: 9 up flags: 0x100000"};
+    macos::letPass(std::chrono::milliseconds(500));
+    const std::vector<std::string> wanted{"NSPasteboard clearContents",
+                                          "NSPasteboard setString: 5 characters forType: public.utf8-plain-text",
+                                          "NSPopover performClose: nil",
+                                          "NSRunningApplication Letters activateWithOptions: 0",
+                                          "CGEventPost tap: 0 key: 9 down flags: 0x100000",
+                                          "CGEventPost tap: 0 key: 9 up flags: 0x100000"};
     std::vector<std::string> made;
     std::copy_if(system::calls().begin() + static_cast<std::ptrdiff_t>(now), system::calls().end(),
                  std::back_inserter(made),
@@ -118,12 +120,12 @@ void useIt() {
     // The second entry by its own hot key, when that is switched on.
     now = system::calls().size();
     system::sendKeyboardEvent(5, 2);
-    letPass(std::chrono::milliseconds(300));
+    macos::letPass(std::chrono::milliseconds(300));
     EXPECT_THAT(callsSince(now, "CGEventPost"), IsEmpty());
     [NSUserDefaults.standardUserDefaults setBool:YES forKey:@"quickPasteEnabled"];
     [NSUserDefaults.standardUserDefaults setBool:YES forKey:@"playSoundOnPaste"];
     system::sendKeyboardEvent(5, 2);
-    letPass(std::chrono::milliseconds(300));
+    macos::letPass(std::chrono::milliseconds(300));
     EXPECT_THAT(callsSince(now, "CGEventPost").size(), 2U);
     EXPECT_THAT(callsSince(now, "NSSound"), ElementsAre("NSSound soundNamed: Tink", "NSSound play"));
 
@@ -131,12 +133,12 @@ void useIt() {
     now = system::calls().size();
     [NSUserDefaults.standardUserDefaults setObject:@"large" forKey:@"popoverSize"];
     EXPECT_THAT(callsSince(now, "NSPopover"), IsEmpty()) << "in the middle of the write";
-    letPass();
+    macos::letPass();
     EXPECT_THAT(callsSince(now, "NSPopover"), ElementsAre("NSPopover setContentSize: 500 x 520"));
     system::setMenuChoice([](const auto&) { return 0; });
     now = system::calls().size();
     system::clickStatusItem(system::Click::Right);
-    letPass();
+    macos::letPass();
     EXPECT_THAT(callsSince(now, "NSApplication sendAction: showSettingsWindow:"), testing::SizeIs(1));
     EXPECT_THAT(callsSince(now, "NSApplication sendAction: showPreferencesWindow:"), IsEmpty());
     EXPECT_THAT(callsSince(now, "NSWindow makeKeyAndOrderFront:"),

@@ -61,34 +61,36 @@ MenuItem line(const char* title, const char* key, const char* selector, std::fun
 } // namespace
 
 TEST(Recorded, TheHotKeysAreThreeAndTheirHandlerComesLast) {
-    static MacHotKeyCenter center; // for the life of the process
+    static macos::MacHotKeyCenter center; // for the life of the process
     static std::vector<std::uint32_t> pressed;
-    EXPECT_THAT(callsDuring([] {
-                    EXPECT_TRUE(center.registerHotKey(PhysicalKey::V, COMMAND_SHIFT, {SIGNATURE, 1}));
-                    EXPECT_TRUE(center.registerHotKey(PhysicalKey::Digit2, COMMAND_SHIFT, {SIGNATURE, 2}));
-                    EXPECT_TRUE(center.registerHotKey(PhysicalKey::Digit3, COMMAND_SHIFT, {SIGNATURE, 3}));
-                    center.setPressedHandler([](std::uint32_t id) { pressed.push_back(id); });
-                }),
-                ElementsAre("RegisterEventHotKey code: 9 modifiers: 0x300 signature: 0x5a4d4252 id: 1 target: "
-                            "application options: 0",
-                            "RegisterEventHotKey code: 19 modifiers: 0x300 signature: 0x5a4d4252 id: 2 target: "
-                            "application options: 0",
-                            "RegisterEventHotKey code: 20 modifiers: 0x300 signature: 0x5a4d4252 id: 3 target: "
-                            "application options: 0",
-                            "InstallEventHandler target: application types: 1 class: 0x6b657962 kind: 5 installed: nil"));
-    EXPECT_THAT(callsDuring([] { system::sendKeyboardEvent(HOT_KEY_PRESSED, 3); }),
-                ElementsAre("GetEventParameter name: 0x2d2d2d2d type: 0x686b6964 actualType: nil size: 8 actualSize: nil",
-                            "a handler returned 0"));
+    EXPECT_THAT(
+        callsDuring([] {
+            EXPECT_TRUE(center.registerHotKey(PhysicalKey::V, COMMAND_SHIFT, {SIGNATURE, 1}));
+            EXPECT_TRUE(center.registerHotKey(PhysicalKey::Digit2, COMMAND_SHIFT, {SIGNATURE, 2}));
+            EXPECT_TRUE(center.registerHotKey(PhysicalKey::Digit3, COMMAND_SHIFT, {SIGNATURE, 3}));
+            center.setPressedHandler([](std::uint32_t id) { pressed.push_back(id); });
+        }),
+        ElementsAre("RegisterEventHotKey code: 9 modifiers: 0x300 signature: 0x5a4d4252 id: 1 target: "
+                    "application options: 0",
+                    "RegisterEventHotKey code: 19 modifiers: 0x300 signature: 0x5a4d4252 id: 2 target: "
+                    "application options: 0",
+                    "RegisterEventHotKey code: 20 modifiers: 0x300 signature: 0x5a4d4252 id: 3 target: "
+                    "application options: 0",
+                    "InstallEventHandler target: application types: 1 class: 0x6b657962 kind: 5 installed: nil"));
+    EXPECT_THAT(
+        callsDuring([] { system::sendKeyboardEvent(HOT_KEY_PRESSED, 3); }),
+        ElementsAre("GetEventParameter name: 0x2d2d2d2d type: 0x686b6964 actualType: nil size: 8 actualSize: nil",
+                    "a handler returned 0"));
     EXPECT_THAT(pressed, IsEmpty()) << "told within the event manager's handler";
     system::sendKeyboardEvent(HOT_KEY_PRESSED, 1);
     system::sendKeyboardEvent(HOT_KEY_RELEASED, 1);
     system::sendKeyboardEvent(HOT_KEY_PRESSED, std::nullopt); // one whose id cannot be read
-    letPass();
+    macos::letPass();
     EXPECT_THAT(pressed, ElementsAre(3, 1, 0));
 }
 
 TEST(Recorded, AHotKeyAloneHasItsOwnModifiersAndOneHeldElsewhereIsNone) {
-    MacHotKeyCenter center;
+    macos::MacHotKeyCenter center;
     EXPECT_THAT(callsDuring([&] { center.registerHotKey(PhysicalKey::V, {.command = true}, {SIGNATURE, 9}); }),
                 ElementsAre(testing::HasSubstr("modifiers: 0x100 ")));
     EXPECT_THAT(callsDuring([&] { center.registerHotKey(PhysicalKey::V, {.shift = true}, {SIGNATURE, 9}); }),
@@ -101,7 +103,7 @@ TEST(Recorded, AHotKeyAloneHasItsOwnModifiersAndOneHeldElsewhereIsNone) {
 
 TEST(Recorded, ThePasteIsTwoEventsOfOneSourceAndIsOverBeforeItIsSaidToBe) {
     const int before = system::livingKeyEvents();
-    MacKeystrokePoster poster;
+    macos::MacKeystrokePoster poster;
     EXPECT_THAT(callsDuring([&] { poster.postPaste({}, [] { system::note("done"); }); }),
                 ElementsAre("CGEventSourceCreate 1", "CGEventCreateKeyboardEvent source: one key: 9 down",
                             "CGEventCreateKeyboardEvent source: one key: 9 up",
@@ -112,14 +114,14 @@ TEST(Recorded, ThePasteIsTwoEventsOfOneSourceAndIsOverBeforeItIsSaidToBe) {
 
 TEST(Recorded, EventsThatCannotBeMadeAreNotPosted) {
     system::failToCreateEvents(true);
-    MacKeystrokePoster poster;
+    macos::MacKeystrokePoster poster;
     EXPECT_THAT(callsDuring([&] { poster.postPaste({}, [] { system::note("done"); }); }),
                 ElementsAre("CGEventSourceCreate 1", testing::_, testing::_, "done"));
     system::failToCreateEvents(false);
 }
 
 TEST(Recorded, TheStatusItemIsASquareThatSendsAnActionAtBothButtonsReleases) {
-    MacStatusItem item;
+    macos::MacStatusItem item;
     EXPECT_THAT(callsDuring([&] { item.showSymbol(QStringLiteral("doc.on.clipboard"), QStringLiteral("Zamber")); }),
                 ElementsAre("NSStatusBar statusItemWithLength: -2",
                             "NSImage imageWithSystemSymbolName: doc.on.clipboard accessibilityDescription: Zamber",
@@ -133,7 +135,7 @@ TEST(Recorded, TheStatusItemIsASquareThatSendsAnActionAtBothButtonsReleases) {
 }
 
 TEST(Recorded, AClickIsToldByItsButton) {
-    MacStatusItem item;
+    macos::MacStatusItem item;
     std::vector<MouseButton> clicks;
     item.setClickedHandler([&clicks](MouseButton button) { clicks.push_back(button); });
     item.showSymbol(QStringLiteral("doc.on.clipboard"), QStringLiteral("Zamber"));
@@ -145,7 +147,7 @@ TEST(Recorded, AClickIsToldByItsButton) {
 }
 
 TEST(Recorded, WithoutAButtonThereIsNoPlace) {
-    MacStatusItem item;
+    macos::MacStatusItem item;
     item.showSymbol(QStringLiteral("doc.on.clipboard"), QStringLiteral("Zamber"));
     system::setStatusItemHasButton(false);
     EXPECT_FALSE(item.button());
@@ -153,7 +155,7 @@ TEST(Recorded, WithoutAButtonThereIsNoPlace) {
 }
 
 TEST(Recorded, TheMenuIsAttachedForOneClickAndItsLinesAreChosenAgainAndAgain) {
-    MacStatusItem item;
+    macos::MacStatusItem item;
     int toggles = 0;
     item.setClickedHandler([&toggles](MouseButton) { ++toggles; });
     item.showSymbol(QStringLiteral("doc.on.clipboard"), QStringLiteral("Zamber"));
@@ -168,7 +170,8 @@ TEST(Recorded, TheMenuIsAttachedForOneClickAndItsLinesAreChosenAgainAndAgain) {
                     "NSMenu item 'Settings…' action: openSettings target: nil keyEquivalent: ','", "NSMenu separator",
                     "NSMenu item '  Launch at Login' action: toggleLaunchAtLogin target: nil keyEquivalent: ''",
                     "NSMenu separator", "NSMenu item 'Quit Zamber' action: quitApp target: nil keyEquivalent: 'q'",
-                    "NSApplication sendAction: toggleLaunchAtLogin to: nil from: a sender", "NSStatusItem setMenu: nil"));
+                    "NSApplication sendAction: toggleLaunchAtLogin to: nil from: a sender",
+                    "NSStatusItem setMenu: nil"));
     for (const int index : {0, 4, 0}) {
         system::setMenuChoice([index](const auto&) { return index; });
         item.showMenuOnce(menu);
@@ -182,19 +185,19 @@ TEST(Recorded, TheMenuIsAttachedForOneClickAndItsLinesAreChosenAgainAndAgain) {
 TEST(Recorded, AnItemThatGoesIsTakenOutOfTheBar) {
     EXPECT_THAT(callsDuring("NSStatusBar ",
                             [] {
-                                MacStatusItem item;
+                                macos::MacStatusItem item;
                                 item.showSymbol(QStringLiteral("doc.on.clipboard"), QStringLiteral("Zamber"));
                             }),
                 ElementsAre("NSStatusBar statusItemWithLength: -2", "NSStatusBar removeStatusItem:"));
 }
 
 TEST(Recorded, AResponderOfANameTakesThePlaceOfTheOneBefore) {
-    MacApplication application;
+    macos::MacApplication application;
     std::string answered;
     {
         const QString name = QStringLiteral("answerForARecordedTest:"); // gone before the action comes
-        respondToAction(name, [&] { answered += 'a'; });
-        respondToAction(name, [&] { answered += 'b'; });
+        macos::respondToAction(name, [&] { answered += 'a'; });
+        macos::respondToAction(name, [&] { answered += 'b'; });
     }
     EXPECT_THAT(callsDuring([&] { EXPECT_TRUE(application.sendAction(QStringLiteral("answerForARecordedTest:"))); }),
                 ElementsAre("NSApplication sendAction: answerForARecordedTest: to: nil from: nil"));
@@ -202,7 +205,7 @@ TEST(Recorded, AResponderOfANameTakesThePlaceOfTheOneBefore) {
 }
 
 TEST(Recorded, TheApplicationIsAnAccessoryAndIsActivatedAboveOthers) {
-    MacApplication application;
+    macos::MacApplication application;
     EXPECT_THAT(callsDuring([&] {
                     application.setAccessoryPolicy();
                     application.activate();
@@ -215,7 +218,7 @@ TEST(Recorded, TheApplicationIsAnAccessoryAndIsActivatedAboveOthers) {
 }
 
 TEST(Recorded, AnotherStartAsksForUsAndNothingElseIsOpened) {
-    MacApplication application;
+    macos::MacApplication application;
     id delegate = NSApp.delegate;
     EXPECT_FALSE([delegate applicationShouldHandleReopen:NSApp hasVisibleWindows:NO]);
     int asked = 0;
@@ -226,7 +229,7 @@ TEST(Recorded, AnotherStartAsksForUsAndNothingElseIsOpened) {
 }
 
 TEST(Recorded, AnAlertHasItsTextsAndButtonsInOrderAndIsInFront) {
-    MacAlert alert;
+    macos::MacAlert alert;
     system::answerAlert(1);
     EXPECT_THAT(callsDuring([&] {
                     EXPECT_EQ(alert.run({.style = AlertStyle::Warning,
@@ -251,7 +254,7 @@ TEST(Recorded, AnAlertHasItsTextsAndButtonsInOrderAndIsInFront) {
 }
 
 TEST(Recorded, ThePasteboardIsAskedForTheTypesByTheirNames) {
-    MacPasteboard pasteboard;
+    macos::MacPasteboard pasteboard;
     const int before = pasteboard.changeCount();
     system::copyTextElsewhere(QStringLiteral("theirs"));
     EXPECT_EQ(pasteboard.changeCount(), before + 1);
@@ -276,7 +279,7 @@ TEST(Recorded, ThePasteboardIsAskedForTheTypesByTheirNames) {
 }
 
 TEST(Recorded, ATextKeepsTheCharacterThatLooksLikeAByteOrderMark) {
-    MacPasteboard pasteboard;
+    macos::MacPasteboard pasteboard;
     for (const QByteArray& text : {QByteArray("\xEF\xBB\xBFmarked"), QByteArray("in the \xEF\xBB\xBF middle")}) {
         pasteboard.clearContents();
         pasteboard.setString(text);
@@ -285,7 +288,7 @@ TEST(Recorded, ATextKeepsTheCharacterThatLooksLikeAByteOrderMark) {
 }
 
 TEST(Recorded, TheFrontApplicationIsActivatedWithoutOptions) {
-    MacWorkspace workspace;
+    macos::MacWorkspace workspace;
     const int letters = system::openApplication("Letters");
     const auto front = workspace.frontmostApplication();
     ASSERT_TRUE(front);
@@ -304,10 +307,10 @@ TEST(Recorded, TheFrontApplicationIsActivatedWithoutOptions) {
 }
 
 TEST(Recorded, AddressesInstancesAndTheTrashAreTheWorkspaces) {
-    MacWorkspace workspace;
+    macos::MacWorkspace workspace;
     const QTemporaryDir home;
     system::setHome(home.path());
-    EXPECT_THAT(callsDuring([&] { workspace.open(*MacAccessibilityTrust().settingsAddress()); }),
+    EXPECT_THAT(callsDuring([&] { workspace.open(*macos::MacAccessibilityTrust().settingsAddress()); }),
                 ElementsAre("NSWorkspace openURL: "
                             "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"));
     const QString program = home.filePath(QStringLiteral("Program"));
@@ -327,8 +330,8 @@ TEST(Recorded, AddressesInstancesAndTheTrashAreTheWorkspaces) {
                 ElementsAre("NSWorkspace openApplicationAtURL: " + program.toStdString() +
                             " createsNewApplicationInstance: 1"));
     EXPECT_FALSE(isDone);
-    EXPECT_TRUE(waitUntil([&isDone] { return isDone; }));
-    EXPECT_TRUE(waitUntil([&] { return QFile::exists(program + QStringLiteral(".started")); }));
+    EXPECT_TRUE(macos::waitUntil([&isDone] { return isDone; }));
+    EXPECT_TRUE(macos::waitUntil([&] { return QFile::exists(program + QStringLiteral(".started")); }));
     EXPECT_THAT(callsDuring([&] { EXPECT_TRUE(workspace.moveToTrash(program)); }),
                 ElementsAre("NSFileManager trashItemAtURL: resultingItemURL: nil"));
     EXPECT_FALSE(QFile::exists(program));
@@ -336,7 +339,7 @@ TEST(Recorded, AddressesInstancesAndTheTrashAreTheWorkspaces) {
 }
 
 TEST(Recorded, TrustIsAskedAtEachCall) {
-    const MacAccessibilityTrust trust;
+    const macos::MacAccessibilityTrust trust;
     system::setTrusted(false);
     EXPECT_FALSE(trust.isTrusted());
     system::setTrusted(true);
@@ -344,7 +347,7 @@ TEST(Recorded, TrustIsAskedAtEachCall) {
 }
 
 TEST(Recorded, TheLoginItemIsTheMainApplicationsService) {
-    MacLoginItem item;
+    macos::MacLoginItem item;
     const std::vector states{LoginItemStatus::NotRegistered, LoginItemStatus::Enabled,
                              LoginItemStatus::RequiresApproval, LoginItemStatus::NotFound};
     for (int state = 0; state < 4; ++state) {
@@ -361,14 +364,15 @@ TEST(Recorded, TheLoginItemIsTheMainApplicationsService) {
     system::failLoginItem(true);
     const auto outcome = item.registerItem();
     ASSERT_FALSE(outcome);
-    EXPECT_EQ(outcome.error(), QStringLiteral("Error Domain=SMAppServiceErrorDomain Code=1 \"Operation not permitted\""));
+    EXPECT_EQ(outcome.error(),
+              QStringLiteral("Error Domain=SMAppServiceErrorDomain Code=1 \"Operation not permitted\""));
     EXPECT_FALSE(item.unregisterItem());
     system::failLoginItem(false);
     EXPECT_EQ(item.status(), LoginItemStatus::NotRegistered);
 }
 
 TEST(Recorded, ASoundIsPlayedByName) {
-    MacSystemSound sounds;
+    macos::MacSystemSound sounds;
     EXPECT_THAT(callsDuring([&] { sounds.play(QStringLiteral("Tink")); }),
                 ElementsAre("NSSound soundNamed: Tink", "NSSound play"));
     system::setSoundsThere(false);
@@ -377,13 +381,13 @@ TEST(Recorded, ASoundIsPlayedByName) {
 }
 
 TEST(Recorded, AnObserverOfADefaultAsksForNewValuesWithoutAContext) {
-    MacUserDefaults defaults;
+    macos::MacUserDefaults defaults;
     EXPECT_THAT(callsDuring([&] { defaults.addObserver(QStringLiteral("popoverSize"), [] {}); }),
                 ElementsAre("NSUserDefaults standard addObserver forKeyPath: popoverSize options: 1 context: (nil)"));
 }
 
 TEST(Recorded, WholeNumbersOfAnySizeAreReadAsFarAsTheyGo) {
-    MacUserDefaults defaults;
+    macos::MacUserDefaults defaults;
     [NSUserDefaults.standardUserDefaults setInteger:(NSInteger{1} << 40) forKey:@"maxItems"];
     EXPECT_EQ(defaults.integer(QStringLiteral("maxItems")), std::numeric_limits<int>::max());
     [NSUserDefaults.standardUserDefaults setInteger:-(NSInteger{1} << 40) forKey:@"maxItems"];
@@ -391,7 +395,7 @@ TEST(Recorded, WholeNumbersOfAnySizeAreReadAsFarAsTheyGo) {
 }
 
 TEST(Recorded, TheAccentIsThatOfTheAppearance) {
-    MacAppearance appearance;
+    macos::MacAppearance appearance;
     system::setAccent(0.2, 0.4, 1.0);
     EXPECT_EQ(appearance.accentColor(), QColor::fromRgbF(0.2F, 0.4F, 1.0F));
     int told = 0;
@@ -412,9 +416,9 @@ TEST(Recorded, TheAccentIsThatOfTheAppearance) {
 }
 
 TEST(Recorded, ASymbolIsDrawnInItsWeight) {
-    const MacSymbols symbols;
+    const macos::MacSymbols symbols;
     const std::vector<std::pair<QFont::Weight, const char*>> rows{
-        {QFont::Thin, "-0.8"}, {QFont::Light, "-0.4"},  {QFont::Normal, "0"},   {QFont::Medium, "0.23"},
+        {QFont::Thin, "-0.8"}, {QFont::Light, "-0.4"},   {QFont::Normal, "0"},   {QFont::Medium, "0.23"},
         {QFont::Bold, "0.4"},  {QFont::DemiBold, "0.3"}, {QFont::Black, "0.62"}, {QFont::ExtraBold, "0.56"}};
     for (const auto& [weight, number] : rows) {
         EXPECT_THAT(callsDuring([&, weight = weight] {
@@ -427,7 +431,7 @@ TEST(Recorded, ASymbolIsDrawnInItsWeight) {
 }
 
 TEST(Recorded, LinksAreLookedForInTheWholeText) {
-    MacLinkDetector detector;
+    macos::MacLinkDetector detector;
     detector.firstLink({});
     EXPECT_THAT(callsDuring([&] { detector.firstLink(QStringLiteral("🎉 a.org")); }),
                 ElementsAre("NSDataDetector firstMatchInString: options: 0 range: 0, 8"));
@@ -435,7 +439,7 @@ TEST(Recorded, LinksAreLookedForInTheWholeText) {
 }
 
 TEST(Recorded, TheBundleTellsTextsAlone) {
-    const MacAppBundle bundle;
+    const macos::MacAppBundle bundle;
     system::setBundle(QStringLiteral("/Volumes/Zamber/Zamber.app"),
                       {{QStringLiteral("CFBundleShortVersionString"), QStringLiteral("1.2.3")}},
                       {{QStringLiteral("CFBundleVersion"), 7}});
@@ -450,16 +454,15 @@ TEST(Recorded, TheBundleTellsTextsAlone) {
 
 TEST(Recorded, TheHistorysFolderIsTheUsersApplicationSupport) {
     system::setHome(QStringLiteral("/Users/someone"));
-    EXPECT_THAT(callsDuring([] {
-                    EXPECT_EQ(applicationSupportFolder(), "/Users/someone/Library/Application Support");
-                }),
-                ElementsAre("NSFileManager URLsForDirectory: 14 inDomains: 1"));
+    EXPECT_THAT(
+        callsDuring([] { EXPECT_EQ(macos::applicationSupportFolder(), "/Users/someone/Library/Application Support"); }),
+        ElementsAre("NSFileManager URLsForDirectory: 14 inDomains: 1"));
 }
 
 TEST(Recorded, TheDiskImageToolIsAskedInItsOwnWordsAndOutOfTheLog) {
-    EXPECT_EQ(MacDiskImageTool::defaultCommand(), QStringLiteral("/usr/bin/hdiutil"));
+    EXPECT_EQ(macos::MacDiskImageTool::defaultCommand(), QStringLiteral("/usr/bin/hdiutil"));
     StandInDiskImageTool system;
-    MacDiskImageTool tool(system.program());
+    macos::MacDiskImageTool tool(system.program());
     system.report("<plist version=\"1.0\"><dict/></plist>");
     const QTemporaryDir folder;
     const QByteArray logged = folder.filePath(QStringLiteral("log")).toUtf8();
@@ -468,7 +471,7 @@ TEST(Recorded, TheDiskImageToolIsAskedInItsOwnWordsAndOutOfTheLog) {
     ASSERT_NE(std::freopen(logged.constData(), "w", stdout), nullptr);
     tool.attachedImages();
     tool.detach(QStringLiteral("/Volumes/Zamber 1"));
-    MacDiskImageTool chatty(QStringLiteral("/bin/echo"));
+    macos::MacDiskImageTool chatty(QStringLiteral("/bin/echo"));
     chatty.detach(QStringLiteral("/Volumes/Zamber 1"));
     std::fflush(stdout);
     dup2(before, STDOUT_FILENO);
@@ -481,7 +484,7 @@ TEST(Recorded, TheDiskImageToolIsAskedInItsOwnWordsAndOutOfTheLog) {
 }
 
 TEST(Recorded, ARepeatingTimerIsOfTheRunLoopAndWaitsWhileAMenuIsOpen) {
-    MacScheduler scheduler;
+    macos::MacScheduler scheduler;
     std::string log;
     EXPECT_THAT(callsDuring([&] { scheduler.every(500ms, [] {}); }),
                 ElementsAre("NSTimer scheduledTimerWithTimeInterval: 0.5 repeats: 1"));
@@ -495,20 +498,20 @@ TEST(Recorded, ARepeatingTimerIsOfTheRunLoopAndWaitsWhileAMenuIsOpen) {
 }
 
 TEST(Recorded, WhileABlockOfTheMainQueueRunsNoOtherOneDoes) {
-    MacScheduler scheduler;
+    macos::MacScheduler scheduler;
     std::string log;
     scheduler.soon([&] {
         log += '(';
-        letPass(20ms); // as an alert would
+        macos::letPass(20ms); // as an alert would
         log += ')';
     });
     scheduler.soon([&] { log += 's'; });
-    letPass(60ms);
+    macos::letPass(60ms);
     EXPECT_EQ(log, "()s");
 }
 
 TEST(Recorded, TheKeyMonitorIsThereWhileSomebodyHasAHandler) {
-    MacKeyMonitor monitor;
+    macos::MacKeyMonitor monitor;
     EXPECT_THAT(callsDuring([&] {
                     const auto first = monitor.addHandler([](HardwareKey) { return KeyDisposition::PassOn; });
                     const auto second = monitor.addHandler([](HardwareKey) { return KeyDisposition::PassOn; });
@@ -516,24 +519,24 @@ TEST(Recorded, TheKeyMonitorIsThereWhileSomebodyHasAHandler) {
                     monitor.removeHandler(second);
                     monitor.addHandler([](HardwareKey) { return KeyDisposition::PassOn; });
                 }),
-                ElementsAre("NSEvent addLocalMonitorForEventsMatchingMask: 0x400", "NSEvent removeMonitor:",
-                            "NSEvent addLocalMonitorForEventsMatchingMask: 0x400"));
+                ElementsAre("NSEvent addLocalMonitorForEventsMatchingMask: 0x400",
+                            "NSEvent removeMonitor:", "NSEvent addLocalMonitorForEventsMatchingMask: 0x400"));
 }
 
 TEST(Recorded, AWindowIsBroughtToTheUsersSpaceAndThenToTheFront) {
     QWidget window;
     window.show();
-    EXPECT_THAT(callsDuring("NS", [&] { bringWindowToFront(window.winId()); }),
+    EXPECT_THAT(callsDuring("NS", [&] { macos::bringWindowToFront(window.winId()); }),
                 ElementsAre("NSApplication activateIgnoringOtherApps: 1", "NSWindow makeKeyAndOrderFront: behavior 2"));
 }
 
 TEST(Recorded, APoolHoldsWhatIsGivenAwayBeforeTheLoop) {
     __weak NSObject* watched = nil;
-    void* const pool = openAutoreleasePool();
+    void* const pool = macos::openAutoreleasePool();
     NSObject* __autoreleasing const given = [NSObject new];
     watched = given;
     EXPECT_TRUE(watched != nil);
-    closeAutoreleasePool(pool);
+    macos::closeAutoreleasePool(pool);
     EXPECT_TRUE(watched == nil);
 }
 

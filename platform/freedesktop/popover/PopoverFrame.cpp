@@ -10,7 +10,7 @@
 #include <array>
 #include <cmath>
 
-namespace zamber {
+namespace zamber::freedesktop::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -253,4 +253,4 @@ bool PopoverFrame::event(QEvent* event) {
     return QWidget::event(event);
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::popover

@@ -7,7 +7,7 @@
 #include <QPointer>
 #include <QWidget>
 
-namespace zamber {
+namespace zamber::freedesktop::popover {
 
 enum class FrameShape {
     RoundedWithShadow, ///< needs a compositor: around the content lies translucent room for the shadow
@@ -61,4 +61,4 @@ private:
     mutable QPixmap m_shadowTile;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop::popover

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::freedesktop::popover {
 
 namespace {
 
@@ -28,4 +28,4 @@ QRect popoverPlacement(const QRect& anchor, QSize size, PopoverEdge preferredEdg
             size.height()};
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::popover

@@ -6,7 +6,7 @@
 
 #include <QRect>
 
-namespace zamber {
+namespace zamber::freedesktop::popover {
 
 /// The air between an anchor and its popover, in points.
 inline constexpr int POPOVER_GAP = 6;
@@ -16,4 +16,4 @@ inline constexpr int POPOVER_GAP = 6;
 /// work area shows its upper left corner. All in points.
 QRect popoverPlacement(const QRect& anchor, QSize size, PopoverEdge preferredEdge, const QRect& workArea);
 
-} // namespace zamber
+} // namespace zamber::freedesktop::popover

@@ -16,7 +16,7 @@
 #include <cmath>
 #include <utility>
 
-namespace zamber {
+namespace zamber::freedesktop::popover {
 
 namespace {
 
@@ -172,4 +172,4 @@ void PopoverWindow::closeUnlessOursIsActive() {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::popover

@@ -12,8 +12,10 @@
 #include <optional>
 
 namespace zamber {
-
 class Appearance;
+}
+
+namespace zamber::freedesktop::popover {
 
 /// The popover as a tool window of the program. It is created at once and only hidden and shown after that.
 class PopoverWindow final : public QObject, public PopoverHost {
@@ -72,4 +74,4 @@ private:
     PopoverEdge m_preferredEdge = PopoverEdge::MinY;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop::popover

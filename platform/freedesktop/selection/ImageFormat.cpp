@@ -12,7 +12,7 @@
 
 #include <utility>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 namespace {
 
@@ -79,4 +79,4 @@ void convertImage(const QByteArray& bytes, ImageFormat format, QObject* context,
     });
 }
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

@@ -8,7 +8,7 @@
 
 class QObject;
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 /// The image formats that a selection is offered or asked for in.
 enum class ImageFormat { Png, Tiff, Bmp };
@@ -21,4 +21,4 @@ bool hasFormat(const QByteArray& bytes, ImageFormat format);
 void convertImage(const QByteArray& bytes, ImageFormat format, QObject* context,
                   std::function<void(const QByteArray&)> done);
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

@@ -6,7 +6,7 @@
 #include <array>
 #include <string_view>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 namespace {
 
@@ -67,4 +67,4 @@ PasteKeystroke pasteKeystrokeOf(const QString& windowClass) {
     return row == TABLE.end() ? PasteKeystroke::ControlV : row->keystroke;
 }
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 /// How a program wants to be told to paste the clipboard.
 enum class PasteKeystroke {
@@ -16,4 +16,4 @@ enum class PasteKeystroke {
 /// By the class of the program's window, in any letter case.
 PasteKeystroke pasteKeystrokeOf(const QString& windowClass);
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

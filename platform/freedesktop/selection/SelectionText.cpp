@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <cstdint>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 namespace {
 
@@ -79,4 +79,4 @@ QByteArray latin1FromUtf8(const QByteArray& text) {
     return converted;
 }
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

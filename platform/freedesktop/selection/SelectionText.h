@@ -4,7 +4,7 @@
 
 #include <QByteArray>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 /// Texts as selections carry them. Ours are valid UTF-8; X has Latin-1 under the name STRING, and whatever a
 /// program put under a UTF-8 name.
@@ -19,4 +19,4 @@ QByteArray utf8FromLatin1(const QByteArray& bytes);
 /// UTF-8 to ISO 8859-1; characters that it does not have become '?'.
 QByteArray latin1FromUtf8(const QByteArray& text);
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

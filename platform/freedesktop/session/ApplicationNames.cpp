@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QStandardPaths>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 namespace {
 
@@ -42,4 +42,4 @@ std::optional<QString> applicationNameOfClass(const QString& windowClass) {
     return windowClass;
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 using namespace Qt::StringLiterals;
 
@@ -92,4 +92,4 @@ QString execValueOf(const QString& path) {
     return stringValueOf(quoted + u'"');
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

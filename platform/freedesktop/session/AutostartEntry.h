@@ -8,7 +8,7 @@
 
 #include <optional>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 /// The keys of a desktop entry's main group, as they are written (freedesktop.org, Desktop Entry Specification 1.5).
 /// Nothing for a text without that group.
@@ -26,4 +26,4 @@ QString stringValueOf(const QString& text);
 /// What a value of a string key stands for.
 QString textOfStringValue(const QString& value);
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

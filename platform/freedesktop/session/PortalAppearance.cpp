@@ -11,7 +11,7 @@
 #include <QEvent>
 #include <QPalette>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 using namespace Qt::StringLiterals;
 
@@ -150,4 +150,4 @@ void PortalAppearance::take(const QString& group, const QString& key, const QVar
     }
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

@@ -12,7 +12,7 @@
 
 class QDBusVariant;
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 /// What the settings portal says; until it has answered, and where there is none, the desktop's colours decide.
 /// Never waits for the portal: its answers come as changes.
@@ -47,4 +47,4 @@ private:
     std::vector<std::function<void()>> m_changed;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

@@ -8,7 +8,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 using namespace Qt::StringLiterals;
 
@@ -35,4 +35,4 @@ std::expected<void, QString> moveFileToTrash(const QString& path) {
     return {};
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

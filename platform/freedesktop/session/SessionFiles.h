@@ -6,7 +6,7 @@
 
 #include <expected>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 // What the desktops share of the workspace, whatever the windowing system.
 
@@ -17,4 +17,4 @@ std::expected<void, QString> startNewInstance(const QString& path);
 /// Moves a file or folder to the user's trash of its file system.
 std::expected<void, QString> moveFileToTrash(const QString& path);
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

@@ -5,7 +5,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 using namespace Qt::StringLiterals;
 
@@ -52,4 +52,4 @@ bool SingleInstance::askOtherToShow() const {
     return m_bus.call(call, QDBus::Block, LONGEST_ANSWER_MS).type() == QDBusMessage::ReplyMessage;
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

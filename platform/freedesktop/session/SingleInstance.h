@@ -7,7 +7,7 @@
 #include <QObject>
 #include <QVariantMap>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 /// One running program a session, by its name on the session bus. The one that runs answers
 /// `org.freedesktop.Application` (freedesktop.org's D-Bus activation), which is how another start asks for it.
@@ -66,4 +66,4 @@ private:
     SingleInstance* m_instance;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

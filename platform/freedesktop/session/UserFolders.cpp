@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QStandardPaths>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 std::filesystem::path userDataFolder() {
     auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
@@ -16,4 +16,4 @@ std::filesystem::path userDataFolder() {
     return {QFile::encodeName(folder).toStdString()};
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

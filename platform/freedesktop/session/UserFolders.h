@@ -4,10 +4,10 @@
 
 #include <filesystem>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 /// The folder for this user's data files: `$XDG_DATA_HOME`, or `~/.local/share` where that variable is unset, empty or
 /// a relative path, which the XDG Base Directory standard has programs ignore.
 std::filesystem::path userDataFolder();
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

@@ -13,7 +13,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 using namespace Qt::StringLiterals;
 
@@ -140,4 +140,4 @@ std::expected<void, QString> XdgLoginItem::write(const QByteArray& entry) const 
     return {};
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

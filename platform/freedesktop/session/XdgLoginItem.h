@@ -9,7 +9,7 @@
 
 #include <optional>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 /// The login item as an autostart entry (freedesktop.org, Desktop Application Autostart Specification 0.5): a file in
 /// the user's autostart folder, before which those of the system's folders are of no account.
@@ -46,4 +46,4 @@ private:
     QString m_executable;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

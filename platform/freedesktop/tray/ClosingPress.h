@@ -8,7 +8,7 @@
 #include <chrono>
 #include <optional>
 
-namespace zamber {
+namespace zamber::freedesktop::tray {
 
 /// Remembers the press of a mouse button that has closed the popover, to know the click again that it was the first
 /// half of: a panel tells of a click on the status item at its release, when the press in the panel's window has
@@ -38,4 +38,4 @@ private:
     QElapsedTimer m_age;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop::tray

@@ -7,7 +7,7 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 
-namespace zamber {
+namespace zamber::freedesktop::tray {
 
 using namespace Qt::StringLiterals;
 
@@ -75,4 +75,4 @@ void NotifierHosts::settle(bool isThere) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::tray

@@ -8,7 +8,7 @@
 
 #include <optional>
 
-namespace zamber {
+namespace zamber::freedesktop::tray {
 
 /// Follows whether somebody shows status notifier items: a watcher is on the session bus, and a host with it
 /// (freedesktop.org, StatusNotifierItem).
@@ -41,4 +41,4 @@ private:
     std::optional<bool> m_isThere; // not known before the first answer
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop::tray

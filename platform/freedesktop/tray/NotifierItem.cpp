@@ -7,7 +7,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::freedesktop::tray {
 
 namespace {
 
@@ -82,4 +82,4 @@ void NotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) {}
 
 void NotifierItem::ProvideXdgActivationToken(const QString& /*token*/) {}
 
-} // namespace zamber
+} // namespace zamber::freedesktop::tray

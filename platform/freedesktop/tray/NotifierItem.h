@@ -10,7 +10,7 @@
 
 #include <functional>
 
-namespace zamber {
+namespace zamber::freedesktop::tray {
 
 /// A picture as the bus carries it: 32 bits a pixel, alpha first, in network byte order.
 struct NotifierPixmap {
@@ -43,10 +43,10 @@ class NotifierItem final : public QDBusAbstractAdaptor {
     Q_PROPERTY(QString Status READ status CONSTANT)
     Q_PROPERTY(int WindowId READ windowId CONSTANT)
     Q_PROPERTY(QString IconName READ none CONSTANT)
-    Q_PROPERTY(zamber::NotifierPixmaps IconPixmap READ iconPixmap CONSTANT)
+    Q_PROPERTY(zamber::freedesktop::tray::NotifierPixmaps IconPixmap READ iconPixmap CONSTANT)
     Q_PROPERTY(QString OverlayIconName READ none CONSTANT)
     Q_PROPERTY(QString AttentionIconName READ none CONSTANT)
-    Q_PROPERTY(zamber::NotifierToolTip ToolTip READ toolTip CONSTANT)
+    Q_PROPERTY(zamber::freedesktop::tray::NotifierToolTip ToolTip READ toolTip CONSTANT)
     Q_PROPERTY(bool ItemIsMenu READ itemIsMenu CONSTANT)
     Q_PROPERTY(QDBusObjectPath Menu READ menu CONSTANT)
 
@@ -87,7 +87,7 @@ private:
     NotifierPixmaps m_pixmaps;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop::tray
 
-Q_DECLARE_METATYPE(zamber::NotifierPixmap)
-Q_DECLARE_METATYPE(zamber::NotifierToolTip)
+Q_DECLARE_METATYPE(zamber::freedesktop::tray::NotifierPixmap)
+Q_DECLARE_METATYPE(zamber::freedesktop::tray::NotifierToolTip)

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace zamber {
+namespace zamber::freedesktop::tray {
 
 using namespace Qt::StringLiterals;
 
@@ -186,4 +186,4 @@ void NotifierMenu::choose(int id) {
     QMetaObject::invokeMethod(this, m_items[id - 1].action, Qt::QueuedConnection);
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::tray

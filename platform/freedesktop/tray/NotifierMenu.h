@@ -12,7 +12,7 @@
 
 #include <functional>
 
-namespace zamber {
+namespace zamber::freedesktop::tray {
 
 /// One line of a menu on the bus, or the menu itself with its lines.
 struct NotifierMenuNode {
@@ -66,11 +66,12 @@ public:
 public slots:
     // NOLINTBEGIN(readability-identifier-naming): the names are the interface's
     uint GetLayout(int parentId, int recursionDepth, const QStringList& propertyNames,
-                   zamber::NotifierMenuNode& layout);
-    QList<zamber::NotifierMenuEntry> GetGroupProperties(const QList<int>& ids, const QStringList& propertyNames) const;
+                   zamber::freedesktop::tray::NotifierMenuNode& layout);
+    QList<zamber::freedesktop::tray::NotifierMenuEntry> GetGroupProperties(const QList<int>& ids,
+                                                                           const QStringList& propertyNames) const;
     QDBusVariant GetProperty(int id, const QString& name) const;
     void Event(int id, const QString& eventId, const QDBusVariant& data, uint timestamp);
-    QList<int> EventGroup(const QList<zamber::NotifierMenuEvent>& events);
+    QList<int> EventGroup(const QList<zamber::freedesktop::tray::NotifierMenuEvent>& events);
     bool AboutToShow(int id);
     QList<int> AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors);
     // NOLINTEND(readability-identifier-naming)
@@ -88,8 +89,8 @@ private:
     uint m_revision = 1;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop::tray
 
-Q_DECLARE_METATYPE(zamber::NotifierMenuNode)
-Q_DECLARE_METATYPE(zamber::NotifierMenuEntry)
-Q_DECLARE_METATYPE(zamber::NotifierMenuEvent)
+Q_DECLARE_METATYPE(zamber::freedesktop::tray::NotifierMenuNode)
+Q_DECLARE_METATYPE(zamber::freedesktop::tray::NotifierMenuEntry)
+Q_DECLARE_METATYPE(zamber::freedesktop::tray::NotifierMenuEvent)

@@ -21,7 +21,7 @@
 #include <array>
 #include <utility>
 
-namespace zamber {
+namespace zamber::freedesktop::tray {
 
 using namespace Qt::StringLiterals;
 
@@ -209,4 +209,4 @@ void QtStatusItem::handleLeftClick() {
     tell(MouseButton::Left);
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::tray

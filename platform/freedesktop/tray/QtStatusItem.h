@@ -15,9 +15,12 @@
 #include <optional>
 
 namespace zamber {
+class Symbols;
+}
+
+namespace zamber::freedesktop::tray {
 
 class NotifierMenu;
-class Symbols;
 
 /// The status item as a tray icon: a notifier item on the session bus where a host shows those, XEmbed otherwise. Hosts
 /// that come late, change or leave are followed.
@@ -69,4 +72,4 @@ private:
     ClickedHandler m_handler;
 };
 
-} // namespace zamber
+} // namespace zamber::freedesktop::tray

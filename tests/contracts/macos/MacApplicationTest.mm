@@ -35,7 +35,7 @@
 }
 @end
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -179,4 +179,4 @@ TEST(MacStatusItem, ItsButtonIsAPlaceAndSendsItsActionAlongTheResponderChain) {
     EXPECT_EQ(clicks, std::vector{MouseButton::Left});
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -16,7 +16,7 @@
 
 #import <AppKit/AppKit.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -113,4 +113,4 @@ TEST(MacDiskImageTool, WhatIsOfAnotherKindIsLeftOut) {
     EXPECT_FALSE(tool.attachedImages());
 }
 
-} // namespace zamber
+} // namespace zamber::macos

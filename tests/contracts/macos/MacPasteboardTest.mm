@@ -8,7 +8,7 @@
 
 #import <AppKit/AppKit.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -50,7 +50,7 @@ struct MacPasteboardRig {
         NSData* const data = [server dataForType:typeOf(type)];
         return data != nil ? std::optional(QByteArray::fromNSData(data)) : std::nullopt;
     }
-    bool waitUntil(const std::function<bool()>& condition) { return zamber::waitUntil(condition); }
+    bool waitUntil(const std::function<bool()>& condition) { return zamber::macos::waitUntil(condition); }
     void settle() { letPass(); }
 };
 
@@ -58,4 +58,4 @@ struct MacPasteboardRig {
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Mac, PasteboardContract, MacPasteboardRig);
 
-} // namespace zamber
+} // namespace zamber::macos

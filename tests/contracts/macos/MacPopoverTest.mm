@@ -13,7 +13,7 @@
 
 #include <utility>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -86,4 +86,4 @@ TEST(MacPopover, TheContentIsShownAndHiddenWithIt) {
     EXPECT_TRUE(rig.content.isVisible());
 }
 
-} // namespace zamber
+} // namespace zamber::macos

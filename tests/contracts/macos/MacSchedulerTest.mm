@@ -6,7 +6,7 @@
 
 #include "tests/contracts/SchedulerContract.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -15,8 +15,8 @@ struct MacSchedulerRig {
 
     Scheduler& scheduler() { return real; }
     auto elapsed() { return std::chrono::steady_clock::now().time_since_epoch(); }
-    void letPass(std::chrono::milliseconds time) { zamber::letPass(time); }
-    bool waitUntil(const std::function<bool()>& condition) { return zamber::waitUntil(condition); }
+    void letPass(std::chrono::milliseconds time) { zamber::macos::letPass(time); }
+    bool waitUntil(const std::function<bool()>& condition) { return zamber::macos::waitUntil(condition); }
     double wallClock() {
         return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
     }
@@ -26,4 +26,4 @@ struct MacSchedulerRig {
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Mac, SchedulerContract, MacSchedulerRig);
 
-} // namespace zamber
+} // namespace zamber::macos

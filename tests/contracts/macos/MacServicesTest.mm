@@ -19,7 +19,7 @@
 
 #include <memory>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -92,4 +92,4 @@ TEST(MacWorkspace, WhatIsNotThereCanNeitherBeOpenedNorTrashed) {
     EXPECT_FALSE(moved.error().isEmpty());
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -8,7 +8,7 @@
 
 #import <Foundation/Foundation.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -28,7 +28,7 @@ struct MacUserDefaultsRig {
         [task waitUntilExit];
         ASSERT_EQ(task.terminationStatus, 0);
     }
-    bool waitUntil(const std::function<bool()>& condition) { return zamber::waitUntil(condition); }
+    bool waitUntil(const std::function<bool()>& condition) { return zamber::macos::waitUntil(condition); }
     void settle() { letPass(); }
 };
 
@@ -36,4 +36,4 @@ struct MacUserDefaultsRig {
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Mac, UserDefaultsContract, MacUserDefaultsRig);
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -7,7 +7,7 @@
 #import <AppKit/AppKit.h>
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -35,4 +35,4 @@ TEST(MacWindows, AWindowThatIsBroughtToTheFrontComesToTheSpaceOfTheUser) {
     EXPECT_TRUE((systemWindow(window).collectionBehavior & NSWindowCollectionBehaviorMoveToActiveSpace) != 0);
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -12,7 +12,7 @@
 int main(int argc, char** argv) {
     setenv("QT_QPA_PLATFORM", "cocoa", 1); // ./test has the others draw offscreen
     testing::InitGoogleTest(&argc, argv);
-    zamber::installApplicationDelegate();
+    zamber::macos::installApplicationDelegate();
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     [NSApp setActivationPolicy:NSApplicationActivationPolicyAccessory];

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <functional>
 
-namespace zamber {
+namespace zamber::macos {
 
 /// Lets the main loop run until the condition holds; false when it gives up.
 bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds patience = std::chrono::seconds(5));
@@ -13,4 +13,4 @@ bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds
 /// Lets it run for that time.
 void letPass(std::chrono::milliseconds time = std::chrono::milliseconds(100));
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -6,7 +6,7 @@
 
 #import <AppKit/AppKit.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds patience) {
     const auto end = std::chrono::steady_clock::now() + patience;
@@ -24,4 +24,4 @@ void letPass(std::chrono::milliseconds time) {
     waitUntil([] { return false; }, time);
 }
 
-} // namespace zamber
+} // namespace zamber::macos

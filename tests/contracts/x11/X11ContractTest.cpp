@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/freedesktop/session/ApplicationNames.h"
 #include "platform/freedesktop/BootstrapSymbols.h"
 #include "platform/freedesktop/QtApplication.h"
+#include "platform/freedesktop/session/ApplicationNames.h"
 #include "platform/freedesktop/tray/QtStatusItem.h"
 #include "platform/x11/Connection.h"
 #include "platform/x11/Keyboard.h"
@@ -28,7 +28,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::x11 {
 
 namespace {
 
@@ -100,7 +100,7 @@ private:
 struct X11WorkspaceRig : X11Rig {
     AddressCatcher catcher;
     x11::Windows windows{*connection};
-    x11::X11Workspace adapter{*connection, windows, applicationNameOfClass};
+    x11::X11Workspace adapter{*connection, windows, freedesktop::session::applicationNameOfClass};
     std::vector<xcb_window_t> opened;
 
     Workspace& workspace() { return adapter; }
@@ -135,7 +135,7 @@ struct X11KeystrokePosterRig : X11Rig {
     x11::X11Pasteboard pasteboard{*connection};
     x11::Keyboard keyboard{*connection};
     x11::Windows windows{*connection};
-    x11::X11Workspace workspace{*connection, windows, applicationNameOfClass};
+    x11::X11Workspace workspace{*connection, windows, freedesktop::session::applicationNameOfClass};
     x11::X11KeystrokePoster adapter{*connection, keyboard, windows, workspace, pasteboard};
     std::map<std::uint64_t, xcb_window_t> opened;
 
@@ -179,7 +179,7 @@ struct X11AccessibilityTrustRig : X11Rig {
 };
 
 struct QtApplicationRig {
-    QtApplication adapter{[](WId) {}};
+    freedesktop::QtApplication adapter{[](WId) {}};
 
     Application& application() { return adapter; }
     void respondTo(const QString& name, std::function<void()> responder) {
@@ -200,8 +200,8 @@ struct QtApplicationRig {
 };
 
 struct QtStatusItemRig : X11Rig {
-    BootstrapSymbols symbols;
-    QtStatusItem adapter{symbols};
+    freedesktop::BootstrapSymbols symbols;
+    freedesktop::tray::QtStatusItem adapter{symbols};
 
     StatusItem& item() { return adapter; }
     void click(MouseButton button) {
@@ -234,7 +234,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(X11, AccessibilityTrustContract, X11Accessibility
 INSTANTIATE_TYPED_TEST_SUITE_P(Qt, ApplicationContract, QtApplicationRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(Qt, StatusItemContract, QtStatusItemRig);
 
-} // namespace zamber
+} // namespace zamber::x11
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);

@@ -13,7 +13,7 @@
 #include <cstring>
 #include <memory>
 
-namespace zamber {
+namespace zamber::x11 {
 
 namespace {
 
@@ -292,4 +292,4 @@ void X11Partner::takePaste(const xcb_selection_notify_event_t& notify) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::x11

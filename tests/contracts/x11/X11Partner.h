@@ -16,7 +16,7 @@
 #include <string>
 #include <vector>
 
-namespace zamber {
+namespace zamber::x11 {
 
 /// Another program on the same X server, and the user at the keyboard and the mouse (by XTEST). It acts when it is
 /// pumped, so that it and the program under test share one thread.
@@ -84,4 +84,4 @@ private:
     std::vector<Sending> m_sending;
 };
 
-} // namespace zamber
+} // namespace zamber::x11

@@ -11,7 +11,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-namespace zamber {
+namespace zamber::x11 {
 
 namespace {
 
@@ -61,4 +61,4 @@ private:
 
 INSTANTIATE_TYPED_TEST_SUITE_P(X11, WorkspaceFilesContract, X11WorkspaceFilesRig);
 
-} // namespace zamber
+} // namespace zamber::x11

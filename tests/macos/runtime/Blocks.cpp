@@ -24,7 +24,7 @@ void _Block_release(const void* block);
 // NOLINTEND
 }
 
-namespace zamber::runtime {
+namespace zamber {
 
 namespace {
 
@@ -59,7 +59,8 @@ std::int32_t addTo(std::int32_t& flags, std::int32_t change) {
 
 /// Code that calls a block in the place of a method: the receiver comes before the block's own arguments, where a
 /// method has its selector second. x86-64: mov rsi, rdi; movabs rdi, block; jmp [rdi + 16].
-constexpr std::array<unsigned char, 16> TRAMPOLINE{0x48, 0x89, 0xFE, 0x48, 0xBF, 0, 0, 0, 0, 0, 0, 0, 0, 0xFF, 0x67, 0x10};
+constexpr std::array<unsigned char, 16> TRAMPOLINE{0x48, 0x89, 0xFE, 0x48, 0xBF, 0,    0,    0,
+                                                   0,    0,    0,    0,    0,    0xFF, 0x67, 0x10};
 constexpr std::size_t BLOCK_IN_TRAMPOLINE = 5;
 constexpr std::size_t PAGE = 4096;
 constexpr std::size_t TRAMPOLINE_IN_PAGE = 64; ///< the sanitizers look at what lies before a function
@@ -103,7 +104,7 @@ bool isBlock(Object object) {
     return isa == _NSConcreteStackBlock || isa == _NSConcreteGlobalBlock || isa == _NSConcreteMallocBlock;
 }
 
-} // namespace zamber::runtime
+} // namespace zamber
 
 using namespace zamber::runtime;
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <unordered_map>
 
-namespace zamber::runtime {
+namespace zamber {
 
 namespace {
 
@@ -152,7 +152,7 @@ Object objectOfNumber(Object receiver) {
     return number != 0 && number < SMALLEST_OBJECT && objectOf != nullptr ? objectOf(number) : receiver;
 }
 
-} // namespace zamber::runtime
+} // namespace zamber
 
 using namespace zamber::runtime;
 

@@ -19,7 +19,7 @@ void* _Block_copy(const void* block);
 void _Block_release(const void* block);
 }
 
-namespace zamber::runtime {
+namespace zamber {
 
 namespace {
 
@@ -77,7 +77,8 @@ Header* headerOf(Object object) {
 template <class... Arguments>
 Object send(Object receiver, const char* selector, Arguments... arguments) {
     const Selector name = selectorNamed(selector);
-    const auto method = reinterpret_cast<Object (*)(Object, Selector, Arguments...)>(zamber_implementation(&receiver, name));
+    const auto method =
+        reinterpret_cast<Object (*)(Object, Selector, Arguments...)>(zamber_implementation(&receiver, name));
     return method(receiver, name, arguments...);
 }
 
@@ -128,7 +129,7 @@ std::size_t objectsWithoutPool() {
     return withoutPool;
 }
 
-} // namespace zamber::runtime
+} // namespace zamber
 
 using namespace zamber::runtime;
 

@@ -6,10 +6,10 @@
 #include <cstdint>
 
 /// A small Objective-C runtime for what clang makes with -fobjc-runtime=macosx on ELF: classes and categories, message
-/// sends, reference counts, autorelease pools, weak references and blocks. An object lies on the heap by itself, so that
-/// the address sanitizer sees each use after its end. A receiver below `SMALLEST_OBJECT` is a number: the window handles
-/// that Qt's offscreen platform gives out where the Mac's gives views.
-namespace zamber::runtime {
+/// sends, reference counts, autorelease pools, weak references and blocks. An object lies on the heap by itself, so
+/// that the address sanitizer sees each use after its end. A receiver below `SMALLEST_OBJECT` is a number: the window
+/// handles that Qt's offscreen platform gives out where the Mac's gives views.
+namespace zamber {
 
 using Object = void*;
 using Selector = const char*;
@@ -65,7 +65,7 @@ bool isKindOf(Object object, const Class* wanted);
 
 // Objects.cpp
 Object allocate(Class* ofClass);
-void dispose(Object object); ///< the end of dealloc
+void dispose(Object object);      ///< the end of dealloc
 std::size_t objectsWithoutPool(); ///< how many were autoreleased where there was no pool, and so are never let go
 
 // Blocks.cpp
@@ -75,4 +75,4 @@ bool isBlock(Object object);
 void setObjectOfNumber(Object (*function)(std::uintptr_t number));
 Object objectOfNumber(Object receiver);
 
-} // namespace zamber::runtime
+} // namespace zamber

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "RunLoop.h"
 #include "Values.h"
+
 #include "tests/macos/System.h"
 
 #include <QCoreApplication>
@@ -95,7 +96,7 @@ NSApplication* NSApp = nil;
 }
 @end
 
-namespace zamber::system {
+namespace zamber {
 
 void answerAlert(int buttonOrCode) {
     nextAnswer = buttonOrCode >= 0 ? NSAlertFirstButtonReturn + buttonOrCode : buttonOrCode;
@@ -112,4 +113,4 @@ Q_COREAPP_STARTUP_FUNCTION(activateAsQt)
 
 } // namespace
 
-} // namespace zamber::system
+} // namespace zamber

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "KeyValueObserving.h"
 #include "Values.h"
+
 #include "tests/macos/System.h"
 
 #import <Foundation/Foundation.h>
@@ -35,7 +36,7 @@ void store(const std::string& domain, const std::string& key, id value) {
 
 } // namespace
 
-namespace zamber::system {
+namespace zamber {
 
 /// What the command "defaults write" does, and the server then.
 void writeDefaultsElsewhere(const QString& domain, const QString& key, const QString& value) {
@@ -47,7 +48,7 @@ void writeDefaultsElsewhere(const QString& domain, const QString& key, const QSt
     }).join();
 }
 
-} // namespace zamber::system
+} // namespace zamber
 
 @implementation NSUserDefaults {
     std::string _domain;

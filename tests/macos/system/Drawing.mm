@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "KeyValueObserving.h"
 #include "Values.h"
+
 #include "tests/macos/System.h"
 
 #import <AppKit/AppKit.h>
@@ -182,14 +183,32 @@ static NSGraphicsContext* saved = nil;
 @implementation NSImage
 + (NSImage*)imageWithSystemSymbolName:(NSString*)name accessibilityDescription:(NSString*)description {
     // Those that the program asks for. Whether macOS 13 has them only a Mac can tell.
-    static const std::set<std::string> names{
-        "1.circle.fill", "2.circle.fill",       "3.circle.fill",         "arrow.down.circle.fill",
-        "clipboard",     "arrow.up.arrow.down", "checkmark.circle.fill", "clipboard.fill",
-        "clock",         "doc.on.clipboard",    "doc.text",              "gearshape.fill",
-        "link",          "info.circle.fill",    "keyboard.fill",         "lock.fill",
-        "lock.shield",   "magnifyingglass",     "photo",                 "pin",
-        "pin.fill",      "pin.slash.fill",      "safari",                "trash",
-        "xmark",         "xmark.circle.fill"};
+    static const std::set<std::string> names{"1.circle.fill",
+                                             "2.circle.fill",
+                                             "3.circle.fill",
+                                             "arrow.down.circle.fill",
+                                             "clipboard",
+                                             "arrow.up.arrow.down",
+                                             "checkmark.circle.fill",
+                                             "clipboard.fill",
+                                             "clock",
+                                             "doc.on.clipboard",
+                                             "doc.text",
+                                             "gearshape.fill",
+                                             "link",
+                                             "info.circle.fill",
+                                             "keyboard.fill",
+                                             "lock.fill",
+                                             "lock.shield",
+                                             "magnifyingglass",
+                                             "photo",
+                                             "pin",
+                                             "pin.fill",
+                                             "pin.slash.fill",
+                                             "safari",
+                                             "trash",
+                                             "xmark",
+                                             "xmark.circle.fill"};
     note("NSImage imageWithSystemSymbolName: %s accessibilityDescription: %s", words(name).c_str(),
          words(description).c_str());
     return names.contains(words(name)) ? [NSImage new] : nil;
@@ -221,8 +240,8 @@ CGColorSpaceRef CGColorSpaceCreateWithName(CFStringRef) {
 void CGColorSpaceRelease(CGColorSpaceRef space) {
     delete space;
 }
-CGContextRef CGBitmapContextCreate(void* data, size_t width, size_t height, size_t bitsPerComponent,
-                                   size_t bytesPerRow, CGColorSpaceRef, uint32_t bitmapInfo) {
+CGContextRef CGBitmapContextCreate(void* data, size_t width, size_t height, size_t bitsPerComponent, size_t bytesPerRow,
+                                   CGColorSpaceRef, uint32_t bitmapInfo) {
     note("CGBitmapContextCreate bits: %zu info: %#x", bitsPerComponent, bitmapInfo);
     return new ZamberBitmap{static_cast<unsigned char*>(data), width, height, bytesPerRow};
 }
@@ -231,7 +250,7 @@ void CGContextRelease(CGContextRef context) {
 }
 }
 
-namespace zamber::system {
+namespace zamber {
 
 void setDark(bool isDark) {
     isSystemDark = isDark;
@@ -256,4 +275,4 @@ void setAccent(double red, double green, double blue) {
     [NSNotificationCenter.defaultCenter postNotificationName:NSSystemColorsDidChangeNotification object:nil];
 }
 
-} // namespace zamber::system
+} // namespace zamber

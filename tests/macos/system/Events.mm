@@ -3,6 +3,7 @@
 #include "RunLoop.h"
 #include "Values.h"
 #include "Windows.h"
+
 #include "tests/macos/System.h"
 
 #import <AppKit/AppKit.h>
@@ -30,7 +31,7 @@
 @implementation ZamberEventMonitor
 @end
 
-namespace zamber::system {
+namespace zamber {
 
 int eventsSeen = 0;
 
@@ -75,7 +76,7 @@ NSEvent* mouseEvent(NSEventType type) {
     return event;
 }
 
-} // namespace zamber::system
+} // namespace zamber
 
 using namespace zamber::system;
 

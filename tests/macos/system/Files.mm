@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "Values.h"
-#include "tests/macos/System.h"
 
-#import <Foundation/Foundation.h>
+#include "tests/macos/System.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+
+#import <Foundation/Foundation.h>
 
 #include <filesystem>
 
@@ -95,7 +96,7 @@ BOOL succeeded(const std::error_code& code, NSError** failure) {
 }
 @end
 
-namespace zamber::system {
+namespace zamber {
 
 void setHome(const QString& path) {
     home() = path;
@@ -117,4 +118,4 @@ void setBundle(const QString& path, const std::vector<std::pair<QString, QString
     bundleInformation = [NSDictionary dictionaryWithObjects:values.data() forKeys:keys.data() count:keys.size()];
 }
 
-} // namespace zamber::system
+} // namespace zamber

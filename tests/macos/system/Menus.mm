@@ -3,6 +3,7 @@
 #include "RunLoop.h"
 #include "Values.h"
 #include "Windows.h"
+
 #include "tests/macos/System.h"
 
 #import <AppKit/AppKit.h>
@@ -23,8 +24,7 @@ bool hasButton = true;
 __weak NSStatusItem* newestItem = nil;
 
 std::function<int(const std::vector<std::string>&)>& menuChoice() {
-    static auto* choice =
-        new std::function<int(const std::vector<std::string>&)>([](const auto&) { return -1; });
+    static auto* choice = new std::function<int(const std::vector<std::string>&)>([](const auto&) { return -1; });
     return *choice;
 }
 
@@ -163,7 +163,7 @@ BOOL track(NSMenu* menu) {
 }
 @end
 
-namespace zamber::system {
+namespace zamber {
 
 void clickStatusItem(Click click) {
     @autoreleasepool {
@@ -186,4 +186,4 @@ void setStatusItemHasButton(bool has) {
     hasButton = has;
 }
 
-} // namespace zamber::system
+} // namespace zamber

@@ -12,7 +12,7 @@
 
 using namespace zamber;
 
-namespace zamber::system {
+namespace zamber {
 
 namespace {
 
@@ -66,7 +66,7 @@ std::string subjectOf(const void* object) {
     return address;
 }
 
-} // namespace zamber::system
+} // namespace zamber
 
 @implementation NSObject
 + (instancetype)alloc {
@@ -85,7 +85,7 @@ std::string subjectOf(const void* object) {
     return self;
 }
 - (Class)class {
-    return (__bridge Class)static_cast<void*>(runtime::classOf((__bridge void*)self));
+    return (__bridge Class) static_cast<void*>(runtime::classOf((__bridge void*)self));
 }
 - (BOOL)isKindOfClass:(Class)wanted {
     return runtime::isKindOf((__bridge void*)self, static_cast<runtime::Class*>((__bridge void*)wanted));
@@ -98,8 +98,8 @@ std::string subjectOf(const void* object) {
     return self == other;
 }
 - (id)performSelector:(SEL)selector withObject:(id)argument {
-    const auto found = runtime::implementation(runtime::classOf((__bridge void*)self),
-                                               reinterpret_cast<const char*>(selector));
+    const auto found =
+        runtime::implementation(runtime::classOf((__bridge void*)self), reinterpret_cast<const char*>(selector));
     reinterpret_cast<void (*)(void*, SEL, void*)>(found)((__bridge void*)self, selector, (__bridge void*)argument);
     return nil;
 }

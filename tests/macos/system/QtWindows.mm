@@ -3,6 +3,7 @@
 #include "RunLoop.h"
 #include "Values.h"
 #include "Windows.h"
+
 #include "tests/macos/System.h"
 #include "tests/macos/runtime/Runtime.h"
 
@@ -93,7 +94,7 @@ QWindow* windowOfNumber(std::uintptr_t number) {
 }
 @end
 
-namespace zamber::system {
+namespace zamber {
 
 namespace {
 
@@ -172,4 +173,4 @@ const bool isStep = (addToEachTurn(layOutEmbedded), true);
 
 } // namespace
 
-} // namespace zamber::system
+} // namespace zamber

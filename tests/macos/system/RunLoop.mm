@@ -3,6 +3,7 @@
 #include "RunLoop.h"
 
 #include "Values.h"
+
 #include "tests/macos/System.h"
 
 #include <QCoreApplication>
@@ -11,10 +12,10 @@
 #import <AppKit/AppKit.h>
 
 #include <algorithm>
-#include <iterator>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <mutex>
 #include <set>
 #include <thread>
@@ -25,8 +26,8 @@
 //   block (dispatch/queue.h: serial queues "execute blocks one at a time in FIFO order"). An alert that is run by a
 //   block of the main queue keeps all others waiting.
 // - It is served in the common modes, to which those of alerts and menus belong (CFRunLoop.h, NSRunLoop's
-//   documentation of NSRunLoopCommonModes, "Modal panels", "Event tracking"); a timer runs in the modes it was added to,
-//   by scheduledTimer… the default one alone.
+//   documentation of NSRunLoopCommonModes, "Modal panels", "Event tracking"); a timer runs in the modes it was added
+//   to, by scheduledTimer… the default one alone.
 // - What a turn autoreleases is let go at its end.
 
 using Clock = std::chrono::steady_clock;
@@ -256,7 +257,7 @@ void fireTimers(const QString& mode) {
 }
 @end
 
-namespace zamber::system {
+namespace zamber {
 
 void turn(const QString& mode) {
     @autoreleasepool {
@@ -304,4 +305,4 @@ Q_COREAPP_STARTUP_FUNCTION(joinLoops)
 
 } // namespace
 
-} // namespace zamber::system
+} // namespace zamber

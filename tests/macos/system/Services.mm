@@ -1,14 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "Values.h"
+
 #include "tests/macos/System.h"
+
+#include <QRegularExpression>
+#include <QUrl>
 
 #import <AppKit/AppKit.h>
 #import <ApplicationServices/ApplicationServices.h>
 #import <ServiceManagement/ServiceManagement.h>
-
-#include <QRegularExpression>
-#include <QUrl>
 
 // Sound, the login item and links. What links there are in a text is the system's to say; the cases of the contract
 // are those on which all desktops agree.
@@ -93,10 +94,10 @@ SMAppServiceStatus loginStatus = SMAppServiceStatusNotRegistered;
 }
 - (NSTextCheckingResult*)firstMatchInString:(NSString*)searched options:(NSUInteger)options range:(NSRange)range {
     note("NSDataDetector firstMatchInString: options: %lu range: %lu, %lu", options, range.location, range.length);
-    static const QRegularExpression link(
-        QStringLiteral("(?<mail>[a-z]+@[a-z.]+[a-z])|(?<address>https?://[^\\s)]*[^\\s).,])|(?<name>[a-z]+\\.(org|com))"));
-    const auto match = link.match(searched.qtText.mid(static_cast<qsizetype>(range.location),
-                                                      static_cast<qsizetype>(range.length)));
+    static const QRegularExpression link(QStringLiteral(
+        "(?<mail>[a-z]+@[a-z.]+[a-z])|(?<address>https?://[^\\s)]*[^\\s).,])|(?<name>[a-z]+\\.(org|com))"));
+    const auto match =
+        link.match(searched.qtText.mid(static_cast<qsizetype>(range.location), static_cast<qsizetype>(range.length)));
     if (!match.hasMatch()) {
         return nil;
     }
@@ -112,7 +113,7 @@ SMAppServiceStatus loginStatus = SMAppServiceStatusNotRegistered;
 }
 @end
 
-namespace zamber::system {
+namespace zamber {
 
 void failLoginItem(bool isFailing) {
     isRecordBroken = isFailing;
@@ -126,4 +127,4 @@ void setSoundsThere(bool areThere) {
     areSoundsThere = areThere;
 }
 
-} // namespace zamber::system
+} // namespace zamber

@@ -5,7 +5,6 @@
 #include "Values.h"
 
 #import <Foundation/Foundation.h>
-
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -18,7 +17,7 @@
 
 extern char** environ; // NOLINT: the C library's
 
-namespace zamber::system {
+namespace zamber {
 
 void writeDefaultsElsewhere(const QString& domain, const QString& key, const QString& value); // Defaults.mm
 
@@ -42,7 +41,7 @@ int start(const std::string& path, const std::vector<std::string>& arguments, co
     return failure != 0 ? -failure : process;
 }
 
-} // namespace zamber::system
+} // namespace zamber
 
 using namespace zamber::system;
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#import <Foundation/Foundation.h>
-
 #include <QString>
+
+#import <Foundation/Foundation.h>
 
 #include <string>
 
@@ -13,10 +13,10 @@
 @end
 
 /// For the stand-ins among themselves.
-namespace zamber::system {
+namespace zamber {
 
 NSString* text(const QString& text);
 NSError* error(const char* domain, int code, const QString& description);
 std::string words(NSString* text); ///< for a note
 
-} // namespace zamber::system
+} // namespace zamber

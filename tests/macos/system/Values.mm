@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "Values.h"
 
-#import <Foundation/Foundation.h>
-
 #include <QStringConverter>
 #include <QUrl>
 #include <QUuid>
+
+#import <Foundation/Foundation.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -275,7 +275,7 @@ NSString* const NSLocalizedDescriptionKey = @"NSLocalizedDescription";
 }
 @end
 
-namespace zamber::system {
+namespace zamber {
 
 NSString* text(const QString& text) {
     return [[NSString alloc] initWithCharacters:reinterpret_cast<const uint16_t*>(text.utf16())
@@ -294,4 +294,4 @@ std::string words(NSString* text) {
     return text != nil ? text.qtText.toStdString() : "nil";
 }
 
-} // namespace zamber::system
+} // namespace zamber

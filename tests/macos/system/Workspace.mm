@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "Programs.h"
 #include "Values.h"
+
 #include "tests/macos/System.h"
 
-#import <AppKit/AppKit.h>
-
 #include <QFileInfo>
+
+#import <AppKit/AppKit.h>
 
 #include <map>
 #include <thread>
@@ -115,7 +116,7 @@ std::map<int, Program>& programs() {
 }
 @end
 
-namespace zamber::system {
+namespace zamber {
 
 int openApplication(const char* name) {
     const int number = static_cast<int>(programs().size()) + 1;
@@ -136,4 +137,4 @@ int applicationInFront() {
     return inFront;
 }
 
-} // namespace zamber::system
+} // namespace zamber

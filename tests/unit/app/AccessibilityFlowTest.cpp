@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::app {
 
 namespace {
 
@@ -144,4 +144,4 @@ TEST_F(AccessibilityFlowTest, TheProgramWorksWithoutThePermission) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::app

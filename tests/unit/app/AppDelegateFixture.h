@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "preferences/PreferenceKeys.h"
+
 #include "app/AppDelegate.h"
 #include "clipboard/ClipboardManager.h"
-#include "preferences/PreferenceKeys.h"
 #include "tests/fakes/FakeAccessibilityTrust.h"
 #include "tests/fakes/FakeAlert.h"
 #include "tests/fakes/FakeAppBundle.h"
@@ -31,14 +32,14 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::app {
 
 /// A delegate on fakes, not yet launched.
 class AppDelegateTest : public testing::Test {
 protected:
     AppDelegateTest() {
         UserDefaults::setStandard(&defaults);
-        UpdateManager::setShared(UpdateManager::create(scheduler, defaults, bundle, workspace));
+        update::UpdateManager::setShared(update::UpdateManager::create(scheduler, defaults, bundle, workspace));
         delegate = std::make_shared<AppDelegate>(
             Desktop{.application = application,
                     .pasteboard = pasteboard,
@@ -66,7 +67,7 @@ protected:
     }
 
     ~AppDelegateTest() override {
-        UpdateManager::setShared(nullptr);
+        update::UpdateManager::setShared(nullptr);
         UserDefaults::setStandard(nullptr);
     }
 
@@ -123,4 +124,4 @@ protected:
     std::shared_ptr<AppDelegate> delegate;
 };
 
-} // namespace zamber
+} // namespace zamber::app

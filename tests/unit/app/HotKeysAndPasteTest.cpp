@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::app {
 
 namespace {
 
@@ -104,13 +104,13 @@ TEST_F(AppDelegateTest, QuickPasteIsReadAtEachPress) {
     capture("one");
     capture("two");
     const auto editor = openInFront("Editor");
-    write(defaults, keys::quickPasteEnabled, true);
+    write(defaults, preferences::quickPasteEnabled, true);
     hotKeys.press(PhysicalKey::Digit2);
     scheduler.advance(1s);
     EXPECT_THAT(keystrokes.received, ElementsAre(editor));
     EXPECT_EQ(pasteboard.writes.last().bytes, "one");
 
-    write(defaults, keys::quickPasteEnabled, false);
+    write(defaults, preferences::quickPasteEnabled, false);
     hotKeys.press(PhysicalKey::Digit2);
     scheduler.advance(1s);
     EXPECT_EQ(keystrokes.received.size(), 1U);
@@ -118,7 +118,7 @@ TEST_F(AppDelegateTest, QuickPasteIsReadAtEachPress) {
 
 TEST_F(AppDelegateTest, WithOneEntryQuickPasteDoesNothingAndWithTwoOnlyTheSecondIsThere) {
     launch();
-    write(defaults, keys::quickPasteEnabled, true);
+    write(defaults, preferences::quickPasteEnabled, true);
     openInFront("Editor");
     capture("one");
     journal.clear();
@@ -158,7 +158,7 @@ TEST_F(AppDelegateTest, APasteClosesThePopoverActivatesAndTypesAfter350Milliseco
 
 TEST_F(AppDelegateTest, WithTheSoundOnItPlaysBeforeThePreviousApplicationComesToTheFront) {
     launch();
-    write(defaults, keys::playSoundOnPaste, true);
+    write(defaults, preferences::playSoundOnPaste, true);
     capture("chosen");
     openInFront("Editor");
     delegate->showPopover();
@@ -171,7 +171,7 @@ TEST_F(AppDelegateTest, WithTheSoundOnItPlaysBeforeThePreviousApplicationComesTo
 
 TEST_F(AppDelegateTest, WithoutAPreviousApplicationNoSoundPlays) {
     launch();
-    write(defaults, keys::playSoundOnPaste, true);
+    write(defaults, preferences::playSoundOnPaste, true);
     capture("chosen");
     delegate->showPopover();
     journal.clear();
@@ -181,7 +181,7 @@ TEST_F(AppDelegateTest, WithoutAPreviousApplicationNoSoundPlays) {
 
 TEST_F(AppDelegateTest, WithoutPermissionThePopoversSoundPlaysAllTheSame) {
     launch();
-    write(defaults, keys::playSoundOnPaste, true);
+    write(defaults, preferences::playSoundOnPaste, true);
     capture("chosen");
     openInFront("Editor");
     delegate->showPopover();
@@ -270,7 +270,7 @@ TEST_F(AppDelegateTest, APreviousApplicationThatQuitLeavesTheKeystrokeToWhoeverI
 
 TEST_F(AppDelegateTest, QuickPasteTypes150MillisecondsAfterTheWriteAndLogsOnlyTheKeystroke) {
     launch();
-    write(defaults, keys::quickPasteEnabled, true);
+    write(defaults, preferences::quickPasteEnabled, true);
     capture("one");
     capture("two");
     openInFront("Editor");
@@ -287,7 +287,7 @@ TEST_F(AppDelegateTest, QuickPasteTypes150MillisecondsAfterTheWriteAndLogsOnlyTh
 
 TEST_F(AppDelegateTest, QuickPasteRemembersWhoIsInFrontThenWritesThenPlaysTheSound) {
     launch();
-    write(defaults, keys::playSoundOnPaste, true);
+    write(defaults, preferences::playSoundOnPaste, true);
     capture("one");
     capture("two");
     openInFront("Editor");
@@ -304,7 +304,7 @@ TEST_F(AppDelegateTest, QuickPasteRemembersWhoIsInFrontThenWritesThenPlaysTheSou
 
 TEST_F(AppDelegateTest, QuickPasteOfAnEntryThatIsNotThereLeavesEverythingUntouched) {
     launch();
-    write(defaults, keys::playSoundOnPaste, true);
+    write(defaults, preferences::playSoundOnPaste, true);
     capture("one");
     openInFront("Editor");
     journal.clear();
@@ -352,4 +352,4 @@ TEST_F(AppDelegateTest, WithASearchTextTypedQuickPasteTakesTheSecondEntryOfTheFi
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::app

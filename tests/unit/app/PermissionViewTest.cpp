@@ -15,7 +15,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::app {
 
 namespace {
 
@@ -75,7 +75,7 @@ TEST_F(PermissionViewTest, TheStepsShowPlusZamberXcodeAndOnInBold) {
 
 TEST_F(PermissionViewTest, TheSymbolsAreAShieldAndThreeNumbers) {
     QStringList names;
-    for (const SymbolView* const symbol : all<SymbolView>()) {
+    for (const ui::SymbolView* const symbol : all<ui::SymbolView>()) {
         names << symbol->symbol();
     }
     EXPECT_EQ(names, (QStringList{QStringLiteral("lock.shield"), QStringLiteral("1.circle.fill"),
@@ -84,17 +84,17 @@ TEST_F(PermissionViewTest, TheSymbolsAreAShieldAndThreeNumbers) {
 
 TEST_F(PermissionViewTest, TheFontsFallFromTitleToHint) {
     const auto labels = all<QLabel>();
-    EXPECT_EQ(labels[0]->font(), textFont(16, QFont::Bold));
+    EXPECT_EQ(labels[0]->font(), ui::textFont(16, QFont::Bold));
     for (int step = 1; step <= 3; ++step) {
-        EXPECT_EQ(labels[step]->font(), textFont(13));
+        EXPECT_EQ(labels[step]->font(), ui::textFont(13));
     }
-    EXPECT_EQ(labels[4]->font(), textFont(11));
+    EXPECT_EQ(labels[4]->font(), ui::textFont(11));
 }
 
 TEST_F(PermissionViewTest, TheStackIsCentredWithItsPaddingAndSpacing) {
     EXPECT_EQ(view.width(), 380);
     const auto labels = all<QLabel>();
-    const QWidget* const shield = all<SymbolView>().first();
+    const QWidget* const shield = all<ui::SymbolView>().first();
     EXPECT_EQ(top(shield), 24);
     EXPECT_EQ(top(labels[0]) - bottom(shield), 16);
     const QWidget* const steps = labels[1]->parentWidget();
@@ -114,8 +114,8 @@ TEST_F(PermissionViewTest, ItsColoursAreThoseOfTheLookAndFollowIt) {
     for (const bool isDark : {false, true}) {
         appearance.setDark(isDark);
         view.updateAppearance();
-        const Palette palette =
-            isDark ? Palette::dark(appearance.accentColor()) : Palette::light(appearance.accentColor());
+        const ui::Palette palette =
+            isDark ? ui::Palette::dark(appearance.accentColor()) : ui::Palette::light(appearance.accentColor());
         EXPECT_EQ(colorOf(labels[0]), palette.primary);
         EXPECT_EQ(colorOf(labels[1]), palette.secondary);
         EXPECT_EQ(colorOf(labels[4]), palette.tertiary);
@@ -124,4 +124,4 @@ TEST_F(PermissionViewTest, ItsColoursAreThoseOfTheLookAndFollowIt) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::app

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -104,4 +104,4 @@ TEST(Base64, SurplusBitsOfTheLastCharacterAreNoStrayCharacters) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -3,13 +3,14 @@
 #include "clipboard/ClipboardContent.h"
 
 #include "preferences/PreferenceKeys.h"
+
 #include "tests/fakes/FakeUserDefaults.h"
 
 #include <QSet>
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -63,24 +64,24 @@ TEST_F(ClipboardContentTest, ASensitiveTextIsMaskedWhateverItsLengthWhenHidingIs
     const auto shortText = ClipboardContent::text("pwd");
     const auto longText = ClipboardContent::text(times(500, "token "));
     EXPECT_EQ(shortText.preview(), QStringLiteral("pwd"));
-    write(defaults, keys::hideSensitive, true);
+    write(defaults, preferences::hideSensitive, true);
     EXPECT_EQ(shortText.preview(), QStringLiteral("●●●●●●●●●●●●"));
     EXPECT_EQ(longText.preview(), QStringLiteral("●●●●●●●●●●●●"));
     EXPECT_EQ(ClipboardContent::text("harmless").preview(), QStringLiteral("harmless"));
-    write(defaults, keys::hideSensitive, false);
+    write(defaults, preferences::hideSensitive, false);
     EXPECT_EQ(shortText.preview(), QStringLiteral("pwd"));
     EXPECT_EQ(longText.preview().size(), 151);
 }
 
 TEST_F(ClipboardContentTest, HidingLooksAtTheUntrimmedText) {
-    write(defaults, keys::hideSensitive, true);
+    write(defaults, preferences::hideSensitive, true);
     EXPECT_EQ(ClipboardContent::text("the bearer ").preview(), QStringLiteral("●●●●●●●●●●●●"));
 }
 
 TEST_F(ClipboardContentTest, HidingChangesNothingButThePreview) {
     const auto content = ClipboardContent::text("my password\nis long");
     const auto id = content.id();
-    write(defaults, keys::hideSensitive, true);
+    write(defaults, preferences::hideSensitive, true);
     EXPECT_TRUE(content.isSensitive());
     EXPECT_EQ(content.id(), id);
     EXPECT_EQ(content.textValue(), "my password\nis long");
@@ -90,7 +91,7 @@ TEST_F(ClipboardContentTest, HidingChangesNothingButThePreview) {
 
 TEST_F(ClipboardContentTest, AnImageIsNeverSensitiveAndHasNoCounts) {
     for (const bool hidden : {false, true}) {
-        write(defaults, keys::hideSensitive, hidden);
+        write(defaults, preferences::hideSensitive, hidden);
         const auto image = ClipboardContent::image("password\nsecret");
         EXPECT_EQ(image.preview(), QStringLiteral("📷 Image"));
         EXPECT_EQ(image.charCount(), 0);
@@ -161,9 +162,9 @@ TEST_F(ClipboardContentTest, ATextHasNoImage) {
 
 TEST_F(ClipboardContentTest, SearchKeysFollowTheFolding) {
     const auto content = ClipboardContent::text("ISLAND");
-    EXPECT_EQ(content.searchKey(CaseFolding::Common), "island");
-    EXPECT_EQ(content.searchKey(CaseFolding::Turkic), "ısland");
-    EXPECT_EQ(ClipboardContent::image("x").searchKey(CaseFolding::Common), "image");
+    EXPECT_EQ(content.searchKey(text::CaseFolding::Common), "island");
+    EXPECT_EQ(content.searchKey(text::CaseFolding::Turkic), "ısland");
+    EXPECT_EQ(ClipboardContent::image("x").searchKey(text::CaseFolding::Common), "image");
 }
 
 TEST_F(ClipboardContentTest, WhatIsNotUtf8DoesNoHarm) {
@@ -180,4 +181,4 @@ TEST_F(ClipboardContentTest, WhatIsNotUtf8DoesNoHarm) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

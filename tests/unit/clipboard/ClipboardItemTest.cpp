@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -34,4 +34,4 @@ TEST(ClipboardItem, HoldsWhatItWasMadeOf) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

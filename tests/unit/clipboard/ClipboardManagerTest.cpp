@@ -4,7 +4,7 @@
 
 #include <QLocale>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -54,7 +54,7 @@ TEST_F(ClipboardManagerTest, The21stCopyRemovesTheOldestUnpinnedEntry) {
 }
 
 TEST_F(ClipboardManagerTest, PinnedEntriesAreNeitherCountedNorRemovedHoweverMany) {
-    write(defaults, keys::maxItems, 2);
+    write(defaults, preferences::maxItems, 2);
     for (int i = 1; i <= 5; ++i) {
         capture("pinned" + QByteArray::number(i));
         manager->togglePin(manager->items()[0]);
@@ -91,13 +91,13 @@ TEST_F(ClipboardManagerTest, ATextAndAnImageOfTheSameBytesAreTwoEntries) {
 
 TEST_F(ClipboardManagerTest, ALimitOf0OrNoneIs20AndAnyOtherNumberIsUsedAsItIs) {
     EXPECT_EQ(manager->maxItems(), 20);
-    write(defaults, keys::maxItems, 0);
+    write(defaults, preferences::maxItems, 0);
     EXPECT_EQ(manager->maxItems(), 20);
-    write(defaults, keys::maxItems, 7);
+    write(defaults, preferences::maxItems, 7);
     EXPECT_EQ(manager->maxItems(), 7);
     captureNumbers(1, 9);
     EXPECT_EQ(manager->items().size(), 7);
-    write(defaults, keys::maxItems, 100);
+    write(defaults, preferences::maxItems, 100);
     EXPECT_EQ(manager->maxItems(), 100);
 }
 
@@ -105,7 +105,7 @@ TEST_F(ClipboardManagerTest, ANegativeLimitKeepsNoUnpinnedEntry) {
     capture("pinned");
     manager->togglePin(manager->items()[0]);
     for (const int limit : {-1, std::numeric_limits<int>::min()}) {
-        write(defaults, keys::maxItems, limit);
+        write(defaults, preferences::maxItems, limit);
         EXPECT_EQ(manager->maxItems(), limit);
         capture("gone");
         EXPECT_EQ(summary(), "pinned*");
@@ -114,14 +114,14 @@ TEST_F(ClipboardManagerTest, ANegativeLimitKeepsNoUnpinnedEntry) {
 
 TEST_F(ClipboardManagerTest, ASmallerLimitTrimsAtTheNextCapture) {
     captureNumbers(1, 5);
-    write(defaults, keys::maxItems, 2);
+    write(defaults, preferences::maxItems, 2);
     EXPECT_EQ(summary(), "5 4 3 2 1");
     capture("6");
     EXPECT_EQ(summary(), "6 5");
 }
 
 TEST_F(ClipboardManagerTest, UnpinningTrimsNothing) {
-    write(defaults, keys::maxItems, 1);
+    write(defaults, preferences::maxItems, 1);
     capture("a");
     manager->togglePin(manager->items()[0]);
     capture("b");
@@ -359,4 +359,4 @@ TEST_F(ClipboardManagerTest, AFileIsTakenAsItStandsWithDuplicatesAndInItsOrder) 
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -20,7 +20,7 @@
 #include <filesystem>
 #include <thread>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -283,4 +283,4 @@ TEST_F(HistoryFileTest, ALargeHistoryIsSavedAndLoadedWhole) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -16,7 +16,7 @@
 #include <string>
 #include <vector>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -314,4 +314,4 @@ TEST(HistoryJson, AHalfWrittenFileIsRefusedWhereverItEnds) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

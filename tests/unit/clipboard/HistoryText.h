@@ -9,7 +9,7 @@
 #include <optional>
 #include <string_view>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 /// The history in a text that is in memory.
 inline std::optional<QList<ClipboardItem>> historyFromJson(std::string_view json) {
@@ -29,4 +29,4 @@ inline std::optional<QByteArray> historyToJson(const QList<ClipboardItem>& items
     return json;
 }
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -102,4 +102,4 @@ TEST(Images, AnImageBeyondQtsOwnLimitDecodes) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <string>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -221,4 +221,4 @@ TEST(JsonText, WhatIsNotUtf8IsWrittenAsReplacementCharacters) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "preferences/PreferenceKeys.h"
+
 #include "clipboard/ClipboardManager.h"
 #include "clipboard/HistoryFile.h"
-#include "preferences/PreferenceKeys.h"
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/fakes/FakeScheduler.h"
 #include "tests/fakes/FakeUserDefaults.h"
@@ -17,7 +18,7 @@
 #include <memory>
 #include <string>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 using namespace std::chrono_literals;
 
@@ -67,4 +68,4 @@ protected:
     std::string found() const { return summary(manager->filteredItems()); }
 };
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ManagerFixture.h"
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -146,4 +146,4 @@ TEST_F(PasteboardMonitor, TheTimerDoesNotKeepTheHistoryAlive) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

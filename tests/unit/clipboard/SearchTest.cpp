@@ -13,11 +13,11 @@
 #include <random>
 #include <string>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
-bool finds(const char* searched, const QByteArray& text, CaseFolding folding = CaseFolding::Common) {
+bool finds(const char* searched, const QByteArray& text, text::CaseFolding folding = text::CaseFolding::Common) {
     return searchKeyContains(makeSearchKey(text, folding).toStdString(),
                              makeSearchKey(QByteArray(searched), folding).toStdString());
 }
@@ -56,14 +56,14 @@ TEST(Search, LigaturesAreTheirLetters) {
 }
 
 TEST(Search, TurkishPairsDotWithDotAndNoneWithNone) {
-    EXPECT_TRUE(finds("ı", "I", CaseFolding::Turkic));
-    EXPECT_TRUE(finds("I", "ılık", CaseFolding::Turkic));
-    EXPECT_TRUE(finds("i", "İstanbul", CaseFolding::Turkic));
-    EXPECT_TRUE(finds("İSTANBUL", "istanbul", CaseFolding::Turkic));
-    EXPECT_TRUE(finds("i", "I\u0307stanbul", CaseFolding::Turkic));
-    EXPECT_FALSE(finds("image", "IMAGE", CaseFolding::Turkic));
-    EXPECT_FALSE(finds("i", "I", CaseFolding::Turkic));
-    EXPECT_TRUE(finds("image", "image", CaseFolding::Turkic));
+    EXPECT_TRUE(finds("ı", "I", text::CaseFolding::Turkic));
+    EXPECT_TRUE(finds("I", "ılık", text::CaseFolding::Turkic));
+    EXPECT_TRUE(finds("i", "İstanbul", text::CaseFolding::Turkic));
+    EXPECT_TRUE(finds("İSTANBUL", "istanbul", text::CaseFolding::Turkic));
+    EXPECT_TRUE(finds("i", "I\u0307stanbul", text::CaseFolding::Turkic));
+    EXPECT_FALSE(finds("image", "IMAGE", text::CaseFolding::Turkic));
+    EXPECT_FALSE(finds("i", "I", text::CaseFolding::Turkic));
+    EXPECT_TRUE(finds("image", "image", text::CaseFolding::Turkic));
 }
 
 TEST(Search, ElsewhereIWithADotIsNoPlainI) {
@@ -76,8 +76,8 @@ TEST(Search, ElsewhereIWithADotIsNoPlainI) {
 TEST(Search, TurkishDotBelongsToItsIWhereverTheTextIsCutIntoPieces) {
     for (const int padding : {62, 63, 64, 200, 1021, 1022, 1023, 1024, 1025}) {
         const auto text = QByteArray(padding, 'x') + "I\u0307" + QByteArray(padding, 'x');
-        EXPECT_TRUE(finds("xix", text, CaseFolding::Turkic)) << padding;
-        EXPECT_FALSE(finds("xıx", text, CaseFolding::Turkic)) << padding;
+        EXPECT_TRUE(finds("xix", text, text::CaseFolding::Turkic)) << padding;
+        EXPECT_FALSE(finds("xıx", text, text::CaseFolding::Turkic)) << padding;
     }
 }
 
@@ -119,11 +119,11 @@ TEST(Search, FindsAcrossPiecesOfALongText) {
 }
 
 /// The key as it is defined, of the whole text at once.
-QByteArray expectedKey(const QByteArray& text, CaseFolding folding) {
+QByteArray expectedKey(const QByteArray& text, text::CaseFolding folding) {
     UErrorCode status = U_ZERO_ERROR;
     const auto* nfd = icu::Normalizer2::getNFDInstance(status);
     auto key = nfd->normalize(icu::UnicodeString::fromUTF8(text.toStdString()), status);
-    if (folding == CaseFolding::Turkic) {
+    if (folding == text::CaseFolding::Turkic) {
         key.findAndReplace(u"I\u0307", u"i").findAndReplace(u"I", u"ı");
     }
     std::string bytes;
@@ -137,13 +137,15 @@ TEST(Search, EveryCharacterAmongOthersIsFoldedAndDecomposed) {
             continue;
         }
         QByteArray text("xY");
-        appendCodePoint(text, c);
+        text::appendCodePoint(text, c);
         text += "\u0323\u0301Zé";
-        appendCodePoint(text, c);
-        appendCodePoint(text, c);
+        text::appendCodePoint(text, c);
+        text::appendCodePoint(text, c);
         text += "W";
-        ASSERT_EQ(makeSearchKey(text, CaseFolding::Common), expectedKey(text, CaseFolding::Common)) << std::hex << +c;
-        ASSERT_EQ(makeSearchKey(text, CaseFolding::Turkic), expectedKey(text, CaseFolding::Turkic)) << std::hex << +c;
+        ASSERT_EQ(makeSearchKey(text, text::CaseFolding::Common), expectedKey(text, text::CaseFolding::Common))
+            << std::hex << +c;
+        ASSERT_EQ(makeSearchKey(text, text::CaseFolding::Turkic), expectedKey(text, text::CaseFolding::Turkic))
+            << std::hex << +c;
     }
 }
 
@@ -162,7 +164,7 @@ TEST(Search, KeysOfRandomTextsAreFoldedAndDecomposed) {
         for (auto length = random() % 12; length > 0; --length) {
             text += parts[random() % std::size(parts)];
         }
-        for (const auto folding : {CaseFolding::Common, CaseFolding::Turkic}) {
+        for (const auto folding : {text::CaseFolding::Common, text::CaseFolding::Turkic}) {
             ASSERT_EQ(makeSearchKey(text, folding), expectedKey(text, folding)) << text.toStdString();
         }
     }
@@ -193,8 +195,8 @@ TEST(Search, FindsWhatALetterByLetterSearchFinds) {
 
 TEST(Search, KeyOfPlainLowerCaseSharesTheText) {
     const QByteArray text("all lower case already");
-    EXPECT_EQ(makeSearchKey(text, CaseFolding::Common).constData(), text.constData());
-    EXPECT_NE(makeSearchKey("Not", CaseFolding::Common), "Not");
+    EXPECT_EQ(makeSearchKey(text, text::CaseFolding::Common).constData(), text.constData());
+    EXPECT_NE(makeSearchKey("Not", text::CaseFolding::Common), "Not");
 }
 
 TEST(Search, WhatIsNotUtf8DoesNoHarm) {
@@ -207,14 +209,14 @@ TEST(Search, WhatIsNotUtf8DoesNoHarm) {
 TEST(Search, FollowsTheUsersLanguage) {
     const QLocale before;
     QLocale::setDefault(QLocale(QLocale::Turkish));
-    EXPECT_EQ(userCaseFolding(), CaseFolding::Turkic);
+    EXPECT_EQ(userCaseFolding(), text::CaseFolding::Turkic);
     QLocale::setDefault(QLocale(QLocale::Azerbaijani));
-    EXPECT_EQ(userCaseFolding(), CaseFolding::Turkic);
+    EXPECT_EQ(userCaseFolding(), text::CaseFolding::Turkic);
     QLocale::setDefault(QLocale(QLocale::German));
-    EXPECT_EQ(userCaseFolding(), CaseFolding::Common);
+    EXPECT_EQ(userCaseFolding(), text::CaseFolding::Common);
     QLocale::setDefault(before);
 }
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

@@ -12,7 +12,7 @@
 #include <random>
 #include <string>
 
-namespace zamber {
+namespace zamber::clipboard {
 
 namespace {
 
@@ -35,7 +35,7 @@ bool expected(const std::string& text) {
 
 std::string character(char32_t codePoint) {
     QByteArray text;
-    appendCodePoint(text, codePoint);
+    text::appendCodePoint(text, codePoint);
     return text.toStdString();
 }
 
@@ -144,4 +144,4 @@ TEST(SensitiveContent, AgreesWithTheRuleOnRandomTexts) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::clipboard

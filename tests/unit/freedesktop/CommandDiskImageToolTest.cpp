@@ -4,7 +4,7 @@
 
 #include "tests/contracts/StandInDiskImageTool.h"
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 using namespace Qt::StringLiterals;
 
@@ -91,4 +91,4 @@ TEST_F(CommandDiskImageToolTest, OneThatCannotBeStartedIsAnError) {
     EXPECT_TRUE(standIn.calls().isEmpty());
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

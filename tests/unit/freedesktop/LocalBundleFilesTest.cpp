@@ -12,7 +12,7 @@
 #include <fstream>
 #include <string>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 namespace fs = std::filesystem;
 
@@ -136,4 +136,4 @@ TEST_F(LocalBundleFilesTest, WithoutARootPathsAreThoseOfTheSystem) {
     EXPECT_FALSE(system.exists(QStringLiteral("/Volumes/Zamber/Zamber.app")));
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 using namespace Qt::StringLiterals;
 
@@ -83,4 +83,4 @@ TEST(PropertyList, ADeepOneIsRefusedBeforeTheStackEnds) {
     EXPECT_TRUE(readPropertyList(plist(shallow)));
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::freedesktop {
 
 namespace {
 
@@ -86,4 +86,4 @@ TEST_F(TextFieldPasteTest, AFieldThatWantsNoMenuGetsNone) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::freedesktop

@@ -21,7 +21,7 @@
 
 #include <fstream>
 
-namespace zamber {
+namespace zamber::install {
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -75,9 +75,9 @@ protected:
     StandInDiskImageTool standIn;
     Journal journal;
     FakeAppBundle bundle;
-    QtAlert alert;
-    LocalBundleFiles files{root};
-    CommandDiskImageTool tool{standIn.program()};
+    freedesktop::QtAlert alert;
+    freedesktop::LocalBundleFiles files{root};
+    freedesktop::CommandDiskImageTool tool{standIn.program()};
     FakeWorkspace workspace{journal};
     FakeApplication application{journal};
     FakeScheduler scheduler;
@@ -191,4 +191,4 @@ TEST_F(DMGCleanupAdapters, WithoutAToolTheEjectionIsLoggedAllTheSame) {
     EXPECT_THAT(text, testing::EndsWith("\n⏏️ Ejected: /Volumes/Zamber 1.2\n"));
 }
 
-} // namespace zamber
+} // namespace zamber::install

@@ -13,7 +13,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::install {
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -309,4 +309,4 @@ TEST_F(DMGCleanupTest, AnImageThatCannotBeTrashedIsLogged) {
     EXPECT_EQ(log(), "⏏️ Ejected: /Volumes/Zamber\n⚠️ Couldn't trash DMG: It is locked.\n");
 }
 
-} // namespace zamber
+} // namespace zamber::install

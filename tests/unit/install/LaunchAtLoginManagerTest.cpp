@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::install {
 
 namespace {
 
@@ -72,4 +72,4 @@ TEST_F(LaunchAtLoginManagerTest, AFailureIsLoggedInTheDesktopsWordsAndNothingEls
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::install

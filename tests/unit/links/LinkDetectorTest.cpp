@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::links {
 
 using namespace Qt::StringLiterals;
 
@@ -100,4 +100,4 @@ TEST(LinkScan, ALinkMayBeAsLongAsTheText) {
     EXPECT_EQ(found->length, text.size());
 }
 
-} // namespace zamber
+} // namespace zamber::links

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "LinkTable.h"
 
-namespace zamber {
+namespace zamber::links {
 
 namespace {
 
@@ -338,4 +338,4 @@ std::vector<LinkGroup> linkTable() {
     };
 }
 
-} // namespace zamber
+} // namespace zamber::links

@@ -8,7 +8,7 @@
 #include <span>
 #include <vector>
 
-namespace zamber {
+namespace zamber::links {
 
 /// A text as people copy it, and what of it is a link: nothing where that is empty. The address is as it goes over the
 /// wire, and the link itself where it is empty.
@@ -29,4 +29,4 @@ struct LinkGroup {
 /// From RFC 3986, RFC 6531 and what stands in front of people all day.
 std::vector<LinkGroup> linkTable();
 
-} // namespace zamber
+} // namespace zamber::links

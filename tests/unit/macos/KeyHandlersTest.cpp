@@ -4,7 +4,7 @@
 
 #include "tests/contracts/KeyMonitorContract.h"
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -33,4 +33,4 @@ TEST(KeyHandlers, AreEmptyUntilOneComesAndWhenTheLastHasGone) {
     EXPECT_TRUE(handlers.isEmpty());
 }
 
-} // namespace zamber
+} // namespace zamber::macos

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 namespace {
 
@@ -49,4 +49,4 @@ TEST(LookChanges, AHandlerMayAddAnotherWhichHearsOfTheNextChange) {
     EXPECT_EQ(added, 1);
 }
 
-} // namespace zamber
+} // namespace zamber::macos

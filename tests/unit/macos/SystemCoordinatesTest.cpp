@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::macos {
 
 TEST(SystemCoordinates, AnIconInTheMenuBarIsAtTheTopOfTheFirstScreen) {
     EXPECT_EQ(fromSystemCoordinates({1000, 876, 30, 24}, 900), QRect(1000, 0, 30, 24));
@@ -14,4 +14,4 @@ TEST(SystemCoordinates, AScreenAboveTheFirstOneIsNegative) {
     EXPECT_EQ(fromSystemCoordinates({200, 1956, 30, 24}, 900), QRect(200, -1080, 30, 24));
 }
 
-} // namespace zamber
+} // namespace zamber::macos

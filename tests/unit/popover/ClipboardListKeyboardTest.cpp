@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/unit/popover/ClipboardListViewFixture.h"
 
-namespace zamber {
+namespace zamber::popover {
 
 using ClipboardListKeyboardTest = ClipboardListViewTest;
 
@@ -157,4 +157,4 @@ TEST_F(ClipboardListKeyboardTest, TheHighlightAndTheScrollMoveUnlessMotionIsRedu
     EXPECT_TRUE(QTest::qWaitFor(isCentred, 5000));
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -14,7 +14,7 @@
 
 #include <optional>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -82,4 +82,4 @@ protected:
     PopoverStage stage{symbols};
 };
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "preferences/PreferenceKeys.h"
+
 #include "tests/unit/popover/ClipboardListViewFixture.h"
 #include "ui/Typography.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
 
-namespace zamber {
+namespace zamber::popover {
 
 TEST_F(ClipboardListViewTest, AnEmptyHistoryInvitesToCopy) {
     open();
@@ -37,7 +38,7 @@ TEST_F(ClipboardListViewTest, TheBadgeFollowsTheHistoryAndItsLimit) {
     EXPECT_EQ(badge(), u"2/20"_s);
     stage.copyText("another");
     EXPECT_EQ(badge(), u"3/20"_s);
-    write(stage.defaults, keys::maxItems, 50);
+    write(stage.defaults, preferences::maxItems, 50);
     EXPECT_EQ(badge(), u"3/50"_s);
 }
 
@@ -259,7 +260,7 @@ TEST_F(ClipboardListViewTest, PreviewingLinksTakesEffectAtOnce) {
     stage.copyText("https://example.org/12345");
     open();
     const int withHost = stage.list().rowRectangle(0).height();
-    write(stage.defaults, keys::previewURLs, false);
+    write(stage.defaults, preferences::previewURLs, false);
     EXPECT_NE(stage.list().rowRectangle(0).height(), withHost);
 }
 
@@ -287,11 +288,11 @@ TEST_F(ClipboardListViewTest, OnlyTheClearButtonHasThePointingHand) {
 TEST_F(ClipboardListViewTest, TheSizeFollowsItsPreference) {
     open();
     EXPECT_EQ(stage.view->size(), QSize(440, 420));
-    write(stage.defaults, keys::popoverSize, u"compact"_s);
+    write(stage.defaults, preferences::popoverSize, u"compact"_s);
     EXPECT_EQ(stage.view->size(), QSize(360, 340));
-    write(stage.defaults, keys::popoverSize, u"large"_s);
+    write(stage.defaults, preferences::popoverSize, u"large"_s);
     EXPECT_EQ(stage.view->size(), QSize(500, 520));
-    write(stage.defaults, keys::popoverSize, u"Compact"_s);
+    write(stage.defaults, preferences::popoverSize, u"Compact"_s);
     EXPECT_EQ(stage.view->size(), QSize(440, 420));
 }
 
@@ -299,14 +300,14 @@ TEST_F(ClipboardListViewTest, TheThemeFollowsItsPreferenceAndElseTheDesktop) {
     open();
     const auto isDark = [&] { return stage.view->grab().toImage().pixelColor(220, 5).lightness() < 128; };
     EXPECT_FALSE(isDark());
-    write(stage.defaults, keys::appTheme, u"dark"_s);
+    write(stage.defaults, preferences::appTheme, u"dark"_s);
     EXPECT_TRUE(isDark());
-    write(stage.defaults, keys::appTheme, u"auto"_s);
+    write(stage.defaults, preferences::appTheme, u"auto"_s);
     EXPECT_FALSE(isDark());
     stage.appearance.setDark(true);
     stage.view->updateAppearance();
     EXPECT_TRUE(isDark());
-    write(stage.defaults, keys::appTheme, u"light"_s);
+    write(stage.defaults, preferences::appTheme, u"light"_s);
     EXPECT_FALSE(isDark());
 }
 
@@ -314,9 +315,9 @@ TEST_F(ClipboardListViewTest, TheCountsPreferencesChangeRowsAtOnce) {
     stage.copyText("one\ntwo");
     open();
     const int withCounts = stage.list().rowRectangle(0).height();
-    write(stage.defaults, keys::showLineCount, false);
+    write(stage.defaults, preferences::showLineCount, false);
     EXPECT_EQ(stage.list().rowRectangle(0).height(), withCounts);
-    write(stage.defaults, keys::showCharCount, false);
+    write(stage.defaults, preferences::showCharCount, false);
     EXPECT_LT(stage.list().rowRectangle(0).height(), withCounts);
 }
 
@@ -326,7 +327,7 @@ TEST_F(ClipboardListViewTest, HidingSensitiveTextsTakesEffectAtOnce) {
     symbols.requests.clear();
     stage.view->grab();
     EXPECT_FALSE(symbols.requestedNames().contains(u"lock.fill"_s));
-    write(stage.defaults, keys::hideSensitive, true);
+    write(stage.defaults, preferences::hideSensitive, true);
     stage.view->grab();
     EXPECT_TRUE(symbols.requestedNames().contains(u"lock.fill"_s));
 }
@@ -345,7 +346,7 @@ TEST_F(ClipboardListViewTest, ASelectedLongTextIsExpanded) {
 TEST_F(ClipboardListViewTest, ARowThatIsNoLongerHighlightedIsAsHighAsBefore) {
     // One line in 326 points, two in the 270 beside the buttons.
     QByteArray widerThanBesideTheButtons = "a";
-    while (QFontMetrics(textFont(12)).horizontalAdvance(QString::fromUtf8(widerThanBesideTheButtons)) < 290) {
+    while (QFontMetrics(ui::textFont(12)).horizontalAdvance(QString::fromUtf8(widerThanBesideTheButtons)) < 290) {
         widerThanBesideTheButtons += " an";
     }
     stage.copyText("short");
@@ -393,4 +394,4 @@ TEST_F(ClipboardListViewTest, AnEndlessLineInTheHistoryDoesNotHoldUpTheView) {
     EXPECT_TRUE(stage.list().isExpanded(1));
 }
 
-} // namespace zamber
+} // namespace zamber::popover

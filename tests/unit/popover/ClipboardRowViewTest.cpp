@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -24,13 +24,13 @@ protected:
     void SetUp() override { UserDefaults::setStandard(&defaults); }
     void TearDown() override { UserDefaults::setStandard(nullptr); }
 
-    ClipboardItem text(const QByteArray& utf8) { return {ClipboardContent::text(utf8), NOW}; }
+    clipboard::ClipboardItem text(const QByteArray& utf8) { return {clipboard::ClipboardContent::text(utf8), NOW}; }
 
     QSet<QString> symbolsPainted(const ClipboardRowView& view, double highlight) {
         QImage image(WIDTH, 200, QImage::Format_ARGB32_Premultiplied);
         QPainter painter(&image);
         const FakeSymbols symbols;
-        const Palette palette = Palette::light(Qt::blue);
+        const ui::Palette palette = ui::Palette::light(Qt::blue);
         view.paint(painter, QRect(0, 0, WIDTH, view.compactHeight(WIDTH)),
                    {.palette = palette, .symbols = symbols, .now = NOW, .highlight = highlight, .pressedOver = {}},
                    nullptr);
@@ -43,20 +43,20 @@ protected:
 } // namespace
 
 TEST_F(ClipboardRowViewTest, PlainTextShowsTheDocument) {
-    const ClipboardItem item = text("hello");
+    const clipboard::ClipboardItem item = text("hello");
     EXPECT_EQ(ClipboardRowView(item, false, {}).typeIcon().symbol, u"doc.text"_s);
-    EXPECT_EQ(ClipboardRowView(item, false, {}).typeIcon().color, &Palette::secondary);
+    EXPECT_EQ(ClipboardRowView(item, false, {}).typeIcon().color, &ui::Palette::secondary);
 }
 
 TEST_F(ClipboardRowViewTest, ASensitiveTextShowsTheLockOnlyWhileSensitiveTextsAreHidden) {
-    const ClipboardItem item = text(SECRET);
+    const clipboard::ClipboardItem item = text(SECRET);
     EXPECT_EQ(ClipboardRowView(item, false, {.hideSensitive = false}).typeIcon().symbol, u"doc.text"_s);
     EXPECT_EQ(ClipboardRowView(item, false, {.hideSensitive = true}).typeIcon().symbol, u"lock.fill"_s);
-    EXPECT_EQ(ClipboardRowView(item, false, {.hideSensitive = true}).typeIcon().color, &Palette::red);
+    EXPECT_EQ(ClipboardRowView(item, false, {.hideSensitive = true}).typeIcon().color, &ui::Palette::red);
 }
 
 TEST_F(ClipboardRowViewTest, ALinkShowsTheLinkWhetherOrNotItIsPreviewed) {
-    const ClipboardItem item = text("https://example.org/a/long/path");
+    const clipboard::ClipboardItem item = text("https://example.org/a/long/path");
     const QUrl url(u"https://example.org/a/long/path"_s);
     EXPECT_EQ(ClipboardRowView(item, false, {.previewURLs = true}, {}, url).typeIcon().symbol, u"link"_s);
     EXPECT_EQ(ClipboardRowView(item, false, {.previewURLs = false}, {}, url).typeIcon().symbol, u"link"_s);
@@ -64,7 +64,7 @@ TEST_F(ClipboardRowViewTest, ALinkShowsTheLinkWhetherOrNotItIsPreviewed) {
 
 TEST_F(ClipboardRowViewTest, AWebAddressHasASecondLineOnlyWhenItIsMoreThan10CharactersLongerThanItsHost) {
     const auto height = [&](const QByteArray& address) {
-        const ClipboardItem item = text(address);
+        const clipboard::ClipboardItem item = text(address);
         const ClipboardRowView view(item, false, {}, {}, QUrl(QString::fromUtf8(address)));
         EXPECT_EQ(view.linkTitle(), u"example.org"_s);
         EXPECT_EQ(view.counts(), QStringList());
@@ -76,14 +76,14 @@ TEST_F(ClipboardRowViewTest, AWebAddressHasASecondLineOnlyWhenItIsMoreThan10Char
 }
 
 TEST_F(ClipboardRowViewTest, ALinkWithoutHostShowsTheWholeAddress) {
-    const ClipboardItem item = text("someone@example.org");
+    const clipboard::ClipboardItem item = text("someone@example.org");
     const ClipboardRowView view(item, false, {}, {}, QUrl(u"mailto:someone@example.org"_s));
     EXPECT_EQ(view.linkTitle(), u"mailto:someone@example.org"_s);
 }
 
 TEST_F(ClipboardRowViewTest, ALinkThatIsNotPreviewedShowsAtMostTwoLinesAndNoCounts) {
     const QUrl url(u"https://example.org"_s);
-    const ClipboardItem item = text("https://example.org\ntwo\nthree\nfour");
+    const clipboard::ClipboardItem item = text("https://example.org\ntwo\nthree\nfour");
     const ClipboardRowView view(item, false, {.previewURLs = false}, {}, url);
     const int oneLine = ClipboardRowView(text("x"), false, {}).compactHeight(WIDTH) - 20;
     EXPECT_EQ(view.compactHeight(WIDTH), 20 + 2 * oneLine);
@@ -91,7 +91,7 @@ TEST_F(ClipboardRowViewTest, ALinkThatIsNotPreviewedShowsAtMostTwoLinesAndNoCoun
 }
 
 TEST_F(ClipboardRowViewTest, ALinkNeverExpands) {
-    const ClipboardItem item = text("https://example.org/" + QByteArray(100, 'x'));
+    const clipboard::ClipboardItem item = text("https://example.org/" + QByteArray(100, 'x'));
     const QUrl url(u"https://example.org"_s);
     EXPECT_FALSE(ClipboardRowView(item, true, {.previewURLs = true}, {}, url).isExpanded());
     EXPECT_FALSE(ClipboardRowView(item, true, {.previewURLs = false}, {}, url).isExpanded());
@@ -99,7 +99,7 @@ TEST_F(ClipboardRowViewTest, ALinkNeverExpands) {
 
 TEST_F(ClipboardRowViewTest, ASensitiveLinkShowsTheLockAndItsMaskUnderTheHost) {
     defaults.setBoolean(u"hideSensitive"_s, true);
-    const ClipboardItem item = text("https://example.org/?token=123");
+    const clipboard::ClipboardItem item = text("https://example.org/?token=123");
     const ClipboardRowView view(item, false, {.hideSensitive = true}, {}, QUrl(u"https://example.org/?token=123"_s));
     EXPECT_EQ(view.typeIcon().symbol, u"lock.fill"_s);
     EXPECT_EQ(item.content.preview(), u"●●●●●●●●●●●●"_s);
@@ -107,7 +107,7 @@ TEST_F(ClipboardRowViewTest, ASensitiveLinkShowsTheLockAndItsMaskUnderTheHost) {
 }
 
 TEST_F(ClipboardRowViewTest, OnlyALinkHasTheButtonThatOpensIt) {
-    const ClipboardItem item = text("https://example.org");
+    const clipboard::ClipboardItem item = text("https://example.org");
     EXPECT_EQ(ClipboardRowView(item, true, {}).actions(), (QList{RowAction::Pin, RowAction::Delete}));
     const ClipboardRowView link(item, true, {}, {}, QUrl(u"https://example.org"_s));
     EXPECT_EQ(link.actions(), (QList{RowAction::OpenLink, RowAction::Pin, RowAction::Delete}));
@@ -118,7 +118,7 @@ TEST_F(ClipboardRowViewTest, OnlyALinkHasTheButtonThatOpensIt) {
 }
 
 TEST_F(ClipboardRowViewTest, AnImageThatDoesNotDecodeIsAText) {
-    const ClipboardItem item(ClipboardContent::image("bytes"), NOW);
+    const clipboard::ClipboardItem item(clipboard::ClipboardContent::image("bytes"), NOW);
     const ClipboardRowView view(item, false, {}, {ThumbnailState::Undecodable});
     EXPECT_EQ(view.typeIcon().symbol, u"photo"_s);
     EXPECT_EQ(view.compactHeight(WIDTH), ClipboardRowView(text("x"), false, {}).compactHeight(WIDTH));
@@ -127,16 +127,16 @@ TEST_F(ClipboardRowViewTest, AnImageThatDoesNotDecodeIsAText) {
 }
 
 TEST_F(ClipboardRowViewTest, AnImageShowsThePhotoAndNoCounts) {
-    const ClipboardItem item(ClipboardContent::image("bytes"), NOW);
+    const clipboard::ClipboardItem item(clipboard::ClipboardContent::image("bytes"), NOW);
     const ClipboardRowView view(item, false, {});
     EXPECT_EQ(view.typeIcon().symbol, u"photo"_s);
-    EXPECT_EQ(view.typeIcon().color, &Palette::purple);
+    EXPECT_EQ(view.typeIcon().color, &ui::Palette::purple);
     EXPECT_EQ(view.counts(), QStringList());
     EXPECT_EQ(view.compactHeight(WIDTH), 20 + ClipboardRowView::THUMBNAIL_SIZE.height());
 }
 
 TEST_F(ClipboardRowViewTest, ATwoLineTextShowsBothCounts) {
-    const ClipboardItem item = text("one\ntwo");
+    const clipboard::ClipboardItem item = text("one\ntwo");
     const auto counts = [&](bool lines, bool characters) {
         return ClipboardRowView(item, false, {.showLineCount = lines, .showCharCount = characters}).counts();
     };
@@ -147,13 +147,13 @@ TEST_F(ClipboardRowViewTest, ATwoLineTextShowsBothCounts) {
 }
 
 TEST_F(ClipboardRowViewTest, AOneLineTextNeverShowsItsCharacterCount) {
-    const ClipboardItem item = text("only one\n\n  \n");
+    const clipboard::ClipboardItem item = text("only one\n\n  \n");
     EXPECT_EQ(ClipboardRowView(item, false, {}).counts(), QStringList());
 }
 
 TEST_F(ClipboardRowViewTest, OnlyATextOfMoreThan60CharactersExpandsWhenHovered) {
-    const ClipboardItem sixty = text(QByteArray(60, 'x'));
-    const ClipboardItem more = text(QByteArray(61, 'x'));
+    const clipboard::ClipboardItem sixty = text(QByteArray(60, 'x'));
+    const clipboard::ClipboardItem more = text(QByteArray(61, 'x'));
     EXPECT_FALSE(ClipboardRowView(sixty, true, {}).isExpanded());
     EXPECT_TRUE(ClipboardRowView(more, true, {}).isExpanded());
     EXPECT_FALSE(ClipboardRowView(more, false, {}).isExpanded());
@@ -161,22 +161,23 @@ TEST_F(ClipboardRowViewTest, OnlyATextOfMoreThan60CharactersExpandsWhenHovered) 
 
 TEST_F(ClipboardRowViewTest, AHiddenTextOfMoreThan60CharactersStillExpands) {
     defaults.setBoolean(u"hideSensitive"_s, true);
-    const ClipboardItem item = text(SECRET + " " + QByteArray(60, 'x'));
+    const clipboard::ClipboardItem item = text(SECRET + " " + QByteArray(60, 'x'));
     ASSERT_TRUE(item.content.isSensitive());
     EXPECT_EQ(item.content.preview(), u"●●●●●●●●●●●●"_s);
     EXPECT_TRUE(ClipboardRowView(item, true, {.hideSensitive = true}).isExpanded());
 }
 
 TEST_F(ClipboardRowViewTest, AnExpandedRowIsAtMost120PointsOfTextHigh) {
-    const ClipboardItem item = text(QByteArray(61, 'x'));
+    const clipboard::ClipboardItem item = text(QByteArray(61, 'x'));
     const ClipboardRowView view(item, true, {});
     EXPECT_EQ(view.expandedHeight(40), 60);
     EXPECT_EQ(view.expandedHeight(100'000), 140);
 }
 
 TEST_F(ClipboardRowViewTest, SeveralLinesGetRoomForThreeAndOneForTwo) {
-    const ClipboardItem oneLong = text(QByteArray("word ").repeated(60));
-    const ClipboardItem manyLines = text(QByteArray("word ").repeated(20) + "\n" + QByteArray("word ").repeated(60));
+    const clipboard::ClipboardItem oneLong = text(QByteArray("word ").repeated(60));
+    const clipboard::ClipboardItem manyLines =
+        text(QByteArray("word ").repeated(20) + "\n" + QByteArray("word ").repeated(60));
     const RowPreferences noCounts{.showLineCount = false, .showCharCount = false};
     const int one = ClipboardRowView(text("x"), false, noCounts).compactHeight(WIDTH) - 20;
     EXPECT_EQ(ClipboardRowView(oneLong, false, noCounts).compactHeight(WIDTH), 20 + 2 * one);
@@ -184,7 +185,7 @@ TEST_F(ClipboardRowViewTest, SeveralLinesGetRoomForThreeAndOneForTwo) {
 }
 
 TEST_F(ClipboardRowViewTest, APinnedRowShowsItsPinUntilTheButtonsTakeItsPlace) {
-    ClipboardItem item = text("hello");
+    clipboard::ClipboardItem item = text("hello");
     EXPECT_EQ(symbolsPainted(ClipboardRowView(item, false, {}), 0), (QSet<QString>{u"doc.text"_s}));
     EXPECT_EQ(symbolsPainted(ClipboardRowView(item, true, {}), 1),
               (QSet<QString>{u"doc.text"_s, u"pin"_s, u"trash"_s}));
@@ -195,7 +196,7 @@ TEST_F(ClipboardRowViewTest, APinnedRowShowsItsPinUntilTheButtonsTakeItsPlace) {
 }
 
 TEST_F(ClipboardRowViewTest, TheButtonsAreThereOnlyWhileTheRowIsHighlighted) {
-    const ClipboardItem item = text("hello");
+    const clipboard::ClipboardItem item = text("hello");
     const QRect row(8, 100, WIDTH, 35);
     for (const RowAction action : {RowAction::Pin, RowAction::Delete}) {
         const QRect area = ClipboardRowView(item, true, {}).actionArea(row, action);
@@ -207,4 +208,4 @@ TEST_F(ClipboardRowViewTest, TheButtonsAreThereOnlyWhileTheRowIsHighlighted) {
     EXPECT_EQ(ClipboardRowView(item, true, {}).actionAt(row, row.topLeft()), std::nullopt);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -17,7 +17,7 @@ const QUrl URL(u"https://example.org/a"_s);
 
 std::optional<QUrl> urlIn(const QByteArray& text) {
     FakeLinkDetector detector;
-    return detectedUrl(ClipboardContent::text(text), detector);
+    return detectedUrl(clipboard::ClipboardContent::text(text), detector);
 }
 
 } // namespace
@@ -59,25 +59,25 @@ TEST(DetectedUrl, A500CharacterTextWithALinkInItsMiddleHasNone) {
 TEST(DetectedUrl, AMatchWithoutAddressIsNone) {
     FakeLinkDetector detector;
     detector.withoutAddress = true;
-    EXPECT_EQ(detectedUrl(ClipboardContent::text(LINK), detector), std::nullopt);
+    EXPECT_EQ(detectedUrl(clipboard::ClipboardContent::text(LINK), detector), std::nullopt);
 }
 
 TEST(DetectedUrl, AnImageHasNone) {
     FakeLinkDetector detector;
-    EXPECT_EQ(detectedUrl(ClipboardContent::image(LINK), detector), std::nullopt);
+    EXPECT_EQ(detectedUrl(clipboard::ClipboardContent::image(LINK), detector), std::nullopt);
     EXPECT_EQ(detector.questions, 0);
 }
 
 TEST(DetectedUrl, OnlyTheBeginningOfAGiantTextIsSearched) {
     FakeLinkDetector detector;
-    EXPECT_EQ(detectedUrl(ClipboardContent::text(QByteArray(10'000'000, 'x')), detector), std::nullopt);
+    EXPECT_EQ(detectedUrl(clipboard::ClipboardContent::text(QByteArray(10'000'000, 'x')), detector), std::nullopt);
     EXPECT_LT(detector.longestQuestion, 10'000);
 }
 
 TEST(DetectedLinks, EachEntryIsSearchedOnceUntilItIsForgotten) {
     FakeLinkDetector detector;
     DetectedLinks links(&detector);
-    const ClipboardItem item(ClipboardContent::text(LINK), 0);
+    const clipboard::ClipboardItem item(clipboard::ClipboardContent::text(LINK), 0);
     EXPECT_EQ(links.in(item), URL);
     EXPECT_EQ(links.in(item), URL);
     EXPECT_EQ(detector.questions, 1);
@@ -91,7 +91,7 @@ TEST(DetectedLinks, EachEntryIsSearchedOnceUntilItIsForgotten) {
 
 TEST(DetectedLinks, WithoutADetectorThereAreNone) {
     DetectedLinks links(nullptr);
-    EXPECT_EQ(links.in(ClipboardItem(ClipboardContent::text(LINK), 0)), std::nullopt);
+    EXPECT_EQ(links.in(clipboard::ClipboardItem(clipboard::ClipboardContent::text(LINK), 0)), std::nullopt);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

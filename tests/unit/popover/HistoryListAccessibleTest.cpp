@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "preferences/PreferenceKeys.h"
+
 #include "tests/fakes/FakeSymbols.h"
 #include "tests/unit/popover/PopoverStage.h"
 
@@ -8,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
@@ -54,7 +55,7 @@ TEST_F(HistoryListAccessibleTest, TheHistoryIsAListOfItemsNamedByTheirPreviews) 
 }
 
 TEST_F(HistoryListAccessibleTest, AHiddenTextIsNamedByItsMask) {
-    write(stage.defaults, keys::hideSensitive, true);
+    write(stage.defaults, preferences::hideSensitive, true);
     stage.copyText("password = hunter2-Correct!Horse9");
     open();
     EXPECT_EQ(name(list()->child(0)), u"●●●●●●●●●●●●"_s);
@@ -138,7 +139,7 @@ TEST_F(HistoryListAccessibleTest, ALinkIsOpenedByName) {
 
 TEST_F(HistoryListAccessibleTest, WhatTheEyeSeesBesideThePreviewIsDescribed) {
     const auto described = [&](int row) { return list()->child(row)->text(QAccessible::Description); };
-    write(stage.defaults, keys::hideSensitive, true);
+    write(stage.defaults, preferences::hideSensitive, true);
     stage.copyText("one\ntwo");
     stage.manager->togglePin(stage.manager->items()[0]);
     stage.copyText("https://example.org");
@@ -173,4 +174,4 @@ TEST_F(HistoryListAccessibleTest, ItemsLieWhereTheirRowsAreAndTellWhenTheyAreScr
     EXPECT_TRUE(list()->child(19)->state().offscreen);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -3,12 +3,13 @@
 #include "popover/LargeTexts.h"
 
 #include "preferences/PreferenceKeys.h"
+
 #include "tests/unit/popover/ClipboardListViewFixture.h"
 
 #include <QAccessible>
 #include <QSignalSpy>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -18,14 +19,14 @@ const QByteArray LARGE = QByteArray("password is what this line is about\n").rep
 
 TEST(LargeTexts, AShortTextAndAnImageNeedNoMeasuring) {
     LargeTexts texts;
-    EXPECT_TRUE(texts.isMeasured(ClipboardItem(ClipboardContent::text("short"), 0)));
-    EXPECT_TRUE(texts.isMeasured(ClipboardItem(ClipboardContent::image(LARGE), 0)));
+    EXPECT_TRUE(texts.isMeasured(clipboard::ClipboardItem(clipboard::ClipboardContent::text("short"), 0)));
+    EXPECT_TRUE(texts.isMeasured(clipboard::ClipboardItem(clipboard::ClipboardContent::image(LARGE), 0)));
 }
 
 TEST(LargeTexts, ALargeTextIsMeasuredOnceOnAnotherThread) {
     LargeTexts texts;
     QSignalSpy measured(&texts, &LargeTexts::measured);
-    const ClipboardItem item(ClipboardContent::text(LARGE), 0);
+    const clipboard::ClipboardItem item(clipboard::ClipboardContent::text(LARGE), 0);
     EXPECT_FALSE(texts.isMeasured(item));
     EXPECT_FALSE(texts.isMeasured(item));
     EXPECT_TRUE(QTest::qWaitFor([&] { return texts.isMeasured(item); }, 20'000));
@@ -35,8 +36,8 @@ TEST(LargeTexts, ALargeTextIsMeasuredOnceOnAnotherThread) {
 
 TEST(LargeTexts, OneThatIsForgottenMeanwhileIsNotTold) {
     LargeTexts texts;
-    const ClipboardItem gone(ClipboardContent::text(LARGE), 0);
-    const ClipboardItem kept(ClipboardContent::text(LARGE + "x"), 0);
+    const clipboard::ClipboardItem gone(clipboard::ClipboardContent::text(LARGE), 0);
+    const clipboard::ClipboardItem kept(clipboard::ClipboardContent::text(LARGE + "x"), 0);
     EXPECT_FALSE(texts.isMeasured(gone));
     EXPECT_FALSE(texts.isMeasured(kept));
     QSignalSpy measured(&texts, &LargeTexts::measured);
@@ -57,7 +58,7 @@ TEST_F(LargeTextInTheListTest, ItsCountsComeWhenTheyAreKnown) {
 }
 
 TEST_F(LargeTextInTheListTest, NothingOfItIsShownUntilItIsKnownWhetherItIsSensitive) {
-    write(stage.defaults, keys::hideSensitive, true);
+    write(stage.defaults, preferences::hideSensitive, true);
     stage.copyText(LARGE);
     stage.copyText("short");
     open();
@@ -66,4 +67,4 @@ TEST_F(LargeTextInTheListTest, NothingOfItIsShownUntilItIsKnownWhetherItIsSensit
     EXPECT_EQ(stage.list().preview(1), u"●●●●●●●●●●●●"_s);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

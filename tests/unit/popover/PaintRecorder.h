@@ -12,7 +12,7 @@
 #include <QPainterPath>
 #include <QWidget>
 
-namespace zamber {
+namespace zamber::popover {
 
 /// Something that was really painted: where (points, in the rendered widget), how large its letters or symbol are, how
 /// bold, and in which colour.
@@ -146,4 +146,4 @@ private:
     QList<Painted> m_painted;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -1,16 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "preferences/PreferenceKeys.h"
+
 #include "tests/unit/popover/PopoverGeometryFixture.h"
 
-namespace zamber {
+namespace zamber::popover {
 
 /// Sizes with the most that may stand in them.
 class PopoverClippingTest : public PopoverGeometryTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(PopoverClippingTest, NoTextReachesBeyondItsPlace) {
-    stage.defaults.setString(keys::popoverSize.name, QString::fromLatin1(GetParam()));
-    stage.defaults.setInteger(keys::maxItems.name, 100000);
+    stage.defaults.setString(preferences::popoverSize.name, QString::fromLatin1(GetParam()));
+    stage.defaults.setInteger(preferences::maxItems.name, 100000);
     stage.copyText("https://a-rather-long-name-of-a-host.in-some-department.example.org/with/a/path");
     stage.manager->togglePin(stage.manager->items()[0]);
     stage.copyText(QByteArray("many\n").repeated(100000));
@@ -53,7 +54,7 @@ INSTANTIATE_TEST_SUITE_P(Sizes, PopoverClippingTest, testing::Values("compact", 
                          [](const auto& size) { return std::string(size.param); });
 
 TEST(PopoverSymbols, EveryOneIsDrawnAndLooksDifferentFromEveryOther) {
-    const BootstrapSymbols symbols;
+    const freedesktop::BootstrapSymbols symbols;
     QHash<QString, QImage> seen;
     for (const QString& name :
          {u"clipboard.fill"_s, u"gearshape.fill"_s, u"arrow.down.circle.fill"_s, u"xmark"_s, u"magnifyingglass"_s,
@@ -80,7 +81,7 @@ TEST(PopoverSymbols, EveryOneIsDrawnAndLooksDifferentFromEveryOther) {
 }
 
 TEST(PopoverSymbols, AHeavierWeightHasMoreInkAndALightOneLess) {
-    const BootstrapSymbols symbols;
+    const freedesktop::BootstrapSymbols symbols;
     const auto ink = [&](QFont::Weight weight) {
         const QImage image = symbols.pixmap(u"clipboard"_s, {32, weight, Qt::black, 2}).toImage();
         qint64 sum = 0;
@@ -97,4 +98,4 @@ TEST(PopoverSymbols, AHeavierWeightHasMoreInkAndALightOneLess) {
     EXPECT_LT(ink(QFont::DemiBold), ink(QFont::Bold));
 }
 
-} // namespace zamber
+} // namespace zamber::popover

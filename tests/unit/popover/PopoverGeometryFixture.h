@@ -13,11 +13,11 @@
 
 #include <cmath>
 
-namespace zamber {
+namespace zamber::popover {
 
 using namespace Qt::StringLiterals;
 
-using Level = QColor Palette::*;
+using Level = QColor ui::Palette::*;
 using Kind = Painted::Kind;
 
 inline constexpr double ANY = -1;
@@ -72,7 +72,7 @@ protected:
         near(found->place.height(), expected.height, "height");
         EXPECT_EQ(found->points, expected.points);
         EXPECT_EQ(found->weight, expected.weight);
-        EXPECT_EQ(found->color.rgba(), faded(palette.*expected.level, expected.opacity).rgba());
+        EXPECT_EQ(found->color.rgba(), ui::faded(palette.*expected.level, expected.opacity).rgba());
     }
 
     /// A filled shape of the colour with that rectangle.
@@ -100,11 +100,11 @@ protected:
     /// Where something of that height begins that stands in the middle of the row.
     double middle(int row, double height) { return rowPlace(row).center().y() - height / 2; }
 
-    const BootstrapSymbols realSymbols;
+    const freedesktop::BootstrapSymbols realSymbols;
     const TaggedSymbols symbols{realSymbols};
     PopoverStage stage{symbols};
-    Palette palette = Palette::light(stage.appearance.accentColor());
+    ui::Palette palette = ui::Palette::light(stage.appearance.accentColor());
     QList<Painted> painted;
 };
 
-} // namespace zamber
+} // namespace zamber::popover

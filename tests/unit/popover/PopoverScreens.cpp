@@ -3,9 +3,10 @@
 
 // Draws the popover in its states into the folder that is given, for people to look at. The scale is Qt's own
 // (QT_SCALE_FACTOR).
+#include "preferences/PreferenceKeys.h"
+
 #include "platform/freedesktop/BootstrapSymbols.h"
 #include "platform/freedesktop/popover/PopoverFrame.h"
-#include "preferences/PreferenceKeys.h"
 #include "tests/unit/popover/PopoverStage.h"
 
 #include <QAbstractButton>
@@ -106,10 +107,11 @@ public:
     using Preparation = std::function<void(PopoverStage&)>;
 
     void shoot(PopoverStage& stage, const QString& name, const Preparation& prepare = {}) {
-        PopoverFrame frame;
+        freedesktop::popover::PopoverFrame frame;
         frame.setContent(stage.view.get());
-        frame.setShape(FrameShape::RoundedWithShadow);
-        frame.setLook(stage.appearance.isDark() ? FrameLook::Dark : FrameLook::Light);
+        frame.setShape(freedesktop::popover::FrameShape::RoundedWithShadow);
+        frame.setLook(stage.appearance.isDark() ? freedesktop::popover::FrameLook::Dark
+                                                : freedesktop::popover::FrameLook::Light);
         frame.setContentGeometry(QRect(QPoint(60, 60), stage.view->size()));
         frame.show();
         if (prepare) {
@@ -177,17 +179,17 @@ void shootHistory(PopoverStage& stage, Camera& camera) {
                  [](PopoverStage& shown) { shown.view->setUpdateNotice(UpdateNotice{u"1.1.0"_s, [] {}, [] {}}); });
     stage.view->setUpdateNotice(std::nullopt);
     camera.shoot(stage, u"masked"_s, [](PopoverStage& shown) {
-        shown.defaults.setBoolean(keys::hideSensitive.name, true);
+        shown.defaults.setBoolean(preferences::hideSensitive.name, true);
         press(shown, HardwareKey::DownArrow, 5);
     });
     for (const QString& size : {u"compact"_s, u"large"_s}) {
-        stage.defaults.setString(keys::popoverSize.name, size);
+        stage.defaults.setString(preferences::popoverSize.name, size);
         camera.shoot(stage, size);
     }
 }
 
 int shootAll(const QString& folder, bool isDark) {
-    const BootstrapSymbols symbols;
+    const freedesktop::BootstrapSymbols symbols;
     Camera camera(folder, (isDark ? u"-dark"_s : u"-light"_s) + u"@%1x"_s.arg(qApp->devicePixelRatio()));
     const auto shoot = [&](const std::function<void(PopoverStage&)>& fillWith, const auto& shootStage) {
         PopoverStage stage(symbols);

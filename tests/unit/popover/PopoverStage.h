@@ -18,7 +18,7 @@
 #include <chrono>
 #include <memory>
 
-namespace zamber {
+namespace zamber::popover {
 
 /// A history and everything around it, filled by copying as another program would.
 class PopoverStage {
@@ -26,8 +26,8 @@ public:
     explicit PopoverStage(const Symbols& symbolSet)
         : symbols(symbolSet) {
         UserDefaults::setStandard(&defaults);
-        manager = ClipboardManager::create(pasteboard, defaults, scheduler,
-                                           (folder.path() + QStringLiteral("/history.json")).toStdString());
+        manager = clipboard::ClipboardManager::create(pasteboard, defaults, scheduler,
+                                                      (folder.path() + QStringLiteral("/history.json")).toStdString());
         manager->onPaste = [this] { ++pastes; };
         manager->startMonitoring();
     }
@@ -79,7 +79,7 @@ public:
     FakeAppearance appearance;
     FakeKeyMonitor keyMonitor;
     FakeLinkDetector linkDetector;
-    std::shared_ptr<ClipboardManager> manager;
+    std::shared_ptr<clipboard::ClipboardManager> manager;
     std::unique_ptr<ClipboardListView> view;
     int pastes = 0;
     int settingsOpened = 0;
@@ -90,4 +90,4 @@ private:
     void letMonitorLook() { scheduler.advance(std::chrono::milliseconds(500)); }
 };
 
-} // namespace zamber
+} // namespace zamber::popover

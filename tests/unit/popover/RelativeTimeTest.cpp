@@ -7,7 +7,7 @@
 #include <limits>
 #include <utility>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -62,4 +62,4 @@ TEST(RelativeTimeDeathTest, WhatNoIntegerHoldsEndsTheProgram) {
                  "Double value cannot be converted to Int because the result would be greater than Int.max");
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -45,4 +45,4 @@ TEST(RowSections, EveryRowIsFoundAgain) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::popover

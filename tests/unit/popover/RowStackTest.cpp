@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -56,4 +56,4 @@ TEST(RowStack, AnEmptyStackIsItsPadding) {
     EXPECT_EQ(stack.totalHeight(), 8);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

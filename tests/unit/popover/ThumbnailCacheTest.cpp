@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::popover {
 
 namespace {
 
@@ -48,13 +48,13 @@ QByteArray decodingBomb() {
     return bytes;
 }
 
-ClipboardItem imageItem(const QByteArray& bytes) {
-    return ClipboardItem(ClipboardContent::image(bytes), 0);
+clipboard::ClipboardItem imageItem(const QByteArray& bytes) {
+    return clipboard::ClipboardItem(clipboard::ClipboardContent::image(bytes), 0);
 }
 
 class ThumbnailCacheTest : public testing::Test {
 public:
-    ThumbnailState stateInTheEnd(const ClipboardItem& item) {
+    ThumbnailState stateInTheEnd(const clipboard::ClipboardItem& item) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return cache.thumbnail(item, 1).state != ThumbnailState::Pending; }, 10'000));
         return cache.thumbnail(item, 1).state;
     }
@@ -65,18 +65,18 @@ public:
 } // namespace
 
 TEST_F(ThumbnailCacheTest, APictureIsLoadedAfterItWasAskedFor) {
-    const ClipboardItem item = imageItem(png({400, 300}));
+    const clipboard::ClipboardItem item = imageItem(png({400, 300}));
     EXPECT_EQ(cache.thumbnail(item, 1).state, ThumbnailState::Pending);
     EXPECT_EQ(stateInTheEnd(item), ThumbnailState::Ready);
     EXPECT_LE(cache.thumbnail(item, 1).image.width(), 400) << "scaled while it is decoded";
 }
 
 TEST_F(ThumbnailCacheTest, ABrokenPictureOrADecodingBombCostsItsOwnRowOnly) {
-    const ClipboardItem bomb = imageItem(decodingBomb());
-    const ClipboardItem broken = imageItem(png({40, 30}).left(60));
-    const ClipboardItem noPicture = imageItem(QByteArrayLiteral("no picture at all"));
-    const ClipboardItem good = imageItem(png({40, 30}));
-    for (const ClipboardItem& item : {bomb, broken, noPicture, good}) {
+    const clipboard::ClipboardItem bomb = imageItem(decodingBomb());
+    const clipboard::ClipboardItem broken = imageItem(png({40, 30}).left(60));
+    const clipboard::ClipboardItem noPicture = imageItem(QByteArrayLiteral("no picture at all"));
+    const clipboard::ClipboardItem good = imageItem(png({40, 30}));
+    for (const clipboard::ClipboardItem& item : {bomb, broken, noPicture, good}) {
         cache.thumbnail(item, 1);
     }
     EXPECT_EQ(stateInTheEnd(good), ThumbnailState::Ready);
@@ -85,4 +85,4 @@ TEST_F(ThumbnailCacheTest, ABrokenPictureOrADecodingBombCostsItsOwnRowOnly) {
     EXPECT_NE(stateInTheEnd(broken), ThumbnailState::Pending);
 }
 
-} // namespace zamber
+} // namespace zamber::popover

@@ -11,7 +11,7 @@
 /// With "--write FILE KEY VALUE" it is the other process that the tests ask for.
 int main(int argc, char** argv) {
     if (argc == 5 && std::string_view(argv[1]) == "--write") {
-        zamber::SettingsUserDefaults(QString::fromUtf8(argv[2]))
+        zamber::freedesktop::SettingsUserDefaults(QString::fromUtf8(argv[2]))
             .setString(QString::fromUtf8(argv[3]), QString::fromUtf8(argv[4]));
         return 0;
     }

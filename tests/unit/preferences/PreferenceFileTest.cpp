@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/freedesktop/SettingsUserDefaults.h"
 #include "preferences/PreferenceKeys.h"
+
+#include "platform/freedesktop/SettingsUserDefaults.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -15,7 +16,7 @@
 #include <functional>
 #include <optional>
 
-namespace zamber {
+namespace zamber::preferences {
 
 namespace {
 
@@ -26,7 +27,7 @@ class PreferenceFileTest : public testing::Test {
 protected:
     QTemporaryDir home;
     QString path = home.filePath(QStringLiteral("Zamber/Zamber.conf"));
-    std::optional<SettingsUserDefaults> defaults;
+    std::optional<freedesktop::SettingsUserDefaults> defaults;
     int told = 0;
 
     void put(const QByteArray& bytes) const {
@@ -65,7 +66,7 @@ protected:
         waitUntil([] { return false; }, 300ms);
     }
 
-    QString theme() const { return read(*defaults, keys::appTheme); }
+    QString theme() const { return read(*defaults, appTheme); }
 };
 
 struct Row {
@@ -106,9 +107,9 @@ TEST_F(PreferenceFileTest, ValuesWrittenByHandAreReadAsEachTypeWhateverTheyAre) 
         path = ownHome.filePath(QStringLiteral("Zamber.conf"));
         const QByteArray value = row.written;
         startWith("[General]\nmaxItems=" + value + "\nhideSensitive=" + value + "\npopoverSize=" + value + "\n");
-        EXPECT_EQ(read(*defaults, keys::maxItems), row.maxItems) << row.written;
-        EXPECT_EQ(read(*defaults, keys::hideSensitive), row.hideSensitive) << row.written;
-        EXPECT_EQ(read(*defaults, keys::popoverSize), QString::fromUtf8(row.popoverSize)) << row.written;
+        EXPECT_EQ(read(*defaults, maxItems), row.maxItems) << row.written;
+        EXPECT_EQ(read(*defaults, hideSensitive), row.hideSensitive) << row.written;
+        EXPECT_EQ(read(*defaults, popoverSize), QString::fromUtf8(row.popoverSize)) << row.written;
         defaults.reset();
     }
 }
@@ -119,8 +120,8 @@ TEST_F(PreferenceFileTest, WhatIsNoSingleValueCountsAsAbsent) {
         path = ownHome.filePath(QStringLiteral("Zamber.conf"));
         startWith(QByteArray("[General]\nmaxItems=") + value + "\nshowLineCount=" + value + "\nappTheme=" + value +
                   "\n");
-        EXPECT_EQ(read(*defaults, keys::maxItems), 20) << value;
-        EXPECT_EQ(read(*defaults, keys::showLineCount), true) << value;
+        EXPECT_EQ(read(*defaults, maxItems), 20) << value;
+        EXPECT_EQ(read(*defaults, showLineCount), true) << value;
         EXPECT_EQ(theme(), QStringLiteral("auto")) << value;
         defaults.reset();
     }
@@ -138,9 +139,9 @@ TEST_F(PreferenceFileTest, AFileThatIsNoneReadsAsEmptyAndIsWrittenAnew) {
         path = ownHome.filePath(QStringLiteral("Zamber.conf"));
         startWith(bytes);
         EXPECT_EQ(theme(), QStringLiteral("auto"));
-        EXPECT_EQ(read(*defaults, keys::hideSensitive), false);
-        write(*defaults, keys::maxItems, 50);
-        EXPECT_EQ(read(*defaults, keys::maxItems), 50);
+        EXPECT_EQ(read(*defaults, hideSensitive), false);
+        write(*defaults, maxItems, 50);
+        EXPECT_EQ(read(*defaults, maxItems), 50);
         defaults.reset();
     }
 }
@@ -149,8 +150,8 @@ TEST_F(PreferenceFileTest, AFolderInItsPlaceDoesNoHarm) {
     QDir().mkpath(path);
     start();
     EXPECT_EQ(theme(), QStringLiteral("auto"));
-    countChangesOf(keys::appTheme);
-    write(*defaults, keys::appTheme, QStringLiteral("dark"));
+    countChangesOf(appTheme);
+    write(*defaults, appTheme, QStringLiteral("dark"));
     EXPECT_EQ(theme(), QStringLiteral("dark")); // as long as the program runs
     EXPECT_EQ(told, 1);
     EXPECT_TRUE(QFileInfo(path).isDir());
@@ -158,7 +159,7 @@ TEST_F(PreferenceFileTest, AFolderInItsPlaceDoesNoHarm) {
 
 TEST_F(PreferenceFileTest, AnEditInPlaceIsToldOnceAlsoWhenTheFileStaysEmptyForAMoment) {
     startWith("[General]\nappTheme=light\n");
-    countChangesOf(keys::appTheme);
+    countChangesOf(appTheme);
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly)); // empties it
     waitUntil([] { return false; }, 40ms);
@@ -173,7 +174,7 @@ TEST_F(PreferenceFileTest, AnEditInPlaceIsToldOnceAlsoWhenTheFileStaysEmptyForAM
 
 TEST_F(PreferenceFileTest, AnEditThatTakesTheFileAwayFirstIsToldOnce) {
     startWith("[General]\nappTheme=light\n");
-    countChangesOf(keys::appTheme);
+    countChangesOf(appTheme);
     ASSERT_TRUE(QFile::rename(path, path + u'~'));
     waitUntil([] { return false; }, 40ms);
     put("[General]\nappTheme=dark\n");
@@ -185,7 +186,7 @@ TEST_F(PreferenceFileTest, AnEditThatTakesTheFileAwayFirstIsToldOnce) {
 
 TEST_F(PreferenceFileTest, AFileThatStaysEmptyHasNoKeysAndThatIsToldOnce) {
     startWith("[General]\nappTheme=light\n");
-    countChangesOf(keys::appTheme);
+    countChangesOf(appTheme);
     put("");
     EXPECT_TRUE(waitUntil([&] { return told > 0; }));
     settle();
@@ -195,39 +196,39 @@ TEST_F(PreferenceFileTest, AFileThatStaysEmptyHasNoKeysAndThatIsToldOnce) {
 
 TEST_F(PreferenceFileTest, AnEditThatChangesNoValueIsNotTold) {
     startWith("[General]\nappTheme=light\n");
-    countChangesOf(keys::appTheme);
+    countChangesOf(appTheme);
     put("[General]\nappTheme=\"light\"\nmaxItems=7\n");
-    EXPECT_TRUE(waitUntil([&] { return read(*defaults, keys::maxItems) == 7; }));
+    EXPECT_TRUE(waitUntil([&] { return read(*defaults, maxItems) == 7; }));
     settle();
     EXPECT_EQ(told, 0);
 }
 
 TEST_F(PreferenceFileTest, AnotherProcessIsHeardOfOnceAlsoWhenItWritesTheVeryFirstKey) {
     start();
-    countChangesOf(keys::appTheme);
+    countChangesOf(appTheme);
     for (const auto* theme : {"dark", "light", "auto"}) {
         const int before = told;
-        writeElsewhere(keys::appTheme, QString::fromUtf8(theme));
+        writeElsewhere(appTheme, QString::fromUtf8(theme));
         EXPECT_TRUE(waitUntil([&] { return told > before; }));
         settle();
         EXPECT_EQ(told, before + 1);
         EXPECT_EQ(this->theme(), QString::fromUtf8(theme));
     }
-    writeElsewhere(keys::appTheme, QStringLiteral("auto")); // what it was
+    writeElsewhere(appTheme, QStringLiteral("auto")); // what it was
     settle();
     EXPECT_EQ(told, 3);
 }
 
 TEST_F(PreferenceFileTest, TwoProcessesKeepEachOthersKeys) {
     start();
-    countChangesOf(keys::appTheme);
-    write(*defaults, keys::appTheme, QStringLiteral("dark"));
-    writeElsewhere(keys::popoverSize, QStringLiteral("large")); // of which we have not heard yet when we write next
-    write(*defaults, keys::maxItems, 50);
-    writeElsewhere(keys::skippedVersion, QStringLiteral("2.0"));
-    EXPECT_TRUE(waitUntil([&] { return read(*defaults, keys::skippedVersion) == u"2.0"; }));
-    EXPECT_EQ(read(*defaults, keys::popoverSize), QStringLiteral("large"));
-    EXPECT_EQ(read(*defaults, keys::maxItems), 50);
+    countChangesOf(appTheme);
+    write(*defaults, appTheme, QStringLiteral("dark"));
+    writeElsewhere(popoverSize, QStringLiteral("large")); // of which we have not heard yet when we write next
+    write(*defaults, maxItems, 50);
+    writeElsewhere(skippedVersion, QStringLiteral("2.0"));
+    EXPECT_TRUE(waitUntil([&] { return read(*defaults, skippedVersion) == u"2.0"; }));
+    EXPECT_EQ(read(*defaults, popoverSize), QStringLiteral("large"));
+    EXPECT_EQ(read(*defaults, maxItems), 50);
     EXPECT_EQ(theme(), QStringLiteral("dark"));
     EXPECT_EQ(told, 1);
     QFile file(path);
@@ -238,10 +239,10 @@ TEST_F(PreferenceFileTest, TwoProcessesKeepEachOthersKeys) {
 TEST_F(PreferenceFileTest, AKeyIsAbsentUntilWrittenAndReadingLeavesTheFileAsItIs) {
     const QByteArray before = "; by hand\n[General]\nappTheme=dark\n";
     startWith(before);
-    EXPECT_EQ(defaults->string(keys::popoverSize.name), std::nullopt);
-    EXPECT_EQ(defaults->integer(keys::maxItems.name), std::nullopt);
-    EXPECT_EQ(defaults->boolean(keys::hideSensitive.name), std::nullopt);
-    read(*defaults, keys::maxItems);
+    EXPECT_EQ(defaults->string(popoverSize.name), std::nullopt);
+    EXPECT_EQ(defaults->integer(maxItems.name), std::nullopt);
+    EXPECT_EQ(defaults->boolean(hideSensitive.name), std::nullopt);
+    read(*defaults, maxItems);
     settle();
     defaults.reset();
     QFile file(path);
@@ -251,4 +252,4 @@ TEST_F(PreferenceFileTest, AKeyIsAbsentUntilWrittenAndReadingLeavesTheFileAsItIs
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::preferences

@@ -6,40 +6,40 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::preferences {
 
 namespace {
 
 TEST(PreferenceKeys, NothingWrittenReadsAsTheFallbacks) {
     const FakeUserDefaults defaults;
-    EXPECT_EQ(read(defaults, keys::appTheme), QStringLiteral("auto"));
-    EXPECT_EQ(read(defaults, keys::popoverSize), QStringLiteral("normal"));
-    EXPECT_EQ(read(defaults, keys::playSoundOnPaste), false);
-    EXPECT_EQ(read(defaults, keys::maxItems), 20);
-    EXPECT_EQ(read(defaults, keys::showLineCount), true);
-    EXPECT_EQ(read(defaults, keys::showCharCount), true);
-    EXPECT_EQ(read(defaults, keys::previewURLs), true);
-    EXPECT_EQ(read(defaults, keys::hideSensitive), false);
-    EXPECT_EQ(read(defaults, keys::quickPasteEnabled), false);
-    EXPECT_EQ(read(defaults, keys::mainShortcut), QStringLiteral("⌘⇧V"));
-    EXPECT_EQ(read(defaults, keys::paste2nd), QStringLiteral("⌘⇧2"));
-    EXPECT_EQ(read(defaults, keys::paste3rd), QStringLiteral("⌘⇧3"));
-    EXPECT_EQ(read(defaults, keys::skippedVersion), QString());
+    EXPECT_EQ(read(defaults, appTheme), QStringLiteral("auto"));
+    EXPECT_EQ(read(defaults, popoverSize), QStringLiteral("normal"));
+    EXPECT_EQ(read(defaults, playSoundOnPaste), false);
+    EXPECT_EQ(read(defaults, maxItems), 20);
+    EXPECT_EQ(read(defaults, showLineCount), true);
+    EXPECT_EQ(read(defaults, showCharCount), true);
+    EXPECT_EQ(read(defaults, previewURLs), true);
+    EXPECT_EQ(read(defaults, hideSensitive), false);
+    EXPECT_EQ(read(defaults, quickPasteEnabled), false);
+    EXPECT_EQ(read(defaults, mainShortcut), QStringLiteral("⌘⇧V"));
+    EXPECT_EQ(read(defaults, paste2nd), QStringLiteral("⌘⇧2"));
+    EXPECT_EQ(read(defaults, paste3rd), QStringLiteral("⌘⇧3"));
+    EXPECT_EQ(read(defaults, skippedVersion), QString());
     EXPECT_TRUE(defaults.values.isEmpty());
 }
 
 TEST(PreferenceKeys, EachIsStoredUnderItsName) {
     FakeUserDefaults defaults;
-    write(defaults, keys::appTheme, QStringLiteral("a"));
-    write(defaults, keys::popoverSize, QStringLiteral("b"));
-    write(defaults, keys::playSoundOnPaste, true);
-    write(defaults, keys::maxItems, 7);
-    write(defaults, keys::showLineCount, false);
-    write(defaults, keys::showCharCount, false);
-    write(defaults, keys::previewURLs, false);
-    write(defaults, keys::hideSensitive, true);
-    write(defaults, keys::quickPasteEnabled, true);
-    write(defaults, keys::skippedVersion, QStringLiteral("1.2"));
+    write(defaults, appTheme, QStringLiteral("a"));
+    write(defaults, popoverSize, QStringLiteral("b"));
+    write(defaults, playSoundOnPaste, true);
+    write(defaults, maxItems, 7);
+    write(defaults, showLineCount, false);
+    write(defaults, showCharCount, false);
+    write(defaults, previewURLs, false);
+    write(defaults, hideSensitive, true);
+    write(defaults, quickPasteEnabled, true);
+    write(defaults, skippedVersion, QStringLiteral("1.2"));
     const QHash<QString, FakeUserDefaults::Value> expected = {
         {QStringLiteral("appTheme"), QStringLiteral("a")},
         {QStringLiteral("popoverSize"), QStringLiteral("b")},
@@ -53,21 +53,21 @@ TEST(PreferenceKeys, EachIsStoredUnderItsName) {
         {QStringLiteral("skippedVersion"), QStringLiteral("1.2")},
     };
     EXPECT_TRUE(defaults.values == expected);
-    EXPECT_EQ(keys::mainShortcut.name, QStringLiteral("mainShortcut"));
-    EXPECT_EQ(keys::paste2nd.name, QStringLiteral("paste2nd"));
-    EXPECT_EQ(keys::paste3rd.name, QStringLiteral("paste3rd"));
+    EXPECT_EQ(mainShortcut.name, QStringLiteral("mainShortcut"));
+    EXPECT_EQ(paste2nd.name, QStringLiteral("paste2nd"));
+    EXPECT_EQ(paste3rd.name, QStringLiteral("paste3rd"));
 }
 
 TEST(PreferenceKeys, WhatIsWrittenIsReadWhateverItIs) {
     FakeUserDefaults defaults;
-    write(defaults, keys::popoverSize, QStringLiteral("gigantic"));
-    EXPECT_EQ(read(defaults, keys::popoverSize), QStringLiteral("gigantic"));
-    write(defaults, keys::maxItems, 0);
-    EXPECT_EQ(read(defaults, keys::maxItems), 0);
-    write(defaults, keys::showLineCount, false);
-    EXPECT_EQ(read(defaults, keys::showLineCount), false);
+    write(defaults, popoverSize, QStringLiteral("gigantic"));
+    EXPECT_EQ(read(defaults, popoverSize), QStringLiteral("gigantic"));
+    write(defaults, maxItems, 0);
+    EXPECT_EQ(read(defaults, maxItems), 0);
+    write(defaults, showLineCount, false);
+    EXPECT_EQ(read(defaults, showLineCount), false);
 }
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::preferences

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <optional>
 
-namespace zamber {
+namespace zamber::settings {
 
 /// An answer that is there at once, or never comes.
 class CannedReply final : public QNetworkReply {
@@ -66,4 +66,4 @@ private:
     int& m_requests;
 };
 
-} // namespace zamber
+} // namespace zamber::settings

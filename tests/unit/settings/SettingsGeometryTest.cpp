@@ -15,7 +15,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::settings {
 
 using namespace Qt::StringLiterals;
 
@@ -27,33 +27,33 @@ struct TextRow {
     QString text;
     int points;
     QFont::Weight weight;
-    QColor Palette::* level;
+    QColor ui::Palette::* level;
 };
 
 const QList<TextRow> TEXTS{
-    {SettingsTab::General, u"General"_s, 20, QFont::Bold, &Palette::primary},
-    {SettingsTab::General, u"Startup"_s, 12, QFont::Medium, &Palette::secondary},
-    {SettingsTab::General, u"Appearance"_s, 12, QFont::Medium, &Palette::secondary},
-    {SettingsTab::General, u"Theme"_s, 13, QFont::Normal, &Palette::primary},
-    {SettingsTab::General, u"Popover size"_s, 13, QFont::Normal, &Palette::primary},
-    {SettingsTab::General, u"Feedback"_s, 12, QFont::Medium, &Palette::secondary},
-    {SettingsTab::General, u"v2.3.4 (56)"_s, 13, QFont::Normal, &Palette::secondary},
-    {SettingsTab::General, u"Up to date"_s, 13, QFont::Normal, &Palette::green},
-    {SettingsTab::General, u"Permissions"_s, 12, QFont::Medium, &Palette::secondary},
-    {SettingsTab::General, u"Granted"_s, 13, QFont::Medium, &Palette::green},
-    {SettingsTab::Clipboard, u"Clipboard"_s, 20, QFont::Bold, &Palette::primary},
-    {SettingsTab::Clipboard, u"History"_s, 12, QFont::Medium, &Palette::secondary},
-    {SettingsTab::Clipboard, u"Display"_s, 12, QFont::Medium, &Palette::secondary},
-    {SettingsTab::Clipboard, u"Security"_s, 12, QFont::Medium, &Palette::secondary},
-    {SettingsTab::Clipboard, u"Show page titles for copied links"_s, 11, QFont::Normal, &Palette::tertiary},
-    {SettingsTab::Shortcuts, u"Shortcuts"_s, 20, QFont::Bold, &Palette::primary},
-    {SettingsTab::Shortcuts, u"Open Zamber"_s, 13, QFont::Normal, &Palette::primary},
-    {SettingsTab::Shortcuts, u"Press Esc to close the popover"_s, 12, QFont::Normal, &Palette::secondary},
-    {SettingsTab::About, u"Zamber"_s, 24, QFont::Bold, &Palette::primary},
-    {SettingsTab::About, u"Version 2.3.4"_s, 13, QFont::Normal, &Palette::secondary},
-    {SettingsTab::About, u"A minimal clipboard manager for macOS"_s, 13, QFont::Normal, &Palette::tertiary},
-    {SettingsTab::About, u"Made with care by the Zamber project"_s, 12, QFont::Normal, &Palette::tertiary},
-    {SettingsTab::About, u"Free software under the MIT licence"_s, 11, QFont::Normal, &Palette::quaternary},
+    {SettingsTab::General, u"General"_s, 20, QFont::Bold, &ui::Palette::primary},
+    {SettingsTab::General, u"Startup"_s, 12, QFont::Medium, &ui::Palette::secondary},
+    {SettingsTab::General, u"Appearance"_s, 12, QFont::Medium, &ui::Palette::secondary},
+    {SettingsTab::General, u"Theme"_s, 13, QFont::Normal, &ui::Palette::primary},
+    {SettingsTab::General, u"Popover size"_s, 13, QFont::Normal, &ui::Palette::primary},
+    {SettingsTab::General, u"Feedback"_s, 12, QFont::Medium, &ui::Palette::secondary},
+    {SettingsTab::General, u"v2.3.4 (56)"_s, 13, QFont::Normal, &ui::Palette::secondary},
+    {SettingsTab::General, u"Up to date"_s, 13, QFont::Normal, &ui::Palette::green},
+    {SettingsTab::General, u"Permissions"_s, 12, QFont::Medium, &ui::Palette::secondary},
+    {SettingsTab::General, u"Granted"_s, 13, QFont::Medium, &ui::Palette::green},
+    {SettingsTab::Clipboard, u"Clipboard"_s, 20, QFont::Bold, &ui::Palette::primary},
+    {SettingsTab::Clipboard, u"History"_s, 12, QFont::Medium, &ui::Palette::secondary},
+    {SettingsTab::Clipboard, u"Display"_s, 12, QFont::Medium, &ui::Palette::secondary},
+    {SettingsTab::Clipboard, u"Security"_s, 12, QFont::Medium, &ui::Palette::secondary},
+    {SettingsTab::Clipboard, u"Show page titles for copied links"_s, 11, QFont::Normal, &ui::Palette::tertiary},
+    {SettingsTab::Shortcuts, u"Shortcuts"_s, 20, QFont::Bold, &ui::Palette::primary},
+    {SettingsTab::Shortcuts, u"Open Zamber"_s, 13, QFont::Normal, &ui::Palette::primary},
+    {SettingsTab::Shortcuts, u"Press Esc to close the popover"_s, 12, QFont::Normal, &ui::Palette::secondary},
+    {SettingsTab::About, u"Zamber"_s, 24, QFont::Bold, &ui::Palette::primary},
+    {SettingsTab::About, u"Version 2.3.4"_s, 13, QFont::Normal, &ui::Palette::secondary},
+    {SettingsTab::About, u"A minimal clipboard manager for macOS"_s, 13, QFont::Normal, &ui::Palette::tertiary},
+    {SettingsTab::About, u"Made with care by the Zamber project"_s, 12, QFont::Normal, &ui::Palette::tertiary},
+    {SettingsTab::About, u"Free software under the MIT licence"_s, 11, QFont::Normal, &ui::Palette::quaternary},
 };
 
 struct SymbolRow {
@@ -89,8 +89,8 @@ public:
         return {widget->mapTo(stage.view.get(), QPoint()) - stage.view->page()->pos(), widget->size()};
     }
 
-    const TextLabel* label(const QString& text) const {
-        for (const TextLabel* const found : stage.view->page()->findChildren<TextLabel*>()) {
+    const ui::TextLabel* label(const QString& text) const {
+        for (const ui::TextLabel* const found : stage.view->page()->findChildren<ui::TextLabel*>()) {
             if (found->text() == text && found->isVisible()) {
                 return found;
             }
@@ -107,7 +107,7 @@ public:
 TEST_F(SettingsGeometryTest, EveryTextHasItsSizeWeightAndLevel) {
     for (const auto& [tab, text, points, weight, level] : TEXTS) {
         select(tab);
-        const TextLabel* const shown = label(text);
+        const ui::TextLabel* const shown = label(text);
         ASSERT_NE(shown, nullptr) << text.toStdString();
         EXPECT_EQ(shown->font().pixelSize(), points) << text.toStdString();
         EXPECT_EQ(shown->font().weight(), weight) << text.toStdString();
@@ -137,7 +137,7 @@ TEST_F(SettingsGeometryTest, PagesArePaddedBy20AndTheirSectionsStand16Apart) {
     EXPECT_EQ(history.left(), 20 + 4);
     EXPECT_EQ(history.right() + 1, page.width() - 20);
     EXPECT_EQ(history.top() - (title.bottom() + 1), 20) << "the header's padding";
-    const QWidget* const picker = stage.control<SegmentedPicker>(u"Max items"_s);
+    const QWidget* const picker = stage.control<ui::SegmentedPicker>(u"Max items"_s);
     const QRect card = place(picker->parentWidget()->parentWidget());
     EXPECT_EQ(card.left(), 20);
     EXPECT_EQ(card.width(), 410);
@@ -148,27 +148,27 @@ TEST_F(SettingsGeometryTest, PagesArePaddedBy20AndTheirSectionsStand16Apart) {
 
 TEST_F(SettingsGeometryTest, RowsArePaddedBy16And12) {
     select(SettingsTab::Clipboard);
-    const auto* const picker = stage.control<SegmentedPicker>(u"Max items"_s);
+    const auto* const picker = stage.control<ui::SegmentedPicker>(u"Max items"_s);
     const QRect card = place(picker->parentWidget()->parentWidget());
     EXPECT_EQ(place(label(u"Max items"_s)).left(), card.left() + 16);
     EXPECT_EQ(place(picker).right() + 1, card.right() + 1 - 16);
     EXPECT_EQ(place(picker).top(), card.top() + 12);
-    const auto* const lines = stage.control<Switch>(u"Show line count"_s);
-    const auto* const characters = stage.control<Switch>(u"Show character count"_s);
+    const auto* const lines = stage.control<ui::Switch>(u"Show line count"_s);
+    const auto* const characters = stage.control<ui::Switch>(u"Show character count"_s);
     EXPECT_EQ(place(characters).top() - (place(lines).bottom() + 1), 12 + 1 + 12) << "paddings and a divider";
 }
 
 TEST_F(SettingsGeometryTest, PickersHaveTheirWidths) {
     select(SettingsTab::General);
-    EXPECT_EQ(stage.control<SegmentedPicker>(u"Theme"_s)->width(), 200);
-    EXPECT_EQ(stage.control<SegmentedPicker>(u"Popover size"_s)->width(), 220);
+    EXPECT_EQ(stage.control<ui::SegmentedPicker>(u"Theme"_s)->width(), 200);
+    EXPECT_EQ(stage.control<ui::SegmentedPicker>(u"Popover size"_s)->width(), 220);
     select(SettingsTab::Clipboard);
-    EXPECT_EQ(stage.control<SegmentedPicker>(u"Max items"_s)->width(), 200);
+    EXPECT_EQ(stage.control<ui::SegmentedPicker>(u"Max items"_s)->width(), 200);
 }
 
 TEST_F(SettingsGeometryTest, CaptionsStand4UnderTheirSwitches) {
     select(SettingsTab::Clipboard);
-    const QRect above = place(stage.control<Switch>(u"Preview URL titles"_s));
+    const QRect above = place(stage.control<ui::Switch>(u"Preview URL titles"_s));
     const QRect caption = place(label(u"Show page titles for copied links"_s));
     EXPECT_EQ(caption.top() - (above.bottom() + 1), 4);
     EXPECT_EQ(caption.left(), above.left());
@@ -197,8 +197,8 @@ TEST_F(SettingsGeometryTest, SmallButtonsAreSmallAndOnlyTheOnesMeantToBePressedA
     using enum ButtonLook::Prominence;
     for (const auto& [name, prominence] : {std::pair(u"Check"_s, Bordered), std::pair(u"Download"_s, Prominent),
                                            std::pair(u"Grant Access"_s, Prominent)}) {
-        const auto* const button = stage.control<BorderedButton>(name);
-        EXPECT_EQ(button->look().size, ControlSize::Small) << name.toStdString();
+        const auto* const button = stage.control<ui::BorderedButton>(name);
+        EXPECT_EQ(button->look().size, ui::ControlSize::Small) << name.toStdString();
         EXPECT_EQ(button->look().prominence, prominence) << name.toStdString();
     }
 }
@@ -206,7 +206,7 @@ TEST_F(SettingsGeometryTest, SmallButtonsAreSmallAndOnlyTheOnesMeantToBePressedA
 TEST_F(SettingsGeometryTest, NothingIsClipped) {
     for (const SettingsTab tab : ALL_SETTINGS_TABS) {
         select(tab);
-        for (const TextLabel* const text : stage.view->page()->findChildren<TextLabel*>()) {
+        for (const ui::TextLabel* const text : stage.view->page()->findChildren<ui::TextLabel*>()) {
             if (text->isVisible()) {
                 const QFontMetrics needed(text->font());
                 const QRect room = text->contentsRect();
@@ -217,4 +217,4 @@ TEST_F(SettingsGeometryTest, NothingIsClipped) {
     }
 }
 
-} // namespace zamber
+} // namespace zamber::settings

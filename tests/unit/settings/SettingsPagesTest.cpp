@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "SettingsStage.h"
-
 #include "preferences/PreferenceKeys.h"
+
 #include "tests/fakes/FakeSymbols.h"
 #include "ui/BorderedButton.h"
 #include "ui/ProgressIndicator.h"
@@ -16,7 +16,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::settings {
 
 using namespace Qt::StringLiterals;
 
@@ -33,8 +33,8 @@ public:
         QApplication::processEvents();
     }
 
-    Switch& switchNamed(const QString& name) const { return *stage.control<Switch>(name); }
-    SegmentedPicker& picker(const QString& name) const { return *stage.control<SegmentedPicker>(name); }
+    ui::Switch& switchNamed(const QString& name) const { return *stage.control<ui::Switch>(name); }
+    ui::SegmentedPicker& picker(const QString& name) const { return *stage.control<ui::SegmentedPicker>(name); }
 
     void press(const QString& pickerName, const QString& segment) const {
         for (QRadioButton* const button : picker(pickerName).findChildren<QRadioButton*>()) {
@@ -47,7 +47,7 @@ public:
     /// The texts of the page that can be seen, top to bottom.
     QStringList shownTexts() const {
         QStringList texts;
-        for (const TextLabel* const label : stage.view->page()->findChildren<TextLabel*>()) {
+        for (const ui::TextLabel* const label : stage.view->page()->findChildren<ui::TextLabel*>()) {
             if (label->isVisible()) {
                 texts << label->text();
             }
@@ -138,22 +138,22 @@ TEST_F(SettingsPagesTest, WhileACheckIsRunningTheRowShowsOnlyTheProgressIndicato
     stage.answer = AVAILABLE;
     open(SettingsTab::General);
     EXPECT_TRUE(shows(u"Up to date"_s));
-    EXPECT_FALSE(showsControl<ProgressIndicator>(u"Checking for updates"_s));
-    QTest::mouseClick(stage.control<BorderedButton>(u"Check"_s), Qt::LeftButton);
-    EXPECT_TRUE(showsControl<ProgressIndicator>(u"Checking for updates"_s));
+    EXPECT_FALSE(showsControl<ui::ProgressIndicator>(u"Checking for updates"_s));
+    QTest::mouseClick(stage.control<ui::BorderedButton>(u"Check"_s), Qt::LeftButton);
+    EXPECT_TRUE(showsControl<ui::ProgressIndicator>(u"Checking for updates"_s));
     EXPECT_FALSE(shows(u"Up to date"_s));
-    EXPECT_FALSE(showsControl<BorderedButton>(u"Check"_s));
+    EXPECT_FALSE(showsControl<ui::BorderedButton>(u"Check"_s));
     EXPECT_TRUE(QTest::qWaitFor([this] { return !stage.updates->isChecking(); }));
     EXPECT_TRUE(shows(u"v3.0.0 available"_s));
-    EXPECT_TRUE(showsControl<BorderedButton>(u"Download"_s));
-    EXPECT_FALSE(showsControl<BorderedButton>(u"Check"_s));
+    EXPECT_TRUE(showsControl<ui::BorderedButton>(u"Download"_s));
+    EXPECT_FALSE(showsControl<ui::BorderedButton>(u"Check"_s));
 
     // And once more, with an update known from the first.
     stage.answer.reset();
     stage.updates->checkForUpdates();
-    EXPECT_TRUE(showsControl<ProgressIndicator>(u"Checking for updates"_s));
+    EXPECT_TRUE(showsControl<ui::ProgressIndicator>(u"Checking for updates"_s));
     EXPECT_FALSE(shows(u"v3.0.0 available"_s));
-    EXPECT_FALSE(showsControl<BorderedButton>(u"Download"_s));
+    EXPECT_FALSE(showsControl<ui::BorderedButton>(u"Download"_s));
 }
 
 TEST_F(SettingsPagesTest, DownloadOpensTheAddress) {
@@ -161,13 +161,13 @@ TEST_F(SettingsPagesTest, DownloadOpensTheAddress) {
     stage.updates->checkForUpdates();
     EXPECT_TRUE(QTest::qWaitFor([this] { return stage.updates->updateAvailable(); }));
     open(SettingsTab::General);
-    QTest::mouseClick(stage.control<BorderedButton>(u"Download"_s), Qt::LeftButton);
+    QTest::mouseClick(stage.control<ui::BorderedButton>(u"Download"_s), Qt::LeftButton);
     EXPECT_EQ(stage.journal.entries(), std::vector<std::string>{"open https://example.org"});
 }
 
 TEST_F(SettingsPagesTest, TheCheckButtonPressedTwiceSendsOneRequest) {
     open(SettingsTab::General);
-    auto* const check = stage.control<BorderedButton>(u"Check"_s);
+    auto* const check = stage.control<ui::BorderedButton>(u"Check"_s);
     check->click();
     check->click();
     EXPECT_EQ(stage.requests, 1);
@@ -176,23 +176,23 @@ TEST_F(SettingsPagesTest, TheCheckButtonPressedTwiceSendsOneRequest) {
 TEST_F(SettingsPagesTest, ThePermissionIsReadEachTimeThePageIsBuilt) {
     stage.trust.isGranted = false;
     open(SettingsTab::General);
-    EXPECT_TRUE(showsControl<BorderedButton>(u"Grant Access"_s));
+    EXPECT_TRUE(showsControl<ui::BorderedButton>(u"Grant Access"_s));
     EXPECT_FALSE(shows(u"Granted"_s));
     stage.trust.isGranted = true;
     stage.select(SettingsTab::About);
     stage.select(SettingsTab::General);
-    EXPECT_FALSE(showsControl<BorderedButton>(u"Grant Access"_s));
+    EXPECT_FALSE(showsControl<ui::BorderedButton>(u"Grant Access"_s));
     EXPECT_TRUE(shows(u"Granted"_s));
 }
 
 TEST_F(SettingsPagesTest, GrantAccessOpensThePageWhereItIsGrantedAndNothingWhereThereIsNone) {
     stage.trust.isGranted = false;
     open(SettingsTab::General);
-    stage.control<BorderedButton>(u"Grant Access"_s)->click();
+    stage.control<ui::BorderedButton>(u"Grant Access"_s)->click();
     EXPECT_EQ(stage.journal.entries(), std::vector<std::string>{"open settings:accessibility"});
     stage.journal.clear();
     stage.trust.address.reset();
-    stage.control<BorderedButton>(u"Grant Access"_s)->click();
+    stage.control<ui::BorderedButton>(u"Grant Access"_s)->click();
     EXPECT_TRUE(stage.journal.entries().empty());
 }
 
@@ -327,17 +327,17 @@ TEST_F(SettingsPagesTest, TheAboutPageIsCentredAndItsLastLineStands20AboveTheBot
     for (const QSize size : {QSize(450, 500), QSize(700, 900)}) {
         page->setFixedSize(size);
         QApplication::processEvents();
-        const auto labels = page->findChildren<TextLabel*>();
-        for (const TextLabel* const label : labels) {
+        const auto labels = page->findChildren<ui::TextLabel*>();
+        for (const ui::TextLabel* const label : labels) {
             const QRect place(label->mapTo(page, QPoint()), label->size());
             EXPECT_NEAR(place.center().x(), page->rect().center().x(), 1) << label->text().toStdString();
             EXPECT_TRUE(label->alignment().testFlag(Qt::AlignHCenter));
         }
-        const TextLabel* const last = stage.control<TextLabel>(u"Free software under the MIT licence"_s);
+        const ui::TextLabel* const last = stage.control<ui::TextLabel>(u"Free software under the MIT licence"_s);
         EXPECT_EQ(last->mapTo(page, QPoint(0, last->height())).y(), page->height() - 20);
     }
     EXPECT_TRUE(shows(u"Made with care by the Zamber project"_s));
     EXPECT_TRUE(shows(u"A minimal clipboard manager for macOS"_s));
 }
 
-} // namespace zamber
+} // namespace zamber::settings

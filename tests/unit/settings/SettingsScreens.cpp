@@ -4,9 +4,9 @@
 // Pictures of every page of the settings window: settings_screens <folder>
 
 #include "SettingsStage.h"
+#include "preferences/PreferenceKeys.h"
 
 #include "platform/freedesktop/BootstrapSymbols.h"
-#include "preferences/PreferenceKeys.h"
 
 #include <QApplication>
 #include <QDir>
@@ -16,7 +16,7 @@
 
 #include <cstdio>
 
-namespace zamber {
+namespace zamber::settings {
 
 using namespace Qt::StringLiterals;
 
@@ -55,7 +55,7 @@ void shootAll(Camera& camera, const Symbols& symbols, bool isDark) {
         stage.select(tab);
         camera.shoot(stage, rawValue(tab).toLower());
     }
-    stage.defaults.setBoolean(keys::quickPasteEnabled.name, true);
+    stage.defaults.setBoolean(preferences::quickPasteEnabled.name, true);
     stage.select(SettingsTab::Shortcuts);
     camera.shoot(stage, u"shortcuts-quick-paste"_s);
 
@@ -81,7 +81,7 @@ void shootToDo(Camera& camera, const Symbols& symbols, bool isDark) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::settings
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
@@ -91,7 +91,7 @@ int main(int argc, char** argv) {
     }
     const QString folder = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(folder);
-    const zamber::BootstrapSymbols symbols;
+    const zamber::freedesktop::BootstrapSymbols symbols;
     bool isGood = true;
     for (const bool isDark : {false, true}) {
         using namespace Qt::StringLiterals;

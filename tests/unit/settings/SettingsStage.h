@@ -20,7 +20,7 @@
 
 #include <memory>
 
-namespace zamber {
+namespace zamber::settings {
 
 /// Everything that the settings window shows and changes.
 class SettingsStage {
@@ -69,7 +69,7 @@ public:
     /// What the update service answers; without one it answers nothing yet.
     std::optional<QByteArray> answer;
     int requests = 0;
-    std::shared_ptr<UpdateManager> updates = UpdateManager::create(
+    std::shared_ptr<update::UpdateManager> updates = update::UpdateManager::create(
         scheduler, defaults, bundle, workspace, [this] { return std::make_unique<CannedReplies>(answer, requests); });
     std::unique_ptr<SettingsLook> look;
     std::unique_ptr<SettingsView> view;
@@ -81,4 +81,4 @@ private:
     }
 };
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -18,7 +18,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::settings {
 
 using namespace Qt::StringLiterals;
 
@@ -32,7 +32,7 @@ public:
 
 QList<QString> textsOf(const QWidget& widget) {
     QList<QString> texts;
-    for (const TextLabel* const label : widget.findChildren<TextLabel*>()) {
+    for (const ui::TextLabel* const label : widget.findChildren<ui::TextLabel*>()) {
         texts << label->text();
     }
     return texts;
@@ -58,7 +58,7 @@ TEST_F(SettingsViewTest, ATabIsMadeOfExactlyItsLabel) {
 }
 
 TEST_F(SettingsViewTest, EachTabHasItsSymbolAndItsColour) {
-    const Palette palette = Palette::light(Qt::blue);
+    const ui::Palette palette = ui::Palette::light(Qt::blue);
     EXPECT_EQ(icon(SettingsTab::General), u"gearshape.fill"_s);
     EXPECT_EQ(icon(SettingsTab::Clipboard), u"clipboard.fill"_s);
     EXPECT_EQ(icon(SettingsTab::Shortcuts), u"keyboard.fill"_s);
@@ -139,7 +139,7 @@ TEST_F(SettingsViewTest, ASectionWithoutATitleStartsWithItsCard) {
     EXPECT_TRUE(textsOf(*untitled).isEmpty());
     EXPECT_EQ(untitled->layout()->itemAt(0)->widget()->y(), 0);
     EXPECT_EQ(untitled->sizeHint().height(), 24 + 16) << "two paddings of the row, one of the section";
-    const auto* const title = titled->findChild<TextLabel*>();
+    const auto* const title = titled->findChild<ui::TextLabel*>();
     EXPECT_EQ(title->x(), 4);
     EXPECT_EQ(titled->sizeHint().height() - untitled->sizeHint().height(), title->sizeHint().height() + 6);
 }
@@ -161,7 +161,7 @@ TEST_F(SettingsViewTest, KeyCapsAre24EachWayAndWiderForWideTexts) {
 
 TEST_F(SettingsViewTest, TheLookFollowsTheDesktopWhileTheWindowIsOpen) {
     SettingsView& view = stage.open();
-    const auto* const title = view.page()->findChild<TextLabel*>();
+    const auto* const title = view.page()->findChild<ui::TextLabel*>();
     const QColor before = title->palette().color(QPalette::WindowText);
     QWidget* const page = view.page();
     stage.appearance.setDark(true);
@@ -198,4 +198,4 @@ TEST_F(SettingsViewTest, AMinimisedWindowComesBack) {
     EXPECT_TRUE(window.view()->isVisible());
 }
 
-} // namespace zamber
+} // namespace zamber::settings

@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-namespace zamber {
+namespace zamber::text {
 
 namespace {
 
@@ -213,4 +213,4 @@ TEST(Lines, AreCountedWhenTheyHoldMoreThanSpacesAndTabs) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::text

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace zamber {
+namespace zamber::text {
 
 namespace {
 
@@ -138,4 +138,4 @@ TEST(NormalPieces, PutTogetherAreTheText) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::text

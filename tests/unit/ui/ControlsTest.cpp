@@ -13,7 +13,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::ui {
 
 using namespace Qt::StringLiterals;
 
@@ -144,4 +144,4 @@ TEST(ConfirmationSheet, OnlyTheDestructiveButtonConfirms) {
     EXPECT_EQ(dismissed.count(), 2);
 }
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::ui {
 
 namespace {
 
@@ -86,4 +86,4 @@ TEST(Palette, AnAccentThatWouldDrownIsMovedAwayFromTheGround) {
     EXPECT_EQ(Palette::light(ACCENT).accent, ACCENT) << "one that stands out stays as it is";
 }
 
-} // namespace zamber
+} // namespace zamber::ui

@@ -6,10 +6,10 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::update {
 
 TEST(BuiltAppBundle, SaysTheVersionThatTheBuildHas) {
-    const BuiltAppBundle bundle;
+    const freedesktop::BuiltAppBundle bundle;
     EXPECT_EQ(bundle.version(), QStringLiteral(PROJECT_VERSION_TEXT));
     ASSERT_TRUE(bundle.build());
     bool isNumber = false;
@@ -18,9 +18,9 @@ TEST(BuiltAppBundle, SaysTheVersionThatTheBuildHas) {
 }
 
 TEST(BuiltAppBundle, LiesWhereTheProgramLies) {
-    const BuiltAppBundle bundle;
+    const freedesktop::BuiltAppBundle bundle;
     EXPECT_TRUE(bundle.path().startsWith(u'/')) << bundle.path().toStdString();
     EXPECT_TRUE(bundle.path().endsWith(QStringLiteral("/update_tests"))) << bundle.path().toStdString();
 }
 
-} // namespace zamber
+} // namespace zamber::update

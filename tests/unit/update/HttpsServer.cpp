@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::update {
 
 using namespace Qt::StringLiterals;
 
@@ -99,4 +99,4 @@ PlainServer::PlainServer(QByteArray bytes) {
     });
 }
 
-} // namespace zamber
+} // namespace zamber::update

@@ -13,7 +13,7 @@
 #include <functional>
 #include <memory>
 
-namespace zamber {
+namespace zamber::update {
 
 /// Certificates made on the spot: one authority that the tests trust, and one that nobody does.
 class Authorities {
@@ -64,4 +64,4 @@ public:
     int connections = 0;
 };
 
-} // namespace zamber
+} // namespace zamber::update

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::update {
 
 using namespace Qt::StringLiterals;
 
@@ -39,4 +39,4 @@ TEST(StrictAddress, IsAbsolute) {
     EXPECT_FALSE(strictAddress(u"1http://zamber.example/"_s));
 }
 
-} // namespace zamber
+} // namespace zamber::update

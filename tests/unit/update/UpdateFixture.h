@@ -21,7 +21,7 @@
 #include <chrono>
 #include <cstdio>
 
-namespace zamber {
+namespace zamber::update {
 
 /// Sends requests as any other, but trusts the tests' authority; tells of the bytes that arrive.
 class TrustingAccess final : public QNetworkAccessManager {
@@ -126,4 +126,4 @@ private:
     bool m_isLogTaken = false;
 };
 
-} // namespace zamber
+} // namespace zamber::update

@@ -6,7 +6,7 @@
 
 #include <gmock/gmock.h>
 
-namespace zamber {
+namespace zamber::update {
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -312,4 +312,4 @@ TEST_F(UpdateManagerTest, TheDefaultServiceIsAnHttpsAddressThatEndsInApi) {
     EXPECT_TRUE(UpdateManager::defaultApiBase().endsWith(u"/api"));
 }
 
-} // namespace zamber
+} // namespace zamber::update

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-namespace zamber {
+namespace zamber::update {
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -390,4 +390,4 @@ TEST_F(UpdateTransport, NothingIsWrittenWhenTheManagerHasGoneBeforeTheReply) {
     EXPECT_EQ(scheduler.pendingTimers(), 0U);
 }
 
-} // namespace zamber
+} // namespace zamber::update

@@ -12,7 +12,7 @@
 #include <memory>
 #include <optional>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 namespace {
 
@@ -90,7 +90,7 @@ TEST(ImageFormat, NobodyIsToldOnceTheContextHasGone) {
 
 } // namespace
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);

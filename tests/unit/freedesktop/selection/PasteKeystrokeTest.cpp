@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 namespace {
 
@@ -33,4 +33,4 @@ TEST(PasteKeystroke, ANameThatOnlyContainsATerminalsIsNone) {
 
 } // namespace
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

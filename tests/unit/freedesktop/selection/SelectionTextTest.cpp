@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 namespace {
 
@@ -65,4 +65,4 @@ TEST(Latin1, EveryCharacterComesBack) {
 
 } // namespace
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 using namespace Qt::StringLiterals;
 
@@ -55,4 +55,4 @@ TEST(MoveFileToTrash, TheTrashIsTheUsersAndKnowsWhereTheFileWas) {
     EXPECT_TRUE(QUrl::fromPercentEncoding(information.readAll()).contains(u"Path="_s + file.fileName()));
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::freedesktop::session {
 
 TEST(UserFolders, TheDataFolderIsTheVariablesOrBelowHome) {
     const auto before = qgetenv("XDG_DATA_HOME");
@@ -22,4 +22,4 @@ TEST(UserFolders, TheDataFolderIsTheVariablesOrBelowHome) {
     before.isNull() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", before);
 }
 
-} // namespace zamber
+} // namespace zamber::freedesktop::session

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::freedesktop::tray {
 
 namespace {
 
@@ -38,4 +38,4 @@ TEST(ClosingPress, WhatWasOpenedSinceIsClosedByAnotherClick) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::freedesktop::tray

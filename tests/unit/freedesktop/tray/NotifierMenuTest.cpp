@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zamber {
+namespace zamber::freedesktop::tray {
 
 namespace {
 
@@ -106,4 +106,4 @@ TEST_F(NotifierMenuTest, ALineByItselfHasNoLinesAndAnUnknownOneNothing) {
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::freedesktop::tray

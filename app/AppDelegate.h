@@ -24,6 +24,14 @@ namespace zamber::popover {
 class ClipboardListView;
 }
 
+namespace zamber::app {}
+
+namespace zamber::app {}
+
+namespace zamber::app {}
+
+namespace zamber::app {}
+
 namespace zamber::app {
 
 class PermissionWindow;

@@ -9,6 +9,10 @@ class Appearance;
 class Symbols;
 } // namespace zamber
 
+namespace zamber::app {}
+
+namespace zamber::app {} // namespace zamber::app
+
 namespace zamber::app {
 
 class PermissionView;

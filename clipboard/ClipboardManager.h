@@ -19,6 +19,10 @@ class Pasteboard;
 class UserDefaults;
 } // namespace zamber
 
+namespace zamber::clipboard {}
+
+namespace zamber::clipboard {} // namespace zamber::clipboard
+
 namespace zamber::clipboard {
 
 /// The history: watches the clipboard, keeps the entries and their rules, and saves them a second after each change.

@@ -15,6 +15,10 @@ namespace zamber {
 class LinkDetector;
 }
 
+namespace zamber::popover {}
+
+namespace zamber::popover {}
+
 namespace zamber::popover {
 
 /// Where a content leads: a short text to the first link in it, a long one only when all of it is a link; an image

@@ -23,6 +23,10 @@ class Appearance;
 class Scheduler;
 } // namespace zamber
 
+namespace zamber::popover {}
+
+namespace zamber::popover {} // namespace zamber::popover
+
 namespace zamber::popover {
 
 /// The scrolling list of rows, pinned ones first. It draws only the rows that are seen and knows the heights of the

@@ -19,6 +19,14 @@ class SymbolView;
 class TextLabel;
 } // namespace zamber::ui
 
+namespace zamber::popover {}
+
+namespace zamber::popover {}
+
+namespace zamber::popover {}
+
+namespace zamber::popover {} // namespace zamber::popover
+
 namespace zamber::popover {
 
 /// The top of the popover: the program's name, how full the history is, and the way to the settings.

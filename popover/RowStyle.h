@@ -12,6 +12,10 @@ namespace zamber {
 class Symbols;
 }
 
+namespace zamber::popover {}
+
+namespace zamber::popover {}
+
 namespace zamber::popover {
 
 class LazyTextLayout;

@@ -19,6 +19,14 @@ class SymbolView;
 class TextLabel;
 } // namespace zamber::ui
 
+namespace zamber::popover {}
+
+namespace zamber::popover {}
+
+namespace zamber::popover {}
+
+namespace zamber::popover {} // namespace zamber::popover
+
 namespace zamber::popover {
 
 /// A newer version that the user is to be told of, and what can be done about it.

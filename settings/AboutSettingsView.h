@@ -8,6 +8,10 @@ namespace zamber {
 class AppBundle;
 }
 
+namespace zamber::settings {}
+
+namespace zamber::settings {}
+
 namespace zamber::settings {
 
 class SettingsLook;

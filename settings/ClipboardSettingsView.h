@@ -8,6 +8,10 @@ namespace zamber {
 class UserDefaults;
 }
 
+namespace zamber::settings {}
+
+namespace zamber::settings {}
+
 namespace zamber::settings {
 
 /// How much is kept, what the rows of the popover show, and what they mask.

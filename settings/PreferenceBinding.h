@@ -13,6 +13,10 @@ class SegmentedPicker;
 class Switch;
 } // namespace zamber::ui
 
+namespace zamber::settings {}
+
+namespace zamber::settings {} // namespace zamber::settings
+
 namespace zamber::settings {
 
 /// Shows what the preference of that name asks for now and after each of its changes, for as long as the context lives.

@@ -12,6 +12,10 @@ namespace zamber::ui {
 class Switch;
 }
 
+namespace zamber::settings {}
+
+namespace zamber::settings {}
+
 namespace zamber::settings {
 
 class SettingsLook;

@@ -14,6 +14,10 @@ class Appearance;
 class Symbols;
 } // namespace zamber
 
+namespace zamber::settings {}
+
+namespace zamber::settings {} // namespace zamber::settings
+
 namespace zamber::settings {
 
 /// The colours and symbols of the settings window, which everything in it is built with and follows when the

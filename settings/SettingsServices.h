@@ -16,6 +16,14 @@ namespace zamber::update {
 class UpdateManager;
 }
 
+namespace zamber::settings {}
+
+namespace zamber::settings {}
+
+namespace zamber::settings {} // namespace zamber::settings
+
+namespace zamber::settings {}
+
 namespace zamber::settings {
 
 /// What the pages of the settings window show and change.

@@ -15,6 +15,10 @@ namespace zamber::ui {
 class TextLabel;
 }
 
+namespace zamber::settings {}
+
+namespace zamber::settings {}
+
 namespace zamber::settings {
 
 class SettingsLook;

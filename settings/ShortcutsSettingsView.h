@@ -12,6 +12,10 @@ namespace zamber {
 class UserDefaults;
 }
 
+namespace zamber::settings {}
+
+namespace zamber::settings {}
+
 namespace zamber::settings {
 
 /// Which keys do what, and whether the two for quick paste do anything.

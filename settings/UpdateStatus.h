@@ -14,6 +14,14 @@ namespace zamber::update {
 class UpdateManager;
 }
 
+namespace zamber::settings {}
+
+namespace zamber::settings {}
+
+namespace zamber::settings {} // namespace zamber::settings
+
+namespace zamber::settings {}
+
 namespace zamber::settings {
 
 class SettingsLook;

@@ -10,6 +10,10 @@ namespace zamber {
 class Symbols;
 }
 
+namespace zamber::ui {}
+
+namespace zamber::ui {}
+
 namespace zamber::ui {
 
 /// What the pointer becomes over a button.

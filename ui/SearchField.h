@@ -12,6 +12,10 @@ namespace zamber {
 class Symbols;
 }
 
+namespace zamber::ui {}
+
+namespace zamber::ui {}
+
 namespace zamber::ui {
 
 class PlainButton;

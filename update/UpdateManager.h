@@ -19,6 +19,10 @@ class UserDefaults;
 class Workspace;
 } // namespace zamber
 
+namespace zamber::update {}
+
+namespace zamber::update {} // namespace zamber::update
+
 namespace zamber::update {
 
 class UpdateRequest;

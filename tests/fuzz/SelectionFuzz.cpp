@@ -17,7 +17,6 @@
 namespace {
 
 using namespace zamber;
-using namespace zamber::x11;
 
 constexpr int FORMATS[] = {0, 8, 16, 32, 7, -32};
 

@@ -15,6 +15,10 @@ namespace zamber {
 class Appearance;
 }
 
+namespace zamber::freedesktop::popover {}
+
+namespace zamber::freedesktop::popover {}
+
 namespace zamber::freedesktop::popover {
 
 /// The popover as a tool window of the program. It is created at once and only hidden and shown after that.

@@ -18,6 +18,10 @@ namespace zamber {
 class Symbols;
 }
 
+namespace zamber::freedesktop::tray {}
+
+namespace zamber::freedesktop::tray {}
+
 namespace zamber::freedesktop::tray {
 
 class NotifierMenu;

@@ -21,6 +21,7 @@
 #include <cstdio>
 
 using namespace zamber;
+using namespace zamber::popover;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 

@@ -194,7 +194,7 @@ TEST_F(SettingsGeometryTest, SmallButtonsAreSmallAndOnlyTheOnesMeantToBePressedA
     stage.trust.isGranted = false;
     select(SettingsTab::About);
     select(SettingsTab::General);
-    using enum ButtonLook::Prominence;
+    using enum ui::ButtonLook::Prominence;
     for (const auto& [name, prominence] : {std::pair(u"Check"_s, Bordered), std::pair(u"Download"_s, Prominent),
                                            std::pair(u"Grant Access"_s, Prominent)}) {
         const auto* const button = stage.control<ui::BorderedButton>(name);

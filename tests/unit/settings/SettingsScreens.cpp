@@ -96,9 +96,9 @@ int main(int argc, char** argv) {
     for (const bool isDark : {false, true}) {
         using namespace Qt::StringLiterals;
         const QString suffix = (isDark ? u"-dark"_s : u"-light"_s) + u"@%1x"_s.arg(application.devicePixelRatio());
-        zamber::Camera camera{.folder = folder, .suffix = suffix};
-        zamber::shootAll(camera, symbols, isDark);
-        zamber::shootToDo(camera, symbols, isDark);
+        zamber::settings::Camera camera{.folder = folder, .suffix = suffix};
+        zamber::settings::shootAll(camera, symbols, isDark);
+        zamber::settings::shootToDo(camera, symbols, isDark);
         isGood = isGood && camera.isGood;
     }
     return isGood ? 0 : 1;

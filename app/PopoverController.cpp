@@ -37,6 +37,8 @@ QWidget* AppDelegate::makeListView() {
             .openSettings = [this] { openSettings(); },
             .closePopover = [this] { m_desktop.popover.performClose(); },
             .openAddress = [this](const QUrl& address) { m_desktop.workspace.open(address); },
+            .showMenu = [this](const QList<MenuItem>& menu,
+                               QPoint place) { return m_desktop.popover.showMenu(menu, place); },
             .linkDetector = &m_desktop.links,
             .commandKeyHint = m_desktop.hotKeys.commandKeyHint()});
     followUpdates();

@@ -18,11 +18,12 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <utility>
-#include <memory>
 #include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
 
-#ifdef __APPLE__
+#if defined(__APPLE__) || defined(ZAMBER_MACOS_STAND_INS)
 #include "platform/macos/MacDesktop.h"
 using ChosenDesktop = zamber::macos::MacDesktop;
 #else
@@ -45,6 +46,7 @@ void keepStandardStreamsOpen() {
 
 int main(int argc, char** argv) {
     keepStandardStreamsOpen();
+    std::optional<ChosenDesktop::StartUp> startUp(std::in_place);
     // The log's reader may go away; the program does not end for it.
     std::signal(SIGPIPE, SIG_IGN);
     if (const auto prepared = ChosenDesktop::prepare(); !prepared) {
@@ -98,6 +100,7 @@ int main(int argc, char** argv) {
     const auto delegate =
         std::make_shared<zamber::app::AppDelegate>(ports, ChosenDesktop::historyFile(), std::move(checkAndPromptMove));
     delegate->applicationDidFinishLaunching();
+    startUp.reset();
     const int status = QApplication::exec();
     zamber::update::UpdateManager::setShared(nullptr); // before what it refers to
     return status;

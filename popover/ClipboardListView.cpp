@@ -244,17 +244,30 @@ void ClipboardListView::openAddress(const QUrl& address) {
 
 void ClipboardListView::showRowMenu(int row, QPoint screenPosition) {
     const clipboard::ClipboardItem item = m_list->items()[row]; // the list may change while the menu is open
+    const auto line = [](const QString& title, std::function<void()> action) {
+        return MenuItem{.title = title, .keyEquivalent = {}, .action = std::move(action)};
+    };
+    QList<MenuItem> lines{line(u"Copy"_s, [this, item] { choose(item); })};
+    if (const auto address = m_list->link(row)) {
+        lines.append(line(u"Open Link"_s, [this, address] { openAddress(*address); }));
+    }
+    lines.append(MenuItem{});
+    lines.append(line(item.isPinned ? u"Unpin"_s : u"Pin"_s, [this, item] { m_manager->togglePin(item); }));
+    lines.append(line(u"Delete"_s, [this, item] { m_manager->deleteItem(item); }));
+    if (m_callbacks.showMenu && m_callbacks.showMenu(lines, screenPosition)) {
+        return;
+    }
     m_rowMenu = new QMenu(this);
     m_rowMenu->setAttribute(Qt::WA_DeleteOnClose);
     m_rowMenu->setPalette(m_palette.forWidgets());
     m_rowMenu->setFont(ui::textFont(13));
-    m_rowMenu->addAction(u"Copy"_s, this, [this, item] { choose(item); });
-    if (const auto address = m_list->link(row)) {
-        m_rowMenu->addAction(u"Open Link"_s, this, [this, address] { openAddress(*address); });
+    for (const MenuItem& each : std::as_const(lines)) {
+        if (each.title.isEmpty()) {
+            m_rowMenu->addSeparator();
+        } else {
+            m_rowMenu->addAction(each.title, this, each.action);
+        }
     }
-    m_rowMenu->addSeparator();
-    m_rowMenu->addAction(item.isPinned ? u"Unpin"_s : u"Pin"_s, this, [this, item] { m_manager->togglePin(item); });
-    m_rowMenu->addAction(u"Delete"_s, this, [this, item] { m_manager->deleteItem(item); });
     m_rowMenu->popup(screenPosition);
 }
 
@@ -272,8 +285,9 @@ void ClipboardListView::dismissClearConfirmation() {
 }
 
 void ClipboardListView::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect(), m_palette.ultraThinMaterial);
+    if (!testAttribute(Qt::WA_TranslucentBackground)) { // else the host has laid its material behind
+        QPainter(this).fillRect(rect(), m_palette.ultraThinMaterial);
+    }
 }
 
 void ClipboardListView::showEvent(QShowEvent* event) {

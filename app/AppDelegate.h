@@ -34,7 +34,8 @@ class PermissionWindow;
 /// application that was in front. Lives as long as the process. Each duty has a source file of its own.
 class AppDelegate final : public std::enable_shared_from_this<AppDelegate> {
 public:
-    /// `checkAndPromptMove` is run once, at the start: it offers to move the program to where it belongs. It may be empty.
+    /// `checkAndPromptMove` is run once, at the start: it offers to move the program to where it belongs. It may be
+    /// empty.
     AppDelegate(const Desktop& desktop, const std::filesystem::path& historyFile,
                 std::function<void()> checkAndPromptMove);
     ~AppDelegate();

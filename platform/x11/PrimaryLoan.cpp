@@ -45,9 +45,9 @@ void PrimaryLoan::borrow(const SelectionContent& content, std::function<void()> 
     m_connection.requestTimestamp([this, owner](xcb_timestamp_t time) {
         const SelectionQuery query{
             .selection = XCB_ATOM_PRIMARY, .target = XCB_ATOM_NONE, .time = time, .owner = owner};
-        m_reader = std::make_unique<SelectionReader>(
-            m_connection, m_names, m_transfers, query,
-            [this](const CopyReader::Outcome& outcome) { keepFormer(outcome); });
+        m_reader =
+            std::make_unique<SelectionReader>(m_connection, m_names, m_transfers, query,
+                                              [this](const CopyReader::Outcome& outcome) { keepFormer(outcome); });
     });
 }
 

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/selection/SelectionTypes.h"
 
-#include "platform/freedesktop/selection/SelectionText.h"
 #include "text/Utf8.h"
+
+#include "platform/freedesktop/selection/SelectionText.h"
 
 #include <algorithm>
 #include <array>

@@ -106,7 +106,8 @@ struct X11WorkspaceRig : X11Rig {
     AddressCatcher catcher;
     x11::Windows windows{*connection};
     x11::X11Workspace adapter{*connection, windows, [](const QString& windowClass) {
- return freedesktop::session::ApplicationNames().ofWindowClass(windowClass); }};
+                                  return freedesktop::session::ApplicationNames().ofWindowClass(windowClass);
+                              }};
     std::vector<xcb_window_t> opened;
 
     Workspace& workspace() { return adapter; }

@@ -9,8 +9,8 @@ namespace zamber::freedesktop::selection {
 namespace {
 
 TEST(PasteKeystroke, EditorsAndBrowsersGetControlV) {
-    for (const char* name : {"Mousepad", "Gedit", "Geany", "kate", "NEdit", "Scite", "firefox", "Chromium",
-                             "Code", "", "some-unknown-program"}) {
+    for (const char* name : {"Mousepad", "Gedit", "Geany", "kate", "NEdit", "Scite", "firefox", "Chromium", "Code", "",
+                             "some-unknown-program"}) {
         EXPECT_EQ(pasteKeystrokeOf(QString::fromLatin1(name)), PasteKeystroke::ControlV) << name;
     }
 }

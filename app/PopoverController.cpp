@@ -82,7 +82,7 @@ void AppDelegate::showPopover() {
 }
 
 void AppDelegate::updatePopoverSize() {
-    m_desktop.popover.setContentSize(popoverSize(m_desktop.userDefaults));
+    m_desktop.popover.setContentSize(popover::popoverSize(m_desktop.userDefaults));
 }
 
 void AppDelegate::updatePopoverAppearance() {

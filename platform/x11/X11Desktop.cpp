@@ -170,8 +170,8 @@ std::expected<std::unique_ptr<X11Desktop>, std::string> X11Desktop::create() {
     if (!clipboard || !input) {
         return std::unexpected((clipboard ? input : clipboard).error());
     }
-    auto adapters =
-        std::make_unique<Adapters>(std::move(instance), std::move(historyLock), Connections(std::move(*clipboard), std::move(*input)));
+    auto adapters = std::make_unique<Adapters>(std::move(instance), std::move(historyLock),
+                                               Connections(std::move(*clipboard), std::move(*input)));
     return std::unique_ptr<X11Desktop>(new X11Desktop(std::move(adapters)));
 }
 

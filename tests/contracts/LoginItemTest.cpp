@@ -91,10 +91,9 @@ TEST_F(XdgLoginItemTest, EachWayOfSwitchingAnEntryOffReadsAsOff) {
     const QByteArray exec = "Exec=/bin/sh\n";
     writeUserEntry(exec);
     EXPECT_EQ(adapter.status(), LoginItemStatus::Enabled);
-    for (const char* const key :
-         {"Hidden=true", "Hidden=1", "Hidden = true", "X-GNOME-Autostart-enabled=false",
-          "X-MATE-Autostart-enabled=false", "OnlyShowIn=KDE;", "NotShowIn=KDE;GNOME;", "TryExec=/nowhere/zamber",
-          "TryExec=/bin"}) {
+    for (const char* const key : {"Hidden=true", "Hidden=1", "Hidden = true", "X-GNOME-Autostart-enabled=false",
+                                  "X-MATE-Autostart-enabled=false", "OnlyShowIn=KDE;", "NotShowIn=KDE;GNOME;",
+                                  "TryExec=/nowhere/zamber", "TryExec=/bin"}) {
         writeUserEntry(exec + key + "\n");
         EXPECT_NE(adapter.status(), LoginItemStatus::Enabled) << key;
     }

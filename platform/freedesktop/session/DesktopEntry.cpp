@@ -174,7 +174,8 @@ QStringList messageLocales() {
         return {};
     }
     QStringList keys;
-    for (const QString& wanted : qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts) + QStringList{locale}) {
+    for (const QString& wanted :
+         qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts) + QStringList{locale}) {
         keys += keysOfLocale(wanted);
     }
     keys.removeDuplicates();

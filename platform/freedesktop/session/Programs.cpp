@@ -44,8 +44,8 @@ Programs::Programs(QProcessEnvironment environment)
 
 std::expected<void, QString> Programs::open(const QUrl& address) const {
     const QStringList folders = m_environment.value(u"PATH"_s).split(u':', Qt::SkipEmptyParts);
-    for (const Opener& opener : {Opener{.program = u"xdg-open"_s, .arguments = {}},
-                                 Opener{.program = u"gio"_s, .arguments = {u"open"_s}}}) {
+    for (const Opener& opener :
+         {Opener{.program = u"xdg-open"_s, .arguments = {}}, Opener{.program = u"gio"_s, .arguments = {u"open"_s}}}) {
         const QString path = QStandardPaths::findExecutable(opener.program, folders);
         if (!path.isEmpty()) {
             return start(path, opener.arguments + QStringList{address.toString(QUrl::FullyEncoded)});

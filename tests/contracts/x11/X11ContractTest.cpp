@@ -101,7 +101,8 @@ struct X11WorkspaceRig : X11Rig {
     AddressCatcher catcher;
     x11::Windows windows{*connection};
     x11::X11Workspace adapter{*connection, windows, [](const QString& windowClass) {
- return freedesktop::session::ApplicationNames().ofWindowClass(windowClass); }};
+                                  return freedesktop::session::ApplicationNames().ofWindowClass(windowClass);
+                              }};
     std::vector<xcb_window_t> opened;
 
     Workspace& workspace() { return adapter; }
@@ -137,7 +138,8 @@ struct X11KeystrokePosterRig : X11Rig {
     x11::Keyboard keyboard{*connection};
     x11::Windows windows{*connection};
     x11::X11Workspace workspace{*connection, windows, [](const QString& windowClass) {
- return freedesktop::session::ApplicationNames().ofWindowClass(windowClass); }};
+                                    return freedesktop::session::ApplicationNames().ofWindowClass(windowClass);
+                                }};
     x11::X11KeystrokePoster adapter{*connection, keyboard, windows, workspace, pasteboard};
     std::map<std::uint64_t, xcb_window_t> opened;
 

@@ -74,8 +74,8 @@ TEST_F(ApplicationNamesTest, AProgramInstalledLaterIsFound) {
 TEST_F(ApplicationNamesTest, NoClassNamesAFileElsewhere) {
     writeEntry(u"secret.desktop"_s, "Name=Secret\n");
     writeEntry(u"system/sub/inner.desktop"_s, "Name=Inner\n");
-    for (const QString& windowClass : {u"../secret"_s, folder.filePath(u"secret"_s), u"sub/inner"_s, u"a\0b"_s, u".."_s,
-                                       QString(100'000, u'x')}) {
+    for (const QString& windowClass :
+         {u"../secret"_s, folder.filePath(u"secret"_s), u"sub/inner"_s, u"a\0b"_s, u".."_s, QString(100'000, u'x')}) {
         EXPECT_EQ(nameOf(windowClass), windowClass);
     }
 }

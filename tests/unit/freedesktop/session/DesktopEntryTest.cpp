@@ -61,8 +61,9 @@ TEST(DesktopEntry, ValuesAreUnescaped) {
 }
 
 TEST(DesktopEntry, TheNameInTheBestLocaleIsTaken) {
-    const DesktopEntry entry = entryOf("Name=plain\nName[de]=deutsch\nName[de_AT]=österreichisch\nName[sr@latin]=srpski\n"
-                                       "Name[fr]=\n");
+    const DesktopEntry entry =
+        entryOf("Name=plain\nName[de]=deutsch\nName[de_AT]=österreichisch\nName[sr@latin]=srpski\n"
+                "Name[fr]=\n");
     const auto name = [&](const QStringList& locales) { return entry.localeString(u"Name"_s, locales); };
     EXPECT_EQ(name({}), u"plain"_s);
     EXPECT_EQ(name({u"de_AT"_s, u"de"_s}), u"österreichisch"_s);

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/session/FileLock.h"
 
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <QTemporaryDir>
 
 #include <csignal>
 #include <filesystem>

@@ -42,8 +42,7 @@ void PermissionWindow::showInCentre() {
     QRect place = rect();
     place.moveCenter(screenWithPointer()->availableGeometry().center());
     setGeometry(place);
-    show();
-    raise();
+    show(); // which brings it to the front; raising it would activate the application on a Mac
 }
 
 void PermissionWindow::updateAppearance() {

@@ -18,10 +18,7 @@ void AppDelegate::createStatusItem() {
 }
 
 void AppDelegate::updateMenuAppearance() {
-    const Appearance& appearance = m_desktop.appearance;
-    const ui::Palette palette = appearance.isDark() ? ui::Palette::dark(appearance.accentColor())
-                                                    : ui::Palette::light(appearance.accentColor());
-    m_menuColors.set(palette.forWidgets());
+    m_menuColors.set(ui::Palette::of(m_desktop.appearance).forWidgets());
 }
 
 void AppDelegate::togglePopover(MouseButton button) {

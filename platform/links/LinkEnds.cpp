@@ -23,12 +23,11 @@ char16_t openingOf(char32_t closing) {
 
 } // namespace
 
-char16_t LinkScan::unit(qsizetype at) {
-    ++m_charactersRead;
+char16_t LinkScan::unit(qsizetype at) const {
     return at >= 0 && at < m_text.size() ? m_text[at].unicode() : u'\0';
 }
 
-char32_t LinkScan::character(qsizetype at) {
+char32_t LinkScan::character(qsizetype at) const {
     const char16_t first = unit(at);
     if (QChar::isHighSurrogate(first)) {
         if (const char16_t second = unit(at + 1); QChar::isLowSurrogate(second)) {
@@ -38,7 +37,7 @@ char32_t LinkScan::character(qsizetype at) {
     return first;
 }
 
-char32_t LinkScan::characterBefore(qsizetype at) {
+char32_t LinkScan::characterBefore(qsizetype at) const {
     const char16_t second = unit(at - 1);
     if (QChar::isLowSurrogate(second)) {
         if (const char16_t first = unit(at - 2); QChar::isHighSurrogate(first)) {

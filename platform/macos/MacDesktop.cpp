@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/MacDesktop.h"
 
+#include "platform/macos/AutoreleasePool.h"
 #include "platform/macos/MacAccessibilityTrust.h"
 #include "platform/macos/MacAlert.h"
 #include "platform/macos/MacAppBundle.h"
@@ -54,7 +55,16 @@ struct MacDesktop::Adapters {
     FloatingLevel floatingLevel;
 };
 
+MacDesktop::StartUp::StartUp()
+    : m_pool(openAutoreleasePool()) {}
+
+MacDesktop::StartUp::~StartUp() {
+    closeAutoreleasePool(m_pool);
+}
+
 std::expected<void, std::string> MacDesktop::prepare() {
+    // Qt would make the program a regular one and activate it, and the front application would be this one.
+    qputenv("QT_MAC_DISABLE_FOREGROUND_APPLICATION_TRANSFORM", "1");
     installApplicationDelegate();
     return {};
 }

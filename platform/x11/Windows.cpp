@@ -4,11 +4,8 @@
 
 #include <QSysInfo>
 
-#include <xcb/xcb_icccm.h>
-
 #include <algorithm>
 #include <cstring>
-#include <string>
 
 namespace zamber::x11 {
 
@@ -38,8 +35,7 @@ bool isThisMachine(const QByteArray& name) {
 } // namespace
 
 Windows::Windows(Connection& connection)
-    : m_connection(connection)
-    , m_compositorSelection(connection.intern("_NET_WM_CM_S" + std::to_string(connection.screenNumber()))) {
+    : m_connection(connection) {
     connection.watch(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     connection.addEventHandler([this](const xcb_generic_event_t& event) {
         if (codeOf(event) != XCB_PROPERTY_NOTIFY) {
@@ -146,12 +142,6 @@ bool Windows::isMapped(xcb_window_t window) const {
     const Owned<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
         m_connection.raw(), xcb_get_window_attributes(m_connection.raw(), window), nullptr));
     return reply && reply->map_state != XCB_MAP_STATE_UNMAPPED;
-}
-
-bool Windows::isComposited() const {
-    const Owned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        m_connection.raw(), xcb_get_selection_owner(m_connection.raw(), m_compositorSelection), nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
 xcb_window_t Windows::focusWindow() const {

@@ -17,24 +17,25 @@
 #include "platform/freedesktop/session/PortalAppearance.h"
 #include "platform/freedesktop/session/Programs.h"
 #include "platform/freedesktop/session/SingleInstance.h"
+#include "platform/freedesktop/session/TerminationSignals.h"
 #include "platform/freedesktop/session/UserFolders.h"
 #include "platform/freedesktop/session/XdgLoginItem.h"
-#include "platform/freedesktop/tray/ClosingPress.h"
-#include "platform/freedesktop/tray/QtStatusItem.h"
+#include "platform/freedesktop/tray/TrayClicks.h"
+#include "platform/freedesktop/tray/TrayIcon.h"
 #include "platform/links/ScannerLinkDetector.h"
 #include "platform/x11/ButtonPresses.h"
 #include "platform/x11/Connection.h"
 #include "platform/x11/Keyboard.h"
-#include "platform/x11/Panels.h"
 #include "platform/x11/Windows.h"
 #include "platform/x11/X11AccessibilityTrust.h"
 #include "platform/x11/X11HotKeyCenter.h"
 #include "platform/x11/X11KeystrokePoster.h"
 #include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11WindowSystem.h"
 #include "platform/x11/X11Workspace.h"
 
-#include <QCoreApplication>
-#include <QCursor>
+#include <QApplication>
+#include <QThreadPool>
 
 #include <xcb/xcb.h>
 
@@ -44,6 +45,12 @@
 namespace zamber::x11 {
 
 using Connections = std::pair<std::unique_ptr<x11::Connection>, std::unique_ptr<x11::Connection>>;
+
+void closeMenus() {
+    while (QWidget* const menu = QApplication::activePopupWidget()) {
+        menu->close();
+    }
+}
 
 /// The pasteboard has a connection to itself, so that a large transfer does not stand before a hot key.
 struct X11Desktop::Adapters {
@@ -55,14 +62,17 @@ struct X11Desktop::Adapters {
         , inputConnection(std::move(connections.second)) {
         QObject::connect(instance.get(), &freedesktop::session::SingleInstance::showRequested, instance.get(),
                          [this] { application.requestShow(); });
-        QObject::connect(&popover, &freedesktop::popover::PopoverWindow::shown, &presses, [this] {
-            closingPress.forget();
-            presses.setListening(x11::ButtonPresses::Listening::On);
-        });
-        QObject::connect(&popover, &freedesktop::popover::PopoverWindow::closed, &presses,
-                         [this] { presses.setListening(x11::ButtonPresses::Listening::Off); });
-        QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover, [this] { handlePress(QCursor::pos()); });
     }
+
+    ~Adapters() {
+        // What is still to be run may hold the last of whoever uses the adapters, or be asked for by a worker.
+        QThreadPool::globalInstance()->clear();
+        QThreadPool::globalInstance()->waitForDone();
+        scheduler.stop();
+    }
+
+    Adapters(const Adapters&) = delete;
+    Adapters& operator=(const Adapters&) = delete;
 
     void bringToFront(WId id) const {
         const auto window = static_cast<xcb_window_t>(id);
@@ -71,40 +81,25 @@ struct X11Desktop::Adapters {
         windows.activate(window);
     }
 
-    void presentPopover(xcb_window_t window) const {
-        windows.keepOutOfTaskbar(window);
-        windows.activate(window);
-    }
-
-    void handlePress(QPoint position) {
-        const bool wasShown = popover.isShown();
-        // A press on the status item is the first half of a click that toggles the popover.
-        if (!statusItem.isInTray() || !statusItem.button()->screenRectangle.contains(position)) {
-            popover.pressedOutside(position);
-        }
-        if (wasShown && !popover.isShown()) {
-            closingPress.note(position);
-        }
-    }
-
     std::unique_ptr<freedesktop::session::SingleInstance> instance;
     std::unique_ptr<freedesktop::session::FileLock> historyLock;
     std::unique_ptr<x11::Connection> clipboardConnection;
     std::unique_ptr<x11::Connection> inputConnection;
 
+    freedesktop::session::TerminationSignals terminationSignals;
     freedesktop::QtScheduler scheduler;
     freedesktop::SettingsUserDefaults userDefaults{freedesktop::SettingsUserDefaults::defaultPath()};
     x11::X11Pasteboard pasteboard{*clipboardConnection};
     x11::Keyboard keyboard{*inputConnection};
     x11::Windows windows{*inputConnection};
-    x11::Panels panels{*inputConnection};
     x11::ButtonPresses presses{*inputConnection};
-    x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard};
+    x11::X11WindowSystem windowSystem{*inputConnection, windows};
+    x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard, closeMenus};
     freedesktop::session::ApplicationNames applicationNames;
     x11::X11Workspace workspace{*inputConnection, windows, [this](const QString& windowClass) {
                                     return applicationNames.ofWindowClass(windowClass);
                                 }};
-    x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, workspace, pasteboard};
+    x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, hotKeys, workspace, pasteboard};
     x11::X11AccessibilityTrust trust{*inputConnection};
 
     freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
@@ -119,18 +114,13 @@ struct X11Desktop::Adapters {
     links::ScannerLinkDetector links;
     freedesktop::BuiltAppBundle bundle;
     freedesktop::QtAlert alert;
-    freedesktop::tray::ClosingPress closingPress;
-    freedesktop::tray::QtStatusItem statusItem{
-        symbols, [this](QPoint pointer) { return !popover.isShown() && closingPress.claim(pointer); }};
-    freedesktop::popover::PopoverWindow popover{
-        appearance,
-        {.isComposited = [this] { return windows.isComposited(); },
-         .activateWindow = [this](WId id) { presentPopover(static_cast<xcb_window_t>(id)); },
-         .workArea = [this](const QRect& monitor) { return panels.workArea(monitor); },
-         .pressedElsewhere = [this](QPoint position) { handlePress(position); }}};
+    freedesktop::popover::PopoverWindow popover{appearance, windowSystem};
+    freedesktop::tray::TrayClicks trayClicks{popover, presses, scheduler};
+    freedesktop::tray::TrayIcon statusItem{trayClicks, windowSystem, hotKeys.commandKeyHint()};
 };
 
 std::expected<void, std::string> X11Desktop::prepare() {
+    freedesktop::session::TerminationSignals::remember();
     xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
     const bool isConnected = xcb_connection_has_error(connection) == 0;
     xcb_disconnect(connection);

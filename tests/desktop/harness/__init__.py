@@ -22,7 +22,7 @@ from .clipboard import PARTNERS, Clipboard, SelectionOwner
 from .desktop import PrivateDesktop
 from .keyboard import ALT, CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER
 from .notifier import NotifierHost
-from .partners import Browser, Editor, LineEdit, Mousepad, Partner, Terminal
+from .partners import Browser, Editor, Gvim, LineEdit, Mousepad, Partner, Terminal
 from .portal import GtkPortal, SettingsPortal, XSettings
 from .processes import Child
 from .recorder import KeyEvent, Recorder
@@ -32,7 +32,7 @@ from .windows import Window
 from .zamber import Zamber, default_binary
 
 __all__ = [
-    "ALT", "Browser", "CONTROL", "Child", "Clipboard", "Editor", "GtkPortal", "KEY_CODES", "KeyEvent", "LOCK",
+    "ALT", "Browser", "CONTROL", "Child", "Clipboard", "Editor", "GtkPortal", "Gvim", "KEY_CODES", "KeyEvent", "LOCK",
     "LineEdit", "Mousepad", "NUM", "NotifierHost", "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT", "SUPER",
     "SelectionOwner", "SettingsPortal", "Terminal", "WaitTimeout", "Window", "XSettings", "Zamber", "convert",
     "default_binary", "holds_for", "mean_color", "pixels", "png_bytes", "wait_until",

@@ -3,7 +3,7 @@
 #include "platform/x11/X11Workspace.h"
 
 #include "platform/freedesktop/session/Programs.h"
-#include "platform/freedesktop/session/SessionFiles.h"
+#include "platform/freedesktop/session/Trash.h"
 
 #include <QCoreApplication>
 #include <QUrl>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/freedesktop/session/SessionFiles.h"
+#include "platform/freedesktop/session/Trash.h"
 
 #include <QDir>
 #include <QFile>

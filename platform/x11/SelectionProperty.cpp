@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/SelectionProperty.h"
 
+#include "text/Utf8.h"
+
 #include "platform/freedesktop/selection/SelectionText.h"
 
 #include <algorithm>
@@ -79,7 +81,7 @@ std::optional<QByteArray> textOf(const Property& answer, const AtomLookup& atom)
         return freedesktop::selection::utf8FromLatin1(answer.bytes);
     }
     if (isAmong(TEXTS, answer.type, atom) || answer.type == atom(Atom::TextPlain)) {
-        return freedesktop::selection::repairedUtf8(answer.bytes);
+        return text::repairedUtf8(answer.bytes);
     }
     // A name without an encoding says nothing, an empty answer of INCR has no type at all.
     return answer.bytes.isEmpty() ? std::optional(QByteArray()) : std::nullopt;

@@ -4,6 +4,7 @@
 #include "install/DMGCleanup.h"
 #include "platform/AppBundle.h"
 #include "platform/HotKeyCenter.h"
+#include "platform/PopoverHost.h"
 #include "platform/UserDefaults.h"
 #include "settings/SettingsWindow.h"
 #include "update/UpdateManager.h"
@@ -73,6 +74,9 @@ int main(int argc, char** argv) {
                                                .updates = zamber::update::UpdateManager::shared(),
                                                .commandKeyHint = ports.hotKeys.commandKeyHint()},
                                               [&desktop](WId window) { (*desktop)->bringToFront(window); });
+    // Keys that are pressed in the settings are not the popover's.
+    QObject::connect(&settings, &zamber::settings::SettingsWindow::cameToFront, &settings,
+                     [ports] { ports.popover.performClose(); });
     for (const auto& action : {QStringLiteral("showSettingsWindow:"), QStringLiteral("showPreferencesWindow:")}) {
         (*desktop)->setResponder(action, [&settings] { settings.show(); });
     }

@@ -161,7 +161,10 @@ void ClipboardListView::refreshRows() {
 }
 
 void ClipboardListView::updateSize() {
-    setFixedSize(sizeFor(read(m_defaults, preferences::popoverSize)));
+    // No smaller than that by itself; on a low screen the popover gives it less.
+    const QSize size = sizeFor(read(m_defaults, preferences::popoverSize));
+    setMaximumSize(size);
+    resize(size);
 }
 
 void ClipboardListView::updatePreferences() {

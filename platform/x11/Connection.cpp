@@ -171,6 +171,15 @@ void Connection::dispatchQueuedEvents() {
     flush();
 }
 
+void Connection::catchUp() {
+    // A reply comes after all events that were before it.
+    const Owned<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    while (const Owned<xcb_generic_event_t> event{xcb_poll_for_queued_event(m_connection)}) {
+        dispatch(*event);
+    }
+}
+
 void Connection::dispatchUntilEmpty(xcb_generic_event_t* (*poll)(xcb_connection_t*)) {
     QElapsedTimer turn;
     turn.start();

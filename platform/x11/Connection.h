@@ -89,6 +89,9 @@ public:
 
     void flush() const { xcb_flush(m_connection); }
 
+    /// Hands on, before it returns, every event that the server had up to this call.
+    void catchUp();
+
 private:
     Connection(xcb_connection_t* connection, int screenNumber);
     void internAtoms();

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <string>
 
 namespace zamber::x11 {
 
@@ -30,8 +29,7 @@ std::optional<std::uint32_t> firstNumber(const Property& property) {
 } // namespace
 
 Windows::Windows(Connection& connection)
-    : m_connection(connection)
-    , m_compositorSelection(connection.intern("_NET_WM_CM_S" + std::to_string(connection.screenNumber()))) {
+    : m_connection(connection) {
     connection.watch(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     connection.addEventHandler([this](const xcb_generic_event_t& event) {
         if (codeOf(event) != XCB_PROPERTY_NOTIFY) {
@@ -132,12 +130,6 @@ bool Windows::isMapped(xcb_window_t window) const {
     const Owned<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
         m_connection.raw(), xcb_get_window_attributes(m_connection.raw(), window), nullptr));
     return reply && reply->map_state != XCB_MAP_STATE_UNMAPPED;
-}
-
-bool Windows::isComposited() const {
-    const Owned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        m_connection.raw(), xcb_get_selection_owner(m_connection.raw(), m_compositorSelection), nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
 xcb_window_t Windows::focusWindow() const {

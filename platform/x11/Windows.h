@@ -49,9 +49,6 @@ public:
     /// Whether the window is there and not hidden.
     bool isMapped(xcb_window_t window) const;
 
-    /// Whether a compositing manager draws the screen, so that windows may be translucent (EWMH, `_NET_WM_CM_Sn`).
-    bool isComposited() const;
-
 Q_SIGNALS:
     void activeWindowChanged();
 
@@ -63,7 +60,6 @@ private:
     std::optional<xcb_window_t> focusedTopLevel() const;
 
     Connection& m_connection;
-    xcb_atom_t m_compositorSelection;
 };
 
 } // namespace zamber::x11

@@ -19,22 +19,21 @@
 #include "platform/freedesktop/session/SingleInstance.h"
 #include "platform/freedesktop/session/UserFolders.h"
 #include "platform/freedesktop/session/XdgLoginItem.h"
-#include "platform/freedesktop/tray/ClosingPress.h"
-#include "platform/freedesktop/tray/QtStatusItem.h"
+#include "platform/freedesktop/tray/TrayClicks.h"
+#include "platform/freedesktop/tray/TrayIcon.h"
 #include "platform/links/ScannerLinkDetector.h"
 #include "platform/x11/ButtonPresses.h"
 #include "platform/x11/Connection.h"
 #include "platform/x11/Keyboard.h"
-#include "platform/x11/Panels.h"
 #include "platform/x11/Windows.h"
 #include "platform/x11/X11AccessibilityTrust.h"
 #include "platform/x11/X11HotKeyCenter.h"
 #include "platform/x11/X11KeystrokePoster.h"
 #include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11WindowSystem.h"
 #include "platform/x11/X11Workspace.h"
 
 #include <QCoreApplication>
-#include <QCursor>
 
 #include <xcb/xcb.h>
 
@@ -52,13 +51,6 @@ struct X11Desktop::Adapters {
         , inputConnection(std::move(connections.second)) {
         QObject::connect(instance.get(), &freedesktop::session::SingleInstance::showRequested, instance.get(),
                          [this] { application.requestShow(); });
-        QObject::connect(&popover, &freedesktop::popover::PopoverWindow::shown, &presses, [this] {
-            closingPress.forget();
-            presses.setListening(x11::ButtonPresses::Listening::On);
-        });
-        QObject::connect(&popover, &freedesktop::popover::PopoverWindow::closed, &presses,
-                         [this] { presses.setListening(x11::ButtonPresses::Listening::Off); });
-        QObject::connect(&presses, &x11::ButtonPresses::pressed, &popover, [this] { handlePress(QCursor::pos()); });
     }
 
     void bringToFront(WId id) const {
@@ -66,22 +58,6 @@ struct X11Desktop::Adapters {
         // Asked to the front alone, the user would be taken to the desktop that the window is on.
         windows.moveToCurrentDesktop(window);
         windows.activate(window);
-    }
-
-    void presentPopover(xcb_window_t window) const {
-        windows.keepOutOfTaskbar(window);
-        windows.activate(window);
-    }
-
-    void handlePress(QPoint position) {
-        const bool wasShown = popover.isShown();
-        // A press on the status item is the first half of a click that toggles the popover.
-        if (!statusItem.isInTray() || !statusItem.button()->screenRectangle.contains(position)) {
-            popover.pressedOutside(position);
-        }
-        if (wasShown && !popover.isShown()) {
-            closingPress.note(position);
-        }
     }
 
     std::unique_ptr<freedesktop::session::SingleInstance> instance;
@@ -93,8 +69,8 @@ struct X11Desktop::Adapters {
     x11::X11Pasteboard pasteboard{*clipboardConnection};
     x11::Keyboard keyboard{*inputConnection};
     x11::Windows windows{*inputConnection};
-    x11::Panels panels{*inputConnection};
     x11::ButtonPresses presses{*inputConnection};
+    x11::X11WindowSystem windowSystem{*inputConnection, windows};
     x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard};
     x11::X11Workspace workspace{*inputConnection, windows, freedesktop::session::applicationNameOfClass};
     x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, workspace, pasteboard};
@@ -114,15 +90,9 @@ struct X11Desktop::Adapters {
     freedesktop::QtAlert alert;
     freedesktop::LocalBundleFiles files;
     freedesktop::CommandDiskImageTool images;
-    freedesktop::tray::ClosingPress closingPress;
-    freedesktop::tray::QtStatusItem statusItem{
-        symbols, [this](QPoint pointer) { return !popover.isShown() && closingPress.claim(pointer); }};
-    freedesktop::popover::PopoverWindow popover{
-        appearance,
-        {.isComposited = [this] { return windows.isComposited(); },
-         .activateWindow = [this](WId id) { presentPopover(static_cast<xcb_window_t>(id)); },
-         .workArea = [this](const QRect& monitor) { return panels.workArea(monitor); },
-         .pressedElsewhere = [this](QPoint position) { handlePress(position); }}};
+    freedesktop::popover::PopoverWindow popover{appearance, windowSystem};
+    freedesktop::tray::TrayClicks trayClicks{popover, presses, scheduler};
+    freedesktop::tray::TrayIcon statusItem{trayClicks, windowSystem, hotKeys.commandKeyHint()};
 };
 
 std::expected<void, std::string> X11Desktop::prepare() {

@@ -1,9 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/freedesktop/BootstrapSymbols.h"
 #include "platform/freedesktop/QtApplication.h"
+#include "platform/freedesktop/QtScheduler.h"
+#include "platform/freedesktop/popover/PopoverWindow.h"
 #include "platform/freedesktop/session/ApplicationNames.h"
-#include "platform/freedesktop/tray/QtStatusItem.h"
+#include "platform/freedesktop/tray/TrayClicks.h"
+#include "platform/freedesktop/tray/TrayIcon.h"
+#include "platform/x11/ButtonPresses.h"
 #include "platform/x11/Connection.h"
 #include "platform/x11/Keyboard.h"
 #include "platform/x11/Windows.h"
@@ -11,6 +14,7 @@
 #include "platform/x11/X11HotKeyCenter.h"
 #include "platform/x11/X11KeystrokePoster.h"
 #include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/X11WindowSystem.h"
 #include "platform/x11/X11Workspace.h"
 #include "tests/contracts/AccessibilityTrustContract.h"
 #include "tests/contracts/ApplicationContract.h"
@@ -20,6 +24,7 @@
 #include "tests/contracts/StatusItemContract.h"
 #include "tests/contracts/WorkspaceContract.h"
 #include "tests/contracts/x11/X11Partner.h"
+#include "tests/fakes/FakeAppearance.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -199,9 +204,17 @@ struct QtApplicationRig {
     }
 };
 
-struct QtStatusItemRig : X11Rig {
-    freedesktop::BootstrapSymbols symbols;
-    freedesktop::tray::QtStatusItem adapter{symbols};
+struct TrayIconRig : X11Rig {
+    freedesktop::QtScheduler scheduler;
+    FakeAppearance appearance;
+    x11::Windows windows{*connection};
+    x11::X11WindowSystem windowSystem{*connection, windows};
+    x11::ButtonPresses presses{*connection};
+    freedesktop::popover::PopoverWindow popover{appearance, windowSystem};
+    freedesktop::tray::TrayClicks clicks{popover, presses, scheduler};
+    freedesktop::tray::TrayIcon adapter{clicks, windowSystem, {}};
+
+    TrayIconRig() = default;
 
     StatusItem& item() { return adapter; }
     void click(MouseButton button) {
@@ -210,7 +223,7 @@ struct QtStatusItemRig : X11Rig {
             const auto widgets = QApplication::topLevelWidgets();
             const auto icon = std::ranges::find_if(
                 widgets, [](const QWidget* widget) { return widget->inherits("QSystemTrayIconSys"); });
-            return adapter.isInTray() && icon != widgets.end() &&
+            return adapter.embeddedRectangle() && icon != widgets.end() &&
                    partner.isViewable(static_cast<xcb_window_t>((*icon)->winId()));
         }));
         partner.waitUntil([] { return false; }, 200);
@@ -232,7 +245,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(X11, HotKeyCenterContract, X11HotKeyCenterRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(X11, KeystrokePosterContract, X11KeystrokePosterRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(X11, AccessibilityTrustContract, X11AccessibilityTrustRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(Qt, ApplicationContract, QtApplicationRig);
-INSTANTIATE_TYPED_TEST_SUITE_P(Qt, StatusItemContract, QtStatusItemRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(Qt, StatusItemContract, TrayIconRig);
 
 } // namespace zamber::x11
 

@@ -84,7 +84,7 @@ class PrivateDesktop:
                 self._start_accessibility_bus()
             self.start_window_manager()
             self.start_tray()
-            self._start_compositor()
+            self.start_compositor()
             if self._layout != "us":
                 self.set_layout(self._layout)
         except BaseException:
@@ -263,10 +263,11 @@ class PrivateDesktop:
         wait_until(lambda: self._selection_owner("_NET_SYSTEM_TRAY_S0"), START_SECONDS,
                    lambda: f"the tray: {self.tray_host.stderr()}")
 
-    def _start_compositor(self):
+    def start_compositor(self):
+        """Part of coming up; called again by whoever has stopped `compositor_process`."""
         if self.compositor == "none":
             return
-        compositor = self.start("picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
+        compositor = self.compositor_process = self.start("picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
         wait_until(lambda: self._selection_owner("_NET_WM_CM_S0"), START_SECONDS,
                    lambda: f"the compositor: {compositor.stderr()}")
 

@@ -80,7 +80,7 @@ int main(int argc, char** argv) {
                                                .commandKeyHint = ports.hotKeys.commandKeyHint()},
                                               [&desktop](WId window) { (*desktop)->bringToFront(window); });
     // Keys that are pressed in the settings are not the popover's.
-    QObject::connect(&settings, &zamber::settings::SettingsWindow::cameToFront,
+    QObject::connect(&settings, &zamber::settings::SettingsWindow::cameToFront, &settings,
                      [ports] { ports.popover.performClose(); });
     for (const auto& action : {QStringLiteral("showSettingsWindow:"), QStringLiteral("showPreferencesWindow:")}) {
         (*desktop)->setResponder(action, [&settings] { settings.show(); });

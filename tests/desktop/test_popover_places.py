@@ -90,7 +90,7 @@ class LowScreenTestCase:
         self.assertLessEqual(popover.y + popover.height, height)
         tree = self.zamber.tree()
         (gear,) = tree.all(role="push button", name="Settings", states=["showing"])
-        clear = next(node for node in tree.all(role="push button") if node.name.startswith("Clear"))
+        (clear,) = tree.all(role="push button", name="Clear", states=["showing"])
         for node in (gear, clear):
             x, y = node.centre
             self.assertTrue(popover.x < x < popover.x + popover.width and popover.y < y < popover.y + popover.height,

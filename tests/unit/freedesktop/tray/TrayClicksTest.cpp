@@ -252,7 +252,7 @@ TEST_F(TrayClicksTest, TheDesktopIsWatchedOnlyAsLongAsItMatters) {
     press(Qt::LeftButton, FAR_AWAY);
     press(Qt::LeftButton, FAR_AWAY);
     EXPECT_FALSE(buttons.isListening);
-    EXPECT_EQ(scheduler.pendingTimers(), 0);
+    EXPECT_EQ(scheduler.pendingTimers(), 0U);
 }
 
 } // namespace zamber::freedesktop::tray

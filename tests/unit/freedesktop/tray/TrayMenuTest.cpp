@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/tray/TrayMenu.h"
 
+#include <QAction>
 #include <QTest>
 
 #include <gtest/gtest.h>

@@ -72,10 +72,12 @@ TEST_P(TrayPictureTest, ItsOutlineIsOneLineOnALightPanelAndASheetOnADarkOne) {
 
 TEST_P(TrayPictureTest, StandsUprightInTheMiddle) {
     const QImage picture = trayPicture(GetParam());
-    const QImage mirrored = picture.mirrored(true, false);
+    constexpr int SMOOTHING = 24; // of 255
     for (int y = 0; y < GetParam(); ++y) {
         for (int x = 0; x < GetParam() / 2; ++x) {
-            EXPECT_EQ(picture.pixelColor(x, y).alpha(), mirrored.pixelColor(x, y).alpha()) << x << ',' << y;
+            const int mirrored = GetParam() - 1 - x;
+            EXPECT_NEAR(picture.pixelColor(x, y).alpha(), picture.pixelColor(mirrored, y).alpha(), SMOOTHING)
+                << x << ',' << y;
         }
     }
 }

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/Windows.h"
 
-#include <xcb/xcb_icccm.h>
-
 #include <algorithm>
 #include <cstring>
 #include <string>
@@ -135,9 +133,7 @@ bool Windows::isMapped(xcb_window_t window) const {
 }
 
 bool Windows::isComposited() const {
-    const Owned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        m_connection.raw(), xcb_get_selection_owner(m_connection.raw(), m_compositorSelection), nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
+    return m_connection.selectionOwner(m_compositorSelection) != XCB_WINDOW_NONE;
 }
 
 xcb_window_t Windows::focusWindow() const {

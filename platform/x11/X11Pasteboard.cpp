@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Pasteboard.h"
 
+#include <QCoreApplication>
+
 #include <xcb/xfixes.h>
 
 #include <chrono>
@@ -11,9 +13,8 @@ namespace zamber::x11 {
 
 namespace {
 
-/// A program that replaces its own offer may let go of the old one first; taking over in that gap would make the two
-/// of us fight for the clipboard.
-constexpr std::chrono::milliseconds TAKE_OVER_DELAY{150};
+using freedesktop::selection::OwnerLoss;
+using freedesktop::selection::TakeOver;
 
 constexpr std::uint32_t WATCHED_CHANGES = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
@@ -23,15 +24,19 @@ constexpr std::uint32_t WATCHED_CHANGES = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SE
 
 X11Pasteboard::X11Pasteboard(Connection& connection)
     : m_connection(connection)
+    , m_names(connection)
+    , m_clients(connection)
     , m_incoming(connection)
     , m_outgoing(connection)
-    , m_clipboard(connection, m_outgoing, connection.atom(Atom::Clipboard))
-    , m_primary(connection, m_outgoing, XCB_ATOM_PRIMARY)
-    , m_manager(connection, m_outgoing, connection.atom(Atom::ClipboardManager)) {
+    , m_clipboard(connection, m_names, m_outgoing, connection.atom(Atom::Clipboard))
+    , m_primary(connection, m_names, m_outgoing, XCB_ATOM_PRIMARY)
+    , m_manager(connection, m_names, m_outgoing, connection.atom(Atom::ClipboardManager))
+    , m_handOver(connection, m_names) {
     m_takeOverDelay.setSingleShot(true);
-    m_takeOverDelay.setInterval(TAKE_OVER_DELAY);
+    m_takeOverDelay.setInterval(TakeOver::DELAY);
     connect(&m_takeOverDelay, &QTimer::timeout, this, &X11Pasteboard::takeOver);
     connect(&m_clipboard, &SelectionServer::lost, this, &X11Pasteboard::ownershipChanged);
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &X11Pasteboard::handOver);
     m_manager.setSideEffect(connection.atom(Atom::SaveTargets),
                             [this](xcb_atom_t, std::function<void(bool)> done) { saveTargets(std::move(done)); });
 
@@ -76,6 +81,7 @@ void X11Pasteboard::setData(ImageType type, const QByteArray& bytes) {
 void X11Pasteboard::write(const SelectionContent& content) {
     stopReading();
     m_takeOverDelay.stop();
+    m_takeOver.cancel();
     m_content = content;
     m_source = Source::Ourselves;
     answerSavers();
@@ -122,25 +128,22 @@ void X11Pasteboard::handleOwnerChange(const xcb_generic_event_t& event) {
         }
         return;
     }
-    m_takeOverDelay.stop();
     if (change.owner != XCB_WINDOW_NONE) {
         startReading(change.owner, change.selection_timestamp, true);
     } else if (change.subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER) {
-        stopReading();
-        handleReading(SelectionContent{}, true); // cleared on purpose
+        handleLoss(OwnerLoss::Cleared);
+        handleReading(CopyReader::Arrived{}, true);
     } else {
-        handleLoss();
+        handleLoss(OwnerLoss::Gone);
     }
 }
 
 void X11Pasteboard::readInitialContent() {
-    const auto cookie = xcb_get_selection_owner(m_connection.raw(), m_connection.atom(Atom::Clipboard));
-    const Owned<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(m_connection.raw(), cookie, nullptr));
-    if (!reply || reply->owner == XCB_WINDOW_NONE) {
+    const xcb_window_t initialOwner = m_connection.selectionOwner(m_connection.atom(Atom::Clipboard));
+    if (initialOwner == XCB_WINDOW_NONE) {
         return;
     }
-    m_connection.requestTimestamp([this, owner = reply->owner](xcb_timestamp_t time) {
+    m_connection.requestTimestamp([this, owner = initialOwner](xcb_timestamp_t time) {
         if (!m_reader && m_source == Source::Nothing) {
             startReading(owner, time, false);
         }
@@ -149,55 +152,88 @@ void X11Pasteboard::readInitialContent() {
 
 void X11Pasteboard::startReading(xcb_window_t owner, xcb_timestamp_t time, bool countsAsChange) {
     stopReading();
+    m_takeOverDelay.stop();
+    m_takeOver.cancel();
+    m_owner = {.window = owner, .process = m_clients.processOf(owner)};
     const SelectionQuery change{
         .selection = m_connection.atom(Atom::Clipboard), .target = XCB_ATOM_NONE, .time = time, .owner = owner};
     // What is held now is not what the new owner has, so that it is not to be served in its name.
     m_source = Source::Nothing;
     m_reader = std::make_unique<SelectionReader>(
-        m_connection, m_incoming, change,
-        [this, countsAsChange](const SelectionReader::Outcome& outcome) { handleReading(outcome, countsAsChange); });
+        m_connection, m_names, m_incoming, change,
+        [this, countsAsChange](const CopyReader::Outcome& outcome) { handleReading(outcome, countsAsChange); });
 }
 
-void X11Pasteboard::handleReading(const SelectionReader::Outcome& outcome, bool countsAsChange) {
-    if (m_reader) {
-        m_reader.release()->deleteLater(); // it is the one that calls
+void X11Pasteboard::handleReading(const CopyReader::Outcome& outcome, bool countsAsChange) {
+    if (m_readerOfMore) {
+        handleMore(std::get<CopyReader::Arrived>(outcome));
+        return;
     }
-    if (const auto* content = std::get_if<SelectionContent>(&outcome)) {
-        m_content = *content;
+    std::unique_ptr<SelectionReader> reader = std::move(m_reader);
+    if (const auto* arrived = std::get_if<CopyReader::Arrived>(&outcome)) {
+        m_content = arrived->content;
         m_source = Source::Foreign;
-    } else if (std::holds_alternative<SelectionReader::Secret>(outcome)) {
+        m_readerOfMore = arrived->isComplete ? nullptr : std::move(reader);
+    } else if (std::holds_alternative<CopyReader::Secret>(outcome)) {
         m_content = {};
         m_source = Source::Secret;
     }
-    if (countsAsChange && !std::holds_alternative<SelectionReader::Failed>(outcome)) {
+    if (reader) {
+        reader.release()->deleteLater(); // it is the one that calls
+    }
+    if (countsAsChange && !std::holds_alternative<CopyReader::Failed>(outcome)) {
         ++m_changeCount;
     }
+    if (!m_readerOfMore) {
+        answerSavers();
+    }
+}
+
+void X11Pasteboard::handleMore(const CopyReader::Arrived& more) {
+    m_content = more.content;
+    m_readerOfMore.release()->deleteLater();
     answerSavers();
 }
 
 void X11Pasteboard::stopReading() {
     m_reader.reset();
+    m_readerOfMore.reset();
 }
 
-void X11Pasteboard::handleLoss() {
+void X11Pasteboard::handleLoss(OwnerLoss loss) {
     stopReading();
     answerSavers();
-    if (m_source == Source::Foreign && !m_content.isEmpty()) {
+    if (m_takeOver.begin(loss, m_source, m_content)) {
+        m_sinceLoss.start();
         m_takeOverDelay.start();
+    } else {
+        m_takeOverDelay.stop();
     }
 }
 
 void X11Pasteboard::takeOver() {
-    const auto cookie = xcb_get_selection_owner(m_connection.raw(), m_connection.atom(Atom::Clipboard));
-    const Owned<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(m_connection.raw(), cookie, nullptr));
-    if (!reply || reply->owner != XCB_WINDOW_NONE) {
+    const bool hasOwner = m_connection.selectionOwner(m_connection.atom(Atom::Clipboard)) != XCB_WINDOW_NONE;
+    switch (m_takeOver.verdict(hasOwner, isFormerOwnerRunning(), std::chrono::milliseconds(m_sinceLoss.elapsed()))) {
+    case TakeOver::Verdict::Never:
+        m_takeOver.cancel();
         return;
+    case TakeOver::Verdict::NotYet:
+        m_takeOverDelay.start();
+        return;
+    case TakeOver::Verdict::Now:
+        break;
     }
+    m_content = m_takeOver.content();
+    m_takeOver.cancel();
     m_source = Source::Ourselves;
     if (!std::exchange(m_isAcquiring, true)) {
         m_connection.requestTimestamp([this](xcb_timestamp_t) { acquire(); });
     }
+}
+
+bool X11Pasteboard::isFormerOwnerRunning() const {
+    // Without an answer about the owner when it was one, there is no telling that it has gone.
+    return !m_owner.process || m_clients.processOf(m_owner.window) == m_owner.process;
 }
 
 void X11Pasteboard::handleManagerChange(xcb_window_t owner) {
@@ -208,10 +244,8 @@ void X11Pasteboard::handleManagerChange(xcb_window_t owner) {
 
 void X11Pasteboard::becomeManager() {
     m_connection.requestTimestamp([this](xcb_timestamp_t time) {
-        const auto cookie = xcb_get_selection_owner(m_connection.raw(), m_connection.atom(Atom::ClipboardManager));
-        const Owned<xcb_get_selection_owner_reply_t> reply(
-            xcb_get_selection_owner_reply(m_connection.raw(), cookie, nullptr));
-        if (reply && reply->owner == XCB_WINDOW_NONE && m_manager.acquire({}, time)) {
+        const xcb_window_t manager = m_connection.selectionOwner(m_connection.atom(Atom::ClipboardManager));
+        if (manager == XCB_WINDOW_NONE && m_manager.acquire({}, time)) {
             // Those who wait for a manager are told that there is one (ICCCM, section 2.8).
             m_connection.tellRoot(m_connection.root(), m_connection.atom(Atom::Manager),
                                   {time, m_connection.atom(Atom::ClipboardManager), m_manager.window(), 0, 0},
@@ -222,7 +256,7 @@ void X11Pasteboard::becomeManager() {
 
 void X11Pasteboard::saveTargets(std::function<void(bool)> done) {
     m_savers.push_back(std::move(done));
-    if (!m_reader) {
+    if (!m_reader && !m_readerOfMore) {
         answerSavers();
     }
 }
@@ -231,6 +265,17 @@ void X11Pasteboard::answerSavers() {
     const bool isSaved = m_source == Source::Foreign || m_source == Source::Ourselves;
     for (const auto& done : std::exchange(m_savers, {})) {
         done(isSaved);
+    }
+}
+
+void X11Pasteboard::handOver() {
+    const xcb_window_t manager = m_connection.selectionOwner(m_connection.atom(Atom::ClipboardManager));
+    if (manager == XCB_WINDOW_NONE || manager == m_manager.window()) {
+        return;
+    }
+    m_connection.serveInPlace([this] { return !m_isAcquiring; }, ClipboardHandOver::LONGEST);
+    if (m_clipboard.isOwner() && !m_clipboard.typesToSave().empty()) {
+        m_handOver.run(manager, m_clipboard.typesToSave());
     }
 }
 

@@ -3,11 +3,16 @@
 #pragma once
 
 #include "platform/Pasteboard.h"
+#include "platform/freedesktop/selection/TakeOver.h"
+#include "platform/x11/AtomNames.h"
+#include "platform/x11/Clients.h"
+#include "platform/x11/ClipboardHandOver.h"
 #include "platform/x11/IncomingTransfer.h"
 #include "platform/x11/OutgoingTransfers.h"
 #include "platform/x11/SelectionReader.h"
 #include "platform/x11/SelectionServer.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 
 #include <functional>
@@ -21,7 +26,8 @@ namespace zamber::x11 {
 /// outlives the program that it was copied from.
 ///
 /// It is the clipboard manager of the session, too, where there is none: programs that quit hand it what they hold
-/// (CLIPBOARD_MANAGER and SAVE_TARGETS, freedesktop.org's clipboard manager protocol).
+/// (CLIPBOARD_MANAGER and SAVE_TARGETS, freedesktop.org's clipboard manager protocol). Where there is one, what this
+/// program serves is handed to it at the end.
 class X11Pasteboard final : public QObject, public Pasteboard {
     Q_OBJECT
 
@@ -49,37 +55,54 @@ Q_SIGNALS:
     void ownershipChanged();
 
 private:
-    /// Where the content that we hold stands, which decides whether we may take over when its owner goes away.
-    enum class Source { Nothing, Ourselves, Foreign, Secret };
+    using SelectionContent = freedesktop::selection::SelectionContent;
+    using CopyReader = freedesktop::selection::CopyReader;
+    using Source = freedesktop::selection::ContentSource;
+
+    /// Who owns the clipboard, if it is not this program, or did so last.
+    struct Owner {
+        xcb_window_t window = XCB_WINDOW_NONE;
+        std::optional<std::uint32_t> process;
+    };
 
     void handleOwnerChange(const xcb_generic_event_t& event);
     void handleManagerChange(xcb_window_t owner);
     void readInitialContent();
     void startReading(xcb_window_t owner, xcb_timestamp_t time, bool countsAsChange);
-    void handleReading(const SelectionReader::Outcome& outcome, bool countsAsChange);
+    void handleReading(const CopyReader::Outcome& outcome, bool countsAsChange);
+    void handleMore(const CopyReader::Arrived& more);
     void stopReading();
     void write(const SelectionContent& content);
     void acquire();
-    void handleLoss();
+    void handleLoss(freedesktop::selection::OwnerLoss loss);
     void takeOver();
+    bool isFormerOwnerRunning() const;
     void becomeManager();
     void saveTargets(std::function<void(bool)> done);
     void answerSavers();
+    void handOver();
 
     Connection& m_connection;
+    AtomNames m_names;
+    Clients m_clients;
     IncomingTransfers m_incoming;
     OutgoingTransfers m_outgoing;
     SelectionServer m_clipboard;
     SelectionServer m_primary;
     SelectionServer m_manager;
+    ClipboardHandOver m_handOver;
     std::uint8_t m_xfixesEvent = 0;
 
     int m_changeCount = 0;
     SelectionContent m_content;
     Source m_source = Source::Nothing;
     bool m_isAcquiring = false;
-    std::unique_ptr<SelectionReader> m_reader;
+    std::unique_ptr<SelectionReader> m_reader;       // of the content
+    std::unique_ptr<SelectionReader> m_readerOfMore; // which has come, of what is only to be served on
+    Owner m_owner;
+    freedesktop::selection::TakeOver m_takeOver;
     QTimer m_takeOverDelay;
+    QElapsedTimer m_sinceLoss;
     std::vector<std::function<void(bool)>> m_savers;
 };
 

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/selection/SelectionText.h"
 
-#include <QString>
 #include <QUtf8StringView>
 
 #include <unicode/utf8.h>
@@ -49,14 +48,27 @@ QByteArray repairedUtf8(const QByteArray& bytes) {
         repaired += character < 0 ? QByteArrayView("\xef\xbf\xbd") : QByteArrayView(text + start, length);
         start += length;
     }
+    repaired.squeeze();
     return repaired;
 }
 
 QByteArray utf8FromLatin1(const QByteArray& bytes) {
-    if (isAscii(bytes)) {
+    const auto beyondAscii = std::ranges::count_if(bytes, [](char byte) { return static_cast<signed char>(byte) < 0; });
+    if (beyondAscii == 0) {
         return bytes;
     }
-    return QString::fromLatin1(bytes).toUtf8();
+    QByteArray converted(bytes.size() + beyondAscii, Qt::Uninitialized);
+    char* end = converted.data();
+    for (const char character : bytes) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte < 0x80) {
+            *end++ = character;
+        } else {
+            *end++ = static_cast<char>(0xc0 | (byte >> 6));
+            *end++ = static_cast<char>(0x80 | (byte & 0x3f));
+        }
+    }
+    return converted;
 }
 
 QByteArray latin1FromUtf8(const QByteArray& text) {
@@ -76,6 +88,7 @@ QByteArray latin1FromUtf8(const QByteArray& text) {
         }
     }
     converted.truncate(end - converted.constData());
+    converted.squeeze();
     return converted;
 }
 

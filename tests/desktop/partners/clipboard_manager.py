@@ -3,11 +3,13 @@
 # SPDX-License-Identifier: MIT
 """A clipboard manager as desktops have one: it saves what programs hand to it as they end, and serves it after them.
 
-Prints "ready" once it is the manager, then a JSON line for each hand-over: the types that it has saved, with their sizes.
+Prints "ready" once it is the manager, then a JSON line for each hand-over: the types that it has saved, with the SHA-256
+of their bytes.
 With --hang it never answers. An error of X ends it.
 """
 
 import argparse
+import hashlib
 import json
 import os
 import sys
@@ -79,7 +81,8 @@ def save(request):
     saved = {target: data for target in (listed.value if listed else []) if (data := fetch(target))}
     request.requestor.change_property(request.property, NULL, 32, [])
     send_answer(request, request.property)
-    print(json.dumps({connection.get_atom_name(target): len(data) for target, (_, data) in saved.items()}), flush=True)
+    print(json.dumps({connection.get_atom_name(target): hashlib.sha256(data).hexdigest()
+                      for target, (_, data) in saved.items()}), flush=True)
 
 
 def serve(request):

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "RunLoop.h"
 #include "Values.h"
+
 #include "tests/macos/System.h"
 
 #import <Foundation/Foundation.h>
@@ -40,7 +41,8 @@ using namespace zamber::system;
     return only;
 }
 - (void)postNotificationName:(NSString*)name object:(id)object {
-    note("NSNotificationCenter postNotificationName: %s object: %s", words(name).c_str(), object != nil ? "one" : "nil");
+    note("NSNotificationCenter postNotificationName: %s object: %s", words(name).c_str(),
+         object != nil ? "one" : "nil");
     NSNotification* const notification = [NSNotification new];
     notification->_name = name;
     const std::vector<ZamberNotificationObserver*> all = _observers;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "Values.h"
+
 #include "tests/macos/System.h"
 
 #import <AppKit/AppKit.h>

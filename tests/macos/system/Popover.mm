@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Values.h"
 #include "Windows.h"
+
 #include "tests/macos/System.h"
 
 #import <AppKit/AppKit.h>
@@ -82,12 +83,11 @@ __weak NSPopover* shownLast = nil;
         std::abort();
     }
     if (_window == nil) {
-        _window = [[NSWindow alloc]
-            initWithContentRect:NSMakeRect(0, 0, _contentSize.width + 2 * POPOVER_INSET,
-                                           _contentSize.height + 2 * POPOVER_INSET)
-                      styleMask:NSWindowStyleMaskBorderless
-                        backing:NSBackingStoreBuffered
-                          defer:NO];
+        _window = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, _contentSize.width + 2 * POPOVER_INSET,
+                                                                   _contentSize.height + 2 * POPOVER_INSET)
+                                              styleMask:NSWindowStyleMaskBorderless
+                                                backing:NSBackingStoreBuffered
+                                                  defer:NO];
     }
     [_window.contentView addSubview:_controller.view];
     [self placeContent];

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "Values.h"
 
-#import <Foundation/Foundation.h>
-
 #include <QXmlStreamReader>
+
+#import <Foundation/Foundation.h>
 
 // The rule (NSPropertyList.h): nil and an error for what is no property list.
 

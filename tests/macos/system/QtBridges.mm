@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "Values.h"
 
-#import <Foundation/Foundation.h>
-
 #include <QByteArray>
 #include <QRectF>
 #include <QString>
 #include <QUrl>
+
+#import <Foundation/Foundation.h>
 
 // Qt's conversions, which its headers declare on a Mac alone; see QtHeaders.cmake.
 

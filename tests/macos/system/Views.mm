@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
+#include "Values.h"
 #include "Windows.h"
 
-#include "Values.h"
 #include "tests/macos/System.h"
 
 #import <AppKit/AppKit.h>

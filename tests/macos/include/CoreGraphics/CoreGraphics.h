@@ -29,7 +29,7 @@ bool CGPreflightPostEventAccess();
 
 CGColorSpaceRef CGColorSpaceCreateWithName(CFStringRef name);
 void CGColorSpaceRelease(CGColorSpaceRef space);
-CGContextRef CGBitmapContextCreate(void* data, size_t width, size_t height, size_t bitsPerComponent,
-                                   size_t bytesPerRow, CGColorSpaceRef space, uint32_t bitmapInfo);
+CGContextRef CGBitmapContextCreate(void* data, size_t width, size_t height, size_t bitsPerComponent, size_t bytesPerRow,
+                                   CGColorSpaceRef space, uint32_t bitmapInfo);
 void CGContextRelease(CGContextRef context);
 }

@@ -49,11 +49,21 @@ struct NSRange {
 
 constexpr NSPoint NSZeroPoint{0, 0};
 constexpr NSRect NSZeroRect{{0, 0}, {0, 0}};
-inline NSPoint NSMakePoint(CGFloat x, CGFloat y) { return {x, y}; }
-inline NSSize NSMakeSize(CGFloat width, CGFloat height) { return {width, height}; }
-inline NSRect NSMakeRect(CGFloat x, CGFloat y, CGFloat width, CGFloat height) { return {{x, y}, {width, height}}; }
-inline NSRange NSMakeRange(NSUInteger location, NSUInteger length) { return {location, length}; }
-inline CGFloat NSHeight(NSRect rectangle) { return rectangle.size.height; }
+inline NSPoint NSMakePoint(CGFloat x, CGFloat y) {
+    return {x, y};
+}
+inline NSSize NSMakeSize(CGFloat width, CGFloat height) {
+    return {width, height};
+}
+inline NSRect NSMakeRect(CGFloat x, CGFloat y, CGFloat width, CGFloat height) {
+    return {{x, y}, {width, height}};
+}
+inline NSRange NSMakeRange(NSUInteger location, NSUInteger length) {
+    return {location, length};
+}
+inline CGFloat NSHeight(NSRect rectangle) {
+    return rectangle.size.height;
+}
 
 @class NSArray<Element>, NSData, NSDictionary<Key, Value>, NSError, NSString, NSURL;
 typedef NSString* NSKeyValueChangeKey;
@@ -63,7 +73,8 @@ enum : NSUInteger { NSKeyValueObservingOptionNew = 1 };
 @protocol NSObject
 @end
 
-__attribute__((objc_root_class)) @interface NSObject <NSObject> {
+__attribute__((objc_root_class))
+@interface NSObject<NSObject> {
     Class isa;
 }
 + (instancetype)alloc;
@@ -103,4 +114,6 @@ SEL NSSelectorFromString(NSString* name);
 NSString* NSStringFromSelector(SEL selector);
 void CFRelease(CFTypeRef reference);
 }
-inline CFTypeRef CFBridgingRetain(id object) { return (__bridge_retained CFTypeRef)object; }
+inline CFTypeRef CFBridgingRetain(id object) {
+    return (__bridge_retained CFTypeRef)object;
+}

@@ -11,7 +11,7 @@
 
 /// The stand-ins' other side: what was asked of the system, and the part of the user, of other programs and of the
 /// system's servers.
-namespace zamber {
+namespace zamber::system {
 
 // Calls.cpp: the calls since the process began, in their order.
 void note(const char* format, ...) __attribute__((format(printf, 1, 2)));
@@ -72,4 +72,4 @@ void setHome(const QString& path); ///< with a .Trash and a Library
 // Pasteboard.mm: another program copies.
 void copyTextElsewhere(const QString& text);
 
-} // namespace zamber
+} // namespace zamber::system

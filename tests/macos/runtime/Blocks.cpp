@@ -24,7 +24,7 @@ void _Block_release(const void* block);
 // NOLINTEND
 }
 
-namespace zamber {
+namespace zamber::runtime {
 
 namespace {
 
@@ -104,7 +104,7 @@ bool isBlock(Object object) {
     return isa == _NSConcreteStackBlock || isa == _NSConcreteGlobalBlock || isa == _NSConcreteMallocBlock;
 }
 
-} // namespace zamber
+} // namespace zamber::runtime
 
 using namespace zamber::runtime;
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <unordered_map>
 
-namespace zamber {
+namespace zamber::runtime {
 
 namespace {
 
@@ -152,7 +152,7 @@ Object objectOfNumber(Object receiver) {
     return number != 0 && number < SMALLEST_OBJECT && objectOf != nullptr ? objectOf(number) : receiver;
 }
 
-} // namespace zamber
+} // namespace zamber::runtime
 
 using namespace zamber::runtime;
 

@@ -19,7 +19,7 @@ void* _Block_copy(const void* block);
 void _Block_release(const void* block);
 }
 
-namespace zamber {
+namespace zamber::runtime {
 
 namespace {
 
@@ -129,7 +129,7 @@ std::size_t objectsWithoutPool() {
     return withoutPool;
 }
 
-} // namespace zamber
+} // namespace zamber::runtime
 
 using namespace zamber::runtime;
 

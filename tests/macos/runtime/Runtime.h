@@ -9,7 +9,7 @@
 /// sends, reference counts, autorelease pools, weak references and blocks. An object lies on the heap by itself, so
 /// that the address sanitizer sees each use after its end. A receiver below `SMALLEST_OBJECT` is a number: the window
 /// handles that Qt's offscreen platform gives out where the Mac's gives views.
-namespace zamber {
+namespace zamber::runtime {
 
 using Object = void*;
 using Selector = const char*;
@@ -75,4 +75,4 @@ bool isBlock(Object object);
 void setObjectOfNumber(Object (*function)(std::uintptr_t number));
 Object objectOfNumber(Object receiver);
 
-} // namespace zamber
+} // namespace zamber::runtime

@@ -96,7 +96,7 @@ NSApplication* NSApp = nil;
 }
 @end
 
-namespace zamber {
+namespace zamber::system {
 
 void answerAlert(int buttonOrCode) {
     nextAnswer = buttonOrCode >= 0 ? NSAlertFirstButtonReturn + buttonOrCode : buttonOrCode;
@@ -113,4 +113,4 @@ Q_COREAPP_STARTUP_FUNCTION(activateAsQt)
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::system

@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <mutex>
 
-namespace zamber {
+namespace zamber::system {
 
 namespace {
 
@@ -45,4 +45,4 @@ std::vector<std::string> callsDuring(const std::string& beginning, const std::fu
     return made;
 }
 
-} // namespace zamber
+} // namespace zamber::system

@@ -36,7 +36,7 @@ void store(const std::string& domain, const std::string& key, id value) {
 
 } // namespace
 
-namespace zamber {
+namespace zamber::system {
 
 /// What the command "defaults write" does, and the server then.
 void writeDefaultsElsewhere(const QString& domain, const QString& key, const QString& value) {
@@ -48,7 +48,7 @@ void writeDefaultsElsewhere(const QString& domain, const QString& key, const QSt
     }).join();
 }
 
-} // namespace zamber
+} // namespace zamber::system
 
 @implementation NSUserDefaults {
     std::string _domain;

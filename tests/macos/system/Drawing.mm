@@ -250,7 +250,7 @@ void CGContextRelease(CGContextRef context) {
 }
 }
 
-namespace zamber {
+namespace zamber::system {
 
 void setDark(bool isDark) {
     isSystemDark = isDark;
@@ -275,4 +275,4 @@ void setAccent(double red, double green, double blue) {
     [NSNotificationCenter.defaultCenter postNotificationName:NSSystemColorsDidChangeNotification object:nil];
 }
 
-} // namespace zamber
+} // namespace zamber::system

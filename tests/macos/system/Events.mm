@@ -31,7 +31,7 @@
 @implementation ZamberEventMonitor
 @end
 
-namespace zamber {
+namespace zamber::system {
 
 int eventsSeen = 0;
 
@@ -76,7 +76,7 @@ NSEvent* mouseEvent(NSEventType type) {
     return event;
 }
 
-} // namespace zamber
+} // namespace zamber::system
 
 using namespace zamber::system;
 

@@ -96,7 +96,7 @@ BOOL succeeded(const std::error_code& code, NSError** failure) {
 }
 @end
 
-namespace zamber {
+namespace zamber::system {
 
 void setHome(const QString& path) {
     home() = path;
@@ -118,4 +118,4 @@ void setBundle(const QString& path, const std::vector<std::pair<QString, QString
     bundleInformation = [NSDictionary dictionaryWithObjects:values.data() forKeys:keys.data() count:keys.size()];
 }
 
-} // namespace zamber
+} // namespace zamber::system

@@ -170,7 +170,7 @@ void CFRelease(CFTypeRef reference) {
 }
 }
 
-namespace zamber {
+namespace zamber::system {
 
 void setTrusted(bool isTrusted) {
     isProcessTrusted = isTrusted;
@@ -203,4 +203,4 @@ int livingKeyEvents() {
     return livingEvents + static_cast<int>(sources().size());
 }
 
-} // namespace zamber
+} // namespace zamber::system

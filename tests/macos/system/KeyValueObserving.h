@@ -7,7 +7,7 @@
 
 /// Key-value observing, as far as the adapters use it: of the application, by its address, and of defaults, by their
 /// suite.
-namespace zamber {
+namespace zamber::system {
 
 struct Observation {
     std::string subject;
@@ -25,4 +25,4 @@ void tellObservers(const std::string& subject, const std::string& key);
 
 std::string subjectOf(const void* object);
 
-} // namespace zamber
+} // namespace zamber::system

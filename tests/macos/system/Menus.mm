@@ -163,7 +163,7 @@ BOOL track(NSMenu* menu) {
 }
 @end
 
-namespace zamber {
+namespace zamber::system {
 
 void clickStatusItem(Click click) {
     @autoreleasepool {
@@ -186,4 +186,4 @@ void setStatusItemHasButton(bool has) {
     hasButton = has;
 }
 
-} // namespace zamber
+} // namespace zamber::system

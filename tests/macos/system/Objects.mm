@@ -12,7 +12,7 @@
 
 using namespace zamber;
 
-namespace zamber {
+namespace zamber::system {
 
 namespace {
 
@@ -66,7 +66,7 @@ std::string subjectOf(const void* object) {
     return address;
 }
 
-} // namespace zamber
+} // namespace zamber::system
 
 @implementation NSObject
 + (instancetype)alloc {

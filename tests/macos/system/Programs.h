@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace zamber {
+namespace zamber::system {
 
 bool isReducedMotion(); ///< what the user has set
 
@@ -19,4 +19,4 @@ struct Streams {
 /// Starts a program; its process, or minus the error's number.
 int start(const std::string& path, const std::vector<std::string>& arguments, const Streams& streams = {});
 
-} // namespace zamber
+} // namespace zamber::system

@@ -94,7 +94,7 @@ QWindow* windowOfNumber(std::uintptr_t number) {
 }
 @end
 
-namespace zamber {
+namespace zamber::system {
 
 namespace {
 
@@ -173,4 +173,4 @@ const bool isStep = (addToEachTurn(layOutEmbedded), true);
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::system

@@ -6,7 +6,7 @@
 
 #include <functional>
 
-namespace zamber {
+namespace zamber::system {
 
 /// Turns the main run loop in that mode, and Qt's with it, until the condition holds.
 void runUntil(NSRunLoopMode mode, const std::function<bool()>& condition);
@@ -17,4 +17,4 @@ void addToEachTurn(void (*step)());
 /// The events that came since it was set to 0.
 extern int eventsSeen;
 
-} // namespace zamber
+} // namespace zamber::system

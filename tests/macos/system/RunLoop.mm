@@ -257,7 +257,7 @@ void fireTimers(const QString& mode) {
 }
 @end
 
-namespace zamber {
+namespace zamber::system {
 
 void turn(const QString& mode) {
     @autoreleasepool {
@@ -305,4 +305,4 @@ Q_COREAPP_STARTUP_FUNCTION(joinLoops)
 
 } // namespace
 
-} // namespace zamber
+} // namespace zamber::system

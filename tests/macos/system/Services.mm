@@ -113,7 +113,7 @@ SMAppServiceStatus loginStatus = SMAppServiceStatusNotRegistered;
 }
 @end
 
-namespace zamber {
+namespace zamber::system {
 
 void failLoginItem(bool isFailing) {
     isRecordBroken = isFailing;
@@ -127,4 +127,4 @@ void setSoundsThere(bool areThere) {
     areSoundsThere = areThere;
 }
 
-} // namespace zamber
+} // namespace zamber::system

@@ -17,7 +17,7 @@
 
 extern char** environ; // NOLINT: the C library's
 
-namespace zamber {
+namespace zamber::system {
 
 void writeDefaultsElsewhere(const QString& domain, const QString& key, const QString& value); // Defaults.mm
 
@@ -41,7 +41,7 @@ int start(const std::string& path, const std::vector<std::string>& arguments, co
     return failure != 0 ? -failure : process;
 }
 
-} // namespace zamber
+} // namespace zamber::system
 
 using namespace zamber::system;
 

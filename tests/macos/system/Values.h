@@ -13,10 +13,10 @@
 @end
 
 /// For the stand-ins among themselves.
-namespace zamber {
+namespace zamber::system {
 
 NSString* text(const QString& text);
 NSError* error(const char* domain, int code, const QString& description);
 std::string words(NSString* text); ///< for a note
 
-} // namespace zamber
+} // namespace zamber::system

@@ -275,7 +275,7 @@ NSString* const NSLocalizedDescriptionKey = @"NSLocalizedDescription";
 }
 @end
 
-namespace zamber {
+namespace zamber::system {
 
 NSString* text(const QString& text) {
     return [[NSString alloc] initWithCharacters:reinterpret_cast<const uint16_t*>(text.utf16())
@@ -294,4 +294,4 @@ std::string words(NSString* text) {
     return text != nil ? text.qtText.toStdString() : "nil";
 }
 
-} // namespace zamber
+} // namespace zamber::system

@@ -5,7 +5,7 @@
 #import <AppKit/AppKit.h>
 
 /// For the stand-ins among themselves.
-namespace zamber {
+namespace zamber::system {
 
 NSWindow* windowNumbered(NSInteger number);
 
@@ -15,7 +15,7 @@ NSEvent* mouseEvent(NSEventType type);
 /// Views that are pinned to the edges of those around them take their places.
 void layOut(NSView* view);
 
-} // namespace zamber
+} // namespace zamber::system
 
 @interface NSView (Places)
 - (void)setWindowOfRoot:(NSWindow*)window;

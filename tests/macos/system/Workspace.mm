@@ -116,7 +116,7 @@ std::map<int, Program>& programs() {
 }
 @end
 
-namespace zamber {
+namespace zamber::system {
 
 int openApplication(const char* name) {
     const int number = static_cast<int>(programs().size()) + 1;
@@ -137,4 +137,4 @@ int applicationInFront() {
     return inFront;
 }
 
-} // namespace zamber
+} // namespace zamber::system

@@ -29,6 +29,8 @@ PermissionWindow::PermissionWindow(const Appearance& appearance, const Symbols& 
                            Qt::WindowStaysOnTopHint)
     , m_view(new PermissionView(appearance, symbols, this)) {
     setWindowTitle(QStringLiteral("Zamber — Permission Required"));
+    // It comes by itself; what the user types goes on to where it was going.
+    setAttribute(Qt::WA_ShowWithoutActivating);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);

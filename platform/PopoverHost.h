@@ -28,8 +28,8 @@ public:
     using ContentMaker = std::function<QWidget*()>;
 
     /// What to show. A host that lays a material of the desktop's behind the content makes it translucent
-    /// (Qt::WA_TranslucentBackground); the content then leaves it through. It is made once: when the program has started and nothing else is waiting, or before if it has to
-    /// be shown then.
+    /// (Qt::WA_TranslucentBackground); the content then leaves it through. It is made once: when the program has
+    /// started and nothing else is waiting, or before if it has to be shown then.
     virtual void setContent(ContentMaker makeContent) = 0;
 
     /// The content's size in points; takes effect at once, also while the popover is shown.

@@ -89,6 +89,7 @@ private:
     void historyChanged();
     void refreshCounts();
     void refreshRows();
+    void searchChanged();
     void updateSize();
     void updatePreferences();
 

@@ -107,10 +107,9 @@ Desktop MacDesktop::ports() {
             .links = m_adapters->links,
             .bundle = m_adapters->bundle,
             .alert = m_adapters->alert,
-            .files = m_adapters->files,
-            .images = m_adapters->images,
             .userDefaults = m_adapters->userDefaults,
-            .scheduler = m_adapters->scheduler};
+            .scheduler = m_adapters->scheduler,
+            .diskImages = DiskImages{.files = m_adapters->files, .tool = m_adapters->images}};
 }
 
 } // namespace zamber::macos

@@ -102,7 +102,7 @@ TEST(DesktopEntry, APathThatWasWrittenIsReadAgain) {
     for (const QString& path : {u"/usr/bin/zamber"_s, u"/opt/my programs/zamber"_s, u"/opt/a\"b\\c/zamber"_s,
                                 u"/opt/$HOME/`x`/it's"_s, u"/opt/100%/zamber"_s, u"/opt/größe & (c);"_s}) {
         const DesktopEntry entry =
-            entryOf(("Exec=" + execValue(path) + "\nTryExec=" + stringValue(path) + "\n").toUtf8());
+            entryOf((u"Exec="_s + execValue(path) + u"\nTryExec="_s + stringValue(path) + u"\n"_s).toUtf8());
         EXPECT_EQ(entry.program(), path);
         EXPECT_EQ(entry.string(u"TryExec"_s), path);
     }
@@ -127,7 +127,7 @@ TEST(DesktopEntry, WhatIsNoFileOfThatKindIsNotRead) {
 
 TEST(MessageLocales, ComeFromTheFirstVariableThatIsSet) {
     {
-        const Variables variables({});
+        const Variables variables;
         EXPECT_EQ(messageLocales(), QStringList());
     }
     {

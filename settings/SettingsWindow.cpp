@@ -45,6 +45,7 @@ void SettingsWindow::show() {
     m_view->showNormal();
     m_view->raise();
     m_bringToFront(m_view->winId());
+    emit cameToFront();
 }
 
 bool SettingsWindow::eventFilter(QObject* watched, QEvent* event) {

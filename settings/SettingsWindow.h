@@ -33,6 +33,10 @@ public:
     /// Nothing while the window is closed.
     SettingsView* view() const { return m_view.get(); }
 
+signals:
+    /// The window has come to the front, opened or not before.
+    void cameToFront();
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

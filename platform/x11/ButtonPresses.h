@@ -2,25 +2,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/freedesktop/tray/PointerButtons.h"
 #include "platform/x11/Connection.h"
 
 namespace zamber::x11 {
 
-/// Sees the presses of mouse buttons anywhere on the screen, in other programs' windows too, without taking them away
-/// (X Input 2, raw events of the root window). Nothing is asked of the server while nobody listens.
-class ButtonPresses final : public QObject {
-    Q_OBJECT
-
+/// The pointer's buttons by X Input 2: raw events of the root window.
+class ButtonPresses final : public freedesktop::tray::PointerButtons {
 public:
     explicit ButtonPresses(Connection& connection);
 
-    enum class Listening { Off, On };
-    void setListening(Listening listening);
-
-Q_SIGNALS:
-    void pressed();
+    void setListening(Listening listening) override;
+    void catchUp() override;
 
 private:
+    void handle(const xcb_generic_event_t& event);
+
     Connection& m_connection;
     std::uint8_t m_opcode = 0;
 };

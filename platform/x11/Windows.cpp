@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/Windows.h"
 
-#include <xcb/xcb_icccm.h>
+#include <QSysInfo>
 
 #include <algorithm>
 #include <cstring>
-#include <string>
 
 namespace zamber::x11 {
 
@@ -27,11 +26,16 @@ std::optional<std::uint32_t> firstNumber(const Property& property) {
     return number;
 }
 
+/// The host's name, with or without its domain on either side.
+bool isThisMachine(const QByteArray& name) {
+    const auto withoutDomain = [](const QByteArray& host) { return host.split('.').first().toLower(); };
+    return withoutDomain(name) == withoutDomain(QSysInfo::machineHostName().toLocal8Bit());
+}
+
 } // namespace
 
 Windows::Windows(Connection& connection)
-    : m_connection(connection)
-    , m_compositorSelection(connection.intern("_NET_WM_CM_S" + std::to_string(connection.screenNumber()))) {
+    : m_connection(connection) {
     connection.watch(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     connection.addEventHandler([this](const xcb_generic_event_t& event) {
         if (codeOf(event) != XCB_PROPERTY_NOTIFY) {
@@ -66,6 +70,12 @@ bool Windows::hasWindowManager() const {
 }
 
 std::optional<std::int64_t> Windows::processId(xcb_window_t window) const {
+    // Another machine, or a container with a name of its own, counts its processes by itself.
+    const QByteArray machine =
+        m_connection.readProperty(window, XCB_ATOM_WM_CLIENT_MACHINE, Connection::Afterwards::Keep).bytes;
+    if (!machine.isEmpty() && !isThisMachine(machine)) {
+        return std::nullopt;
+    }
     return firstNumber(
         m_connection.readProperty(window, m_connection.atom(Atom::NetWmPid), Connection::Afterwards::Keep));
 }
@@ -132,12 +142,6 @@ bool Windows::isMapped(xcb_window_t window) const {
     const Owned<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
         m_connection.raw(), xcb_get_window_attributes(m_connection.raw(), window), nullptr));
     return reply && reply->map_state != XCB_MAP_STATE_UNMAPPED;
-}
-
-bool Windows::isComposited() const {
-    const Owned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        m_connection.raw(), xcb_get_selection_owner(m_connection.raw(), m_compositorSelection), nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
 xcb_window_t Windows::focusWindow() const {

@@ -24,7 +24,7 @@ public:
     /// window manager does not tell. Nothing on an empty desktop.
     std::optional<xcb_window_t> activeWindow() const;
 
-    /// `_NET_WM_PID`; nothing where the program does not tell.
+    /// `_NET_WM_PID`; nothing where the program does not tell, or runs on another machine (`WM_CLIENT_MACHINE`).
     std::optional<std::int64_t> processId(xcb_window_t window) const;
 
     /// The class of `WM_CLASS` (its second word), or empty.
@@ -49,9 +49,6 @@ public:
     /// Whether the window is there and not hidden.
     bool isMapped(xcb_window_t window) const;
 
-    /// Whether a compositing manager draws the screen, so that windows may be translucent (EWMH, `_NET_WM_CM_Sn`).
-    bool isComposited() const;
-
 Q_SIGNALS:
     void activeWindowChanged();
 
@@ -63,7 +60,6 @@ private:
     std::optional<xcb_window_t> focusedTopLevel() const;
 
     Connection& m_connection;
-    xcb_atom_t m_compositorSelection;
 };
 
 } // namespace zamber::x11

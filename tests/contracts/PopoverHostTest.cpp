@@ -5,6 +5,7 @@
 #include "tests/contracts/PopoverHostContract.h"
 #include "tests/fakes/FakeAppearance.h"
 #include "tests/fakes/FakePopoverHost.h"
+#include "tests/fakes/FakeWindowSystem.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -15,6 +16,8 @@
 #include <QWindow>
 
 namespace zamber {
+
+using namespace freedesktop::popover;
 
 namespace {
 
@@ -36,22 +39,19 @@ void pressIn(QWindow* window, QPoint position) {
 }
 
 struct PopoverWindowRig {
-    bool isComposited = true;
-    QList<WId> activated;
+    FakeWindowSystem windowSystem;
     FakeAppearance appearance;
     QWidget content;
-    freedesktop::popover::PopoverWindow real;
+    freedesktop::popover::PopoverWindow real{appearance, windowSystem};
 
-    PopoverWindowRig()
-        : real(appearance, {.isComposited = [this] { return isComposited; },
-                            .activateWindow = [this](WId window) { activated.append(window); }}) {}
+    PopoverWindowRig() = default; // the widget has no implicit one
 
     PopoverHost& host() { return real; }
     QSize contentSize() { return content.size(); }
     void giveContent() {
         real.setContent([this] { return &content; });
     }
-    void pressOutside() { real.pressedOutside(QPoint(-4000, 4000)); }
+    void pressOutside() { real.press(Qt::LeftButton, QPoint(-4000, 4000)); }
 };
 
 class PopoverWindowTest : public testing::Test {
@@ -112,11 +112,27 @@ TEST(PopoverPlacement, ItIsAlwaysWholeInsideTheWorkArea) {
     }
 }
 
-TEST(PopoverPlacement, OneThatIsTooLargeShowsItsUpperLeftCorner) {
+TEST(PopoverPlacement, OneThatIsTooLargeShrinksToWhatFits) {
+    constexpr int GAP = freedesktop::popover::POPOVER_GAP;
     EXPECT_EQ(
-        freedesktop::popover::popoverPlacement({500, 0, 24, 24}, {440, 420}, PopoverEdge::MinY, {100, 50, 320, 240})
-            .topLeft(),
-        QPoint(100, 50));
+        freedesktop::popover::popoverPlacement({500, 0, 24, 24}, {440, 420}, PopoverEdge::MinY, {100, 50, 320, 240}),
+        QRect(100 + GAP, 50 + GAP, 320 - 2 * GAP, 240 - 2 * GAP));
+    EXPECT_EQ(
+        freedesktop::popover::popoverPlacement({500, 0, 24, 24}, {500, 520}, PopoverEdge::MinY, {0, 28, 910, 484}),
+        QRect(262, 28 + GAP, 500, 484 - 2 * GAP))
+        << "no narrower than it has to be";
+}
+
+TEST(PopoverPlacement, AtTheEdgesOfTheWorkAreaItKeepsAMargin) {
+    const QRect workArea(0, 28, 1280, 772);
+    const QRect free = workArea.adjusted(freedesktop::popover::POPOVER_GAP, freedesktop::popover::POPOVER_GAP,
+                                         -freedesktop::popover::POPOVER_GAP, -freedesktop::popover::POPOVER_GAP);
+    for (const QPoint corner :
+         {workArea.topLeft(), workArea.topRight(), workArea.bottomLeft(), workArea.bottomRight()}) {
+        const QRect placed =
+            freedesktop::popover::popoverPlacement(QRect(corner, QSize(1, 1)), {440, 420}, PopoverEdge::MinY, workArea);
+        EXPECT_TRUE(free.contains(placed)) << corner.x() << ',' << corner.y();
+    }
 }
 
 TEST_F(PopoverWindowTest, ItIsAToolWindowAndNeverAPopup) {
@@ -142,9 +158,9 @@ TEST_F(PopoverWindowTest, ItTellsWhenItOpensAndCloses) {
 
 TEST_F(PopoverWindowTest, ItAsksForTheFocusAtEachShowing) {
     show();
-    EXPECT_EQ(rig.activated, QList<WId>{window()->winId()});
+    EXPECT_EQ(rig.windowSystem.presented, QList<WId>{window()->winId()});
     show();
-    EXPECT_EQ(rig.activated.size(), 2);
+    EXPECT_EQ(rig.windowSystem.presented.size(), 2);
 }
 
 TEST_F(PopoverWindowTest, TheVisibleFrameIsPlacedNotItsShadow) {
@@ -157,7 +173,7 @@ TEST_F(PopoverWindowTest, TheVisibleFrameIsPlacedNotItsShadow) {
     EXPECT_EQ(rig.content.mapToGlobal(QPoint(0, 0)), placed.topLeft());
     popover.performClose();
 
-    rig.isComposited = false;
+    rig.windowSystem.composited = false;
     show();
     EXPECT_EQ(popover.frameRectangle(), placed);
     EXPECT_EQ(window()->geometry(), placed) << "no shadow without a compositor";
@@ -186,8 +202,8 @@ TEST_F(PopoverWindowTest, APressInsideKeepsItAndAPressOnItsShadowClosesIt) {
     show();
     pressIn(window()->windowHandle(), rig.content.geometry().center());
     EXPECT_TRUE(popover.isShown());
-    popover.pressedOutside(popover.frameRectangle().center());
-    EXPECT_TRUE(popover.isShown()) << "the position counts, not the name";
+    popover.press(Qt::LeftButton, popover.frameRectangle().center());
+    EXPECT_TRUE(popover.isShown());
     pressIn(window()->windowHandle(), QPoint(2, 2));
     EXPECT_FALSE(popover.isShown());
 }
@@ -204,6 +220,48 @@ TEST_F(PopoverWindowTest, APressInAnotherWindowOfOursClosesItButNotOneInItsOwnMe
     menu.close();
     pressIn(settings.windowHandle(), QPoint(3, 3));
     EXPECT_FALSE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, AMenuOfItsOwnIsPartOfItWhereverItReaches) {
+    show();
+    QMenu menu(&rig.content);
+    menu.addAction(QStringLiteral("Delete"));
+    menu.popup(popover.frameRectangle().bottomRight() + QPoint(40, 0));
+    ASSERT_FALSE(popover.frameRectangle().contains(menu.geometry().center()));
+    popover.press(Qt::LeftButton, menu.geometry().center());
+    EXPECT_TRUE(popover.isShown());
+    popover.press(Qt::LeftButton, menu.geometry().bottomRight() + QPoint(40, 40));
+    EXPECT_FALSE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, APressThatIsFilteredLeavesItOpen) {
+    popover.setPressFilter(
+        [](Qt::MouseButton button, QPoint place) { return button == Qt::LeftButton && place == QPoint(-10, -10); });
+    show();
+    popover.press(Qt::LeftButton, QPoint(-10, -10));
+    EXPECT_TRUE(popover.isShown());
+    popover.press(Qt::RightButton, QPoint(-10, -10));
+    EXPECT_FALSE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, WithTheCompositorGoesTheRoomForTheShadowAndComesAgainWithIt) {
+    show();
+    const QRect frame = popover.frameRectangle();
+    EXPECT_NE(window()->geometry(), frame);
+    rig.windowSystem.setComposited(false);
+    EXPECT_EQ(popover.frameRectangle(), frame);
+    EXPECT_EQ(window()->geometry(), frame);
+    EXPECT_EQ(rig.windowSystem.shadows.last(), QMargins());
+    rig.windowSystem.setComposited(true);
+    EXPECT_EQ(popover.frameRectangle(), frame);
+    EXPECT_EQ(window()->geometry().marginsRemoved(rig.windowSystem.shadows.last()), frame);
+}
+
+TEST_F(PopoverWindowTest, ClosedItDoesNotMindTheCompositor) {
+    rig.windowSystem.setComposited(false);
+    EXPECT_FALSE(popover.isShown());
+    show();
+    EXPECT_EQ(window()->geometry(), popover.frameRectangle());
 }
 
 TEST_F(PopoverWindowTest, ItClosesWhenAnotherProgramComesToTheFrontButNotForAWindowOfOurs) {
@@ -246,8 +304,8 @@ TEST_F(PopoverWindowTest, TheContentStaysTheCallers) {
     auto content = std::make_unique<QWidget>();
     {
         FakeAppearance appearance;
-        freedesktop::popover::PopoverWindow other(appearance,
-                                                  {.isComposited = [] { return false; }, .activateWindow = [](WId) {}});
+        FakeWindowSystem windowSystem;
+        freedesktop::popover::PopoverWindow other(appearance, windowSystem);
         other.setContent([&content] { return content.get(); });
         other.show({QRect(400, 0, 24, 24)}, PopoverEdge::MinY);
         EXPECT_NE(content->window(), content.get());

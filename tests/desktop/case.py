@@ -24,6 +24,7 @@ class DesktopTestCase(unittest.TestCase):
     compositor = "none"
     tray = None
     xtest = True
+    size = (1280, 800)
     ready_line = READY_LINE
     layout = "us"
     history = ()
@@ -33,7 +34,7 @@ class DesktopTestCase(unittest.TestCase):
     def setUp(self):
         self.desktop = self.enterContext(
             PrivateDesktop(window_manager=self.window_manager, tray=self.tray, compositor=self.compositor,
-                           layout=self.layout, xtest=self.xtest)
+                           layout=self.layout, xtest=self.xtest, size=self.size)
         )
         self.keyboard, self.clipboard = self.desktop.keyboard, self.desktop.clipboard
         self.bystander = Editor(self.desktop, "Bystander", class_name="Bystander", geometry="300x200+700+500")

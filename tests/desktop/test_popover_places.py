@@ -3,6 +3,7 @@
 """Where the popover opens: on several monitors, beside panels, at every scale."""
 
 from case import DesktopTestCase
+from harness import wait_until
 
 HISTORY = ("apple tart", "banana bread", "cherry cake")
 
@@ -69,3 +70,92 @@ class ScaledOnceAndAHalfTest(ScaledTestCase, DesktopTestCase):
 
 class ScaledTwiceTest(ScaledTestCase, DesktopTestCase):
     scale = 2
+
+
+class LowScreenTestCase:
+    """On a screen with less room than the popover's size."""
+
+    history = HISTORY
+    preferences = {"popoverSize": "large"}
+
+    def prepare(self):
+        self.desktop.environment["QT_SCALE_FACTOR"] = str(self.scale)
+
+    def test_it_shrinks_to_what_fits_and_keeps_its_footer(self):
+        popover = self.zamber.open_popover()
+        width, height = self.size
+        self.assertEqual(popover.width, min(500 * self.scale, width - 12 * self.scale))
+        self.assertLess(popover.height, 520 * self.scale)
+        self.assertGreaterEqual(popover.y, 28)
+        self.assertLessEqual(popover.y + popover.height, height)
+        tree = self.zamber.tree()
+        (gear,) = tree.all(role="push button", name="Settings", states=["showing"])
+        (clear,) = tree.all(role="push button", name="Clear", states=["showing"])
+        for node in (gear, clear):
+            x, y = node.centre
+            self.assertTrue(popover.x < x < popover.x + popover.width and popover.y < y < popover.y + popover.height,
+                            f"{node.name!r} at {node.centre} in {popover}")
+        self.choose(2)
+        self.expect_paste()
+        self.editor.wait_for_text("cherry cake")
+
+
+class LowScreenOnceAndAHalfTest(LowScreenTestCase, DesktopTestCase):
+    size = (1366, 768)
+    scale = 1.5
+
+
+class LowScreenTwiceTest(LowScreenTestCase, DesktopTestCase):
+    size = (1024, 600)
+    scale = 2
+
+
+class CompositedPlacesTestCase:
+    """Where a compositor runs, the window is larger than what is seen of it: the shadow lies around it."""
+
+    compositor = "picom"
+    history = HISTORY
+
+    def test_what_is_seen_hangs_from_the_icon_and_stays_clear_of_the_screens_edge(self):
+        self.click_tray_icon()
+        self.zamber.wait_for_popover()
+        seen = next(window for window in self.zamber.tree().children if window.name == "Zamber")
+        (gear,) = seen.all(role="push button", name="Settings", states=["showing"])
+        (search,) = seen.all(role="text", states=["showing"])
+        popover = self.zamber.popover()
+        self.assertGreater(popover.width, 440)
+        # The shadow's depth on each side of what is seen; the popover is 440 by 420.
+        left = popover.x + (popover.width - 440) // 2
+        top = popover.y + 18
+        self.assertEqual(left + 440, 1280 - 6, "a margin at the screen's edge")
+        self.assertEqual(top, 28 + 6, "close below the panel")
+        self.assertTrue(left < search.centre[0] < left + 440 and top < search.centre[1] < top + 420)
+        self.assertTrue(left < gear.centre[0] < left + 440)
+
+
+class CompositedPlacesTest(CompositedPlacesTestCase, DesktopTestCase):
+    pass
+
+
+class CompositedPlacesUnderAnotherWindowManagerTest(CompositedPlacesTestCase, DesktopTestCase):
+    """One that moves windows into the work area."""
+
+    window_manager = "xfwm4"
+
+
+class DyingCompositorTest(DesktopTestCase):
+    compositor = "picom"
+    history = HISTORY
+
+    def test_a_compositor_that_ends_takes_the_room_for_the_shadow_along(self):
+        popover = self.zamber.open_popover()
+        self.assertGreater(popover.width, 440)
+        self.desktop.compositor_process.stop()
+        bare = wait_until(lambda: (window := self.zamber.popover()) and window.width == 440 and window, 5.0,
+                          lambda: f"the shadow to be gone; the window is {self.zamber.popover()}")
+        self.assertEqual(bare.height, 420)
+        self.choose(1)
+        self.expect_paste()
+        self.editor.wait_for_text("banana bread")
+        self.desktop.start_compositor()
+        self.assertGreater(self.zamber.open_popover().width, 440)

@@ -15,17 +15,12 @@ class SettingsTestCase(DesktopTestCase):
     history = ("first", "second", "third")
 
     def open_settings(self):
-        """By the popover's gear; the popover is closed again."""
+        """By the popover's gear, which closes the popover."""
         self.zamber.open_popover()
         (gear,) = self.zamber.tree().all(role="push button", name="Settings", states=["showing"])
         self.desktop.mouse.click(*gear.centre)
         window = self.wait_for_settings()
-        if self.zamber.popover():
-            self.zamber.press_hot_key()
-            self.zamber.wait_for_popover()
-            self.keyboard.tap("Escape")
-            self.zamber.wait_until_closed()
-            self.desktop.activate(window)
+        self.zamber.wait_until_closed()
         self.wait_for_settings()
         return window
 
@@ -170,6 +165,11 @@ class SettingsWindowTest(SettingsTestCase):
         self.desktop.wait_until_active(self.editor.window)
         self.open_settings()
         self.assertEqual(self.selected_page(), "General")
+
+    def test_the_gear_closes_the_popover_and_the_keys_are_the_settings_own(self):
+        self.open_settings()
+        self.keyboard.tap("Down", "Return")
+        holds_for(lambda: self.editor.text() == "" and self.zamber.popover() is None, 0.8, "nothing is pasted")
 
     def test_the_menu_opens_it_also_when_it_is_minimised_or_on_another_desktop(self):
         window = self.open_from_menu()

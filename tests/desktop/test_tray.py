@@ -81,6 +81,26 @@ class NotifierHostTest(NotifierTestCase):
         self.zamber.wait_for_popover()
         self.stays_open(DOUBLE_CLICK_SECONDS)
 
+    def test_a_click_that_closed_it_beside_the_icon_leaves_the_next_click_on_the_icon_its_effect(self):
+        x, y = self.host.square
+        self.host.click()
+        self.zamber.wait_for_popover()
+        self.desktop.mouse.click(x - 22, y)  # where a narrow panel has the next icon
+        self.zamber.wait_until_closed()
+        self.host.click()
+        self.zamber.wait_for_popover()
+        self.stays_open()
+
+    def test_a_right_press_on_the_icon_closes_it(self):
+        self.host.click()
+        self.zamber.wait_for_popover()
+        self.desktop.mouse.move(*self.host.square)
+        self.desktop.mouse.press(3)
+        self.zamber.wait_until_closed()
+        self.desktop.mouse.release(3)
+        self.host.click()
+        self.zamber.wait_for_popover()
+
     def test_it_hangs_from_where_the_click_was(self):
         self.host.click()
         popover = self.zamber.wait_for_popover()
@@ -106,7 +126,7 @@ class NotifierHostTest(NotifierTestCase):
         self.assertEqual([line.get("label") for line in menu["lines"]], MENU)
         self.assertEqual([line.get("type") for line in menu["lines"]], [None, "separator", None, "separator", None])
         self.assertEqual([line.get("shortcut") for line in menu["lines"]],
-                         [[["comma"]], None, None, None, [["q"]]])
+                         [[["Super", "comma"]], None, None, None, [["Super", "q"]]])
         self.stays_closed()
 
     def test_the_menu_is_made_anew_at_each_opening(self):
@@ -140,6 +160,18 @@ class NotifierHostTest(NotifierTestCase):
         self.zamber_has_ended = True
         self.keyboard.tap("Down", "Up", "Return")  # wraps round to the last line
         self.assertEqual(self.zamber.child.wait(5), 0)
+
+    def test_a_menu_that_is_asked_for_again_is_shown_there_and_closes_as_the_first_would(self):
+        places = [self.host.square, (600, 400), (300, 200)]
+        for place in places:
+            self.desktop.mouse.move(*place)
+            self.host.ask(call="ContextMenu", arguments=[0, 0])
+            wait_until(lambda: (menu := self.zamber.menu()) and (menu.x <= place[0] and menu.y <= place[1]), 3.0,
+                       lambda: f"the menu at {place}; it is {self.zamber.menu()}")
+        self.keyboard.tap("Escape")
+        wait_until(lambda: self.zamber.menu() is None, what="the menu to be gone")
+        self.host.click()
+        self.zamber.wait_for_popover()
 
 
 class ChangingHostsTest(NotifierTestCase):
@@ -201,6 +233,71 @@ class WithoutAnyTrayTest(NotifierTestCase):
     def test_another_start_shows_it(self):
         self.zamber.activate_by_bus()
         self.zamber.wait_for_popover()
+
+
+class PanelsTest(NotifierTestCase):
+    """Where nobody tells where the icon is: it hangs next to the panel."""
+
+    def start_panel(self, position, size):
+        configuration = self.desktop.directory / "panel"
+        configuration.write_text(
+            f"panel_items = F\npanel_monitor = all\npanel_position = {position}\npanel_size = {size}\n"
+            "panel_dock = 0\nstrut_policy = follow_size\nautohide = 0\n")
+        self.desktop.start("panel", ["tint2", "-c", configuration])
+        root = self.desktop.display.screen().root
+        work_area = self.desktop.display.intern_atom("_NET_WORKAREA")
+        wait_until(lambda: list(root.get_full_property(work_area, X.AnyPropertyType).value[:4]) != [0, 0, 1280, 800], 5.0,
+                   "the panel's strut")
+
+    def assert_popover_within(self, left, top, right, bottom):
+        popover = self.zamber.open_popover()
+        inside = (left <= popover.x and top <= popover.y and popover.x + popover.width <= right
+                  and popover.y + popover.height <= bottom)
+        self.assertTrue(inside, f"{popover} within {(left, top, right, bottom)}")
+
+    def test_a_panel_at_the_bottom(self):
+        self.start_panel("bottom center horizontal", "100% 40")
+        self.assert_popover_within(800, 300, 1280, 760)
+
+    def test_a_panel_at_the_left(self):
+        self.start_panel("center left vertical", "100% 60")
+        self.assert_popover_within(60, 300, 560, 800)
+
+    def test_a_panel_at_the_right(self):
+        self.start_panel("center right vertical", "100% 60")
+        self.assert_popover_within(740, 300, 1220, 800)
+
+    def test_a_panel_at_the_top(self):
+        self.start_panel("top center horizontal", "100% 40")
+        self.assert_popover_within(800, 40, 1280, 500)
+
+
+class IconAtTheOriginTest(DesktopTestCase):
+    """The tray stands at the beginning of a panel at the very top: the icon is where windows wait for their place."""
+
+    tray = "none"
+    history = HISTORY
+
+    def prepare(self):
+        configuration = self.desktop.directory / "tray-at-the-origin"
+        configuration.write_text(
+            "panel_items = S\npanel_monitor = all\npanel_position = top left horizontal\npanel_size = 100% 24\n"
+            "panel_padding = 0 0 0\npanel_margin = 0 0\nsystray_padding = 0 0 0\nsystray_icon_size = 24\n"
+            "panel_dock = 0\nstrut_policy = follow_size\nautohide = 0\n")
+        self.desktop.start("tint2", ["tint2", "-c", configuration])
+
+    def test_the_popover_hangs_from_it_and_its_clicks_toggle(self):
+        icon = wait_until(lambda: self.desktop.tray_icon(self.zamber.pid), 5.0, "the icon in the tray")
+        self.assertEqual((icon.x, icon.y), (0, 0))
+        popover = self.zamber.open_popover()
+        self.assertLess(popover.x, 40)
+        self.assertLess(popover.y, 60)
+        for _ in range(2):
+            self.click_tray_icon()
+            self.zamber.wait_until_closed()
+            holds_for(lambda: self.zamber.popover() is None, DOUBLE_CLICK_SECONDS, "the popover stays closed")
+            self.click_tray_icon()
+            self.zamber.wait_for_popover()
 
 
 class RealPanelTest(DesktopTestCase):
@@ -284,6 +381,62 @@ class EmbeddedIconTest(DesktopTestCase):
         self.wait_until_menu_is_gone()
         wait_until(lambda: self.desktop.window(title="Zamber Settings", pid=self.zamber.pid), 5.0, "the settings")
         self.assertIsNone(self.zamber.popover())
+
+    def test_the_key_works_with_command_as_it_is_shown(self):
+        self.open_menu()
+        self.keyboard.chord("Super_L", "comma")
+        self.wait_until_menu_is_gone()
+        wait_until(lambda: self.desktop.window(title="Zamber Settings", pid=self.zamber.pid), 5.0, "the settings")
+        self.open_menu()
+        self.zamber_has_ended = True
+        self.keyboard.chord("Super_L", "q")
+        self.assertEqual(self.zamber.child.wait(5), 0)
+
+    def press_on_the_icon(self, button=1):
+        icon = wait_until(lambda: self.desktop.tray_icon(self.zamber.pid), 5.0, "the icon in the tray")
+        self.desktop.mouse.move(icon.x + icon.width // 2, icon.y + icon.height // 2)
+        self.desktop.mouse.press(button)
+
+    def test_a_click_acts_when_the_button_comes_up(self):
+        self.press_on_the_icon()
+        holds_for(lambda: self.zamber.popover() is None, 0.4, "the popover is closed")
+        self.desktop.mouse.release()
+        self.zamber.wait_for_popover()
+        self.press_on_the_icon()
+        holds_for(lambda: self.zamber.popover() is not None, 0.4, "the popover is open")
+        self.desktop.mouse.release()
+        self.zamber.wait_until_closed()
+        self.press_on_the_icon(3)
+        holds_for(lambda: self.zamber.menu() is None, 0.4, "the menu is closed")
+        self.desktop.mouse.release(3)
+        wait_until(self.zamber.menu, 5.0, "the menu")
+
+    def test_a_press_that_is_dragged_away_is_no_click(self):
+        self.press_on_the_icon()
+        self.desktop.mouse.move(600, 400)
+        self.desktop.mouse.release()
+        holds_for(lambda: self.zamber.popover() is None, 0.4, "the popover is closed")
+        self.click_tray_icon()
+        self.zamber.wait_for_popover()
+
+    def test_a_right_press_closes_the_popover_under_the_menu(self):
+        self.click_tray_icon()
+        self.zamber.wait_for_popover()
+        self.press_on_the_icon(3)
+        self.zamber.wait_until_closed()
+        self.desktop.mouse.release(3)
+        wait_until(self.zamber.menu, 5.0, "the menu")
+        self.assertIsNone(self.zamber.popover())
+
+    def test_right_clicks_open_and_close_the_menu_in_turn(self):
+        for _ in range(2):
+            self.open_menu()
+            holds_for(lambda: self.zamber.menu() is not None, 0.3, "the menu is open")
+            self.click_tray_icon(button=3)
+            self.wait_until_menu_is_gone()
+            holds_for(lambda: self.zamber.menu() is None, 0.3, "the menu stays closed")
+        self.click_tray_icon()
+        self.zamber.wait_for_popover()
 
     def test_another_key_does_nothing(self):
         self.open_menu()

@@ -34,6 +34,9 @@ public:
     void setContentGeometry(const QRect& rectangle);
     QRect contentGeometry() const;
 
+    /// How far the window reaches beyond its content (points).
+    QMargins shadowMargins() const;
+
 signals:
     void hidden();
     void deactivated();
@@ -48,7 +51,6 @@ private:
     /// Drawn over the content: cuts its corners round and draws the border.
     class Rim;
 
-    QMargins shadowMargins() const;
     void arrange();
     void paintShadow(QPainter& painter) const;
     void paintRim(QPainter& painter) const;

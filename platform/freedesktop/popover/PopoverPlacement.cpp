@@ -16,16 +16,18 @@ int inside(int wish, int length, int low, int room) {
 } // namespace
 
 QRect popoverPlacement(const QRect& anchor, QSize size, PopoverEdge preferredEdge, const QRect& workArea) {
+    const QRect room = workArea.adjusted(POPOVER_GAP, POPOVER_GAP, -POPOVER_GAP, -POPOVER_GAP);
+    const QSize fitting = size.boundedTo(room.size());
     const int below = anchor.y() + anchor.height() + POPOVER_GAP;
-    const int above = anchor.y() - POPOVER_GAP - size.height();
-    const bool fitsBelow = below >= workArea.y() && below + size.height() <= workArea.y() + workArea.height();
-    const bool fitsAbove = above >= workArea.y() && above + size.height() <= workArea.y() + workArea.height();
+    const int above = anchor.y() - POPOVER_GAP - fitting.height();
+    const bool fitsBelow = below >= room.y() && below + fitting.height() <= room.y() + room.height();
+    const bool fitsAbove = above >= room.y() && above + fitting.height() <= room.y() + room.height();
 
     const bool isBelow = preferredEdge == PopoverEdge::MinY ? fitsBelow || !fitsAbove : fitsBelow && !fitsAbove;
-    const int centred = anchor.x() + (anchor.width() - size.width()) / 2;
-    return {inside(centred, size.width(), workArea.x(), workArea.width()),
-            inside(isBelow ? below : above, size.height(), workArea.y(), workArea.height()), size.width(),
-            size.height()};
+    const int centred = anchor.x() + (anchor.width() - fitting.width()) / 2;
+    return {QPoint(inside(centred, fitting.width(), room.x(), room.width()),
+                   inside(isBelow ? below : above, fitting.height(), room.y(), room.height())),
+            fitting};
 }
 
 } // namespace zamber::freedesktop::popover

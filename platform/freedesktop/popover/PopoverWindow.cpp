@@ -4,6 +4,7 @@
 
 #include "platform/Appearance.h"
 #include "platform/freedesktop/popover/PopoverPlacement.h"
+#include "platform/freedesktop/popover/WorkArea.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -13,7 +14,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <utility>
 
 namespace zamber::freedesktop::popover {
@@ -37,12 +37,6 @@ const QScreen* screenNear(QPoint point) {
                                      [point](const QScreen* screen) { return distance(screen->geometry(), point); });
 }
 
-const QWidget* widgetOfWindow(const QObject* window) {
-    const auto topLevels = QApplication::topLevelWidgets();
-    const auto found = std::ranges::find(topLevels, window, &QWidget::windowHandle);
-    return found == topLevels.end() ? nullptr : *found;
-}
-
 /// Is the window the popover's, or a menu or dialog that was opened from it?
 bool belongsTo(const QWidget* window, const QWidget* frame) {
     while (window != nullptr && window != frame) {
@@ -53,14 +47,21 @@ bool belongsTo(const QWidget* window, const QWidget* frame) {
 
 } // namespace
 
-PopoverWindow::PopoverWindow(const Appearance& appearance, WindowSystem windowSystem)
+PopoverWindow::PopoverWindow(const Appearance& appearance, WindowSystem& windowSystem)
     : m_systemAppearance(appearance)
-    , m_windowSystem(std::move(windowSystem)) {
+    , m_windowSystem(windowSystem) {
     m_frame.winId(); // creates the window now, so that the first opening does not wait for it
     connect(&m_frame, &PopoverFrame::hidden, this, &PopoverWindow::closed);
     // Which window becomes active instead is known only after this turn of the main loop.
     connect(&m_frame, &PopoverFrame::deactivated, this,
             [this] { QTimer::singleShot(0, this, &PopoverWindow::closeUnlessOursIsActive); });
+    // A compositor that ends while the popover is open would leave the shadow's room black.
+    connect(&windowSystem, &WindowSystem::compositedChanged, this, [this] {
+        if (isShown()) {
+            applyShape();
+            place();
+        }
+    });
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -94,13 +95,13 @@ void PopoverWindow::show(const Anchor& anchor, PopoverEdge preferredEdge) {
 
     makeContentUnlessMade();
     applyLook();
-    m_frame.setShape(m_windowSystem.isComposited() ? FrameShape::RoundedWithShadow : FrameShape::Square);
+    applyShape();
     place();
     m_frame.show();
     m_frame.raise();
     m_frame.activateWindow();
     m_frame.setFocus();
-    m_windowSystem.activateWindow(m_frame.winId());
+    m_windowSystem.presentPopover(m_frame.winId());
     if (isOpening) {
         emit shown();
     }
@@ -114,21 +115,24 @@ bool PopoverWindow::isShown() const {
     return m_frame.isVisible();
 }
 
-void PopoverWindow::pressedOutside(QPoint position) {
-    if (isShown() && !frameRectangle().contains(position)) {
+void PopoverWindow::press(Qt::MouseButton button, QPoint place) {
+    if (isShown() && !isInside(place) && (!m_pressFilter || !m_pressFilter(button, place))) {
         performClose();
     }
 }
 
+bool PopoverWindow::isInside(QPoint place) const {
+    // The window reaches further than the popover is seen; its menus reach out of it.
+    return std::ranges::any_of(QApplication::topLevelWidgets(), [&](const QWidget* window) {
+        return window->isVisible() && belongsTo(window, &m_frame) &&
+               (window == &m_frame ? frameRectangle() : window->geometry()).contains(place);
+    });
+}
+
 bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseButtonPress && watched->isWindowType() && isShown()) {
-        const QWidget* window = widgetOfWindow(watched);
-        const QPoint position = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();
-        if (!belongsTo(window, &m_frame)) {
-            m_windowSystem.pressedElsewhere ? m_windowSystem.pressedElsewhere(position) : performClose();
-        } else if (window == &m_frame) {
-            pressedOutside(position); // on the shadow
-        }
+    if (event->type() == QEvent::MouseButtonPress && watched->isWindowType()) {
+        const auto& mouse = *static_cast<QMouseEvent*>(event);
+        press(mouse.button(), mouse.globalPosition().toPoint());
     } else if (event->type() == QEvent::ApplicationPaletteChange) {
         applyLook();
     }
@@ -137,26 +141,17 @@ bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void PopoverWindow::place() {
     if (m_anchor) {
-        const QRect workArea = workAreaOf(*screenNear(m_anchor->screenRectangle.center()));
+        const QRect workArea = workAreaOf(*screenNear(m_anchor->screenRectangle.center()), m_windowSystem);
         m_frame.setContentGeometry(
             popoverPlacement(m_anchor->screenRectangle, m_contentSize, m_preferredEdge, workArea));
     }
 }
 
-QRect PopoverWindow::workAreaOf(const QScreen& screen) const {
-    const QRect available = screen.availableGeometry();
-    if (!m_windowSystem.workArea || QGuiApplication::screens().size() < 2) {
-        return available;
-    }
-    // A screen begins at the same place in points and in pixels; only what lies inside it is scaled.
-    const QPoint origin = screen.geometry().topLeft();
-    const double ratio = screen.devicePixelRatio();
-    const QRect free = m_windowSystem.workArea(QRect(origin, (QSizeF(screen.geometry().size()) * ratio).toSize()));
-    const QPointF topLeft = QPointF(free.topLeft() - origin) / ratio;
-    const QPointF bottomRight = QPointF(free.topLeft() - origin + QPoint(free.width(), free.height())) / ratio;
-    const QPoint start(static_cast<int>(std::ceil(topLeft.x())), static_cast<int>(std::ceil(topLeft.y())));
-    const QPoint end(static_cast<int>(bottomRight.x()), static_cast<int>(bottomRight.y()));
-    return QRect(start + origin, QSize(end.x() - start.x(), end.y() - start.y())) & available;
+void PopoverWindow::applyShape() {
+    m_frame.setShape(m_windowSystem.isComposited() ? FrameShape::RoundedWithShadow : FrameShape::Square);
+    const double ratio = m_frame.devicePixelRatioF();
+    const QMargins shadow = m_frame.shadowMargins();
+    m_windowSystem.setShadow(m_frame.winId(), (QMarginsF(shadow) * ratio).toMargins());
 }
 
 void PopoverWindow::applyLook() {

@@ -4,20 +4,18 @@
 
 #include "platform/PopoverHost.h"
 #include "platform/freedesktop/popover/PopoverFrame.h"
+#include "platform/freedesktop/popover/WindowSystem.h"
 
 #include <QObject>
-#include <QtGui/qwindowdefs.h>
+#include <QPoint>
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 namespace zamber {
 class Appearance;
 }
-
-namespace zamber::freedesktop::popover {}
-
-namespace zamber::freedesktop::popover {}
 
 namespace zamber::freedesktop::popover {
 
@@ -26,20 +24,13 @@ class PopoverWindow final : public QObject, public PopoverHost {
     Q_OBJECT
 
 public:
-    /// What only the windowing system can tell and do.
-    struct WindowSystem {
-        std::function<bool()> isComposited;
-        /// Asks the window manager for the keyboard focus, beyond what Qt does.
-        std::function<void(WId)> activateWindow;
-        /// What panels leave of a monitor, in pixels. Where there are several monitors Qt does not know; without this
-        /// function the popover may lie over a panel there.
-        std::function<QRect(const QRect&)> workArea = {};
-        /// Told of a press, at that place on the screen, in a window of ours that is not the popover's; without this
-        /// function it closes the popover.
-        std::function<void(QPoint)> pressedElsewhere = {};
-    };
+    /// Whether a press of that button at that place (points) leaves the popover open, though it is outside it.
+    using PressFilter = std::function<bool(Qt::MouseButton button, QPoint place)>;
 
-    PopoverWindow(const Appearance& appearance, WindowSystem windowSystem);
+    /// All of them outlive this object.
+    PopoverWindow(const Appearance& appearance, WindowSystem& windowSystem);
+
+    void setPressFilter(PressFilter filter) { m_pressFilter = std::move(filter); }
 
     void setContent(ContentMaker makeContent) override;
     void setContentSize(QSize points) override;
@@ -48,8 +39,9 @@ public:
     void performClose() override;
     bool isShown() const override;
 
-    /// A mouse button was pressed there on the screen (points), in whatever program: outside the popover it closes it.
-    void pressedOutside(QPoint position);
+    /// To be told of each press anywhere on the screen (points), in whatever program: one outside the popover closes
+    /// it. The presses in windows of ours are seen without.
+    void press(Qt::MouseButton button, QPoint place);
 
     /// Where the visible popover lies on the screen, without its shadow.
     QRect frameRectangle() const { return m_frame.contentGeometry(); }
@@ -63,13 +55,15 @@ protected:
 
 private:
     void makeContentUnlessMade();
+    bool isInside(QPoint place) const;
     void place();
-    QRect workAreaOf(const QScreen& screen) const;
+    void applyShape();
     void applyLook();
     void closeUnlessOursIsActive();
 
     const Appearance& m_systemAppearance;
-    const WindowSystem m_windowSystem;
+    WindowSystem& m_windowSystem;
+    PressFilter m_pressFilter;
     PopoverFrame m_frame;
     ContentMaker m_makeContent; ///< until it is made
     QSize m_contentSize{440, 420};

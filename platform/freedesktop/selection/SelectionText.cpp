@@ -17,10 +17,22 @@ bool isAscii(const QByteArray& bytes) {
 } // namespace
 
 QByteArray utf8FromLatin1(const QByteArray& bytes) {
-    if (isAscii(bytes)) {
+    const auto beyondAscii = std::ranges::count_if(bytes, [](char byte) { return static_cast<signed char>(byte) < 0; });
+    if (beyondAscii == 0) {
         return bytes;
     }
-    return QString::fromLatin1(bytes).toUtf8();
+    QByteArray converted(bytes.size() + beyondAscii, Qt::Uninitialized);
+    char* end = converted.data();
+    for (const char character : bytes) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte < 0x80) {
+            *end++ = character;
+        } else {
+            *end++ = static_cast<char>(0xc0 | (byte >> 6));
+            *end++ = static_cast<char>(0x80 | (byte & 0x3f));
+        }
+    }
+    return converted;
 }
 
 QByteArray latin1FromUtf8(const QByteArray& text) {
@@ -40,6 +52,7 @@ QByteArray latin1FromUtf8(const QByteArray& text) {
         }
     }
     converted.truncate(end - converted.constData());
+    converted.squeeze();
     return converted;
 }
 

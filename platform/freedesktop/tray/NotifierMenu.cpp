@@ -173,7 +173,8 @@ QVariantMap NotifierMenu::propertiesOf(int id) const {
     // A single underscore would mark the letter after it.
     QVariantMap properties{{u"label"_s, QString(item.title).replace(u"_"_s, u"__"_s)}};
     if (!item.keyEquivalent.isEmpty()) {
-        properties[u"shortcut"_s] = QVariant::fromValue(QList<QStringList>(1, {keyName(item.keyEquivalent)}));
+        const QStringList pressed{u"Super"_s, keyName(item.keyEquivalent)};
+        properties[u"shortcut"_s] = QVariant::fromValue(QList<QStringList>(1, pressed));
     }
     return properties;
 }

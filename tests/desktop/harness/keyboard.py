@@ -2,6 +2,8 @@
 # SPDX-License-Identifier: MIT
 """A keyboard and a mouse made of XTEST events, which is what a user's hands look like to every program."""
 
+import time
+
 from Xlib import XK, X
 from Xlib.ext import xtest
 
@@ -9,7 +11,7 @@ from . import xkb
 
 # Positions on the keyboard, named after what they are on the US layout, as X numbers them (evdev code + 8).
 KEY_CODES = {
-    "Escape": 9, "1": 10, "2": 11, "3": 12, "BackSpace": 22, "Tab": 23, "w": 25, "Return": 36, "Control_L": 37, "a":
+    "Escape": 9, "1": 10, "2": 11, "3": 12, "BackSpace": 22, "Tab": 23, "q": 24, "w": 25, "Return": 36, "Control_L": 37, "a":
     38, "s": 39, "Shift_L": 50, "x": 53, "c": 54, "v": 55, "comma": 59, "Shift_R": 62, "Alt_L": 64, "space": 65,
     "Caps_Lock": 66, "Num_Lock": 77, "Control_R": 105, "Home": 110, "Up": 111, "Left": 113, "Right": 114, "End":
     115, "Down": 116, "Insert": 118, "Delete": 119, "Super_L": 133, "Super_R": 134,
@@ -52,6 +54,14 @@ class Keyboard:
         """All keys but the last are held while the last is tapped: chord("Control_L", "v")."""
         self.press(*keys)
         self.release(*reversed(keys))
+
+    def play(self, *steps):
+        """Keys at their times, as hands move them: play((0.0, "+Super_L"), (0.08, "+2"), (0.3, "-Super_L"), …), each
+        with the seconds since the call."""
+        start = time.monotonic()
+        for due, step in steps:
+            time.sleep(max(0.0, start + due - time.monotonic()))
+            (self.press if step[0] == "+" else self.release)(step[1:])
 
     def type_text(self, text):
         """Types on the first layout; every character must be on it with at most Shift."""

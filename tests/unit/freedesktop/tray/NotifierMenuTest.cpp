@@ -47,7 +47,7 @@ TEST_F(NotifierMenuTest, IsMadeWhenItIsReadAndWhenItIsOpened) {
     EXPECT_EQ(root.children[0].properties.value(QStringLiteral("label")), QStringLiteral("One"));
     EXPECT_EQ(root.children[1].properties.value(QStringLiteral("type")), QStringLiteral("separator"));
     EXPECT_EQ(root.children[2].properties.value(QStringLiteral("shortcut")).value<QList<QStringList>>(),
-              QList<QStringList>(1, {QStringLiteral("q")}));
+              QList<QStringList>(1, {QStringLiteral("Super"), QStringLiteral("q")}));
     menu.AboutToShow(0);
     EXPECT_EQ(wanted, 2);
 }

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Scheduler.h"
+#include "platform/freedesktop/tray/PointerButtons.h"
+
+#include <QObject>
+#include <QPoint>
+#include <QRect>
+
+#include <functional>
+#include <optional>
+#include <utility>
+
+namespace zamber::freedesktop::popover {
+class PopoverWindow;
+}
+
+namespace zamber::freedesktop::tray {
+
+/// Tells a click on the status item from a press that closes the popover.
+///
+/// The popover closes at a press outside it; the status item toggles the popover at a click, which is a press and a
+/// release. So each press on the icon could be both, and the popover would close and open again. The answer depends on
+/// who draws the icon:
+/// - An embedded icon (XEmbed) is a window of ours: its place is known, and a left press on it is left to the click.
+/// - A host on the session bus (StatusNotifierItem) draws the icon in a window of its own, and tells of the click when
+///   the button has come up. The press has closed the popover by then; the click that it belongs to does nothing more.
+class TrayClicks final : public QObject {
+    Q_OBJECT
+
+public:
+    /// The icon's rectangle in points; nothing while no embedded icon is shown.
+    using EmbeddedIcon = std::function<std::optional<QRect>()>;
+
+    /// All of them outlive this object.
+    TrayClicks(popover::PopoverWindow& popover, PointerButtons& buttons, Scheduler& scheduler);
+    ~TrayClicks() override;
+
+    void setEmbeddedIcon(EmbeddedIcon embeddedIcon) { m_embeddedIcon = std::move(embeddedIcon); }
+
+    /// For each left click on the icon, when it is told of, with the pointer's place: whether it is still to be acted
+    /// on. It is not when its own press has closed the popover.
+    bool isToBeActedOn(QPoint pointer);
+
+private:
+    bool isLeftToClick(Qt::MouseButton button, QPoint place) const;
+    void handlePress(Qt::MouseButton button, QPoint place);
+    void handleRelease();
+    void handleClosing();
+    void forgetClosingPress();
+
+    popover::PopoverWindow& m_popover;
+    PointerButtons& m_buttons;
+    Scheduler& m_scheduler;
+    EmbeddedIcon m_embeddedIcon;
+    std::optional<QPoint> m_closingPress; ///< the latest press, if it has closed the popover and its click may follow
+    std::optional<Scheduler::Token> m_expiry;
+};
+
+} // namespace zamber::freedesktop::tray

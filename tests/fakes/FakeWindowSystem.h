@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/freedesktop/popover/WindowSystem.h"
+
+#include <QList>
+
+#include <optional>
+
+namespace zamber {
+
+/// A windowing system whose compositor comes and goes as the test says.
+class FakeWindowSystem final : public freedesktop::popover::WindowSystem {
+public:
+    bool isComposited() const override { return composited; }
+    QRect workArea(const QRect& monitor) const override { return monitor; }
+    void setShadow(WId /*window*/, const QMargins& shadow) override { shadows.append(shadow); }
+    void presentPopover(WId window) override { presented.append(window); }
+
+    void setComposited(bool isComposited) {
+        composited = isComposited;
+        Q_EMIT compositedChanged();
+    }
+
+    bool composited = true;
+    QList<QMargins> shadows; ///< as they were told, the newest last
+    QList<WId> presented;
+};
+
+} // namespace zamber

@@ -6,16 +6,18 @@
 #include "clipboard/ClipboardManager.h"
 #include "platform/Application.h"
 #include "popover/ClipboardListView.h"
+#include "update/UpdateManager.h"
 
 #include <utility>
 
 namespace zamber::app {
 
-AppDelegate::AppDelegate(const Desktop& desktop, const std::filesystem::path& historyFile, LaunchSteps launchSteps)
+AppDelegate::AppDelegate(const Desktop& desktop, const std::filesystem::path& historyFile,
+                         std::function<void()> checkAndPromptMove)
     : clipboardManager(
           clipboard::ClipboardManager::create(desktop.pasteboard, desktop.userDefaults, desktop.scheduler, historyFile))
     , m_desktop(desktop)
-    , m_launchSteps(std::move(launchSteps))
+    , m_checkAndPromptMove(std::move(checkAndPromptMove))
     , m_launchAtLogin(desktop.loginItem) {}
 
 AppDelegate::~AppDelegate() = default;
@@ -34,8 +36,10 @@ void AppDelegate::applicationDidFinishLaunching() {
     updatePopoverAppearance();
     registerHotKey();
     clipboardManager->startMonitoring();
-    m_launchSteps.startPeriodicChecks();
-    m_launchSteps.checkAndPromptMove();
+    update::UpdateManager::shared().startPeriodicChecks();
+    if (m_checkAndPromptMove) {
+        m_checkAndPromptMove();
+    }
     checkAccessibility();
 }
 

@@ -5,9 +5,11 @@
 #include "install/LaunchAtLoginManager.h"
 #include "platform/Desktop.h"
 #include "platform/HotKeyCenter.h"
+#include "platform/KeystrokePoster.h"
 #include "platform/Scheduler.h"
 #include "platform/StatusItem.h"
 #include "platform/Workspace.h"
+#include "ui/MenuColors.h"
 
 #include <filesystem>
 #include <functional>
@@ -24,34 +26,23 @@ namespace zamber::popover {
 class ClipboardListView;
 }
 
-namespace zamber::app {}
-
-namespace zamber::app {}
-
-namespace zamber::app {}
-
-namespace zamber::app {}
-
 namespace zamber::app {
 
 class PermissionWindow;
-
-/// What begins with the program and is none of the delegate's own business.
-struct LaunchSteps {
-    std::function<void()> startPeriodicChecks = [] {}; ///< whether there is a newer version
-    std::function<void()> checkAndPromptMove = [] {};  ///< whether the program runs from where it should
-};
 
 /// Holds the program together: the history, the status item, the popover, the hot keys and the way back into the
 /// application that was in front. Lives as long as the process. Each duty has a source file of its own.
 class AppDelegate final : public std::enable_shared_from_this<AppDelegate> {
 public:
-    AppDelegate(const Desktop& desktop, const std::filesystem::path& historyFile, LaunchSteps launchSteps);
+    /// `checkAndPromptMove` is run once, at the start: it offers to move the program to where it belongs. It may be
+    /// empty.
+    AppDelegate(const Desktop& desktop, const std::filesystem::path& historyFile,
+                std::function<void()> checkAndPromptMove);
     ~AppDelegate();
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
 
-    /// Starts everything, in an order that matters. Called once, by whoever runs the event loop.
+    /// Starts everything, in an order that matters. Called once, when the application object exists.
     void applicationDidFinishLaunching();
 
     // Popover
@@ -88,10 +79,10 @@ private:
     void observePreferences();
     void handleHotKey(std::uint32_t id);
     void playPasteSound();
-    void cgEventPaste(const std::optional<RunningApplication>& target);
+    void cgEventPaste(const Paste& paste);
 
     Desktop m_desktop;
-    LaunchSteps m_launchSteps;
+    std::function<void()> m_checkAndPromptMove;
     install::LaunchAtLoginManager m_launchAtLogin;
     std::unique_ptr<popover::ClipboardListView> m_listView;
     std::optional<HotKeyRef> m_hotKeyRef;
@@ -100,6 +91,7 @@ private:
     std::optional<RunningApplication> m_previousApp;
     std::optional<Scheduler::Token> m_accessibilityTimer;
     std::unique_ptr<PermissionWindow> m_permissionWindow;
+    ui::MenuColors m_menuColors;
 };
 
 } // namespace zamber::app

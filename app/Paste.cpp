@@ -7,6 +7,7 @@
 #include "platform/AccessibilityTrust.h"
 #include "platform/KeystrokePoster.h"
 #include "platform/Log.h"
+#include "platform/Pasteboard.h"
 #include "platform/PopoverHost.h"
 #include "platform/Scheduler.h"
 #include "platform/SystemSound.h"
@@ -36,9 +37,10 @@ void AppDelegate::pasteToActiveApp() {
     logLine("🔵 Pasting into: " + name.toStdString());
     playPasteSound();
     m_desktop.workspace.activate(*m_previousApp);
-    m_desktop.scheduler.after(DELAY_AFTER_ACTIVATION, [self = shared_from_this()] {
+    const int written = m_desktop.pasteboard.changeCount();
+    m_desktop.scheduler.after(DELAY_AFTER_ACTIVATION, [self = shared_from_this(), written] {
         if (self->m_desktop.trust.isTrusted()) {
-            self->cgEventPaste(self->m_previousApp);
+            self->cgEventPaste({.changeCount = written, .target = self->m_previousApp});
             return;
         }
         logLine("❌ Accessibility NOT granted. Clipboard is set — press ⌘+V manually.");
@@ -55,10 +57,11 @@ void AppDelegate::quickPaste(int index) {
     m_previousApp = m_desktop.workspace.frontmostApplication();
     clipboardManager->copyToClipboard(items[index]);
     playPasteSound();
-    m_desktop.scheduler.after(DELAY_AFTER_COPY, [weakSelf = weak_from_this(), &trust = m_desktop.trust] {
+    const int written = m_desktop.pasteboard.changeCount();
+    m_desktop.scheduler.after(DELAY_AFTER_COPY, [weakSelf = weak_from_this(), &trust = m_desktop.trust, written] {
         const bool isTrusted = trust.isTrusted();
         if (const auto self = weakSelf.lock(); self && isTrusted) {
-            self->cgEventPaste(self->m_previousApp);
+            self->cgEventPaste({.changeCount = written, .target = std::nullopt});
         }
     });
 }
@@ -69,8 +72,12 @@ void AppDelegate::playPasteSound() {
     }
 }
 
-void AppDelegate::cgEventPaste(const std::optional<RunningApplication>& target) {
-    m_desktop.keystrokes.postPaste(target, [] { logLine("✅ Pasted via CGEvent"); });
+void AppDelegate::cgEventPaste(const Paste& paste) {
+    m_desktop.keystrokes.postPaste(paste, [](PasteOutcome outcome) {
+        if (outcome == PasteOutcome::Posted) {
+            logLine("✅ Pasted via CGEvent");
+        }
+    });
 }
 
 } // namespace zamber::app

@@ -85,8 +85,7 @@ QWidget* PermissionView::createSteps() {
 }
 
 void PermissionView::updateAppearance() {
-    m_palette = m_appearance.isDark() ? ui::Palette::dark(m_appearance.accentColor())
-                                      : ui::Palette::light(m_appearance.accentColor());
+    m_palette = ui::Palette::of(m_appearance);
     m_shield->setColor(m_palette.blue);
     m_title->setColor(m_palette.primary);
     m_hint->setColor(m_palette.tertiary);

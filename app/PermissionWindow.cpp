@@ -29,6 +29,8 @@ PermissionWindow::PermissionWindow(const Appearance& appearance, const Symbols& 
                            Qt::WindowStaysOnTopHint)
     , m_view(new PermissionView(appearance, symbols, this)) {
     setWindowTitle(QStringLiteral("Zamber — Permission Required"));
+    // It comes by itself; what the user types goes on to where it was going.
+    setAttribute(Qt::WA_ShowWithoutActivating);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
@@ -40,8 +42,7 @@ void PermissionWindow::showInCentre() {
     QRect place = rect();
     place.moveCenter(screenWithPointer()->availableGeometry().center());
     setGeometry(place);
-    show();
-    raise();
+    show(); // which brings it to the front; raising it would activate the application on a Mac
 }
 
 void PermissionWindow::updateAppearance() {

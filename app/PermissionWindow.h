@@ -9,16 +9,12 @@ class Appearance;
 class Symbols;
 } // namespace zamber
 
-namespace zamber::app {}
-
-namespace zamber::app {} // namespace zamber::app
-
 namespace zamber::app {
 
 class PermissionView;
 
 /// A small window that floats above ordinary ones while the permission to post key events is missing. It can be moved
-/// and closed, and nothing else. Closing it hides it.
+/// and closed, and nothing else, and does not take the keyboard as it comes. Closing it hides it.
 class PermissionWindow final : public QWidget {
     Q_OBJECT
 

@@ -9,6 +9,7 @@
 #include "platform/PopoverHost.h"
 #include "platform/Scheduler.h"
 #include "popover/ClipboardListView.h"
+#include "popover/PopoverPreferences.h"
 #include "update/UpdateManager.h"
 
 namespace zamber::app {
@@ -36,6 +37,8 @@ QWidget* AppDelegate::makeListView() {
             .openSettings = [this] { openSettings(); },
             .closePopover = [this] { m_desktop.popover.performClose(); },
             .openAddress = [this](const QUrl& address) { m_desktop.workspace.open(address); },
+            .showMenu = [this](const QList<MenuItem>& menu,
+                               QPoint place) { return m_desktop.popover.showMenu(menu, place); },
             .linkDetector = &m_desktop.links,
             .commandKeyHint = m_desktop.hotKeys.commandKeyHint()});
     followUpdates();
@@ -79,25 +82,11 @@ void AppDelegate::showPopover() {
 }
 
 void AppDelegate::updatePopoverSize() {
-    const QString size = read(m_desktop.userDefaults, preferences::popoverSize);
-    if (size == QStringLiteral("compact")) {
-        m_desktop.popover.setContentSize({360, 340});
-    } else if (size == QStringLiteral("large")) {
-        m_desktop.popover.setContentSize({500, 520});
-    } else {
-        m_desktop.popover.setContentSize({440, 420});
-    }
+    m_desktop.popover.setContentSize(popover::popoverSize(m_desktop.userDefaults));
 }
 
 void AppDelegate::updatePopoverAppearance() {
-    const QString theme = read(m_desktop.userDefaults, preferences::appTheme);
-    if (theme == QStringLiteral("light")) {
-        m_desktop.popover.setAppearance(PopoverAppearance::Light);
-    } else if (theme == QStringLiteral("dark")) {
-        m_desktop.popover.setAppearance(PopoverAppearance::Dark);
-    } else {
-        m_desktop.popover.setAppearance(PopoverAppearance::System);
-    }
+    m_desktop.popover.setAppearance(popover::popoverAppearance(m_desktop.userDefaults));
 }
 
 } // namespace zamber::app

@@ -7,7 +7,6 @@
 #include "platform/StatusItem.h"
 #include "ui/Palette.h"
 
-#include <QApplication>
 #include <QPalette>
 
 namespace zamber::app {
@@ -19,11 +18,7 @@ void AppDelegate::createStatusItem() {
 }
 
 void AppDelegate::updateMenuAppearance() {
-    // Menus that we draw ourselves, the tray's among them, which no view of ours owns.
-    const Appearance& appearance = m_desktop.appearance;
-    const ui::Palette palette = appearance.isDark() ? ui::Palette::dark(appearance.accentColor())
-                                                    : ui::Palette::light(appearance.accentColor());
-    QApplication::setPalette(palette.forWidgets(), "QMenu");
+    m_menuColors.set(ui::Palette::of(m_desktop.appearance).forWidgets());
 }
 
 void AppDelegate::togglePopover(MouseButton button) {

@@ -18,8 +18,12 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
 
-#ifdef __APPLE__
+#if defined(__APPLE__) || defined(ZAMBER_MACOS_STAND_INS)
 #include "platform/macos/MacDesktop.h"
 using ChosenDesktop = zamber::macos::MacDesktop;
 #else
@@ -42,6 +46,7 @@ void keepStandardStreamsOpen() {
 
 int main(int argc, char** argv) {
     keepStandardStreamsOpen();
+    std::optional<ChosenDesktop::StartUp> startUp(std::in_place);
     // The log's reader may go away; the program does not end for it.
     std::signal(SIGPIPE, SIG_IGN);
     if (const auto prepared = ChosenDesktop::prepare(); !prepared) {
@@ -80,21 +85,22 @@ int main(int argc, char** argv) {
     for (const auto& action : {QStringLiteral("showSettingsWindow:"), QStringLiteral("showPreferencesWindow:")}) {
         (*desktop)->setResponder(action, [&settings] { settings.show(); });
     }
-    const auto delegate = std::make_shared<zamber::app::AppDelegate>(
-        ports, ChosenDesktop::historyFile(),
-        zamber::app::LaunchSteps{
-            .startPeriodicChecks = [] { zamber::update::UpdateManager::shared().startPeriodicChecks(); },
-            .checkAndPromptMove =
-                [ports] {
-                    zamber::install::DMGCleanup::checkAndPromptMove({.bundle = ports.bundle,
-                                                                     .alert = ports.alert,
-                                                                     .files = ports.files,
-                                                                     .images = ports.images,
-                                                                     .workspace = ports.workspace,
-                                                                     .application = ports.application,
-                                                                     .scheduler = ports.scheduler});
-                }});
+    std::function<void()> checkAndPromptMove;
+    if (ports.diskImages) {
+        checkAndPromptMove = [ports] {
+            zamber::install::DMGCleanup::checkAndPromptMove({.bundle = ports.bundle,
+                                                             .alert = ports.alert,
+                                                             .files = ports.diskImages->files,
+                                                             .images = ports.diskImages->tool,
+                                                             .workspace = ports.workspace,
+                                                             .application = ports.application,
+                                                             .scheduler = ports.scheduler});
+        };
+    }
+    const auto delegate =
+        std::make_shared<zamber::app::AppDelegate>(ports, ChosenDesktop::historyFile(), std::move(checkAndPromptMove));
     delegate->applicationDidFinishLaunching();
+    startUp.reset();
     const int status = QApplication::exec();
     zamber::update::UpdateManager::setShared(nullptr); // before what it refers to
     return status;

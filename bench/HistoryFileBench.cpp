@@ -4,7 +4,7 @@
 
 #include "clipboard/Base64.h"
 #include "clipboard/HistoryFile.h"
-#include "clipboard/HistoryJson.h"
+#include "clipboard/HistoryWriter.h"
 
 #include <QTemporaryDir>
 

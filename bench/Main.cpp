@@ -17,6 +17,8 @@ int main(int argc, char** argv) {
     const bool goalsAlone = argc == 2 && std::string_view(argv[1]) == "--goals";
     benchmark::Initialize(&argc, argv);
     measureHistoryFile();
+    measureHistoryReaders();
+    measureScripts();
     measureHistoryStore();
     std::fflush(stdout);
     if (!goalsAlone) {

@@ -62,7 +62,9 @@ void note(const std::string& what, double figure, const char* unit, const std::s
 int missedGoals();
 
 void measureHistoryFile();
+void measureHistoryReaders();
 void measureHistoryStore();
+void measureScripts();
 
 /// What the program does when it is started to tell how much memory loading and saving the file take: the peak above
 /// what it had before, in bytes, on standard output.

@@ -23,7 +23,4 @@ void encodeBase64(char* output, std::string_view bytes);
 /// at its end. Bits that the last character has too many are ignored. The empty text is no bytes.
 std::optional<QByteArray> fromBase64(std::string_view text);
 
-/// The same for a text in which every slash may have a backslash before it, as some JSON writers have it.
-std::optional<QByteArray> fromSlashEscapedBase64(std::string_view text);
-
 } // namespace zamber::clipboard

@@ -5,14 +5,15 @@
 #include "preferences/PreferenceKeys.h"
 #include "text/Characters.h"
 #include "text/NormalForm.h"
+#include "text/Utf8.h"
 
 #include "clipboard/Images.h"
-#include "clipboard/JsonString.h"
 #include "clipboard/Search.h"
 #include "clipboard/SensitiveContent.h"
 #include "platform/UserDefaults.h"
 
 #include <algorithm>
+#include <array>
 #include <mutex>
 #include <utility>
 
@@ -72,8 +73,7 @@ struct ClipboardContent::Payload {
     Lazy<qsizetype> lineCount;
     Lazy<qsizetype> charCount;
     Lazy<QByteArray> utf8;
-    Lazy<QByteArray> searchKey;
-    Lazy<QByteArray> turkicSearchKey;
+    mutable std::array<std::optional<QByteArray>, 2> searchKeys;
     mutable std::mutex thumbnailMutex;
     mutable QSize thumbnailBox;
     mutable QImage thumbnail;
@@ -153,12 +153,23 @@ const QByteArray& ClipboardContent::bytes() const {
 }
 
 QByteArray ClipboardContent::utf8() const {
-    return m_payload->utf8.get([this] { return isImage() ? QByteArray() : repairedUtf8(bytes()); });
+    return m_payload->utf8.get([this] { return isImage() ? QByteArray() : text::repairedUtf8(bytes()); });
 }
 
 const QByteArray& ClipboardContent::searchKey(text::CaseFolding folding) const {
-    const auto& key = folding == text::CaseFolding::Turkic ? m_payload->turkicSearchKey : m_payload->searchKey;
-    return key.get([this, folding] { return isImage() ? QByteArray("image") : makeSearchKey(bytes(), folding); });
+    auto& key = m_payload->searchKeys[static_cast<std::size_t>(folding)];
+    if (!key) {
+        key = isImage() ? QByteArray("image") : makeSearchKey(bytes(), folding);
+    }
+    return *key;
+}
+
+bool ClipboardContent::hasSearchKey(text::CaseFolding folding) const {
+    return isImage() || m_payload->searchKeys[static_cast<std::size_t>(folding)].has_value();
+}
+
+void ClipboardContent::keepSearchKey(text::CaseFolding folding, QByteArray key) const {
+    m_payload->searchKeys[static_cast<std::size_t>(folding)] = std::move(key);
 }
 
 bool ClipboardContent::hasSameContent(const ClipboardContent& other) const {

@@ -19,7 +19,7 @@ namespace zamber::clipboard {
 ///
 /// A value. Copies share one immutable payload; what is derived from it (everything below but `nsImage`) is made
 /// when first asked for and kept with it. All members may be called from any thread, except `preview`, which reads
-/// a preference.
+/// a preference, and the search keys.
 class ClipboardContent {
 public:
     /// A text as it was copied, in UTF-8, untrimmed.
@@ -58,8 +58,12 @@ public:
     /// The text as a file may hold it: with U+FFFD in place of whatever in it is not UTF-8. Empty for an image.
     QByteArray utf8() const;
 
-    /// The text made ready for searching (see Search.h); "image" for an image.
+    /// The text made ready for searching (see Search.h); "image" for an image. Made here when it is not there yet, so
+    /// for a large text see `hasSearchKey` first. These three are for the main thread.
     const QByteArray& searchKey(text::CaseFolding folding) const;
+    bool hasSearchKey(text::CaseFolding folding) const;
+    /// Takes what `makeSearchKey` has made of `bytes` elsewhere.
+    void keepSearchKey(text::CaseFolding folding, QByteArray key) const;
 
     /// Texts are equal when they are canonically equivalent, images when their bytes are.
     friend bool operator==(const ClipboardContent& left, const ClipboardContent& right) {

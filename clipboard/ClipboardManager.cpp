@@ -25,6 +25,9 @@ using namespace std::chrono_literals;
 
 constexpr auto POLL_INTERVAL = 500ms;
 constexpr auto SAVE_DELAY = 1000ms;
+/// So much text is made ready for searching while the user waits for the first letter, which takes a few milliseconds
+/// of a frame.
+constexpr qsizetype MADE_READY_AT_ONCE_BYTES = qsizetype{128} * 1024;
 
 std::string_view view(const QByteArray& bytes) {
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
@@ -34,8 +37,10 @@ std::string_view view(const QByteArray& bytes) {
 
 std::shared_ptr<ClipboardManager> ClipboardManager::create(Pasteboard& pasteboard, UserDefaults& defaults,
                                                            Scheduler& scheduler, std::filesystem::path historyFile) {
-    return std::shared_ptr<ClipboardManager>(
+    std::shared_ptr<ClipboardManager> manager(
         new ClipboardManager(pasteboard, defaults, scheduler, std::move(historyFile)));
+    manager->prepareSearch();
+    return manager;
 }
 
 ClipboardManager::ClipboardManager(Pasteboard& pasteboard, UserDefaults& defaults, Scheduler& scheduler,
@@ -59,10 +64,25 @@ QList<ClipboardItem> ClipboardManager::filteredItems() const {
     const auto folding = userCaseFolding();
     const auto searched = makeSearchKey(m_searchText.toUtf8(), folding);
     std::vector<const ClipboardItem*> found;
+    qsizetype bytesLeft = MADE_READY_AT_ONCE_BYTES;
+    bool isReady = true;
+    const auto matches = [&](const ClipboardContent& content) {
+        if (!content.hasSearchKey(folding)) {
+            if (content.bytes().size() > bytesLeft) {
+                isReady = false;
+                return true;
+            }
+            bytesLeft -= content.bytes().size();
+        }
+        return searchKeyContains(view(content.searchKey(folding)), view(searched));
+    };
     for (const auto& item : m_items) {
-        if (searched.isEmpty() || searchKeyContains(view(item.content.searchKey(folding)), view(searched))) {
+        if (searched.isEmpty() || matches(item.content)) {
             found.push_back(&item);
         }
+    }
+    if (!isReady) {
+        m_searchKeys->prepare(m_items, folding);
     }
     std::ranges::sort(found, [](const ClipboardItem* left, const ClipboardItem* right) {
         // The place in the history decides last, so that entries of one moment never swap.
@@ -108,9 +128,19 @@ void ClipboardManager::checkClipboard() {
     }
 }
 
+void ClipboardManager::prepareSearch() {
+    m_searchKeys = std::make_unique<SearchKeys>(m_scheduler, [weak = weak_from_this()] {
+        if (const auto self = weak.lock(); self && !self->m_searchText.isEmpty()) {
+            emit self->searchTextChanged();
+        }
+    });
+    m_searchKeys->prepare(m_items, userCaseFolding());
+}
+
 void ClipboardManager::addItem(const ClipboardContent& content) {
     m_items.removeIf([&](const ClipboardItem& item) { return !item.isPinned && item.content == content; });
     m_items.prepend(ClipboardItem(content, m_scheduler.now()));
+    m_searchKeys->prepare(m_items.first(1), userCaseFolding());
 
     qint64 kept = 0;
     m_items.removeIf([&, limit = maxItems()](const ClipboardItem& item) { return !item.isPinned && ++kept > limit; });

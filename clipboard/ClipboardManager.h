@@ -3,6 +3,7 @@
 #pragma once
 
 #include "clipboard/ClipboardItem.h"
+#include "clipboard/SearchKeys.h"
 #include "platform/Scheduler.h"
 
 #include <QList>
@@ -18,10 +19,6 @@ namespace zamber {
 class Pasteboard;
 class UserDefaults;
 } // namespace zamber
-
-namespace zamber::clipboard {}
-
-namespace zamber::clipboard {} // namespace zamber::clipboard
 
 namespace zamber::clipboard {
 
@@ -44,7 +41,8 @@ public:
     const QString& searchText() const { return m_searchText; }
     void setSearchText(const QString& text);
 
-    /// The entries that match the search text: pinned ones first, then the newest first.
+    /// The entries that match the search text: pinned ones first, then the newest first. A large text that is still
+    /// being made ready for searching is among them; `searchTextChanged` follows when it is.
     QList<ClipboardItem> filteredItems() const;
 
     /// How many unpinned entries a capture leaves, read from the preferences at each call. May be negative.
@@ -66,6 +64,7 @@ public:
 
 signals:
     void itemsChanged();
+    /// Or what it finds has changed.
     void searchTextChanged();
 
 private:
@@ -73,6 +72,7 @@ private:
                      std::filesystem::path historyFile);
 
     void checkClipboard();
+    void prepareSearch();
     void addItem(const ClipboardContent& content);
     void scheduleSave();
     void saveToDisk();
@@ -84,6 +84,7 @@ private:
     const std::filesystem::path m_historyFile;
     QList<ClipboardItem> m_items;
     QString m_searchText;
+    std::unique_ptr<SearchKeys> m_searchKeys;
     std::optional<Scheduler::Token> m_timer;
     std::optional<Scheduler::Token> m_saveDebouncer;
     int m_lastChangeCount = 0;

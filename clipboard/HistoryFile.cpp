@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/HistoryFile.h"
 
-#include "clipboard/HistoryJson.h"
+#include "clipboard/HistoryReader.h"
+#include "clipboard/HistoryWriter.h"
 
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -99,7 +100,11 @@ public:
 private:
     bool preallocate(qint64 newSize) const {
 #ifdef FALLOC_FL_KEEP_SIZE
-        return ::fallocate(m_descriptor, FALLOC_FL_KEEP_SIZE, 0, newSize) == 0;
+        int result = 0;
+        do {
+            result = ::fallocate(m_descriptor, FALLOC_FL_KEEP_SIZE, 0, newSize);
+        } while (result != 0 && errno == EINTR);
+        return result == 0;
 #else
         errno = newSize > 0 ? ENOSYS : 0;
         return false;
@@ -132,7 +137,7 @@ std::optional<QList<ClipboardItem>> HistoryFile::read() const {
         return std::nullopt;
     }
     try {
-        return readHistoryJson(JsonScanner([&](char* to, std::size_t size) { return file.read(to, size); }));
+        return readHistoryJson([&](char* to, std::size_t size) { return file.read(to, size); });
     } catch (const std::bad_alloc&) {
         return std::nullopt;
     }

@@ -3,12 +3,8 @@
 #include "clipboard/JsonString.h"
 
 #include "text/ByteBlocks.h"
-#include "text/CodePoints.h"
 
-#include <algorithm>
-#include <charconv>
 #include <cstring>
-#include <optional>
 
 namespace zamber::clipboard {
 
@@ -22,44 +18,7 @@ bool isSpecial(unsigned char byte) {
     return (byte < 0x20) | (byte == '"') | (byte == '\\');
 }
 
-/// The four hexadecimal digits of an escape, or nothing.
-std::optional<char32_t> hexUnit(std::string_view digits) {
-    unsigned unit = 0;
-    const auto* end = digits.data() + digits.size();
-    const auto [parsedEnd, error] = std::from_chars(digits.data(), end, unit, 16);
-    if (digits.size() != 4 || error != std::errc{} || parsedEnd != end) {
-        return std::nullopt;
-    }
-    return unit;
-}
-
-/// A code point that is written as one unit or as two, which are then skipped.
-char32_t takeHexEscape(std::string_view& rawString) {
-    char32_t codePoint = hexUnit(rawString.substr(2, 4)).value_or(0xFFFD);
-    rawString.remove_prefix(6);
-    if (codePoint >= 0xD800 && codePoint <= 0xDBFF && rawString.starts_with("\\u")) {
-        const char32_t low = hexUnit(rawString.substr(2, 4)).value_or(0);
-        if (low >= 0xDC00 && low <= 0xDFFF) {
-            codePoint = 0x10000 + ((codePoint - 0xD800) << 10U) + (low - 0xDC00);
-            rawString.remove_prefix(6);
-        }
-    }
-    return codePoint >= 0xD800 && codePoint <= 0xDFFF ? 0xFFFD : codePoint;
-}
-
 } // namespace
-
-QByteArray repairedUtf8(const QByteArray& text) {
-    const std::string_view bytes(text.constData(), static_cast<std::size_t>(text.size()));
-    if (text::asciiLength(bytes) == bytes.size() || text.isValidUtf8()) {
-        return text;
-    }
-    QByteArray repaired;
-    for (std::size_t at = 0; at < bytes.size();) {
-        text::appendCodePoint(repaired, text::nextCodePoint(bytes, at));
-    }
-    return repaired;
-}
 
 std::size_t jsonStringLength(std::string_view text) {
     const auto surplus = [](char c) {
@@ -104,33 +63,6 @@ char* writeJsonString(char* to, std::string_view text) {
         }
     }
     return to;
-}
-
-QByteArray jsonText(std::string_view rawString) {
-    // No escape is shorter than what it stands for.
-    QByteArray text(static_cast<qsizetype>(rawString.size()), Qt::Uninitialized);
-    char* to = text.data();
-    while (!rawString.empty()) {
-        const auto plain = text::findByte(rawString, 0, [](unsigned char byte) { return byte == '\\'; });
-        std::memcpy(to, rawString.data(), plain);
-        to += plain;
-        rawString.remove_prefix(plain);
-        if (rawString.empty()) {
-            break;
-        }
-        const char escape = rawString[1];
-        if (escape == 'u') {
-            QByteArray character;
-            text::appendCodePoint(character, takeHexEscape(rawString));
-            to = std::ranges::copy(character, to).out;
-            continue;
-        }
-        const auto name = ESCAPE_NAMES.find(escape);
-        *to++ = name == std::string_view::npos ? escape : ESCAPED_CONTROLS[name];
-        rawString.remove_prefix(2);
-    }
-    text.truncate(to - text.constData());
-    return text;
 }
 
 } // namespace zamber::clipboard

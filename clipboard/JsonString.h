@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
-
 #include <cstddef>
 #include <string_view>
 
@@ -12,17 +10,10 @@ namespace zamber::clipboard {
 /// A character of a text takes no more bytes than this in a JSON string.
 inline constexpr std::size_t LONGEST_JSON_ESCAPE_BYTES = 6;
 
-/// The text with U+FFFD in place of whatever is not UTF-8. A text that is UTF-8 is shared, not copied.
-QByteArray repairedUtf8(const QByteArray& text);
-
 /// How many bytes the text (UTF-8) takes in a JSON string, without the quotes.
 std::size_t jsonStringLength(std::string_view text);
 
 /// Writes the text (UTF-8, or a part of it) as it stands in a JSON string and returns the end of what it has written.
 char* writeJsonString(char* to, std::string_view text);
-
-/// The characters (UTF-8) that a well-formed JSON string, given without its quotes, stands for. Half a surrogate pair
-/// becomes U+FFFD.
-QByteArray jsonText(std::string_view rawString);
 
 } // namespace zamber::clipboard

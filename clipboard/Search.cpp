@@ -3,28 +3,24 @@
 #include "clipboard/Search.h"
 
 #include "text/ByteBlocks.h"
-#include "text/Characters.h"
-#include "text/CodePoints.h"
-#include "text/FoldedCharacters.h"
+#include "text/CharacterEnds.h"
 #include "text/NormalForm.h"
-
-#include "clipboard/TextFinder.h"
 
 #include <QLocale>
 
-#include <unicode/uchar.h>
-
-#include <array>
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace zamber::clipboard {
 
 namespace {
 
-constexpr char32_t COMBINING_GRAPHEME_JOINER = 0x034F;
-constexpr char32_t ZERO_WIDTH_JOINER = 0x200D;
 constexpr char16_t COMBINING_DOT_ABOVE = 0x0307;
 constexpr char16_t DOTLESS_I = 0x0131;
-constexpr int VIRAMA_COMBINING_CLASS = 9;
+constexpr std::size_t FOLDED_AT_ONCE_BYTES = 4096;
+/// From so many bytes on, the C library's search for a text beats the one for its first byte.
+constexpr std::size_t LONG_SEARCHED_BYTES = 5;
 
 bool isUpperCaseAscii(char c) {
     return c >= 'A' && c <= 'Z';
@@ -51,16 +47,14 @@ icu::UnicodeString withTurkicI(const icu::UnicodeString& text) {
 }
 
 /// Folds by ICU what hangs together.
-void appendFoldedByIcu(QByteArray& key, std::string_view text, text::CaseFolding folding) {
-    text::NormalPieces pieces(text);
-    for (auto piece = pieces.next(); !piece.empty(); piece = pieces.next()) {
-        auto apart = text::decomposed(icu::UnicodeString::fromUTF8(piece));
-        if (folding == text::CaseFolding::Turkic) {
-            apart = withTurkicI(apart);
-        }
-        apart.foldCase();
-        text::decomposed(apart).toUTF8String(key);
+void appendFolded(QByteArray& key, std::string_view piece, text::CaseFolding folding) {
+    auto apart =
+        text::decomposed(icu::UnicodeString::fromUTF8({piece.data(), static_cast<std::int32_t>(piece.size())}));
+    if (folding == text::CaseFolding::Turkic) {
+        apart = withTurkicI(apart);
     }
+    apart.foldCase();
+    text::decomposed(apart).toUTF8String(key);
 }
 
 void appendLowerCaseAscii(QByteArray& key, std::string_view text) {
@@ -79,85 +73,52 @@ void appendLowerCaseAscii(QByteArray& key, std::string_view text) {
     }
 }
 
-/// How much ASCII the text starts with that needs nothing but lower case.
-std::size_t fastAsciiLength(std::string_view text, text::CaseFolding folding) {
+bool needsIcu(std::string_view piece, text::CaseFolding folding) {
     const unsigned char entangled = folding == text::CaseFolding::Turkic ? 'I' : 0x80;
-    return text::findByte(text, 0, [entangled](unsigned char byte) {
-        return static_cast<unsigned char>((byte >= 0x80) | (byte == entangled));
-    });
+    return text::findByte(piece, 0, [entangled](unsigned char byte) {
+               return static_cast<unsigned char>((byte >= 0x80) | (byte == entangled));
+           }) < piece.size();
 }
 
-bool isFastAsciiNext(std::string_view text, text::CaseFolding folding) {
-    return fastAsciiLength(text.substr(0, text::BYTE_BLOCK), folding) == text::BYTE_BLOCK;
+bool isAt(std::string_view text, std::string_view searched, std::size_t at) {
+    std::size_t length = 0;
+    while (length < searched.size() && text[at + length] == searched[length]) {
+        ++length;
+    }
+    return length == searched.size();
 }
 
-/// The end of the plain characters from there on, which are appended folded, and where the last of them starts in the
-/// text and in the key. Ends before ASCII that goes faster, too.
-struct PlainRun {
-    std::size_t end;
-    std::size_t lastStart;
-    qsizetype keyOfLast;
-};
-PlainRun appendPlain(QByteArray& key, std::string_view text, std::size_t at, text::CaseFolding folding) {
-    auto& characters = text::FoldedCharacters::of(folding);
-    PlainRun run{at, at, key.size()};
-    // In blocks: growing the key for each character takes longer than folding it.
-    std::array<char, 1024> block; // NOLINT(cppcoreguidelines-pro-type-member-init): written before read
-    std::size_t filled = 0;
-    while (run.end < text.size()) {
-        if (text[run.end] == ' ' && isFastAsciiNext(text.substr(run.end), folding)) {
-            break;
+/// Where the searched text, not empty, comes next from there on, byte for byte; the text's size when it does not.
+std::size_t findText(std::string_view text, std::string_view searched, std::size_t from) {
+    // Places that do not count often stand close together, and to ask the library costs more than to look.
+    constexpr std::size_t CLOSE_BYTES = 16;
+    constexpr std::size_t BYTES_A_TRY = 32;
+    constexpr std::size_t FREE_TRIES = 16;
+    if (text.size() < searched.size()) {
+        return text.size();
+    }
+    const auto end = text.size() - searched.size() + 1;
+    auto at = from;
+    for (const auto closeEnd = std::min(end, from + CLOSE_BYTES); at < closeEnd; ++at) {
+        if (isAt(text, searched, at)) {
+            return at;
         }
-        auto after = run.end;
-        const auto folded = characters.plain(text::nextCodePoint(text, after));
-        if (folded.empty()) {
-            break;
+    }
+    // Nothing passes over a text as fast as the search for one byte, where that byte is rare.
+    for (std::size_t tries = 0;
+         searched.size() < LONG_SEARCHED_BYTES && at < end && tries < FREE_TRIES + (at - from) / BYTES_A_TRY;
+         ++tries, ++at) {
+        at = std::min(text.find(searched[0], at), end);
+        if (at < end && isAt(text, searched, at)) {
+            return at;
         }
-        if (filled + folded.size() > block.size()) {
-            key.append(block.data(), static_cast<qsizetype>(filled));
-            filled = 0;
-        }
-        run.lastStart = run.end;
-        run.keyOfLast = key.size() + static_cast<qsizetype>(filled);
-        folded.copy(block.data() + filled, folded.size());
-        filled += folded.size();
-        run.end = after;
     }
-    key.append(block.data(), static_cast<qsizetype>(filled));
-    return run;
-}
-
-/// The end of what has to be folded together from a character on that is not plain.
-std::size_t endOfEntangled(std::string_view text, std::size_t at, text::FoldedCharacters& characters) {
-    while (at < text.size()) {
-        auto after = at;
-        if (!characters.plain(text::nextCodePoint(text, after)).empty()) {
-            break;
-        }
-        at = after;
+    if (at >= end) {
+        return text.size();
     }
-    return at;
-}
-
-bool joinsWithWhatFollows(char32_t c) {
-    return c == COMBINING_GRAPHEME_JOINER || c == ZERO_WIDTH_JOINER || (c >= 0x1100 && c <= 0x11FF) ||
-           u_getCombiningClass(static_cast<UChar32>(c)) == VIRAMA_COMBINING_CLASS;
-}
-
-/// `last` is the code point before `end`.
-bool endsCharacter(std::string_view key, std::size_t end, char32_t last) {
-    if (end == key.size()) {
-        return true;
-    }
-    auto at = end;
-    const char32_t next = text::nextCodePoint(key, at);
-    if (next < 0x80) {
-        return true;
-    }
-    if (next == ZERO_WIDTH_JOINER || u_hasBinaryProperty(static_cast<UChar32>(next), UCHAR_GRAPHEME_EXTEND) != 0) {
-        return false;
-    }
-    return !joinsWithWhatFollows(last) || text::isCharacterBoundary(key, end);
+    const auto* found =
+        static_cast<const char*>(::memmem(text.data() + at, text.size() - at, searched.data(), searched.size()));
+    return found != nullptr ? static_cast<std::size_t>(found - text.data()) : text.size();
 }
 
 } // namespace
@@ -169,29 +130,25 @@ text::CaseFolding userCaseFolding() {
 }
 
 QByteArray makeSearchKey(const QByteArray& text, text::CaseFolding folding) {
+    const std::atomic<bool> isStopped = false;
+    return makeSearchKey(text, folding, isStopped);
+}
+
+QByteArray makeSearchKey(const QByteArray& text, text::CaseFolding folding, const std::atomic<bool>& isStopped) {
     const auto needsFolding = [](unsigned char byte) {
         return static_cast<unsigned char>((byte >= 0x80) | ((byte >= 'A') & (byte <= 'Z')));
     };
     if (text::findByte(view(text), 0, needsFolding) == view(text).size()) {
         return text;
     }
-    auto& characters = text::FoldedCharacters::of(folding);
     QByteArray key;
     key.reserve(text.size() + text.size() / 8);
-    const auto all = view(text);
-    for (std::size_t at = 0; at < all.size();) {
-        const auto ascii = fastAsciiLength(all.substr(at), folding);
-        if (ascii >= text::BYTE_BLOCK) {
-            appendLowerCaseAscii(key, all.substr(at, ascii - 1)); // a mark may follow the last one
-            at += ascii - 1;
-        }
-        const auto run = appendPlain(key, all, at, folding);
-        at = run.end;
-        if (const auto end = endOfEntangled(all, at, characters); end > at) {
-            // What is not plain may change the character before it.
-            key.truncate(run.keyOfLast);
-            at = end;
-            appendFoldedByIcu(key, all.substr(run.lastStart, at - run.lastStart), folding);
+    text::NormalPieces pieces(view(text), FOLDED_AT_ONCE_BYTES);
+    for (auto piece = pieces.next(); !piece.empty() && !isStopped; piece = pieces.next()) {
+        if (needsIcu(piece, folding)) {
+            appendFolded(key, piece, folding);
+        } else {
+            appendLowerCaseAscii(key, piece);
         }
     }
     key.squeeze();
@@ -202,11 +159,9 @@ bool searchKeyContains(std::string_view key, std::string_view searchedKey) {
     if (searchedKey.empty()) {
         return true;
     }
-    auto lastAt = text::previousCodePoint(searchedKey, searchedKey.size());
-    const char32_t last = text::nextCodePoint(searchedKey, lastAt);
     for (auto start = findText(key, searchedKey, 0); start < key.size();
          start = findText(key, searchedKey, start + 1)) {
-        if (endsCharacter(key, start + searchedKey.size(), last)) {
+        if (text::endsCharacter(key, start + searchedKey.size())) {
             return true;
         }
     }

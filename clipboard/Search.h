@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 
+#include <atomic>
 #include <string_view>
 
 namespace zamber::clipboard {
@@ -15,11 +16,13 @@ text::CaseFolding userCaseFolding();
 
 /// Makes a text (UTF-8) ready to be searched, or to be searched for: folded by Unicode's full case folding and
 /// decomposed canonically. Diacritics, width and punctuation stay significant. A text that is that way already is
-/// shared, not copied.
+/// shared, not copied. May be called from any thread; breaks off, with a key of no use, when it is told to stop.
 QByteArray makeSearchKey(const QByteArray& text, text::CaseFolding folding);
+QByteArray makeSearchKey(const QByteArray& text, text::CaseFolding folding, const std::atomic<bool>& isStopped);
 
 /// Does the one text contain the other, both given by their keys? A hit counts only when it ends where a
-/// user-perceived character ends: "e" is not found in "é".
+/// user-perceived character ends: "e" is not found in "é". Each place that is looked at takes the same time, whatever
+/// the text is.
 bool searchKeyContains(std::string_view key, std::string_view searchedKey);
 
 } // namespace zamber::clipboard

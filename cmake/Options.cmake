@@ -6,7 +6,7 @@ target_compile_options(
   INTERFACE -Wall
             -Wextra
             -Wpedantic
-            -Werror
+            "$<$<BOOL:${ZAMBER_WERROR}>:-Werror>"
             -Wshadow
             -Wconversion
             -Wno-sign-conversion # Qt's containers count in signed numbers, the standard library in unsigned ones
@@ -27,6 +27,6 @@ target_compile_definitions(
 
 if(ZAMBER_SANITIZE)
   # For every target, libraries of ours and tests alike: a report from any of them ends the program.
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  add_link_options(-fsanitize=address,undefined)
+  add_compile_options(-fsanitize=${ZAMBER_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${ZAMBER_SANITIZE})
 endif()

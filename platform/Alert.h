@@ -23,9 +23,10 @@ class Alert {
 public:
     virtual ~Alert() = default;
 
-    /// Shows the alert, in front, and comes back when it was answered; the main loop goes on meanwhile. Which button
-    /// was pressed, counted from 0: the last one when the alert went away in any other way, since that is the one that
-    /// does nothing.
+    /// Shows the alert, in front, and comes back when it was answered. The main loop goes on meanwhile, repeating
+    /// timers and what is posted from elsewhere with it; on macOS however no other action of the scheduler's runs while
+    /// an alert is shown from within one of them. Which button was pressed, counted from 0: the last one when the alert
+    /// went away in any other way, since that is the one that does nothing.
     virtual int run(const AlertContent& content) = 0;
 };
 

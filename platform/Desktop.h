@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
+
 namespace zamber {
 
 class AccessibilityTrust;
@@ -25,6 +27,12 @@ class SystemSound;
 class UserDefaults;
 class Workspace;
 
+/// What moving in from a disk image takes besides.
+struct DiskImages {
+    BundleFiles& files;
+    DiskImageTool& tool;
+};
+
 /// One of each port: all that the program asks of the desktop it runs on.
 struct Desktop {
     Application& application;
@@ -43,10 +51,9 @@ struct Desktop {
     LinkDetector& links;
     AppBundle& bundle;
     Alert& alert;
-    BundleFiles& files;
-    DiskImageTool& images;
     UserDefaults& userDefaults;
     Scheduler& scheduler;
+    std::optional<DiskImages> diskImages = std::nullopt; ///< nothing where programs do not come on disk images
 };
 
 } // namespace zamber

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/Anchor.h"
+#include "platform/StatusItem.h"
 
 #include <QSize>
 
@@ -26,8 +27,9 @@ public:
     /// Makes the widget to show, which stays its maker's.
     using ContentMaker = std::function<QWidget*()>;
 
-    /// What to show. It is made once: when the program has started and nothing else is waiting, or before if it has to
-    /// be shown then.
+    /// What to show. A host that lays a material of the desktop's behind the content makes it translucent
+    /// (Qt::WA_TranslucentBackground); the content then leaves it through. It is made once: when the program has
+    /// started and nothing else is waiting, or before if it has to be shown then.
     virtual void setContent(ContentMaker makeContent) = 0;
 
     /// The content's size in points; takes effect at once, also while the popover is shown.
@@ -44,6 +46,10 @@ public:
     virtual void performClose() = 0;
 
     virtual bool isShown() const = 0;
+
+    /// Shows a menu of the desktop's own at that place of the screen, which leaves a transient popover as it is, and
+    /// runs the action of the line that was chosen. False where there is none: then the content draws its own.
+    virtual bool showMenu(const QList<MenuItem>&, QPoint) { return false; }
 };
 
 } // namespace zamber

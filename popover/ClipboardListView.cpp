@@ -11,6 +11,7 @@
 #include "popover/HistoryListAccessible.h"
 #include "popover/HistoryListWidget.h"
 #include "popover/PopoverBars.h"
+#include "popover/PopoverPreferences.h"
 #include "ui/ConfirmationSheet.h"
 #include "ui/SearchField.h"
 #include "ui/Typography.h"
@@ -28,18 +29,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize COMPACT_SIZE{360, 340};
-constexpr QSize NORMAL_SIZE{440, 420};
-constexpr QSize LARGE_SIZE{500, 520};
 constexpr int SEARCH_MARGIN_HORIZONTAL = 12;
 constexpr int SEARCH_MARGIN_BOTTOM = 8;
-
-QSize sizeFor(const QString& preset) {
-    if (preset == u"compact"_s) {
-        return COMPACT_SIZE;
-    }
-    return preset == u"large"_s ? LARGE_SIZE : NORMAL_SIZE;
-}
 
 } // namespace
 
@@ -52,9 +43,10 @@ ClipboardListView::ClipboardListView(KeyMonitor& keyMonitor, const Appearance& a
     , m_defaults(defaults)
     , m_manager(std::move(manager))
     , m_callbacks(std::move(callbacks))
-    , m_header(new PopoverHeader(
-          symbols,
-          m_callbacks.openSettings ? PopoverHeader::SettingsButton::Shown : PopoverHeader::SettingsButton::Left, this))
+    , m_header(new PopoverHeader(symbols,
+                                 m_callbacks.openSettings ? PopoverHeader::SettingsButton::Shown
+                                                          : PopoverHeader::SettingsButton::Hidden,
+                                 this))
     , m_banner(new UpdateBanner(symbols, this))
     , m_search(new ui::SearchField(symbols, u"Search clipboard…"_s, this))
     , m_list(new HistoryListWidget(symbols, appearance, scheduler, m_callbacks.linkDetector, this))
@@ -106,7 +98,7 @@ void ClipboardListView::buildLayout() {
 
 void ClipboardListView::connectParts() {
     connect(m_manager.get(), &clipboard::ClipboardManager::itemsChanged, this, &ClipboardListView::historyChanged);
-    connect(m_manager.get(), &clipboard::ClipboardManager::searchTextChanged, this, &ClipboardListView::refreshRows);
+    connect(m_manager.get(), &clipboard::ClipboardManager::searchTextChanged, this, &ClipboardListView::searchChanged);
     connect(m_search, &ui::SearchField::textChanged, m_manager.get(), &clipboard::ClipboardManager::setSearchText);
 
     if (m_callbacks.openSettings) {
@@ -142,7 +134,7 @@ void ClipboardListView::historyChanged() {
     refreshCounts();
     m_footer->setClearShown(
         std::ranges::any_of(m_manager->items(), [](const clipboard::ClipboardItem& item) { return !item.isPinned; }));
-    m_list->forgetOthersThan(m_manager->items());
+    m_list->keepOnly(m_manager->items());
     refreshRows();
 }
 
@@ -160,9 +152,14 @@ void ClipboardListView::refreshRows() {
     m_emptyState->setVisible(shown.isEmpty());
 }
 
+void ClipboardListView::searchChanged() {
+    refreshRows();
+    m_list->showSelection(); // which Return is about to take
+}
+
 void ClipboardListView::updateSize() {
     // No smaller than that by itself; on a low screen the popover gives it less.
-    const QSize size = sizeFor(read(m_defaults, preferences::popoverSize));
+    const QSize size = popoverSize(m_defaults);
     setMaximumSize(size);
     resize(size);
 }
@@ -175,10 +172,7 @@ void ClipboardListView::updatePreferences() {
 }
 
 void ClipboardListView::updateAppearance() {
-    const QString theme = read(m_defaults, preferences::appTheme);
-    const bool isDark = theme == u"dark"_s || (theme != u"light"_s && m_appearance.isDark());
-    const QColor accent = m_appearance.accentColor();
-    m_palette = isDark ? ui::Palette::dark(accent) : ui::Palette::light(accent);
+    m_palette = popoverPalette(popoverAppearance(m_defaults), m_appearance);
     m_header->setColors(m_palette);
     m_banner->setColors(m_palette);
     m_search->setColors(m_palette);
@@ -229,9 +223,8 @@ void ClipboardListView::select(int index) {
         return;
     }
     m_selectedIndex = index;
-    m_list->setSelectedIndex(index);
+    m_list->select(index);
     if (index < m_list->items().size()) {
-        m_list->centreOn(index);
         HistoryListAccessible::announceSelection(m_list, index);
     }
 }
@@ -251,17 +244,30 @@ void ClipboardListView::openAddress(const QUrl& address) {
 
 void ClipboardListView::showRowMenu(int row, QPoint screenPosition) {
     const clipboard::ClipboardItem item = m_list->items()[row]; // the list may change while the menu is open
+    const auto line = [](const QString& title, std::function<void()> action) {
+        return MenuItem{.title = title, .keyEquivalent = {}, .action = std::move(action)};
+    };
+    QList<MenuItem> lines{line(u"Copy"_s, [this, item] { choose(item); })};
+    if (const auto address = m_list->link(row)) {
+        lines.append(line(u"Open Link"_s, [this, address] { openAddress(*address); }));
+    }
+    lines.append(MenuItem{});
+    lines.append(line(item.isPinned ? u"Unpin"_s : u"Pin"_s, [this, item] { m_manager->togglePin(item); }));
+    lines.append(line(u"Delete"_s, [this, item] { m_manager->deleteItem(item); }));
+    if (m_callbacks.showMenu && m_callbacks.showMenu(lines, screenPosition)) {
+        return;
+    }
     m_rowMenu = new QMenu(this);
     m_rowMenu->setAttribute(Qt::WA_DeleteOnClose);
     m_rowMenu->setPalette(m_palette.forWidgets());
     m_rowMenu->setFont(ui::textFont(13));
-    m_rowMenu->addAction(u"Copy"_s, this, [this, item] { choose(item); });
-    if (const auto address = m_list->link(row)) {
-        m_rowMenu->addAction(u"Open Link"_s, this, [this, address] { openAddress(*address); });
+    for (const MenuItem& each : std::as_const(lines)) {
+        if (each.title.isEmpty()) {
+            m_rowMenu->addSeparator();
+        } else {
+            m_rowMenu->addAction(each.title, this, each.action);
+        }
     }
-    m_rowMenu->addSeparator();
-    m_rowMenu->addAction(item.isPinned ? u"Unpin"_s : u"Pin"_s, this, [this, item] { m_manager->togglePin(item); });
-    m_rowMenu->addAction(u"Delete"_s, this, [this, item] { m_manager->deleteItem(item); });
     m_rowMenu->popup(screenPosition);
 }
 
@@ -279,8 +285,9 @@ void ClipboardListView::dismissClearConfirmation() {
 }
 
 void ClipboardListView::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect(), m_palette.ultraThinMaterial);
+    if (!testAttribute(Qt::WA_TranslucentBackground)) { // else the host has laid its material behind
+        QPainter(this).fillRect(rect(), m_palette.ultraThinMaterial);
+    }
 }
 
 void ClipboardListView::showEvent(QShowEvent* event) {
@@ -291,6 +298,7 @@ void ClipboardListView::showEvent(QShowEvent* event) {
     m_selectedIndex = 0;
     m_list->startAtTop();
     m_search->setFocus();
+    m_search->selectAll();
     m_keyMonitorToken = m_keyMonitor.addHandler([this](HardwareKey key) { return handleKey(key); });
 }
 

@@ -4,6 +4,7 @@
 
 #include "clipboard/ClipboardItem.h"
 #include "platform/KeyMonitor.h"
+#include "platform/StatusItem.h"
 #include "platform/UserDefaults.h"
 #include "popover/UpdateBanner.h"
 #include "ui/Palette.h"
@@ -34,18 +35,6 @@ class ConfirmationSheet;
 class SearchField;
 } // namespace zamber::ui
 
-namespace zamber::popover {}
-
-namespace zamber::popover {}
-
-namespace zamber::popover {}
-
-namespace zamber::popover {} // namespace zamber::popover
-
-namespace zamber::popover {}
-
-namespace zamber::popover {} // namespace zamber::popover
-
 namespace zamber::popover {
 
 class EmptyState;
@@ -67,6 +56,7 @@ public:
         std::function<void()> openSettings;
         std::function<void()> closePopover;
         std::function<void(const QUrl&)> openAddress = {};
+        std::function<bool(const QList<MenuItem>&, QPoint)> showMenu = {}; ///< false: the view draws its own
         LinkDetector* linkDetector = nullptr;
         QString commandKeyHint = {}; ///< which key ⌘ is, for people
     };
@@ -99,6 +89,7 @@ private:
     void historyChanged();
     void refreshCounts();
     void refreshRows();
+    void searchChanged();
     void updateSize();
     void updatePreferences();
 

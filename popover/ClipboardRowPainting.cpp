@@ -4,6 +4,7 @@
 
 #include "platform/Symbols.h"
 #include "popover/ClipboardRowView.h"
+#include "popover/ExpandedText.h"
 #include "popover/TextLines.h"
 #include "ui/Typography.h"
 
@@ -22,6 +23,11 @@ using namespace rowmetrics;
 namespace {
 
 constexpr double GROUND_RADIUS = 10;
+constexpr double GROUND_OPACITY = 0.04;
+constexpr double BORDER_OPACITY = 0.06;
+constexpr double HIGHLIGHT_OPACITY = 0.1;
+constexpr double HOVERED_ACTION_OPACITY = 0.16;
+constexpr double PRESSED_ACTION_OPACITY = 0.28;
 constexpr double HAIRLINE = 0.5;
 constexpr double THUMBNAIL_RADIUS = 4;
 constexpr double ACTION_RADIUS = 5;
@@ -59,7 +65,7 @@ void drawLine(QPainter& painter, QPointF topLeft, const QStaticText& text) {
 } // namespace
 
 void ClipboardRowView::paint(QPainter& painter, const QRect& row, const RowStyle& style,
-                             const ExpandedText* expandedText) const {
+                             ExpandedText* expandedText) const {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     paintGround(painter, row, style);
@@ -77,16 +83,19 @@ void ClipboardRowView::paintGround(QPainter& painter, const QRect& row, const Ro
     const ui::Palette& palette = style.palette;
     painter.setPen(Qt::NoPen);
     // Opaque, though they are meant to shine through: Qt hands large translucent shapes to other threads and waits.
-    const QColor quiet = ui::composed(ui::faded(palette.primary, 0.04), palette.ultraThinMaterial);
-    const QColor lit = ui::composed(ui::faded(palette.accent, 0.1), palette.ultraThinMaterial);
-    const QColor ground = mixed(quiet, lit, style.highlight);
+    const QColor quiet = ui::composed(palette.primaryAt(GROUND_OPACITY), palette.ultraThinMaterial);
+    const QColor lit = ui::composed(ui::faded(palette.accent, HIGHLIGHT_OPACITY), palette.ultraThinMaterial);
+    QColor ground = mixed(quiet, lit, style.highlight);
+    if (style.pressed == PressedPart::Row) {
+        ground = ui::composed(ui::faded(palette.accent, HIGHLIGHT_OPACITY), ground);
+    }
     painter.setBrush(ground);
     painter.drawRoundedRect(row, GROUND_RADIUS, GROUND_RADIUS);
-    paintHairline(painter, row, GROUND_RADIUS, ui::composed(ui::faded(palette.primary, 0.06), ground));
+    paintHairline(painter, row, GROUND_RADIUS, ui::composed(palette.primaryAt(BORDER_OPACITY), ground));
 }
 
 void ClipboardRowView::paintContent(QPainter& painter, const QRect& row, const RowStyle& style,
-                                    const ExpandedText* text) const {
+                                    ExpandedText* text) const {
     const QRect area = contentArea(row);
     if (showsThumbnail()) {
         paintThumbnail(painter, area, style);
@@ -135,7 +144,7 @@ void ClipboardRowView::paintLink(QPainter& painter, const QRect& area, const Row
 }
 
 void ClipboardRowView::paintText(QPainter& painter, const QRect& area, const RowStyle& style,
-                                 const ExpandedText* text) const {
+                                 ExpandedText* text) const {
     const QFont font = ui::textFont(12);
     const int height = lineHeight(font);
     const QRectF shown = QRectF(area).adjusted(0, 0, 0, -countsHeight());
@@ -144,12 +153,12 @@ void ClipboardRowView::paintText(QPainter& painter, const QRect& area, const Row
     if (text != nullptr) {
         painter.save();
         painter.setClipRect(shown, Qt::IntersectClip);
-        text->layout.draw(painter, shown.topLeft(), text->scrollOffset, shown.height());
+        text->draw(painter, shown.topLeft(), shown.height());
         painter.restore();
-        const double whole = text->layout.height(text->scrollOffset + shown.height() + 1);
-        if (whole > shown.height() + 1) {
+        const double whole = text->wholeHeight();
+        if (whole > text->shownHeight() + 1) {
             const double thumb = std::max<double>(SCROLL_THUMB_MINIMUM, shown.height() * shown.height() / whole);
-            const double way = std::clamp(text->scrollOffset / (whole - shown.height()), 0.0, 1.0);
+            const double way = std::clamp(text->scrollOffset() / (whole - shown.height()), 0.0, 1.0);
             painter.setPen(Qt::NoPen);
             painter.setBrush(ui::faded(style.palette.primary, 0.3));
             painter.drawRoundedRect(
@@ -206,14 +215,14 @@ void ClipboardRowView::paintTrailing(QPainter& painter, const QRect& row, const 
     }
 }
 
-ClipboardRowView::ActionLook ClipboardRowView::lookOf(RowAction action, const ui::Palette& palette,
-                                                      bool isUnderPointer) const {
+ClipboardRowView::ActionSymbol ClipboardRowView::symbolOf(RowAction action, const ui::Palette& palette,
+                                                          bool isUnderPointer) const {
     switch (action) {
     case RowAction::OpenLink:
         return {u"safari"_s, palette.blue};
     case RowAction::Pin:
-        return m_item.isPinned ? ActionLook{u"pin.slash.fill"_s, palette.orange}
-                               : ActionLook{u"pin"_s, palette.secondary};
+        return m_item.isPinned ? ActionSymbol{u"pin.slash.fill"_s, palette.orange}
+                               : ActionSymbol{u"pin"_s, palette.secondary};
     case RowAction::Delete:
         break;
     }
@@ -222,8 +231,8 @@ ClipboardRowView::ActionLook ClipboardRowView::lookOf(RowAction action, const ui
 
 void ClipboardRowView::paintAction(QPainter& painter, const QRect& row, RowAction action, const RowStyle& style) const {
     const ui::Palette& palette = style.palette;
-    const bool isUnderPointer = style.pressedOver == action;
-    const ActionLook look = lookOf(action, palette, isUnderPointer);
+    const bool isUnderPointer = style.hoveredAction == action;
+    const ActionSymbol drawn = symbolOf(action, palette, isUnderPointer);
 
     const QRectF box = actionArea(row, action);
     painter.save();
@@ -233,10 +242,13 @@ void ClipboardRowView::paintAction(QPainter& painter, const QRect& row, RowActio
     painter.scale(scale, scale);
     painter.translate(-box.center());
     painter.setPen(Qt::NoPen);
-    painter.setBrush(isUnderPointer ? ui::faded(palette.primary, 0.16) : palette.tertiaryFill);
+    const bool isPressed = isUnderPointer && style.pressed == PressedPart::Action;
+    painter.setBrush(isUnderPointer
+                         ? ui::faded(palette.primary, isPressed ? PRESSED_ACTION_OPACITY : HOVERED_ACTION_OPACITY)
+                         : palette.tertiaryFill);
     painter.drawRoundedRect(box, ACTION_RADIUS, ACTION_RADIUS);
     drawCentred(painter, box,
-                style.symbols.pixmap(look.symbol, {10, QFont::Medium, look.color, style.devicePixelRatio}));
+                style.symbols.pixmap(drawn.name, {10, QFont::Medium, drawn.color, style.devicePixelRatio}));
     painter.restore();
 }
 

@@ -162,7 +162,7 @@ int ClipboardRowView::compactHeight(int width) const {
 }
 
 int ClipboardRowView::expandedHeight(double textHeight) const {
-    const int text = static_cast<int>(std::ceil(std::min<double>(textHeight, MOST_TEXT_HEIGHT)));
+    const int text = static_cast<int>(std::ceil(textHeight));
     return std::max(lineHeight(previewFont()), text) + countsHeight() + 2 * rowmetrics::PADDING_VERTICAL;
 }
 

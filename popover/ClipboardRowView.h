@@ -18,6 +18,8 @@ class QPainter;
 
 namespace zamber::popover {
 
+class ExpandedText;
+
 /// One entry of the history as the list shows it. A value: everything is computed from what it was made of, and
 /// whatever moves or changes is handed in by the list.
 class ClipboardRowView {
@@ -50,12 +52,12 @@ public:
 
     /// The row's height (points) at that width, not expanded.
     int compactHeight(int width) const;
-    /// How high it is with that much room for the whole text.
+    /// Its height with that much of the whole text shown.
     int expandedHeight(double textHeight) const;
     /// How wide the preview or text is in a row of the width.
     int contentWidth(int rowWidth) const;
 
-    void paint(QPainter& painter, const QRect& row, const RowStyle& style, const ExpandedText* expandedText) const;
+    void paint(QPainter& painter, const QRect& row, const RowStyle& style, ExpandedText* expandedText) const;
 
     /// Where the whole text lies in an expanded row, and where the small buttons lie in a highlighted one.
     QRect textArea(const QRect& row) const;
@@ -63,8 +65,6 @@ public:
     /// The small button at the point, if the row shows them.
     std::optional<RowAction> actionAt(const QRect& row, QPoint point) const;
 
-    /// The most that an expanded row shows of its text at once, in points.
-    static constexpr int MOST_TEXT_HEIGHT = 120;
     static constexpr QSize THUMBNAIL_SIZE{40, 30};
 
 private:
@@ -77,17 +77,17 @@ private:
     int contentHeight(int width) const;
     QRect contentArea(const QRect& row) const;
 
-    struct ActionLook {
-        QString symbol;
+    struct ActionSymbol {
+        QString name;
         QColor color;
     };
-    ActionLook lookOf(RowAction action, const ui::Palette& palette, bool isUnderPointer) const;
+    ActionSymbol symbolOf(RowAction action, const ui::Palette& palette, bool isUnderPointer) const;
 
     void paintGround(QPainter& painter, const QRect& row, const RowStyle& style) const;
-    void paintContent(QPainter& painter, const QRect& row, const RowStyle& style, const ExpandedText* text) const;
+    void paintContent(QPainter& painter, const QRect& row, const RowStyle& style, ExpandedText* text) const;
     void paintThumbnail(QPainter& painter, const QRect& area, const RowStyle& style) const;
     void paintLink(QPainter& painter, const QRect& area, const RowStyle& style) const;
-    void paintText(QPainter& painter, const QRect& area, const RowStyle& style, const ExpandedText* text) const;
+    void paintText(QPainter& painter, const QRect& area, const RowStyle& style, ExpandedText* text) const;
     void paintCounts(QPainter& painter, QPointF topLeft, const RowStyle& style) const;
     void paintTrailing(QPainter& painter, const QRect& row, const RowStyle& style) const;
     void paintAction(QPainter& painter, const QRect& row, RowAction action, const RowStyle& style) const;

@@ -20,8 +20,8 @@ GlidingScroll::GlidingScroll() {
     connect(&m_frames, &QTimer::timeout, this, &GlidingScroll::advance);
 }
 
-void GlidingScroll::start(double way) {
-    m_way = way;
+void GlidingScroll::start(double distance) {
+    m_distance = distance;
     m_sinceStart.start();
     m_frames.start();
 }
@@ -29,7 +29,7 @@ void GlidingScroll::start(double way) {
 double GlidingScroll::remaining() const {
     const double progress =
         std::min(1.0, static_cast<double>(m_sinceStart.elapsed()) / static_cast<double>(DURATION.count()));
-    return m_way * (1 - progress * progress * (3 - 2 * progress));
+    return m_distance * (1 - progress * progress * (3 - 2 * progress));
 }
 
 void GlidingScroll::advance() {

@@ -8,18 +8,19 @@
 
 namespace zamber::popover {
 
-/// A way that grows shorter, eased in and out, until there is none left after a tenth of a second.
+/// The animation of scrolling to another place: how many points are still to go, eased in and out, over a tenth of a
+/// second. The owner scrolls at each `advanced`.
 class GlidingScroll final : public QObject {
     Q_OBJECT
 
 public:
     GlidingScroll();
 
-    /// Starts with a way of so many points ahead, in either direction.
-    void start(double way);
+    /// Starts with so many points to go, in either direction.
+    void start(double distance);
     void stop() { m_frames.stop(); }
 
-    /// What is left of the way now.
+    /// The points that are still to go at this moment.
     double remaining() const;
 
 signals:
@@ -28,7 +29,7 @@ signals:
 private:
     void advance();
 
-    double m_way = 0;
+    double m_distance = 0;
     QTimer m_frames;
     QElapsedTimer m_sinceStart;
 };

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "HistoryListExpansion.h"
+#include "RowMetrics.h"
 
 #include "platform/Scheduler.h"
 #include "platform/Symbols.h"
@@ -18,21 +18,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int HEADER_PADDING_HORIZONTAL = 8;
-constexpr int HEADER_PADDING_TOP = 8;
 constexpr int HEADER_SPACING = 4;
 } // namespace
 
 void HistoryListWidget::paintEvent(QPaintEvent* event) {
-    if (m_stack.count() == 0) {
+    const ListGeometry& geometry = m_layout.geometry();
+    if (geometry.isEmpty()) {
         return;
     }
     QPainter painter(this);
-    const int last = m_stack.indexAt(m_scrollOffset + height());
-    for (int element = m_stack.indexAt(m_scrollOffset); element <= last; ++element) {
-        const auto row = m_sections.rowOfElement(element);
-        const int top = m_stack.top(element) - static_cast<int>(std::lround(m_scrollOffset));
-        const QRect header(0, top, width(), m_stack.height(element));
-        const QRect area = row ? rowRectangle(*row) : header;
+    const auto [first, last] = geometry.elementsInView();
+    for (int element = first; element <= last; ++element) {
+        const auto row = geometry.sections().rowOfElement(element);
+        const ListGeometry::Span span = geometry.elementSpan(element);
+        const QRect area = row ? rowRectangle(*row) : QRect(0, span.top, width(), span.height);
         if (!area.intersects(event->rect())) {
             continue;
         }
@@ -42,7 +41,7 @@ void HistoryListWidget::paintEvent(QPaintEvent* event) {
             paintHeader(painter, area, element == 0);
         }
     }
-    if (m_scrollOffset > 0) {
+    if (geometry.offset() > 0) {
         painter.fillRect(0, 0, width(), 1, ui::faded(m_palette.separator, 0.6)); // more lies above
     }
 }
@@ -52,7 +51,8 @@ void HistoryListWidget::paintHeader(QPainter& painter, const QRect& area, bool i
     const QPixmap icon = m_symbols.pixmap(isPinnedHeader ? u"pin.fill"_s : u"clock"_s,
                                           {9, QFont::DemiBold, m_palette.tertiary, devicePixelRatioF()});
     const QSizeF iconSize = icon.deviceIndependentSize();
-    const QRect line = area.adjusted(rowRectangle(0).left() + HEADER_PADDING_HORIZONTAL, HEADER_PADDING_TOP, 0, -2);
+    const QRect line = area.adjusted(rowRectangle(0).left() + HEADER_PADDING_HORIZONTAL, rowmetrics::HEADER_PADDING_TOP,
+                                     0, -rowmetrics::HEADER_PADDING_BOTTOM);
     painter.drawPixmap(QPointF(line.left(), std::round(line.top() + (line.height() - iconSize.height()) / 2.0)), icon);
     painter.setFont(font);
     painter.setPen(m_palette.tertiary);
@@ -61,23 +61,18 @@ void HistoryListWidget::paintHeader(QPainter& painter, const QRect& area, bool i
 }
 
 void HistoryListWidget::paintRow(QPainter& painter, const QRect& area, int row) {
-    const ClipboardRowView view = rowView(row);
-    const QUuid& id = item(row).id;
+    const ClipboardRowView view = m_layout.rowView(row);
+    const QUuid& id = items()[row].id;
     const RowStyle style{
         .palette = m_palette,
         .symbols = m_symbols,
         .devicePixelRatio = devicePixelRatioF(),
         .now = m_clock.now(),
-        .highlight = m_highlights.value(id),
-        .pressedOver = m_hovered && m_hovered->row == id ? m_hovered->action : std::nullopt,
+        .highlight = m_layout.highlight(row),
+        .hoveredAction = m_pointer.hoveredAction(id),
+        .pressed = m_pointer.pressedPart(id),
     };
-    if (view.isExpanded()) {
-        Expansion& open = expansion(row);
-        const ExpandedText text{open.layout, open.scrollOffset};
-        view.paint(painter, area, style, &text);
-    } else {
-        view.paint(painter, area, style, nullptr);
-    }
+    view.paint(painter, area, style, view.isExpanded() ? &m_layout.expandedText(row) : nullptr);
 }
 
 } // namespace zamber::popover

@@ -2,68 +2,50 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "popover/ClipboardRowView.h"
-#include "popover/DetectedLinks.h"
-#include "popover/GlidingScroll.h"
-#include "popover/LargeTexts.h"
-#include "popover/RowHighlights.h"
-#include "popover/RowSections.h"
-#include "popover/RowStack.h"
-#include "popover/ThumbnailCache.h"
+#include "popover/HistoryLayout.h"
+#include "popover/ListPointer.h"
 
-#include <QList>
 #include <QWidget>
-
-#include <map>
-#include <memory>
-#include <optional>
 
 namespace zamber {
 class Appearance;
-class Scheduler;
-} // namespace zamber
-
-namespace zamber::popover {}
-
-namespace zamber::popover {} // namespace zamber::popover
+}
 
 namespace zamber::popover {
 
-/// The scrolling list of rows, pinned ones first. It draws only the rows that are seen and knows the heights of the
-/// others by guess until they come into view. It never has the keyboard focus; the selection is told to it.
+/// The scrolling list of rows, pinned ones first. It draws the rows that are in view and hands on what is done to them;
+/// where they lie is the layout's business, what the pointer means is the pointer's. It never has the keyboard focus;
+/// the selection is told to it.
 class HistoryListWidget final : public QWidget {
     Q_OBJECT
 
 public:
     /// Without a link detector no text is a link.
-    HistoryListWidget(const Symbols& symbols, const Appearance& appearance, const Scheduler& clock,
+    HistoryListWidget(const Symbols& symbols, const Appearance& appearance, Scheduler& scheduler,
                       LinkDetector* linkDetector, QWidget* parent);
-    ~HistoryListWidget() override;
 
-    /// The entries in the order in which they are shown: all pinned ones before the others.
     void setItems(const QList<clipboard::ClipboardItem>& items);
-    const QList<clipboard::ClipboardItem>& items() const { return m_items; }
-    /// Lets go of what is kept about all other entries.
-    void forgetOthersThan(const QList<clipboard::ClipboardItem>& items);
-
-    void setPreferences(const RowPreferences& preferences);
+    const QList<clipboard::ClipboardItem>& items() const { return m_layout.items(); }
+    /// Forgets what is known about all other entries.
+    void keepOnly(const QList<clipboard::ClipboardItem>& items) { m_layout.keepOnly(items); }
+    void setPreferences(const RowPreferences& preferences) { m_layout.setPreferences(preferences); }
     void setColors(const ui::Palette& palette);
 
-    /// Highlights the row; an index beyond the list highlights none.
-    void setSelectedIndex(int index);
-    int selectedIndex() const { return m_selectedIndex; }
-
-    /// Scrolls, in a tenth of a second, so that the row is in the middle.
-    void centreOn(int index);
+    /// Highlights the row and scrolls, in a tenth of a second, so that it is in the middle; an index beyond the list
+    /// highlights none.
+    void select(int index);
+    int selectedIndex() const { return m_layout.selectedIndex(); }
+    /// Scrolls to the selected row, or to the top without one, at once.
+    void showSelection() { m_layout.showSelection(); }
     /// Selects the first row and scrolls to it, both at once.
     void startAtTop();
-    double scrollOffset() const { return m_scrollOffset; }
+    double scrollOffset() const { return m_layout.geometry().offset(); }
 
     /// Is the row highlighted, by the pointer or by the selection?
-    bool isHovered(int index) const;
-    bool isExpanded(int index);
+    bool isHovered(int index) const { return m_layout.isHighlighted(index); }
+    bool isExpanded(int index) { return m_layout.rowView(index).isExpanded(); }
     /// Where the row lies in the widget, in points; outside of it when it is scrolled away.
-    QRect rowRectangle(int index) const;
+    QRect rowRectangle(int index) const { return m_layout.rowRectangle(index); }
     QRect actionRectangle(int index, RowAction action);
     QRect expandedTextRectangle(int index);
 
@@ -71,13 +53,13 @@ public:
     void choose(int index);
     void perform(int index, RowAction action);
     /// The row's text as it is shown, unexpanded.
-    QString preview(int index) { return rowView(index).preview(); }
+    QString preview(int index) { return m_layout.rowView(index).preview(); }
     /// Where the row's link leads, if it has one.
-    std::optional<QUrl> link(int index) { return m_links.in(item(index)); }
-    /// The small buttons that the row has while it is highlighted.
+    std::optional<QUrl> link(int index) { return m_layout.link(index); }
     /// What is beside the preview, in words: the kind of content, the counts, the age.
     QStringList describe(int index);
-    QList<RowAction> actions(int index) { return rowView(index).actions(); }
+    /// The small buttons that the row has while it is highlighted.
+    QList<RowAction> actions(int index) { return m_layout.rowView(index).actions(); }
 
 signals:
     void chosen(const zamber::clipboard::ClipboardItem& item);
@@ -100,42 +82,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
-    /// The whole text of a row while it is expanded.
-    struct Expansion;
-    /// What the pointer is on.
-    struct Target {
-        QUuid row;
-        std::optional<RowAction> action;
-        bool operator==(const Target&) const = default;
-    };
-
-    const clipboard::ClipboardItem& item(int row) const { return m_items[row]; }
-    std::optional<int> rowOf(const QUuid& id) const;
-    ClipboardRowView rowView(int row);
-    void remeasure(const QUuid& id);
-    int rowWidth() const;
-    int currentHeight(int row);
-    Expansion& expansion(int row);
-    void measureVisible();
-    void measureAround(int row);
-    void measure(int element);
-    void invalidateHeights();
-    /// Runs a change of heights in such a way that what the user looks at stays where it is.
-    template <class Change>
-    void keepingPlace(Change change);
-
-    void updateHighlights(Motion motion);
-    void highlightsAdvanced();
-    void scrollTo(double offset);
-    void glide();
-    double centredOffset(int row) const;
-
-    std::optional<int> rowAt(QPoint point) const;
-    std::optional<Target> targetAt(QPoint point);
-    void setPointer(std::optional<QPoint> point);
-    void forgetHoverThatMovedAway();
     Motion motion() const;
-
     void paintHeader(QPainter& painter, const QRect& area, bool isPinnedHeader) const;
     void paintRow(QPainter& painter, const QRect& area, int row);
 
@@ -143,26 +90,8 @@ private:
     const Appearance& m_appearance;
     const Scheduler& m_clock;
     ui::Palette m_palette;
-    RowPreferences m_preferences;
-
-    QList<clipboard::ClipboardItem> m_items;
-    RowSections m_sections;
-    RowStack m_stack;
-    ThumbnailCache m_thumbnails;
-    DetectedLinks m_links;
-    LargeTexts m_largeTexts;
-    RowHighlights m_highlights;
-    QList<QUuid> m_litBefore;
-    std::map<QUuid, Expansion> m_expansions;
-
-    int m_selectedIndex = 0;
-    std::optional<Target> m_hovered;
-    std::optional<Target> m_pressed;
-    std::optional<QPoint> m_pointer;
-
-    double m_scrollOffset = 0;
-    GlidingScroll m_glide;
-    QUuid m_glideTarget;
+    HistoryLayout m_layout;
+    ListPointer m_pointer;
 };
 
 } // namespace zamber::popover

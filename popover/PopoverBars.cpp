@@ -20,6 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int BAR_PADDING_HORIZONTAL = 16;
+constexpr double BAR_OPACITY_ON_MATERIAL = 0.5; ///< what is left to be seen of a material behind the bar
 constexpr int HEADER_PADDING_TOP = 14;
 constexpr int HEADER_PADDING_BOTTOM = 10;
 constexpr int HEADER_LINE = 20;
@@ -129,7 +130,9 @@ void PopoverFooter::setColors(const ui::Palette& palette) {
 
 void PopoverFooter::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), m_palette.barMaterial);
+    const bool isOnMaterial = parentWidget() != nullptr && parentWidget()->testAttribute(Qt::WA_TranslucentBackground);
+    painter.fillRect(rect(),
+                     isOnMaterial ? ui::faded(m_palette.barMaterial, BAR_OPACITY_ON_MATERIAL) : m_palette.barMaterial);
     painter.fillRect(QRectF(0, 0, width(), 1), ui::faded(m_palette.separator, 0.6));
 }
 

@@ -19,14 +19,6 @@ class SymbolView;
 class TextLabel;
 } // namespace zamber::ui
 
-namespace zamber::popover {}
-
-namespace zamber::popover {}
-
-namespace zamber::popover {}
-
-namespace zamber::popover {} // namespace zamber::popover
-
 namespace zamber::popover {
 
 /// The top of the popover: the program's name, how full the history is, and the way to the settings.
@@ -34,7 +26,7 @@ class PopoverHeader final : public QWidget {
     Q_OBJECT
 
 public:
-    enum class SettingsButton { Shown, Left };
+    enum class SettingsButton { Shown, Hidden };
 
     PopoverHeader(const Symbols& symbols, SettingsButton settingsButton, QWidget* parent);
 

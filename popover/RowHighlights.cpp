@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "popover/RowHighlights.h"
 
+#include "popover/HistoryRows.h"
+
 #include <algorithm>
 #include <chrono>
 
@@ -10,57 +12,65 @@ namespace zamber::popover {
 using namespace std::chrono_literals;
 
 namespace {
+
 constexpr double HIGHLIGHT_MS = 150;
 constexpr auto FRAME = 16ms;
+
+double goal(const HistoryRow& row) {
+    return row.isHighlighted ? 1 : 0;
+}
+
 } // namespace
 
-RowHighlights::RowHighlights() {
+RowHighlights::RowHighlights(HistoryRows& rows)
+    : m_rows(rows) {
     m_frames.setInterval(FRAME);
     m_frames.setTimerType(Qt::PreciseTimer);
     connect(&m_frames, &QTimer::timeout, this, &RowHighlights::advance);
 }
 
-void RowHighlights::setHighlighted(const QSet<QUuid>& rows, Motion motion) {
-    m_highlighted = rows;
+void RowHighlights::setHighlighted(const QList<QUuid>& highlighted, Motion motion) {
+    for (auto& [id, row] : m_rows) {
+        row.isHighlighted = false;
+    }
+    for (const QUuid& id : highlighted) {
+        m_rows.of(id).isHighlighted = true;
+    }
     if (motion == Motion::Immediate) {
         m_frames.stop();
-        m_progress.clear();
-        for (const QUuid& row : rows) {
-            m_progress.insert(row, 1);
-        }
+        move(1);
         return;
     }
-    for (const QUuid& row : rows) {
-        if (!m_progress.contains(row)) {
-            m_progress.insert(row, 0);
-        }
-    }
-    const bool isSettled = m_progress.size() == rows.size() &&
-                           std::ranges::all_of(m_progress, [](double progress) { return progress >= 1; });
-    if (!isSettled && !m_frames.isActive()) {
+    const bool isAtGoal = std::ranges::all_of(
+        m_rows, [](const auto& entry) { return entry.second.highlightProgress == goal(entry.second); });
+    if (!isAtGoal && !m_frames.isActive()) {
         m_sinceFrame.start();
         m_frames.start();
     }
 }
 
-double RowHighlights::value(const QUuid& row) const {
-    const double progress = m_progress.value(row, 0);
-    return progress * progress * (3 - 2 * progress);
+void RowHighlights::advance() {
+    move(static_cast<double>(m_sinceFrame.restart()) / HIGHLIGHT_MS);
+    const bool isAtGoal = std::ranges::all_of(
+        m_rows, [](const auto& entry) { return entry.second.highlightProgress == goal(entry.second); });
+    if (isAtGoal) {
+        m_frames.stop();
+        emit settled();
+    }
 }
 
-void RowHighlights::advance() {
-    const double step = static_cast<double>(m_sinceFrame.restart()) / HIGHLIGHT_MS;
-    bool isMoving = false;
-    for (auto row = m_progress.begin(); row != m_progress.end();) {
-        const bool isRising = m_highlighted.contains(row.key());
-        *row = std::clamp(*row + (isRising ? step : -step), 0.0, 1.0);
-        isMoving |= isRising ? *row < 1 : *row > 0;
-        row = !isRising && *row <= 0 ? m_progress.erase(row) : std::next(row);
+void RowHighlights::move(double step) {
+    QList<QUuid> moved;
+    for (auto& [id, row] : m_rows) {
+        const double before = row.highlightProgress;
+        row.highlightProgress = std::clamp(goal(row), before - step, before + step);
+        if (row.highlightProgress != before) {
+            moved.append(id);
+        }
     }
-    if (!isMoving) {
-        m_frames.stop();
+    if (!moved.isEmpty()) {
+        emit advanced(moved);
     }
-    emit advanced();
 }
 
 } // namespace zamber::popover

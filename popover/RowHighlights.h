@@ -3,41 +3,41 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QHash>
 #include <QList>
 #include <QObject>
-#include <QSet>
 #include <QTimer>
 #include <QUuid>
 
 namespace zamber::popover {
 
+class HistoryRows;
+
 enum class Motion { Animated, Immediate };
 
-/// How far each row's highlight has faded in. Runs a timer only while something moves.
+/// Fades the highlights of rows in and out. Runs a timer only while something moves.
 class RowHighlights final : public QObject {
     Q_OBJECT
 
 public:
-    RowHighlights();
+    /// The rows outlive this object.
+    explicit RowHighlights(HistoryRows& rows);
 
     /// The rows that are to be highlighted from now on; the others fade out.
-    void setHighlighted(const QSet<QUuid>& rows, Motion motion);
+    void setHighlighted(const QList<QUuid>& highlighted, Motion motion);
 
-    /// From 0 (not highlighted) to 1, eased in and out.
-    double value(const QUuid& row) const;
-
-    /// The rows that are highlighted at least a little.
-    QList<QUuid> lit() const { return m_progress.keys(); }
+    bool isMoving() const { return m_frames.isActive(); }
 
 signals:
-    void advanced();
+    /// The highlights of these rows have changed.
+    void advanced(const QList<QUuid>& rows);
+    /// Nothing moves any more.
+    void settled();
 
 private:
     void advance();
+    void move(double step);
 
-    QSet<QUuid> m_highlighted;
-    QHash<QUuid, double> m_progress;
+    HistoryRows& m_rows;
     QTimer m_frames;
     QElapsedTimer m_sinceFrame;
 };

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The distances inside a row, in points, for those who measure and those who paint it.
+/// Distances inside rows and headers, in points, for measuring and for painting them.
 namespace zamber::popover::rowmetrics {
 
 inline constexpr int PADDING_HORIZONTAL = 12;
@@ -16,5 +16,7 @@ inline constexpr int ACTION_SPACING = 2;
 inline constexpr int COUNTS_SPACING = 3;
 inline constexpr int COUNT_SPACING = 4;
 inline constexpr int LINK_SPACING = 2;
+inline constexpr int HEADER_PADDING_TOP = 8;
+inline constexpr int HEADER_PADDING_BOTTOM = 2;
 
 } // namespace zamber::popover::rowmetrics

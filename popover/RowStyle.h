@@ -12,13 +12,7 @@ namespace zamber {
 class Symbols;
 }
 
-namespace zamber::popover {}
-
-namespace zamber::popover {}
-
 namespace zamber::popover {
-
-class LazyTextLayout;
 
 /// What the user wants rows to show.
 struct RowPreferences {
@@ -43,20 +37,18 @@ struct Thumbnail {
 /// Whether a text's counts are known yet, and whether it is sensitive.
 enum class TextState { Measured, Pending };
 
-/// An expanded row's text and how far down it is scrolled (points).
-struct ExpandedText {
-    LazyTextLayout& layout;
-    double scrollOffset = 0;
-};
+/// What the pointer's button is down on.
+enum class PressedPart { None, Row, Action };
 
 /// What a row is drawn with.
 struct RowStyle {
     const ui::Palette& palette;
     const Symbols& symbols;
     double devicePixelRatio = 1;
-    double now = 0;                       ///< seconds since 1970
-    double highlight = 0;                 ///< how far the highlight has faded in, 0 to 1
-    std::optional<RowAction> pressedOver; ///< the small button under the pointer
+    double now = 0;                         ///< seconds since 1970
+    double highlight = 0;                   ///< how far the highlight has faded in, 0 to 1
+    std::optional<RowAction> hoveredAction; ///< the small button under the pointer
+    PressedPart pressed = PressedPart::None;
 };
 
 } // namespace zamber::popover

@@ -83,7 +83,7 @@ QHash<LineKey, QList<QStaticText>>* keptLines() {
     static QHash<LineKey, QList<QStaticText>> kept;
     if (owner == nullptr) {
         owner = new QObject(QCoreApplication::instance());
-        QObject::connect(owner, &QObject::destroyed, [] { kept.clear(); });
+        QObject::connect(owner, &QObject::destroyed, owner, [] { kept.clear(); });
     }
     return &kept;
 }
@@ -130,7 +130,8 @@ QStringList elidedLines(const QString& text, const QFont& font, int width, int m
         }
         QString piece = shown.mid(start, line.textLength());
         piece.remove(QChar::LineSeparator);
-        lines.append(piece);
+        // A blank where the line was broken would stand before a text that reads from the right.
+        lines.append(withoutTrailingBlanks(piece));
     }
     layout.endLayout();
     return lines;

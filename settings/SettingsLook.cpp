@@ -22,8 +22,7 @@ void SettingsLook::apply(QObject* context, const std::function<void(const ui::Pa
 }
 
 void SettingsLook::update() {
-    const QColor accent = m_appearance.accentColor();
-    m_palette = m_appearance.isDark() ? ui::Palette::dark(accent) : ui::Palette::light(accent);
+    m_palette = ui::Palette::of(m_appearance);
     Q_EMIT changed();
 }
 

@@ -38,19 +38,11 @@ constexpr int ROW_VERTICAL = 12;
 
 constexpr int KEY_POINTS = 12;
 constexpr int KEY_SIDE = 24;
-constexpr int KEY_PADDING = 7;
 constexpr double KEY_RADIUS = 5;
 constexpr double KEY_BORDER_OPACITY = 0.1;
 
 constexpr int BODY_POINTS = 13;
 constexpr int CAPTION_POINTS = 11;
-
-/// A colour of the palette at an opacity of its own, as the levels' colours are not quite opaque themselves.
-QColor primaryAt(const ui::Palette& palette, double opacity) {
-    QColor color = palette.primary;
-    color.setAlphaF(static_cast<float>(opacity));
-    return color;
-}
 
 void paintPlate(QWidget& plate, const QColor& ground, const QColor& border, double radius) {
     QPainter painter(&plate);
@@ -74,7 +66,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         const ui::Palette& palette = m_look.palette();
-        paintPlate(*this, primaryAt(palette, CARD_OPACITY), primaryAt(palette, CARD_BORDER_OPACITY), CARD_RADIUS);
+        paintPlate(*this, palette.primaryAt(CARD_OPACITY), palette.primaryAt(CARD_BORDER_OPACITY), CARD_RADIUS);
     }
 
 private:
@@ -105,15 +97,14 @@ public:
         , m_key(key) {
         setFont(ui::textFont(KEY_POINTS, QFont::DemiBold));
         setAccessibleName(key);
-        const int width = QFontMetrics(font()).horizontalAdvance(key) + 2 * KEY_PADDING;
-        setFixedSize(std::max(KEY_SIDE, width), KEY_SIDE);
+        setFixedSize(std::max(KEY_SIDE, QFontMetrics(font()).horizontalAdvance(key)), KEY_SIDE);
         look.apply(this, [this](const ui::Palette&) { update(); });
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
         const ui::Palette& palette = m_look.palette();
-        paintPlate(*this, palette.tertiaryFill, primaryAt(palette, KEY_BORDER_OPACITY), KEY_RADIUS);
+        paintPlate(*this, palette.tertiaryFill, palette.primaryAt(KEY_BORDER_OPACITY), KEY_RADIUS);
         QPainter painter(this);
         painter.setFont(font());
         painter.setPen(palette.primary);

@@ -11,6 +11,8 @@
 
 #include <QHBoxLayout>
 
+#include <algorithm>
+
 namespace zamber::settings {
 
 using namespace Qt::StringLiterals;
@@ -35,6 +37,9 @@ UpdateStatus::UpdateStatus(const SettingsLook& look, update::UpdateManager& upda
     line->addWidget(m_text);
     line->addWidget(m_download);
     line->addWidget(m_check);
+    // Whatever it shows, the row around it keeps its height.
+    setFixedHeight(std::max({m_check->sizeHint().height(), m_download->sizeHint().height(),
+                             m_progress->sizeHint().height(), m_text->sizeHint().height()}));
     connect(m_download, &ui::BorderedButton::clicked, this, [&updates] { updates.downloadUpdate(); });
     connect(m_check, &ui::BorderedButton::clicked, this, [&updates] { updates.checkForUpdates(); });
     connect(&updates, &update::UpdateManager::changed, this, &UpdateStatus::refresh);

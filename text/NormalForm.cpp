@@ -8,10 +8,12 @@
 #include <QHash>
 
 #include <unicode/normalizer2.h>
+#include <unicode/uchar.h>
 
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <vector>
 
 namespace zamber::text {
 
@@ -19,10 +21,11 @@ namespace {
 
 /// Below this many bytes of ASCII, handing them to ICU with their neighbours costs less than a piece of their own.
 constexpr std::size_t SHORTEST_ASCII_PIECE = 64;
-constexpr std::size_t USUAL_PIECE = 256;
 constexpr std::size_t COMPARED_AT_ONCE_BYTES = 1024;
-/// ICU sorts a run of combining marks in the square of its length.
-constexpr std::size_t LONGEST_PIECE = 2048;
+/// A piece of more is cut in the middle of its marks, since ICU counts with 32 bits.
+constexpr std::size_t LONGEST_PIECE = std::size_t{1} << 28;
+/// ICU sorts a run of combining marks in the square of its length, which nobody notices up to here.
+constexpr int MOST_UNITS_FOR_ICU = 8192;
 constexpr std::size_t LONGEST_ASCII_PIECE = std::size_t{1} << 12;
 
 const icu::Normalizer2* normalizer() {
@@ -35,6 +38,36 @@ const icu::Normalizer2* normalizer() {
 
 bool startsAnew(char32_t c) {
     return c < 0x80 || normalizer() == nullptr || normalizer()->hasBoundaryBefore(static_cast<UChar32>(c)) != 0;
+}
+
+/// The decomposition by its definition: each code point by itself, then each run of combining marks by their classes.
+icu::UnicodeString decomposedByDefinition(const icu::UnicodeString& text) {
+    icu::UnicodeString result;
+    std::vector<UChar32> marks;
+    const auto appendMarks = [&] {
+        std::ranges::stable_sort(marks, {}, u_getCombiningClass);
+        for (const auto mark : marks) {
+            result.append(mark);
+        }
+        marks.clear();
+    };
+    for (int at = 0; at < text.length(); at = text.moveIndex32(at, 1)) {
+        icu::UnicodeString own;
+        if (normalizer()->getDecomposition(text.char32At(at), own) == 0) {
+            own = text.char32At(at);
+        }
+        for (int place = 0; place < own.length(); place = own.moveIndex32(place, 1)) {
+            const auto codePoint = own.char32At(place);
+            if (u_getCombiningClass(codePoint) != 0) {
+                marks.push_back(codePoint);
+            } else {
+                appendMarks();
+                result.append(codePoint);
+            }
+        }
+    }
+    appendMarks();
+    return result;
 }
 
 /// The decomposition of a text, a piece at a time, in UTF-8.
@@ -106,7 +139,7 @@ std::string_view NormalPieces::next() {
     std::size_t end = asciiLength(m_rest.substr(0, LONGEST_ASCII_PIECE));
     const bool isAllAscii = end == m_rest.size();
     if (!isAllAscii && end < SHORTEST_ASCII_PIECE) {
-        end = std::min(m_rest.size(), USUAL_PIECE);
+        end = std::min(m_rest.size(), m_usualPieceBytes);
         end = end < m_rest.size() ? previousCodePoint(m_rest, end + 1) : end;
         while (end < m_rest.size() && end < LONGEST_PIECE) {
             auto after = end;
@@ -128,6 +161,9 @@ bool NormalPieces::isAscii(std::string_view piece) {
 }
 
 icu::UnicodeString decomposed(const icu::UnicodeString& piece) {
+    if (normalizer() != nullptr && piece.length() > MOST_UNITS_FOR_ICU) {
+        return decomposedByDefinition(piece);
+    }
     UErrorCode status = U_ZERO_ERROR;
     auto result = normalizer() != nullptr ? normalizer()->normalize(piece, status) : piece;
     return U_SUCCESS(status) ? result : piece;

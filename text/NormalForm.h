@@ -13,11 +13,15 @@
 namespace zamber::text {
 
 /// Cuts a UTF-8 text into pieces that can be decomposed canonically one by one, so that no text is ever held
-/// decomposed as a whole. (A run of more combining marks than a piece holds is cut all the same.)
+/// decomposed as a whole. A run of combining marks stays in one piece, however long it is.
 class NormalPieces {
 public:
-    explicit NormalPieces(std::string_view text)
-        : m_rest(text) {}
+    static constexpr std::size_t SHORT_PIECE_BYTES = 256;
+
+    /// A piece with more than ASCII in it has about so many bytes, more where a run of marks does not end before.
+    explicit NormalPieces(std::string_view text, std::size_t usualPieceBytes = SHORT_PIECE_BYTES)
+        : m_rest(text)
+        , m_usualPieceBytes(usualPieceBytes) {}
 
     /// The next piece, at least one code point, or an empty one at the end. ASCII at the start is given out as long
     /// as it goes, up to its last character, which a combining mark may follow.
@@ -27,9 +31,10 @@ public:
 
 private:
     std::string_view m_rest;
+    std::size_t m_usualPieceBytes;
 };
 
-/// The canonical decomposition (NFD) of a piece.
+/// The canonical decomposition (NFD). The time it takes grows with the length of the piece, and hardly faster.
 icu::UnicodeString decomposed(const icu::UnicodeString& piece);
 
 /// Are the two texts canonically equivalent? Looks no further than their first difference.

@@ -6,7 +6,7 @@
 # bash 3.2 of macOS understands.
 
 # Homebrew's names for the group "run" and for the tests.
-brew_run="cmake ninja pkg-config qt icu4c"
+brew_run="boost cmake ninja pkg-config qt icu4c"
 brew_test="googletest"
 
 step() { printf '\n== %s\n' "$*"; }
@@ -83,17 +83,55 @@ require_brew() {
     export CMAKE_PREFIX_PATH
 }
 
+# system: the column of packages-elsewhere.txt for this one, by what it says of itself; nothing when it has none.
+system() {
+    local words
+    words=$(. "${os_release-/etc/os-release}" 2>/dev/null && echo "${ID-} ${ID_LIKE-}") || return 0
+    case " $words " in
+    *" fedora "* | *" rhel "*) echo 2 ;;
+    *" arch "*) echo 3 ;;
+    *suse*) echo 4 ;;
+    esac
+}
+
+# name_elsewhere <column> <Debian's name>: "?" for what the list does not know.
+name_elsewhere() {
+    awk -v column="$1" -v package="$2" '$1 == package { print $column; found = 1; exit } END { if (!found) print "?" }' \
+        "$root/tools/packages-elsewhere.txt"
+}
+
 require_elsewhere() {
-    local missing="" package probe
+    local column package probe name names="" unknown="" command=
+    column=$(system)
     while read -r package probe; do
-        is_there "$probe" || missing="$missing${missing:+
-}${probe/:/ } (Debian: $package)"
+        ! is_there "$probe" || continue
+        name="?"
+        [ -z "$column" ] || name=$(name_elsewhere "$column" "$package")
+        case $name in
+        -) ;; # built without
+        "?") unknown="$unknown    ${probe/:/ } (Debian: $package)
+" ;;
+        *) case " $names " in *" $name "*) ;; *) names="$names $name" ;; esac ;;
+        esac
     done <<ROWS
 $(rows "$@")
 ROWS
-    [ -z "$missing" ] && return 0
-    printf '%s: this is no Debian, so nothing is installed by itself. Missing here:\n' "$(basename "$0")" >&2
-    printf '%s\n' "$missing" | sed 's/^/    /' >&2
+    [ -n "$names$unknown" ] || return 0
+    printf '%s: this is no Debian, so nothing is installed by itself.\n' "$(basename "$0")" >&2
+    case $column in
+    2) command="sudo dnf install" ;;
+    3) command="sudo pacman -S --needed" ;;
+    4) command="sudo zypper install" ;;
+    esac
+    if [ -n "$names" ]; then
+        printf 'Missing here; install it with (untried):\n    %s%s\n' "$command" "$names" >&2
+    fi
+    if [ -n "$unknown" ]; then
+        printf 'Missing here, by whatever name this system has it:\n%s' "$unknown" >&2
+        case $unknown in
+        *bootstrap-icons*) printf 'Of Bootstrap Icons (MIT, https://icons.getbootstrap.com) the SVG files in build/bootstrap-icons will do.\n' >&2 ;;
+        esac
+    fi
     exit 1
 }
 
@@ -101,17 +139,28 @@ is_there() {
     case $1 in
     command:*) command -v "${1#*:}" >/dev/null ;;
     pkg-config:*) pkg-config --exists "${1#*:}" 2>/dev/null ;;
-    file:*) [ -e "${1#*:}" ] ;;
+    file:*) is_a_file "${1#*:}" ;;
     python:*) /usr/bin/python3 -c "import ${1#*:}" 2>/dev/null ;;
     *) true ;;
     esac
 }
 
+# is_a_file <path>|<path>…: is one of them there, seen from the root of the tree?
+is_a_file() {
+    local path IFS='|'
+    for path in $1; do
+        ! (cd "$root" && [ -e "$path" ]) || return 0
+    done
+    return 1
+}
+
 # configure <preset> <ON or OFF>: configured with at least that; the tests, once on, stay on, so that ./run and ./test
-# do not undo each other's work. Ninja itself configures again when a CMake file has changed.
+# do not undo each other's work. Ninja itself configures again when a CMake file has changed. Warnings are errors in the
+# release preset only with `strict` set to ON: a newer compiler must not end a user's build.
 configure() {
-    local folder="$root/build/$1" tests=$2 options=()
+    local folder="$root/build/$1" tests=$2 options=() werror=
     local cache="$folder/CMakeCache.txt" stamp="$folder/configured"
+    [ "$1" != release ] || werror=${strict-OFF}
     if [ -f "$folder/build.ninja" ] && [ -f "$cache" ]; then
         local home
         home=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$cache")
@@ -119,7 +168,8 @@ configure() {
             options+=(--fresh) # the folder was moved or copied here
         else
             ! grep -q '^ZAMBER_TESTS:BOOL=ON' "$cache" || tests=ON
-            if [ "$root/CMakePresets.json" -ot "$stamp" ] && grep -q "^ZAMBER_TESTS:BOOL=$tests" "$cache"; then
+            if [ "$root/CMakePresets.json" -ot "$stamp" ] && grep -q "^ZAMBER_TESTS:BOOL=$tests" "$cache" &&
+                grep -q "^ZAMBER_WERROR:BOOL=$werror" "$cache"; then
                 return 0
             fi
         fi
@@ -128,17 +178,20 @@ configure() {
         export CMAKE_CXX_COMPILER_LAUNCHER=ccache
     fi
     step "Configuring ($1)"
+    [ -z "$werror" ] || options+=(-D ZAMBER_WERROR="$werror")
     (cd "$root" && cmake --preset "$1" -D ZAMBER_TESTS="$tests" ${options[@]+"${options[@]}"}) ||
         die "configuring failed (see above)"
     touch "$stamp"
+    # Where editors look that do not read .clangd or the presets.
+    [ "$1" != release ] || ln -sf build/release/compile_commands.json "$root/compile_commands.json"
 }
 
-# build <preset> [<target>]: quiet when there is nothing to do.
+# build <preset> [<target>…]: quiet when there is nothing to do.
 build() {
     export CCACHE_BASEDIR="${CCACHE_BASEDIR-$root}" CCACHE_NOHASHDIR="${CCACHE_NOHASHDIR-1}"
-    [ -z "${2-}" ] || set -- "$1" --target "$2"
     local preset=$1
     shift
+    [ $# -eq 0 ] || set -- --target "$@"
     (cd "$root" && cmake --build --preset "$preset" --parallel "$(processors)" "$@")
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/BorderedButton.h"
 
+#include "ui/FocusRing.h"
 #include "ui/Typography.h"
 
 #include <QFontMetrics>
@@ -103,9 +104,7 @@ void BorderedButton::paintEvent(QPaintEvent*) {
     painter.setBrush(groundColor());
     painter.drawRoundedRect(rect(), radius, radius);
     if (hasFocus()) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(m_palette.accent, 2));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), radius - 1, radius - 1);
+        paintFocusRing(painter, rect(), radius, m_palette);
     }
     painter.setPen(textColor());
     painter.drawText(rect(), Qt::AlignCenter, text());

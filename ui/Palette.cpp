@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/Palette.h"
 
+#include "platform/Appearance.h"
+
 #include <QPalette>
 
 #include <algorithm>
@@ -106,6 +108,16 @@ Palette Palette::dark(const QColor& userAccent) {
     palette.green = QColor(0x4C, 0xD2, 0x68);
     palette.gray = QColor(0xA0, 0xA0, 0xA6);
     return palette;
+}
+
+Palette Palette::of(const Appearance& desktop) {
+    return desktop.isDark() ? dark(desktop.accentColor()) : light(desktop.accentColor());
+}
+
+QColor Palette::primaryAt(double opacity) const {
+    QColor color = primary;
+    color.setAlphaF(static_cast<float>(opacity));
+    return color;
 }
 
 QPalette Palette::forWidgets() const {

@@ -6,6 +6,10 @@
 
 class QPalette;
 
+namespace zamber {
+class Appearance;
+}
+
 namespace zamber::ui {
 
 /// Every colour that the program draws with, by its level in the hierarchy. One value is a whole look: nothing is
@@ -37,9 +41,14 @@ struct Palette {
 
     bool isDark = false;
 
-    /// The looks, with the accent that the user has chosen; it is made lighter or darker where it would drown.
+    /// With the accent that the user has chosen; it is made lighter or darker where it would drown.
     static Palette light(const QColor& userAccent);
     static Palette dark(const QColor& userAccent);
+    /// Light or dark and the accent as the desktop has them at this moment.
+    static Palette of(const Appearance& desktop);
+
+    /// The primary colour's hue at an opacity of its own: what levels' colours have is not multiplied in.
+    QColor primaryAt(double opacity) const;
 
     /// The same look for what Qt draws itself: menus, tool tips, the text field's selection.
     QPalette forWidgets() const;

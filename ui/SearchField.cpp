@@ -69,6 +69,10 @@ void SearchField::setText(const QString& text) {
     }
 }
 
+void SearchField::selectAll() {
+    m_field->selectAll();
+}
+
 void SearchField::setColors(const Palette& palette) {
     m_palette = palette;
     QPalette colors = palette.forWidgets();

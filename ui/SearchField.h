@@ -12,10 +12,6 @@ namespace zamber {
 class Symbols;
 }
 
-namespace zamber::ui {}
-
-namespace zamber::ui {}
-
 namespace zamber::ui {
 
 class PlainButton;
@@ -29,6 +25,8 @@ public:
 
     QString text() const;
     void setText(const QString& text);
+    /// Selects the text, so that typing replaces it; no other program can paste the selection.
+    void selectAll();
     void setColors(const Palette& palette);
 
 signals:

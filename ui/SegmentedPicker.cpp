@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/SegmentedPicker.h"
 
+#include "ui/FocusRing.h"
 #include "ui/Typography.h"
 
 #include <QFontMetrics>
@@ -63,9 +64,7 @@ protected:
         painter.setPen(isChecked() ? m_palette.primary : m_palette.secondary);
         painter.drawText(rect(), Qt::AlignCenter, text());
         if (hasFocus()) {
-            painter.setBrush(Qt::NoBrush);
-            painter.setPen(QPen(faded(m_palette.accent, 0.65), 2));
-            painter.drawRoundedRect(inside.adjusted(1, 1, -1, -1), RADIUS - INSET, RADIUS - INSET);
+            paintFocusRing(painter, inside, RADIUS - INSET, m_palette);
         }
     }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/Switch.h"
 
+#include "ui/FocusRing.h"
 #include "ui/Typography.h"
 
 #include <QFontMetrics>
@@ -108,9 +109,7 @@ void Switch::paintEvent(QPaintEvent*) {
     painter.drawEllipse(knob);
 
     if (hasFocus()) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(faded(m_palette.accent, 0.65), 2));
-        painter.drawRoundedRect(ground.adjusted(1, 1, -1, -1), radius - 1, radius - 1);
+        paintFocusRing(painter, ground, radius, m_palette);
     }
 }
 

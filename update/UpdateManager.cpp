@@ -8,7 +8,6 @@
 #include "platform/Log.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
-#include "update/FreshAnswers.h"
 #include "update/StrictAddress.h"
 #include "update/UpdateRequest.h"
 
@@ -136,7 +135,6 @@ void UpdateManager::checkForUpdates() {
     }
     if (!m_access) {
         m_access = m_makeAccess();
-        m_access->setCache(new FreshAnswers); // the access manager's own from here on
     }
     m_request =
         std::make_unique<UpdateRequest>(*m_access, m_scheduler, *address, [this](const UpdateRequest::Answer& answer) {

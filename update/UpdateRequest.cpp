@@ -34,8 +34,10 @@ QNetworkRequest requestFor(const QUrl& address) {
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
     request.setRawHeader("Accept-Language", "*");
-    // By hand: the library takes one without a place to go to for a failure, and throws the body away.
+    // Qt takes a redirection that names no place to go to for a failure and throws its body away, but a body counts
+    // whatever its status is. So redirections are followed here.
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+    request.setTransferTimeout(static_cast<int>(std::chrono::milliseconds(LONGEST_SILENCE).count()));
     return request;
 }
 
@@ -54,22 +56,20 @@ bool hasBody(const QNetworkReply& reply) {
 UpdateRequest::UpdateRequest(QNetworkAccessManager& access, Scheduler& scheduler, const QUrl& address, Done done)
     : m_access(access)
     , m_scheduler(scheduler)
-    , m_done(std::move(done)) {
+    , m_done(std::move(done))
+    , m_totalTimer(scheduler.after(LONGEST_CHECK, [this] { giveUp(TIMED_OUT); })) {
     send(address);
-    m_totalTimer = scheduler.after(LONGEST_CHECK, [this] { giveUp(TIMED_OUT); });
 }
 
 void UpdateRequest::send(const QUrl& address) {
     m_reply = m_access.get(requestFor(address));
     m_reply->setReadBufferSize(READ_BUFFER_BYTES);
-    connect(m_reply, &QNetworkReply::metaDataChanged, this, &UpdateRequest::restartSilenceTimer);
     connect(m_reply, &QNetworkReply::readyRead, this, &UpdateRequest::takeData);
     connect(m_reply, &QNetworkReply::finished, this, &UpdateRequest::finish);
-    restartSilenceTimer();
 }
 
 UpdateRequest::~UpdateRequest() {
-    stopTimers();
+    m_scheduler.invalidate(m_totalTimer);
     if (m_reply) { // else its access manager has gone first
         m_reply->disconnect(this);
         m_reply->abort();
@@ -77,24 +77,7 @@ UpdateRequest::~UpdateRequest() {
     }
 }
 
-void UpdateRequest::stopTimers() {
-    for (std::optional<Scheduler::Token>* const timer : {&m_silenceTimer, &m_totalTimer}) {
-        if (*timer) {
-            m_scheduler.invalidate(**timer);
-            timer->reset();
-        }
-    }
-}
-
-void UpdateRequest::restartSilenceTimer() {
-    if (m_silenceTimer) {
-        m_scheduler.invalidate(*m_silenceTimer);
-    }
-    m_silenceTimer = m_scheduler.after(LONGEST_SILENCE, [this] { giveUp(TIMED_OUT); });
-}
-
 void UpdateRequest::takeData() {
-    restartSilenceTimer();
     // A byte more than fits tells that there is more; what is beyond is never unpacked.
     QByteArray chunk;
     do {
@@ -140,10 +123,12 @@ void UpdateRequest::finish() {
     if (!m_failure && hasBody(*m_reply)) {
         takeData();
     }
-    stopTimers();
+    m_scheduler.invalidate(m_totalTimer);
     Answer answer = std::move(m_body);
     if (m_failure) {
         answer = std::unexpected(*m_failure);
+    } else if (m_reply->error() == QNetworkReply::OperationCanceledError) { // by the transfer timeout: nobody else does
+        answer = std::unexpected(TIMED_OUT);
     } else if (!hasBody(*m_reply)) {
         answer = std::unexpected(m_reply->errorString());
     }

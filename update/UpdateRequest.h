@@ -20,7 +20,7 @@ class QUrl;
 namespace zamber::update {
 
 /// One GET with nothing in it but its address, bounded in time and size: 10 s without a byte, 60 s in all, 1 MB.
-/// It goes where it is sent on to (RFC 9110, section 15.4), but not out of TLS.
+/// It goes where it is sent on to (RFC 9110, section 15.4), but not out of TLS. No answer is kept for the next one.
 class UpdateRequest final : public QObject {
     Q_OBJECT
 
@@ -37,8 +37,6 @@ private:
     void send(const QUrl& address);
     bool followRedirection();
     void takeData();
-    void restartSilenceTimer();
-    void stopTimers();
     void giveUp(const QString& reason);
     void finish();
 
@@ -49,8 +47,7 @@ private:
     QPointer<QNetworkReply> m_reply;
     QByteArray m_body;
     std::optional<QString> m_failure;
-    std::optional<Scheduler::Token> m_silenceTimer;
-    std::optional<Scheduler::Token> m_totalTimer;
+    const Scheduler::Token m_totalTimer;
 };
 
 } // namespace zamber::update

@@ -11,6 +11,8 @@ add_executable(make_icons "${packaging}/MakeIcons.cpp")
 target_link_libraries(make_icons PRIVATE Qt6::Svg zamber_options)
 set_target_properties(make_icons PROPERTIES MACOSX_BUNDLE OFF)
 if(NOT CMAKE_CROSSCOMPILING)
+  include("${packaging}/ImageFormats.cmake")
+  zamber_require_tiff("${QT6_INSTALL_PREFIX}/${QT6_INSTALL_PLUGINS}")
   set(picture "${CMAKE_SOURCE_DIR}/packaging/icons/Zamber.svg")
   set(icons "${CMAKE_BINARY_DIR}/Zamber.icns")
   add_custom_command(

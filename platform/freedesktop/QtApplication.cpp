@@ -3,6 +3,7 @@
 #include "platform/freedesktop/QtApplication.h"
 
 #include <QApplication>
+#include <QSessionManager>
 #include <QWidget>
 
 #include <ranges>
@@ -32,7 +33,12 @@ QWidget* frontWindow() {
 } // namespace
 
 QtApplication::QtApplication(std::function<void(WId)> activateWindow)
-    : m_activateWindow(std::move(activateWindow)) {}
+    : m_activateWindow(std::move(activateWindow)) {
+    // Whether the program starts with the session is the login item's business alone.
+    const auto declineRestart = [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); };
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, qApp, declineRestart, Qt::DirectConnection);
+    QObject::connect(qApp, &QGuiApplication::saveStateRequest, qApp, declineRestart, Qt::DirectConnection);
+}
 
 void QtApplication::setAccessoryPolicy() {
     // The windows themselves keep out of the taskbar; what is left is not to end with the last of them.

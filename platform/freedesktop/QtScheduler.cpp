@@ -9,8 +9,22 @@
 
 namespace zamber::freedesktop {
 
-QtScheduler::QtScheduler() = default;
-QtScheduler::~QtScheduler() = default;
+QtScheduler::QtScheduler()
+    : m_context(std::make_unique<QObject>()) {}
+
+QtScheduler::~QtScheduler() {
+    stop();
+}
+
+void QtScheduler::stop() {
+    // An action that goes may hold the last of something whose end starts or stops a timer here.
+    std::unique_ptr<QObject> context;
+    {
+        const std::scoped_lock lock(m_contextMutex);
+        context = std::move(m_context);
+    }
+    m_timers.clear();
+}
 
 Scheduler::Token QtScheduler::after(std::chrono::milliseconds delay, Action action) {
     return start(delay, Repeat::Once, std::move(action));
@@ -22,12 +36,15 @@ Scheduler::Token QtScheduler::every(std::chrono::milliseconds interval, Action a
 
 Scheduler::Token QtScheduler::start(std::chrono::milliseconds interval, Repeat repeat, Action action) {
     const Token token{++m_lastId};
-    auto* timer = new QTimer(&m_context);
+    if (!m_context) {
+        return token;
+    }
+    auto* timer = new QTimer(m_context.get());
     timer->setTimerType(Qt::PreciseTimer);
     timer->setInterval(std::max(interval, std::chrono::milliseconds::zero()));
     timer->setSingleShot(repeat == Repeat::Once);
     // The action may end its own timer, and with it this function object: both stay until the timer's event is over.
-    QObject::connect(timer, &QTimer::timeout, &m_context, [this, token, repeat, run = std::move(action)] {
+    QObject::connect(timer, &QTimer::timeout, m_context.get(), [this, token, repeat, run = std::move(action)] {
         if (repeat == Repeat::Once) {
             invalidate(token);
         }
@@ -49,7 +66,10 @@ void QtScheduler::invalidate(Token token) {
 }
 
 void QtScheduler::soon(Action action) {
-    QMetaObject::invokeMethod(&m_context, std::move(action), Qt::QueuedConnection);
+    const std::scoped_lock lock(m_contextMutex);
+    if (m_context) {
+        QMetaObject::invokeMethod(m_context.get(), std::move(action), Qt::QueuedConnection);
+    }
 }
 
 double QtScheduler::now() const {

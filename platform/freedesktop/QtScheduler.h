@@ -7,6 +7,7 @@
 #include <QObject>
 
 #include <memory>
+#include <mutex>
 #include <unordered_map>
 
 class QTimer;
@@ -25,13 +26,18 @@ public:
     void soon(Action action) override;
     double now() const override;
 
+    /// Drops all that is still to be run, and what it holds, and runs nothing any more. Called once the main loop has
+    /// ended, as long as everything that the actions may hold or use is there.
+    void stop();
+
 private:
     enum class Repeat { Once, Forever };
 
     Token start(std::chrono::milliseconds interval, Repeat repeat, Action action);
 
-    /// The timers' parent, and where `soon` posts to.
-    QObject m_context;
+    /// The timers' parent, and where `soon` posts to; nothing after `stop`.
+    std::unique_ptr<QObject> m_context;
+    std::mutex m_contextMutex; // for `soon`, which other threads may call
     std::unordered_map<std::uint64_t, QTimer*> m_timers;
     std::uint64_t m_lastId = 0;
 };

@@ -7,15 +7,12 @@
 #include <QStandardPaths>
 
 #include <algorithm>
-#include <chrono>
 #include <limits>
 #include <utility>
 
 namespace zamber::freedesktop {
 
 namespace {
-
-constexpr auto REWRITING_TIME = std::chrono::milliseconds(100);
 
 /// What the getters convert from: a truth value or a text, numbers being texts in the file.
 struct Stored {
@@ -87,14 +84,14 @@ QHash<QString, QVariant> allValues(const QSettings& settings) {
 
 } // namespace
 
-SettingsUserDefaults::SettingsUserDefaults(const QString& path)
+SettingsUserDefaults::SettingsUserDefaults(const QString& path, std::chrono::milliseconds rewritingTime)
     : m_settings(path, QSettings::IniFormat) {
     QDir().mkpath(QFileInfo(path).absolutePath());
     m_seen = allValues(m_settings);
     QObject::connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_watcher, [this] { fileChanged(); });
     QObject::connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_watcher, [this] { fileChanged(); });
     m_rewriting.setSingleShot(true);
-    m_rewriting.setInterval(REWRITING_TIME);
+    m_rewriting.setInterval(rewritingTime);
     QObject::connect(&m_rewriting, &QTimer::timeout, &m_rewriting, [this] { reload(); });
     watch();
 }

@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <QVariant>
 
+#include <chrono>
 #include <map>
 
 namespace zamber::freedesktop {
@@ -20,11 +21,12 @@ namespace zamber::freedesktop {
 /// kind is stored as QSettings stores bytes. A list (a comma in a text written by hand) counts as absent.
 ///
 /// Who edits the file in place empties it first, who replaces it may take it away first: a file that is found so is
-/// waited for, a tenth of a second, before its keys count as absent.
+/// waited for, the rewriting time long, before its keys count as absent.
 class SettingsUserDefaults final : public UserDefaults {
 public:
     /// Makes the file's folder where it is missing; the file itself appears with the first setting.
-    explicit SettingsUserDefaults(const QString& path = defaultPath());
+    explicit SettingsUserDefaults(const QString& path = defaultPath(),
+                                  std::chrono::milliseconds rewritingTime = std::chrono::milliseconds(100));
 
     /// Zamber/Zamber.conf in the user's configuration folder.
     static QString defaultPath();

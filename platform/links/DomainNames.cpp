@@ -69,7 +69,7 @@ bool beginsWithWww(QStringView name) {
     return name.startsWith(u"www.", Qt::CaseInsensitive);
 }
 
-bool isLinkedDomain(QStringView name) {
+bool isLinkWithoutScheme(QStringView name) {
     if (name.size() > LONGEST_DOMAIN_NAME) {
         return false;
     }

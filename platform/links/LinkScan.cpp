@@ -234,7 +234,7 @@ std::optional<DetectedLink> LinkScan::bareDomain(Range run) {
     domain.end = endBeforeUnspacedText(domain);
     const qsizetype runEnd = domain.end;
     domain.end = withoutTrailingPunctuation(domain.start, domain.start, domain.end);
-    if (!isLinkedDomain(text(domain)) || isInsideExpression(domain) || belongsToMailAddress(domain.end)) {
+    if (!isLinkWithoutScheme(text(domain)) || isInsideExpression(domain) || belongsToMailAddress(domain.end)) {
         return std::nullopt;
     }
     qsizetype end = domain.end;

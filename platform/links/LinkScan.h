@@ -11,16 +11,14 @@
 namespace zamber::links {
 
 /// One pass over a text for its first link. Three things can make one: "://", an "@", and a name with dots; each is
-/// looked at where it stands, and what was looked at for nothing is not read again.
+/// looked at where it stands, and what was looked at for nothing is not read again, so that the time grows with the
+/// length of the text and no faster.
 class LinkScan {
 public:
     explicit LinkScan(QStringView text)
         : m_text(text) {}
 
     std::optional<DetectedLink> first();
-
-    /// How often a unit of the text has been read: the cost, which is linear.
-    qsizetype charactersRead() const { return m_charactersRead; }
 
 private:
     struct Range {
@@ -46,14 +44,13 @@ private:
     bool isInsideExpression(Range domain);
     bool belongsToMailAddress(qsizetype end);
 
-    char16_t unit(qsizetype at);
-    char32_t character(qsizetype at);
-    char32_t characterBefore(qsizetype at);
+    char16_t unit(qsizetype at) const;
+    char32_t character(qsizetype at) const;
+    char32_t characterBefore(qsizetype at) const;
     QStringView text(Range range) const { return m_text.sliced(range.start, range.end - range.start); }
     std::optional<DetectedLink> link(Range range, const QUrl& address);
 
     QStringView m_text;
-    qsizetype m_charactersRead = 0;
     /// Where the scan goes on when an address was read to its end and was no link after all.
     qsizetype m_scannedTo = 0;
     /// The @ that the last look ahead has met.

@@ -68,7 +68,11 @@ bool MacAppearance::isDark() const {
 }
 
 QColor MacAppearance::accentColor() const {
-    NSColor* const color = [NSColor.controlAccentColor colorUsingColorSpace:NSColorSpace.sRGBColorSpace];
+    // The colour is another one in the dark, and which of the two it is depends on the current drawing appearance.
+    __block NSColor* color = nil;
+    [NSApp.effectiveAppearance performAsCurrentDrawingAppearance:^{
+      color = [NSColor.controlAccentColor colorUsingColorSpace:NSColorSpace.sRGBColorSpace];
+    }];
     return QColor::fromRgbF(static_cast<float>(color.redComponent), static_cast<float>(color.greenComponent),
                             static_cast<float>(color.blueComponent));
 }

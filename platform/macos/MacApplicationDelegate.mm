@@ -35,8 +35,9 @@ void installApplicationDelegate() {
 
 void respondToAction(const QString& selector, std::function<void()> responder) {
     responders()[selector] = std::move(responder);
+    const QString name = selector; // of a reference a block keeps the address alone
     const IMP method = imp_implementationWithBlock(^(id) {
-      const std::function<void()> current = responders()[selector];
+      const std::function<void()> current = responders()[name];
       current();
     });
     if (!class_addMethod(ZamberApplicationDelegate.class, NSSelectorFromString(selector.toNSString()), method,

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/MacDesktop.h"
 
+#include "platform/macos/AutoreleasePool.h"
 #include "platform/macos/MacAccessibilityTrust.h"
 #include "platform/macos/MacAlert.h"
 #include "platform/macos/MacAppBundle.h"
@@ -54,7 +55,16 @@ struct MacDesktop::Adapters {
     FloatingLevel floatingLevel;
 };
 
+MacDesktop::StartUp::StartUp()
+    : m_pool(openAutoreleasePool()) {}
+
+MacDesktop::StartUp::~StartUp() {
+    closeAutoreleasePool(m_pool);
+}
+
 std::expected<void, std::string> MacDesktop::prepare() {
+    // Qt would make the program a regular one and activate it, and the front application would be this one.
+    qputenv("QT_MAC_DISABLE_FOREGROUND_APPLICATION_TRANSFORM", "1");
     installApplicationDelegate();
     return {};
 }
@@ -97,10 +107,9 @@ Desktop MacDesktop::ports() {
             .links = m_adapters->links,
             .bundle = m_adapters->bundle,
             .alert = m_adapters->alert,
-            .files = m_adapters->files,
-            .images = m_adapters->images,
             .userDefaults = m_adapters->userDefaults,
-            .scheduler = m_adapters->scheduler};
+            .scheduler = m_adapters->scheduler,
+            .diskImages = DiskImages{.files = m_adapters->files, .tool = m_adapters->images}};
 }
 
 } // namespace zamber::macos

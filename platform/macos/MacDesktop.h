@@ -19,6 +19,19 @@ namespace zamber::macos {
 /// The adapters for macOS. The application object comes before them and goes after them.
 class MacDesktop final {
 public:
+    /// Holds what the system gives away until the application's loop is entered, which then has a pool a turn. The
+    /// first thing to be made.
+    class StartUp {
+    public:
+        StartUp();
+        ~StartUp();
+        StartUp(const StartUp&) = delete;
+        StartUp& operator=(const StartUp&) = delete;
+
+    private:
+        void* m_pool;
+    };
+
     /// Comes before the application object. Neither of the two fails here.
     static std::expected<void, std::string> prepare();
     static std::expected<std::unique_ptr<MacDesktop>, std::string> create();

@@ -12,6 +12,10 @@ NSTask* task(const QString& command, NSArray<NSString*>* arguments) {
     NSTask* const task = [NSTask new];
     task.executableURL = [NSURL fileURLWithPath:command.toNSString()];
     task.arguments = arguments;
+    // Our own standard output is the log.
+    task.standardInput = NSFileHandle.fileHandleWithNullDevice;
+    task.standardOutput = NSFileHandle.fileHandleWithNullDevice;
+    task.standardError = NSFileHandle.fileHandleWithNullDevice;
     return task;
 }
 

@@ -10,7 +10,7 @@ namespace zamber::macos {
 /// nothing to wait for: it is posted at once, to whoever is in front.
 class MacKeystrokePoster final : public KeystrokePoster {
 public:
-    void postPaste(const std::optional<RunningApplication>& target, std::function<void()> done) override;
+    void postPaste(const Paste& paste, Done done) override;
 };
 
 } // namespace zamber::macos

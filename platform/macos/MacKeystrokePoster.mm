@@ -19,7 +19,7 @@ void post(CGEventRef event) {
 
 } // namespace
 
-void MacKeystrokePoster::postPaste(const std::optional<RunningApplication>&, std::function<void()> done) {
+void MacKeystrokePoster::postPaste(const Paste&, Done done) {
     CGEventSourceRef source = CGEventSourceCreate(kCGEventSourceStateHIDSystemState);
     CGEventRef keyDown = CGEventCreateKeyboardEvent(source, kVK_ANSI_V, true);
     CGEventRef keyUp = CGEventCreateKeyboardEvent(source, kVK_ANSI_V, false);
@@ -28,7 +28,7 @@ void MacKeystrokePoster::postPaste(const std::optional<RunningApplication>&, std
     if (source != nullptr) {
         CFRelease(source);
     }
-    done();
+    done(PasteOutcome::Posted);
 }
 
 } // namespace zamber::macos

@@ -45,7 +45,11 @@ void MacPasteboard::clearContents() {
 }
 
 void MacPasteboard::setString(const QByteArray& text) {
-    [borrowed<NSPasteboard>(m_pasteboard) setString:QString::fromUtf8(text).toNSString()
+    // Not by way of Qt, which would drop a U+FEFF at the beginning.
+    NSString* const string = [[NSString alloc] initWithBytes:text.constData()
+                                                      length:static_cast<NSUInteger>(text.size())
+                                                    encoding:NSUTF8StringEncoding];
+    [borrowed<NSPasteboard>(m_pasteboard) setString:string != nil ? string : QString::fromUtf8(text).toNSString()
                                             forType:NSPasteboardTypeString];
 }
 

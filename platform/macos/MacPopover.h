@@ -21,6 +21,7 @@ public:
     void show(const Anchor& anchor, PopoverEdge preferredEdge) override;
     void performClose() override;
     bool isShown() const override;
+    bool showMenu(const QList<MenuItem>& menu, QPoint screenPosition) override;
 
 private:
     QWidget* m_content = nullptr;

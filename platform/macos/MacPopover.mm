@@ -3,6 +3,7 @@
 #include "platform/macos/MacPopover.h"
 
 #include "platform/macos/Retained.h"
+#include "platform/macos/SystemCoordinates.h"
 
 #include <QWidget>
 
@@ -11,11 +12,27 @@
 /// Hides the widget when its popover has closed, by itself or not: the widget does not notice.
 @interface ZamberPopoverDelegate : NSObject <NSPopoverDelegate>
 @property(nonatomic, assign) QWidget* content;
+@property(nonatomic, weak) NSPopover* popover;
 @end
 
 @implementation ZamberPopoverDelegate
 - (void)popoverDidClose:(NSNotification*)notification {
-    self.content->hide();
+    // It comes when the popover has faded, and in the meantime it may have been shown again.
+    if (!self.popover.shown) {
+        self.content->hide();
+    }
+}
+@end
+
+/// Remembers the line of a menu that was chosen, by its tag.
+@interface ZamberMenuChoice : NSObject
+@property(nonatomic) NSInteger tag;
+- (void)choose:(NSMenuItem*)line;
+@end
+
+@implementation ZamberMenuChoice
+- (void)choose:(NSMenuItem*)line {
+    self.tag = line.tag;
 }
 @end
 
@@ -39,6 +56,24 @@ NSAppearance* named(PopoverAppearance appearance) {
     return nil;
 }
 
+/// The popover's material, with the content's view on it from edge to edge. Qt places its own views at the lower left
+/// corner of whatever is around them, in the size of the widget; a popover may inset what it holds, and animates its
+/// size.
+NSView* viewAround(NSView* content) {
+    NSVisualEffectView* const material = [NSVisualEffectView new];
+    material.material = NSVisualEffectMaterialPopover;
+    material.blendingMode = NSVisualEffectBlendingModeBehindWindow;
+    [material addSubview:content];
+    content.translatesAutoresizingMaskIntoConstraints = NO;
+    [NSLayoutConstraint activateConstraints:@[
+        [content.leadingAnchor constraintEqualToAnchor:material.leadingAnchor],
+        [content.trailingAnchor constraintEqualToAnchor:material.trailingAnchor],
+        [content.topAnchor constraintEqualToAnchor:material.topAnchor],
+        [content.bottomAnchor constraintEqualToAnchor:material.bottomAnchor],
+    ]];
+    return material;
+}
+
 } // namespace
 
 MacPopover::MacPopover()
@@ -46,6 +81,7 @@ MacPopover::MacPopover()
     , m_delegate(retained([ZamberPopoverDelegate new])) {
     get(m_popover).behavior = NSPopoverBehaviorTransient;
     get(m_popover).delegate = borrowed<ZamberPopoverDelegate>(m_delegate);
+    borrowed<ZamberPopoverDelegate>(m_delegate).popover = get(m_popover);
 }
 
 MacPopover::~MacPopover() {
@@ -56,9 +92,10 @@ MacPopover::~MacPopover() {
 
 void MacPopover::setContent(ContentMaker makeContent) {
     m_content = makeContent();
+    m_content->setAttribute(Qt::WA_TranslucentBackground); // before it has a window: the material shines through
     borrowed<ZamberPopoverDelegate>(m_delegate).content = m_content;
     NSViewController* const controller = [NSViewController new];
-    controller.view = (__bridge NSView*)reinterpret_cast<void*>(m_content->winId());
+    controller.view = viewAround((__bridge NSView*)reinterpret_cast<void*>(m_content->winId()));
     get(m_popover).contentViewController = controller;
     // The controller's view has just given the popover its own size.
     setContentSize(m_contentSize.isValid() ? m_contentSize : m_content->size());
@@ -92,6 +129,28 @@ void MacPopover::performClose() {
 
 bool MacPopover::isShown() const {
     return get(m_popover).shown;
+}
+
+bool MacPopover::showMenu(const QList<MenuItem>& menu, QPoint screenPosition) {
+    NSMenu* const systemMenu = [NSMenu new];
+    ZamberMenuChoice* const choice = [ZamberMenuChoice new];
+    for (qsizetype i = 0; i < menu.size(); ++i) {
+        if (menu[i].title.isEmpty()) {
+            [systemMenu addItem:NSMenuItem.separatorItem];
+            continue;
+        }
+        NSMenuItem* const line = [systemMenu addItemWithTitle:menu[i].title.toNSString()
+                                                       action:@selector(choose:)
+                                                keyEquivalent:menu[i].keyEquivalent.toNSString()];
+        line.target = choice;
+        line.tag = i + 1;
+    }
+    const QPointF place = toSystemCoordinates(screenPosition, NSHeight(NSScreen.screens.firstObject.frame));
+    [systemMenu popUpMenuPositioningItem:nil atLocation:NSMakePoint(place.x(), place.y()) inView:nil];
+    if (choice.tag > 0) {
+        menu[choice.tag - 1].action();
+    }
+    return true;
 }
 
 } // namespace zamber::macos

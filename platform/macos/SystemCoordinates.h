@@ -15,4 +15,9 @@ inline QRect fromSystemCoordinates(const QRectF& rectangle, double firstScreenHe
         .toRect();
 }
 
+/// The other way round, for a point.
+inline QPointF toSystemCoordinates(QPointF point, double firstScreenHeight) {
+    return {point.x(), firstScreenHeight - point.y()};
+}
+
 } // namespace zamber::macos

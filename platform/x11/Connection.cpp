@@ -3,11 +3,13 @@
 #include "platform/x11/Connection.h"
 
 #include <QAbstractEventDispatcher>
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QSocketNotifier>
 
+#include <poll.h>
+
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 namespace zamber::x11 {
@@ -95,6 +97,10 @@ xcb_window_t Connection::createWindow(std::uint32_t eventMask) const {
     return window;
 }
 
+bool Connection::areOfOneClient(xcb_window_t one, xcb_window_t other) const {
+    return ((one ^ other) & ~xcb_get_setup(m_connection)->resource_id_mask) == 0;
+}
+
 Property Connection::readProperty(xcb_window_t window, xcb_atom_t property, Afterwards afterwards) const {
     constexpr std::uint32_t EVERYTHING = 0x1fffffff; // in units of four bytes
     const auto cookie = xcb_get_property(m_connection, afterwards == Afterwards::Delete ? 1 : 0, window, property,
@@ -107,6 +113,12 @@ Property Connection::readProperty(xcb_window_t window, xcb_atom_t property, Afte
             .format = reply->format,
             .bytes = QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
                                 xcb_get_property_value_length(reply.get()))};
+}
+
+xcb_window_t Connection::selectionOwner(xcb_atom_t selection) const {
+    const auto cookie = xcb_get_selection_owner(m_connection, selection);
+    const Owned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(m_connection, cookie, nullptr));
+    return reply ? reply->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
 }
 
 void Connection::tellRoot(xcb_window_t window, xcb_atom_t type, const std::array<std::uint32_t, 5>& data,
@@ -155,6 +167,19 @@ void Connection::requestTimestamp(TimestampHandler handler) {
     xcb_change_property(m_connection, XCB_PROP_MODE_APPEND, m_clockWindow, atom(Atom::ZamberAnswer), XCB_ATOM_INTEGER,
                         32, 0, nullptr);
     flush();
+}
+
+void Connection::serveInPlace(const std::function<bool()>& isDone, std::chrono::milliseconds longest) {
+    constexpr int LONGEST_SLEEP_MS = 10; // results of worker threads come without waking the socket
+    QElapsedTimer age;
+    age.start();
+    while (!isDone() && !age.hasExpired(longest.count()) && xcb_connection_has_error(m_connection) == 0) {
+        dispatchQueuedEvents();
+        pollfd socket{.fd = xcb_get_file_descriptor(m_connection), .events = POLLIN, .revents = 0};
+        ::poll(&socket, 1, LONGEST_SLEEP_MS);
+        dispatchEvents();
+        QCoreApplication::sendPostedEvents(QCoreApplication::instance(), QEvent::MetaCall);
+    }
 }
 
 void Connection::dispatchEvents() {

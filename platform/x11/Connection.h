@@ -9,6 +9,7 @@
 
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <deque>
 #include <expected>
@@ -67,9 +68,15 @@ public:
     /// An invisible window of ours that can hold properties. The caller destroys it.
     xcb_window_t createWindow(std::uint32_t eventMask) const;
 
+    /// Whether both windows, or other resources, were made by the same program, as far as ids tell.
+    bool areOfOneClient(xcb_window_t one, xcb_window_t other) const;
+
     /// Reads a property by one round trip; optionally deletes it in the same step.
     enum class Afterwards { Keep, Delete };
     Property readProperty(xcb_window_t window, xcb_atom_t property, Afterwards afterwards) const;
+
+    /// The window that owns a selection, by one round trip; none when nobody does.
+    xcb_window_t selectionOwner(xcb_atom_t selection) const;
 
     /// Asks for events of a window of another program: structure or property changes. Each call is undone by one
     /// of `unwatch`; the masks of all callers add up.
@@ -88,6 +95,10 @@ public:
                   std::uint32_t eventMask) const;
 
     void flush() const { xcb_flush(m_connection); }
+
+    /// Waits in place until the condition holds, for that long at most. Only this connection's events are handled
+    /// meanwhile, and the results of worker threads: for the end of the program, when there is no loop any more.
+    void serveInPlace(const std::function<bool()>& isDone, std::chrono::milliseconds longest);
 
     /// Hands on, before it returns, every event that the server had up to this call.
     void catchUp();

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/IncomingTransfer.h"
 
-#include "platform/x11/SelectionProperty.h"
-
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -14,9 +13,8 @@ IncomingTransfer::IncomingTransfer(Connection& connection, const SelectionQuery&
     , m_query(query)
     , m_done(std::move(done))
     , m_window(connection.createWindow(XCB_EVENT_MASK_PROPERTY_CHANGE)) {
-    m_age.start();
     m_patience.setSingleShot(true);
-    m_patience.callOnTimeout([this] { report(std::nullopt); });
+    m_patience.callOnTimeout(&m_patience, [this] { report(endOfNothing()); });
     m_patience.start(PATIENCE);
     xcb_convert_selection(m_connection.raw(), m_window, query.selection, query.target,
                           m_connection.atom(Atom::ZamberAnswer), query.time);
@@ -27,7 +25,7 @@ void IncomingTransfer::abandon() {
     m_done = nullptr;
     m_pieces = {};
     m_patience.stop();
-    m_age.restart();
+    m_sinceUnwanted.start();
 }
 
 void IncomingTransfer::handleEvent(const xcb_generic_event_t& event) {
@@ -50,7 +48,7 @@ void IncomingTransfer::handleEvent(const xcb_generic_event_t& event) {
     }
     case XCB_DESTROY_NOTIFY:
         if (as<xcb_destroy_notify_event_t>(event).window == m_query.owner) {
-            finish(std::nullopt);
+            finish(endOfNothing());
         }
         break;
     default:
@@ -60,21 +58,23 @@ void IncomingTransfer::handleEvent(const xcb_generic_event_t& event) {
 
 void IncomingTransfer::handleAnswer(const xcb_selection_notify_event_t& notify) {
     if (notify.property == XCB_ATOM_NONE) {
-        finish(std::nullopt);
+        finish(TransferEnd::Refused);
         return;
     }
     // Deleting the property tells an INCR owner to begin, so it is done also for an answer that is not wanted any
     // more: an owner that is left waiting serves nobody else meanwhile.
-    Property answer = m_connection.readProperty(m_window, notify.property, Connection::Afterwards::Delete);
-    if (answer.type != m_connection.atom(Atom::Incr)) {
-        finish(answer.type == XCB_ATOM_NONE ? std::nullopt : std::optional(std::move(answer)));
-        return;
-    }
-    m_step = Step::Receiving;
-    m_age.restart();
-    if (m_done) {
-        m_pieces.bytes.reserve(announcedSize(answer));
-        m_patience.start(PATIENCE);
+    const std::optional<Property> answer = takeProperty(notify.property);
+    if (!answer) {
+        finish(TransferEnd::BrokenOff);
+    } else if (answer->type != m_connection.atom(Atom::Incr)) {
+        finish(answer->type == XCB_ATOM_NONE ? TransferEnd::Refused : TransferEnd::Delivered, *answer);
+    } else {
+        // The size that it announces is the owner's word, and nothing is reserved on it: growing by steps is as fast.
+        m_step = Step::Receiving;
+        m_sinceUnwanted.start();
+        if (m_done) {
+            m_patience.start(PATIENCE);
+        }
     }
 }
 
@@ -83,31 +83,44 @@ void IncomingTransfer::handlePiece() {
         drainPiece();
         return;
     }
-    if (m_age.hasExpired(std::chrono::milliseconds(LONGEST).count())) {
-        report(std::nullopt);
+    const std::optional<Property> piece = takeProperty(m_connection.atom(Atom::ZamberAnswer));
+    if (piece && piece->type == XCB_ATOM_NONE) {
         return;
     }
-    const Property piece =
-        m_connection.readProperty(m_window, m_connection.atom(Atom::ZamberAnswer), Connection::Afterwards::Delete);
-    if (piece.type == XCB_ATOM_NONE) {
-        return;
+    if (piece && piece->bytes.isEmpty()) {
+        m_pieces.bytes.squeeze(); // it has grown by large steps, and may be kept for long
+        finish(TransferEnd::Delivered, std::exchange(m_pieces, {}));
+    } else if (piece && append(*piece)) {
+        m_patience.start(PATIENCE);
+    } else {
+        report(TransferEnd::BrokenOff); // there is no room for it
     }
-    if (piece.bytes.isEmpty()) {
-        finish(std::move(m_pieces));
-        return;
+}
+
+std::optional<Property> IncomingTransfer::takeProperty(xcb_atom_t property) const {
+    try {
+        return m_connection.readProperty(m_window, property, Connection::Afterwards::Delete);
+    } catch (const std::bad_alloc&) {
+        return std::nullopt;
     }
+}
+
+bool IncomingTransfer::append(const Property& piece) {
     if (m_pieces.bytes.size() + piece.bytes.size() > LARGEST) {
-        report(std::nullopt);
-        return;
+        return false;
     }
     m_pieces.type = piece.type;
     m_pieces.format = piece.format;
-    m_pieces.bytes += piece.bytes;
-    m_patience.start(PATIENCE);
+    try {
+        m_pieces.bytes += piece.bytes;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    return true;
 }
 
 void IncomingTransfer::drainPiece() {
-    if (m_age.hasExpired(std::chrono::milliseconds(DRAINING).count())) {
+    if (m_sinceUnwanted.hasExpired(std::chrono::milliseconds(DRAINING).count())) {
         return; // the next piece is not asked for: the owner's own patience ends it
     }
     const auto cookie = xcb_get_property(m_connection.raw(), 0, m_window, m_connection.atom(Atom::ZamberAnswer),
@@ -115,21 +128,26 @@ void IncomingTransfer::drainPiece() {
     const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection.raw(), cookie, nullptr));
     xcb_delete_property(m_connection.raw(), m_window, m_connection.atom(Atom::ZamberAnswer));
     if (reply && reply->bytes_after == 0) {
-        finish(std::nullopt);
+        finish(TransferEnd::BrokenOff);
     }
 }
 
-void IncomingTransfer::finish(std::optional<Property> answer) {
-    m_step = Step::Over;
-    m_patience.stop();
-    report(std::move(answer));
+TransferEnd IncomingTransfer::endOfNothing() const {
+    return m_step == Step::Receiving ? TransferEnd::BrokenOff : TransferEnd::Silent;
 }
 
-void IncomingTransfer::report(std::optional<Property> answer) {
+void IncomingTransfer::finish(TransferEnd end, const Property& answer) {
+    m_step = Step::Over;
+    m_patience.stop();
+    report(end, answer);
+}
+
+void IncomingTransfer::report(TransferEnd end, const Property& answer) {
     m_pieces = {};
-    m_age.restart();
+    m_patience.stop();
+    m_sinceUnwanted.start();
     if (const Done done = std::exchange(m_done, nullptr)) {
-        done(std::move(answer));
+        done(end, answer);
     }
 }
 
@@ -138,7 +156,7 @@ IncomingTransfers::IncomingTransfers(Connection& connection)
     connection.addEventHandler([this](const xcb_generic_event_t& event) { handleEvent(event); });
     m_sweep.setSingleShot(true);
     m_sweep.setInterval(AFTERMATH);
-    m_sweep.callOnTimeout([this] { sweep(); });
+    m_sweep.callOnTimeout(&m_sweep, [this] { sweep(); });
 }
 
 IncomingTransfer& IncomingTransfers::ask(const SelectionQuery& query, IncomingTransfer::Done done) {

@@ -23,21 +23,28 @@ struct SelectionQuery {
     xcb_window_t owner = XCB_WINDOW_NONE;
 };
 
+/// How an answer ended.
+enum class TransferEnd {
+    Delivered, ///< whole
+    Refused,
+    Silent,    ///< nothing came within the patience
+    BrokenOff, ///< after some pieces: the owner fell silent or went away, or there is no room for all of it
+};
+
 /// One answer of a selection's owner, from the request to the last piece (ICCCM, sections 2.4 and 2.7.2).
 ///
 /// It has a window of its own to receive in, and never waits in place. Each step of the owner has to come within
-/// `PATIENCE`, the whole within `LONGEST`, and the bytes within `LARGEST`; otherwise there is no answer.
+/// `PATIENCE`, and a transfer that goes on may take as long as it needs, up to `LARGEST` or to where memory ends.
 class IncomingTransfer final {
 public:
     static constexpr std::chrono::seconds PATIENCE{10};
-    static constexpr std::chrono::seconds LONGEST{120};
     static constexpr qint64 LARGEST = qint64{1} << 30; // bytes
 
     /// So long an answer that is not wanted any more is still taken from its owner, which serves nobody else meanwhile.
     static constexpr std::chrono::seconds DRAINING{10};
 
-    /// Told once: the property as the owner gave it, or nothing when it refused or did not keep to the rules.
-    using Done = std::function<void(std::optional<Property>)>;
+    /// Told once; with the property as the owner gave it when it was delivered.
+    using Done = std::function<void(TransferEnd, const Property&)>;
 
     IncomingTransfer(Connection& connection, const SelectionQuery& query, Done done);
     IncomingTransfer(const IncomingTransfer&) = delete;
@@ -65,8 +72,11 @@ private:
 
     void handleAnswer(const xcb_selection_notify_event_t& notify);
     void handlePiece();
-    void finish(std::optional<Property> answer);
-    void report(std::optional<Property> answer);
+    std::optional<Property> takeProperty(xcb_atom_t property) const;
+    bool append(const Property& piece);
+    void finish(TransferEnd end, const Property& answer = {});
+    void report(TransferEnd end, const Property& answer = {});
+    TransferEnd endOfNothing() const;
     void drainPiece();
 
     Connection& m_connection;
@@ -76,7 +86,7 @@ private:
     xcb_window_t m_window;
     Property m_pieces;
     QTimer m_patience;
-    QElapsedTimer m_age; // of the transfer, or since its answer is not wanted any more
+    QElapsedTimer m_sinceUnwanted;
 };
 
 /// The transfers under way and those that were given up but whose owners may still write, with the windows of both:

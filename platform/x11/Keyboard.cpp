@@ -15,6 +15,10 @@ namespace {
 
 constexpr int MODIFIERS = 8; // Shift, Lock, Control, Mod1 to Mod5
 
+bool isDownIn(const xcb_query_keymap_reply_t& pressed, xcb_keycode_t key) {
+    return (pressed.keys[key / 8] & (1U << (key % 8))) != 0;
+}
+
 /// Returns the code that all of the extension's events have.
 std::uint8_t setUpExtension(const Connection& connection) {
     std::uint8_t firstEvent = 0;
@@ -148,6 +152,12 @@ std::optional<xcb_keycode_t> Keyboard::keyFor(xkb_keysym_t symbol) const {
     return elsewhere;
 }
 
+bool Keyboard::isDown(xcb_keycode_t key) const {
+    const Owned<xcb_query_keymap_reply_t> pressed(
+        xcb_query_keymap_reply(m_connection.raw(), xcb_query_keymap(m_connection.raw()), nullptr));
+    return pressed && isDownIn(*pressed, key);
+}
+
 std::vector<xcb_keycode_t> Keyboard::heldModifierKeys() const {
     readMappings();
     const Owned<xcb_query_keymap_reply_t> pressed(
@@ -161,9 +171,8 @@ std::vector<xcb_keycode_t> Keyboard::heldModifierKeys() const {
     const std::uint16_t locks = lockModifiers();
     for (std::size_t i = 0; i < keys.size(); ++i) {
         const xcb_keycode_t key = keys[i];
-        const bool isDown = (pressed->keys[key / 8] & (1U << (key % 8))) != 0;
         const bool isLock = (locks & (1U << (i / perModifier))) != 0;
-        if (key != 0 && isDown && !isLock && std::ranges::find(held, key) == held.end()) {
+        if (key != 0 && isDownIn(*pressed, key) && !isLock && std::ranges::find(held, key) == held.end()) {
             held.push_back(key);
         }
     }

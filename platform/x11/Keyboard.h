@@ -31,6 +31,9 @@ public:
     /// The key that gives this character in the active layout, else in another one of the keyboard's layouts.
     std::optional<xcb_keycode_t> keyFor(xkb_keysym_t symbol) const;
 
+    /// Whether the key is down now, by the user's hand or another program's.
+    bool isDown(xcb_keycode_t key) const;
+
     /// The modifier keys, locks excepted, that are down now, by the user's hand or another program's.
     std::vector<xcb_keycode_t> heldModifierKeys() const;
 

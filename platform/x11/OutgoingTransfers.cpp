@@ -53,7 +53,7 @@ void OutgoingTransfers::begin(const Destination& destination, xcb_atom_t type, c
     transfer->type = type;
     transfer->bytes = bytes;
     transfer->patience.setSingleShot(true);
-    transfer->patience.callOnTimeout([this, destination] { drop(destination); });
+    transfer->patience.callOnTimeout(&transfer->patience, [this, destination] { drop(destination); });
     transfer->patience.start(PATIENCE);
 }
 

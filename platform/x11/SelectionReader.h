@@ -2,52 +2,36 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/freedesktop/selection/CopyReader.h"
+#include "platform/x11/AtomNames.h"
 #include "platform/x11/IncomingTransfer.h"
-#include "platform/x11/SelectionProperty.h"
-#include "platform/x11/SelectionServer.h"
 
 #include <functional>
-#include <variant>
-#include <vector>
 
 namespace zamber::x11 {
 
-/// Finds out what a selection holds by as few requests as possible: its targets, the mark of password managers
-/// where it is among them, and one image or text. Owners encode an image anew for each type that they are asked for,
-/// so that asking for more than is needed makes them freeze.
+/// Reads a selection: asks its owner for the targets, and hands the reader of copies one answer after the other.
 class SelectionReader final : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr int MOST_REQUESTS = 3;
+    using CopyReader = freedesktop::selection::CopyReader;
 
-    struct Secret {}; ///< marked as such; none of its data was asked for
-    struct Failed {}; ///< the owner did not answer, or not by the rules
-    using Outcome = std::variant<SelectionContent, Secret, Failed>;
-    using Done = std::function<void(const Outcome&)>;
-
-    /// Asks for the targets in the next turn of the loop; `done` is called later, and not after this object has gone.
-    SelectionReader(Connection& connection, IncomingTransfers& transfers, const SelectionQuery& change, Done done);
+    /// Asks for the targets in the next turn of the loop; `tell` is called later, and not after this object has gone.
+    SelectionReader(Connection& connection, AtomNames& names, IncomingTransfers& transfers,
+                    const SelectionQuery& change, CopyReader::Tell tell);
     ~SelectionReader() override;
 
 private:
-    void ask(xcb_atom_t target, void (SelectionReader::*handle)(const std::optional<Property>&));
-    void handleTargets(const std::optional<Property>& answer);
-    void handleHint(const std::optional<Property>& answer);
-    void handleData(const std::optional<Property>& answer);
-    void askForNextCandidate();
-    void finish(const Outcome& outcome);
+    void ask(xcb_atom_t target, IncomingTransfer::Done handle);
+    void handleTargets(TransferEnd end, const Property& answer);
 
     Connection& m_connection;
+    AtomNames& m_names;
     IncomingTransfers& m_transfers;
     SelectionQuery m_change;
-    Done m_done;
-    AtomLookup m_atom;
     IncomingTransfer* m_transfer = nullptr; // under way
-    bool m_hasHung = false;                 // the owner, when it was asked last
-    int m_requests = 0;
-    std::vector<xcb_atom_t> m_candidates; // to ask for, the best last
-    xcb_atom_t m_asked = XCB_ATOM_NONE;
+    CopyReader m_reader;
 };
 
 } // namespace zamber::x11

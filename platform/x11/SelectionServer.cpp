@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/SelectionServer.h"
 
-#include "platform/freedesktop/selection/SelectionText.h"
 #include "platform/x11/OutgoingTransfers.h"
 #include "platform/x11/SelectionProperty.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace zamber::x11 {
@@ -17,13 +18,10 @@ struct SelectionServer::Request {
     std::size_t open = 0;
 };
 
-/// An image on its way into another format, and those who wait for it.
-struct SelectionServer::Conversion {
-    std::vector<std::function<void(const QByteArray&)>> waiting;
-};
-
-SelectionServer::SelectionServer(Connection& connection, OutgoingTransfers& transfers, xcb_atom_t selection)
+SelectionServer::SelectionServer(Connection& connection, AtomNames& names, OutgoingTransfers& transfers,
+                                 xcb_atom_t selection)
     : m_connection(connection)
+    , m_names(names)
     , m_transfers(transfers)
     , m_selection(selection)
     , m_window(connection.createWindow(XCB_EVENT_MASK_NO_EVENT)) {
@@ -39,22 +37,21 @@ bool SelectionServer::acquire(const SelectionContent& content, xcb_timestamp_t t
     if (!isOwnerOnServer()) {
         return false; // somebody has taken it at a later time than ours
     }
-    setContent(content);
+    m_offer.setContent(content);
     m_acquiredAt = time;
     return true;
 }
 
-bool SelectionServer::isOwnerOnServer() const {
-    const auto cookie = xcb_get_selection_owner(m_connection.raw(), m_selection);
-    const Owned<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(m_connection.raw(), cookie, nullptr));
-    return reply && reply->owner == m_window;
+void SelectionServer::release(xcb_timestamp_t time) {
+    if (isOwnerOnServer()) {
+        xcb_set_selection_owner(m_connection.raw(), XCB_WINDOW_NONE, m_selection, time);
+    }
+    m_acquiredAt.reset();
+    m_offer.setContent({});
 }
 
-void SelectionServer::setContent(const SelectionContent& content) {
-    m_content = content;
-    m_latin1.reset();
-    m_conversions.clear(); // those who wait for one still get it
+bool SelectionServer::isOwnerOnServer() const {
+    return m_connection.selectionOwner(m_selection) == m_window;
 }
 
 void SelectionServer::setSideEffect(xcb_atom_t target, SideEffect effect) {
@@ -73,7 +70,7 @@ void SelectionServer::handleEvent(const xcb_generic_event_t& event) {
         // It may have been lost just before we took it again.
         if (as<xcb_selection_clear_event_t>(event).owner == m_window && !isOwnerOnServer()) {
             m_acquiredAt.reset();
-            setContent({});
+            m_offer.setContent({});
             Q_EMIT lost();
         }
         break;
@@ -99,6 +96,9 @@ void SelectionServer::handleRequest(const xcb_selection_request_event_t& event) 
     }
     convert(event.requestor, request->event.property, event.target,
             [this, request](bool succeeded) { notify(request->event, succeeded); });
+    if (event.target != m_connection.atom(Atom::Targets) && event.target != m_connection.atom(Atom::Timestamp)) {
+        Q_EMIT served(event.requestor);
+    }
 }
 
 void SelectionServer::handleMultiple(const std::shared_ptr<Request>& request) {
@@ -123,6 +123,7 @@ void SelectionServer::handleMultiple(const std::shared_ptr<Request>& request) {
                                 request->event.property, m_connection.atom(Atom::AtomPair), 32,
                                 static_cast<std::uint32_t>(request->pairs.size()), request->pairs.data());
             notify(request->event, true);
+            Q_EMIT served(request->event.requestor);
         };
         if (request->pairs[i + 1] == XCB_ATOM_NONE || request->pairs[i] == m_connection.atom(Atom::Multiple)) {
             answered(false);
@@ -149,86 +150,15 @@ void SelectionServer::convert(xcb_window_t requestor, xcb_atom_t property, xcb_a
             }
             done(succeeded);
         });
-    } else if (!convertImageTarget(requestor, property, target, done)) {
-        done(convertText(requestor, property, target));
-    }
-}
-
-bool SelectionServer::convertText(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t target) {
-    if (!m_content.text) {
-        return false;
-    }
-    const Destination destination{.requestor = requestor, .property = property};
-    if (target == XCB_ATOM_STRING) {
-        if (!m_latin1) {
-            m_latin1 = freedesktop::selection::latin1FromUtf8(*m_content.text);
-        }
-        m_transfers.send(destination, XCB_ATOM_STRING, *m_latin1);
-        return true;
-    }
-    // TEXT leaves the encoding to the owner, who tells it by the type of the answer.
-    if (target == m_connection.atom(Atom::Utf8String) || target == m_connection.atom(Atom::Text)) {
-        m_transfers.send(destination, m_connection.atom(Atom::Utf8String), *m_content.text);
-        return true;
-    }
-    for (const Atom plain : {Atom::TextPlainUtf8, Atom::TextPlainUtf8Capitals, Atom::TextPlain}) {
-        if (target == m_connection.atom(plain)) {
-            m_transfers.send(destination, target, *m_content.text);
-            return true;
-        }
-    }
-    return false;
-}
-
-bool SelectionServer::convertImageTarget(xcb_window_t requestor, xcb_atom_t property, xcb_atom_t target,
-                                         const std::function<void(bool)>& done) {
-    if (!m_content.image) {
-        return false;
-    }
-    std::optional<freedesktop::selection::ImageFormat> format;
-    if (target == m_connection.atom(Atom::ImagePng)) {
-        format = freedesktop::selection::ImageFormat::Png;
-    } else if (target == m_connection.atom(Atom::ImageTiff)) {
-        format = freedesktop::selection::ImageFormat::Tiff;
-    } else if (target == m_connection.atom(Atom::ImageBmp)) {
-        format = freedesktop::selection::ImageFormat::Bmp;
     } else {
-        return false;
+        m_offer.convert(m_names.nameOf(target), [this, requestor, property, done](const auto& data) {
+            if (data) {
+                m_transfers.send({.requestor = requestor, .property = property}, m_names.atomOf(data->type),
+                                 data->bytes);
+            }
+            done(data.has_value());
+        });
     }
-    const Destination destination{.requestor = requestor, .property = property};
-    if (*format == m_content.imageLabel || freedesktop::selection::hasFormat(*m_content.image, *format)) {
-        m_transfers.send(destination, target, *m_content.image);
-        done(true);
-        return true;
-    }
-    convertImageOnce(*format, [this, destination, target, done](const QByteArray& converted) {
-        if (!converted.isEmpty()) {
-            m_transfers.send(destination, target, converted);
-        }
-        done(!converted.isEmpty());
-    });
-    return true;
-}
-
-void SelectionServer::convertImageOnce(freedesktop::selection::ImageFormat format,
-                                       std::function<void(const QByteArray&)> done) {
-    std::shared_ptr<Conversion>& conversion = m_conversions[format];
-    if (conversion) {
-        conversion->waiting.push_back(std::move(done));
-        return;
-    }
-    conversion = std::make_shared<Conversion>();
-    conversion->waiting.push_back(std::move(done));
-    freedesktop::selection::convertImage(*m_content.image, format, this,
-                                         [this, format, conversion](const QByteArray& converted) {
-                                             if (const auto found = m_conversions.find(format);
-                                                 found != m_conversions.end() && found->second == conversion) {
-                                                 m_conversions.erase(found);
-                                             }
-                                             for (const auto& waiting : std::exchange(conversion->waiting, {})) {
-                                                 waiting(converted);
-                                             }
-                                         });
 }
 
 void SelectionServer::sendTargets(xcb_window_t requestor, xcb_atom_t property) {
@@ -243,19 +173,7 @@ std::vector<xcb_atom_t> SelectionServer::targets() const {
     if (m_sideEffect) {
         list.push_back(m_sideEffectTarget);
     }
-    if (m_content.image) {
-        // PNG first: many programs take the first image type that they know.
-        for (const Atom image : {Atom::ImagePng, Atom::ImageTiff, Atom::ImageBmp}) {
-            list.push_back(m_connection.atom(image));
-        }
-    }
-    if (m_content.text) {
-        for (const Atom text :
-             {Atom::Utf8String, Atom::TextPlainUtf8, Atom::TextPlainUtf8Capitals, Atom::TextPlain, Atom::Text}) {
-            list.push_back(m_connection.atom(text));
-        }
-        list.push_back(XCB_ATOM_STRING);
-    }
+    std::ranges::copy(m_names.atomsOf(m_offer.types()), std::back_inserter(list));
     return list;
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/Windows.h"
 
-#include <xcb/xcb_icccm.h>
+#include <QSysInfo>
 
 #include <algorithm>
 #include <cstring>
@@ -24,6 +24,12 @@ std::optional<std::uint32_t> firstNumber(const Property& property) {
     std::uint32_t number = 0;
     std::memcpy(&number, property.bytes.constData(), sizeof number);
     return number;
+}
+
+/// The host's name, with or without its domain on either side.
+bool isThisMachine(const QByteArray& name) {
+    const auto withoutDomain = [](const QByteArray& host) { return host.split('.').first().toLower(); };
+    return withoutDomain(name) == withoutDomain(QSysInfo::machineHostName().toLocal8Bit());
 }
 
 } // namespace
@@ -64,6 +70,12 @@ bool Windows::hasWindowManager() const {
 }
 
 std::optional<std::int64_t> Windows::processId(xcb_window_t window) const {
+    // Another machine, or a container with a name of its own, counts its processes by itself.
+    const QByteArray machine =
+        m_connection.readProperty(window, XCB_ATOM_WM_CLIENT_MACHINE, Connection::Afterwards::Keep).bytes;
+    if (!machine.isEmpty() && !isThisMachine(machine)) {
+        return std::nullopt;
+    }
     return firstNumber(
         m_connection.readProperty(window, m_connection.atom(Atom::NetWmPid), Connection::Afterwards::Keep));
 }

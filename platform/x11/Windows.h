@@ -24,7 +24,7 @@ public:
     /// window manager does not tell. Nothing on an empty desktop.
     std::optional<xcb_window_t> activeWindow() const;
 
-    /// `_NET_WM_PID`; nothing where the program does not tell.
+    /// `_NET_WM_PID`; nothing where the program does not tell, or runs on another machine (`WM_CLIENT_MACHINE`).
     std::optional<std::int64_t> processId(xcb_window_t window) const;
 
     /// The class of `WM_CLASS` (its second word), or empty.

@@ -5,8 +5,6 @@
 #include "platform/freedesktop/BootstrapSymbols.h"
 #include "platform/freedesktop/BuiltAppBundle.h"
 #include "platform/freedesktop/CanberraSound.h"
-#include "platform/freedesktop/CommandDiskImageTool.h"
-#include "platform/freedesktop/LocalBundleFiles.h"
 #include "platform/freedesktop/QtAlert.h"
 #include "platform/freedesktop/QtApplication.h"
 #include "platform/freedesktop/QtKeyMonitor.h"
@@ -15,8 +13,11 @@
 #include "platform/freedesktop/TextFieldPaste.h"
 #include "platform/freedesktop/popover/PopoverWindow.h"
 #include "platform/freedesktop/session/ApplicationNames.h"
+#include "platform/freedesktop/session/FileLock.h"
 #include "platform/freedesktop/session/PortalAppearance.h"
+#include "platform/freedesktop/session/Programs.h"
 #include "platform/freedesktop/session/SingleInstance.h"
+#include "platform/freedesktop/session/TerminationSignals.h"
 #include "platform/freedesktop/session/UserFolders.h"
 #include "platform/freedesktop/session/XdgLoginItem.h"
 #include "platform/freedesktop/tray/TrayClicks.h"
@@ -33,25 +34,45 @@
 #include "platform/x11/X11WindowSystem.h"
 #include "platform/x11/X11Workspace.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QThreadPool>
 
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <utility>
 
 namespace zamber::x11 {
 
 using Connections = std::pair<std::unique_ptr<x11::Connection>, std::unique_ptr<x11::Connection>>;
 
+void closeMenus() {
+    while (QWidget* const menu = QApplication::activePopupWidget()) {
+        menu->close();
+    }
+}
+
 /// The pasteboard has a connection to itself, so that a large transfer does not stand before a hot key.
 struct X11Desktop::Adapters {
-    Adapters(std::unique_ptr<freedesktop::session::SingleInstance> onlyInstance, Connections connections)
+    Adapters(std::unique_ptr<freedesktop::session::SingleInstance> onlyInstance,
+             std::unique_ptr<freedesktop::session::FileLock> lockOfHistory, Connections connections)
         : instance(std::move(onlyInstance))
+        , historyLock(std::move(lockOfHistory))
         , clipboardConnection(std::move(connections.first))
         , inputConnection(std::move(connections.second)) {
         QObject::connect(instance.get(), &freedesktop::session::SingleInstance::showRequested, instance.get(),
                          [this] { application.requestShow(); });
     }
+
+    ~Adapters() {
+        // What is still to be run may hold the last of whoever uses the adapters, or be asked for by a worker.
+        QThreadPool::globalInstance()->clear();
+        QThreadPool::globalInstance()->waitForDone();
+        scheduler.stop();
+    }
+
+    Adapters(const Adapters&) = delete;
+    Adapters& operator=(const Adapters&) = delete;
 
     void bringToFront(WId id) const {
         const auto window = static_cast<xcb_window_t>(id);
@@ -61,9 +82,11 @@ struct X11Desktop::Adapters {
     }
 
     std::unique_ptr<freedesktop::session::SingleInstance> instance;
+    std::unique_ptr<freedesktop::session::FileLock> historyLock;
     std::unique_ptr<x11::Connection> clipboardConnection;
     std::unique_ptr<x11::Connection> inputConnection;
 
+    freedesktop::session::TerminationSignals terminationSignals;
     freedesktop::QtScheduler scheduler;
     freedesktop::SettingsUserDefaults userDefaults{freedesktop::SettingsUserDefaults::defaultPath()};
     x11::X11Pasteboard pasteboard{*clipboardConnection};
@@ -71,9 +94,12 @@ struct X11Desktop::Adapters {
     x11::Windows windows{*inputConnection};
     x11::ButtonPresses presses{*inputConnection};
     x11::X11WindowSystem windowSystem{*inputConnection, windows};
-    x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard};
-    x11::X11Workspace workspace{*inputConnection, windows, freedesktop::session::applicationNameOfClass};
-    x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, workspace, pasteboard};
+    x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard, closeMenus};
+    freedesktop::session::ApplicationNames applicationNames;
+    x11::X11Workspace workspace{*inputConnection, windows, [this](const QString& windowClass) {
+                                    return applicationNames.ofWindowClass(windowClass);
+                                }};
+    x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, hotKeys, workspace, pasteboard};
     x11::X11AccessibilityTrust trust{*inputConnection};
 
     freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
@@ -82,26 +108,26 @@ struct X11Desktop::Adapters {
     freedesktop::session::PortalAppearance appearance;
     freedesktop::BootstrapSymbols symbols;
     freedesktop::CanberraSound sounds;
-    freedesktop::session::XdgLoginItem loginItem{freedesktop::session::XdgLoginItem::defaultSurroundings(),
+    freedesktop::session::XdgLoginItem loginItem{freedesktop::session::XdgLoginItem::sessionEnvironment(),
                                                  QStringLiteral("app.zamber.Zamber"),
                                                  QCoreApplication::applicationFilePath()};
     links::ScannerLinkDetector links;
     freedesktop::BuiltAppBundle bundle;
     freedesktop::QtAlert alert;
-    freedesktop::LocalBundleFiles files;
-    freedesktop::CommandDiskImageTool images;
     freedesktop::popover::PopoverWindow popover{appearance, windowSystem};
     freedesktop::tray::TrayClicks trayClicks{popover, presses, scheduler};
     freedesktop::tray::TrayIcon statusItem{trayClicks, windowSystem, hotKeys.commandKeyHint()};
 };
 
 std::expected<void, std::string> X11Desktop::prepare() {
+    freedesktop::session::TerminationSignals::remember();
     xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
     const bool isConnected = xcb_connection_has_error(connection) == 0;
     xcb_disconnect(connection);
     if (!isConnected) {
         return std::unexpected("there is no X server to be reached (on Wayland, XWayland has to be running)");
     }
+    freedesktop::session::startEnvironment(); // before it is changed, for the programs that are started later
     // On Wayland too: the clipboard, the hot keys and the keystroke are spoken over X there.
     qputenv("QT_QPA_PLATFORM", "xcb");
     // A frame is painted when something has changed, not five milliseconds later.
@@ -123,13 +149,19 @@ std::expected<std::unique_ptr<X11Desktop>, std::string> X11Desktop::create() {
     case freedesktop::session::SingleInstance::Start::OtherHangs:
         return std::unexpected("it is running already, but does not answer");
     }
+    // Without a bus, or with one in each of the user's sessions, nobody else keeps two from writing one history. One
+    // that is just ending gets a moment.
+    auto historyLock = freedesktop::session::FileLock::take(historyFile(), std::chrono::seconds(1));
+    if (!historyLock) {
+        return std::unexpected("it is running already, in another session: " + historyFile().string() + " is in use");
+    }
     auto clipboard = x11::Connection::open();
     auto input = x11::Connection::open();
     if (!clipboard || !input) {
         return std::unexpected((clipboard ? input : clipboard).error());
     }
-    auto adapters =
-        std::make_unique<Adapters>(std::move(instance), Connections(std::move(*clipboard), std::move(*input)));
+    auto adapters = std::make_unique<Adapters>(std::move(instance), std::move(historyLock),
+                                               Connections(std::move(*clipboard), std::move(*input)));
     return std::unique_ptr<X11Desktop>(new X11Desktop(std::move(adapters)));
 }
 
@@ -163,8 +195,6 @@ Desktop X11Desktop::ports() {
             .links = m_adapters->links,
             .bundle = m_adapters->bundle,
             .alert = m_adapters->alert,
-            .files = m_adapters->files,
-            .images = m_adapters->images,
             .userDefaults = m_adapters->userDefaults,
             .scheduler = m_adapters->scheduler};
 }

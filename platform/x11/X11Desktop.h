@@ -18,6 +18,9 @@ namespace zamber::x11 {
 /// before them and goes after them.
 class X11Desktop final {
 public:
+    /// Made first and ended before the application's loop is entered; there is nothing to be held here.
+    struct StartUp {};
+
     /// Comes before the application object, which would end the process where there is no X server. The errors are
     /// sentences for people.
     static std::expected<void, std::string> prepare();

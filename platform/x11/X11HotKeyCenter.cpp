@@ -4,13 +4,23 @@
 
 #include "platform/x11/Keyboard.h"
 
+#include <QGuiApplication>
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <utility>
 
 namespace zamber::x11 {
 
 namespace {
 
-constexpr xcb_timestamp_t LONGEST_REPEAT_INTERVAL_MS = 1000;
+/// No keyboard repeats a key sooner, and a popover that was called up has the focus by then.
+constexpr std::chrono::milliseconds TIME_BEFORE_REPETITION{350};
+
+/// How often the keyboard is asked while a hot key is held: its release may go elsewhere, with its grab.
+constexpr std::chrono::milliseconds LOOK_INTERVAL{50};
 
 xcb_keycode_t keyCodeOf(PhysicalKey key) {
     switch (key) {
@@ -50,11 +60,15 @@ std::vector<std::uint16_t> subsetsOf(std::uint16_t mask) {
 
 } // namespace
 
-X11HotKeyCenter::X11HotKeyCenter(Connection& connection, Keyboard& keyboard)
+X11HotKeyCenter::X11HotKeyCenter(Connection& connection, Keyboard& keyboard, CloseMenus closeMenus)
     : m_connection(connection)
-    , m_keyboard(keyboard) {
+    , m_keyboard(keyboard)
+    , m_closeMenus(std::move(closeMenus)) {
+    QCoreApplication::instance()->installEventFilter(this);
     connection.addEventHandler([this](const xcb_generic_event_t& event) { handleEvent(event); });
     connect(&keyboard, &Keyboard::mappingChanged, this, &X11HotKeyCenter::grabAgain);
+    m_lookAtHeldKeys.setInterval(LOOK_INTERVAL);
+    connect(&m_lookAtHeldKeys, &QTimer::timeout, this, &X11HotKeyCenter::forgetReleasedKeys);
 }
 
 QString X11HotKeyCenter::commandKeyHint() const {
@@ -133,31 +147,124 @@ void X11HotKeyCenter::handleEvent(const xcb_generic_event_t& event) {
     if (codeOf(event) != XCB_KEY_PRESS && codeOf(event) != XCB_KEY_RELEASE) {
         return;
     }
-    const auto& press = as<xcb_key_press_event_t>(event);
-    m_connection.noteTimestamp(press.time);
+    const auto& key = as<xcb_key_press_event_t>(event);
+    m_connection.noteTimestamp(key.time);
     if (codeOf(event) == XCB_KEY_RELEASE) {
-        m_downKey = 0;
-        return;
-    }
-    if (isRepeat(press)) {
-        return;
-    }
-    constexpr std::uint16_t KEY_MODIFIERS = 0xff; // above them are the layout and the mouse buttons
-    const auto pressed = static_cast<std::uint16_t>(press.state & KEY_MODIFIERS & ~m_keyboard.lockModifiers());
-    for (const Registration& registration : m_registrations) {
-        if (registration.key == press.detail && registration.grabbedMask == pressed && m_handler) {
-            m_handler(registration.id);
-            return;
-        }
+        forgetKey(key.detail, key.time);
+    } else {
+        handlePress(key);
     }
 }
 
-bool X11HotKeyCenter::isRepeat(const xcb_key_press_event_t& press) {
-    // The release of a key may be lost with its grab; what comes so late is no repetition.
-    const bool isRepeat = press.detail == m_downKey && press.time - m_downTime < LONGEST_REPEAT_INTERVAL_MS;
-    m_downKey = press.detail;
-    m_downTime = press.time;
-    return isRepeat;
+const X11HotKeyCenter::Registration* X11HotKeyCenter::findRegistration(xcb_keycode_t key, std::uint32_t state) const {
+    constexpr std::uint32_t KEY_MODIFIERS = 0xff; // above them are the layout and the mouse buttons
+    const std::uint32_t modifiers = state & KEY_MODIFIERS & ~std::uint32_t{m_keyboard.lockModifiers()};
+    const auto found = std::ranges::find_if(m_registrations, [&](const Registration& registration) {
+        return registration.key == key && registration.grabbedMask == modifiers;
+    });
+    return found == m_registrations.end() ? nullptr : &*found;
+}
+
+void X11HotKeyCenter::handlePress(const xcb_key_press_event_t& event) {
+    const Registration* const registration = findRegistration(event.detail, event.state);
+    if (registration == nullptr || isRepeat(event.detail)) {
+        return;
+    }
+    if (!m_held.empty()) {
+        grabKeyboard(); // the server's grab ends with the first key, and the other would go on in the window in front
+    }
+    press(*registration);
+}
+
+bool X11HotKeyCenter::eventFilter(QObject* watched, QEvent* event) {
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    if (!isKey || !watched->isWindowType()) {
+        return false;
+    }
+    const auto& key = *static_cast<const QKeyEvent*>(event);
+    const auto code = static_cast<xcb_keycode_t>(key.nativeScanCode());
+    if (event->type() == QEvent::KeyRelease) {
+        if (!key.isAutoRepeat()) {
+            forgetKey(code, XCB_CURRENT_TIME);
+        }
+        return false;
+    }
+    if (isRepeat(code)) {
+        return true;
+    }
+    const Registration* const registration = findRegistration(code, key.nativeModifiers());
+    if (registration == nullptr) {
+        return false;
+    }
+    m_closeMenus();
+    m_sinceMenuPress.start();
+    press(*registration);
+    return true;
+}
+
+void X11HotKeyCenter::press(const Registration& registration) {
+    m_held.push_back(registration.key);
+    m_lookAtHeldKeys.start();
+    if (m_handler) {
+        m_handler(registration.id);
+    }
+}
+
+bool X11HotKeyCenter::isRepeat(xcb_keycode_t key) {
+    return std::ranges::find(m_held, key) != m_held.end();
+}
+
+std::vector<xcb_keycode_t> X11HotKeyCenter::heldKeys() const {
+    return m_held;
+}
+
+void X11HotKeyCenter::forgetReleasedKeys() {
+    for (const xcb_keycode_t key : std::vector(m_held)) {
+        if (!m_keyboard.isDown(key)) {
+            forgetKey(key, XCB_CURRENT_TIME);
+        }
+    }
+    // A key that was pressed in a menu has no grab that keeps its repetitions from the window in front. Our own windows
+    // do not see them, and take being without the keyboard for being left.
+    if (m_sinceMenuPress.isValid() && m_sinceMenuPress.hasExpired(TIME_BEFORE_REPETITION.count()) && !m_held.empty() &&
+        QGuiApplication::focusWindow() == nullptr) {
+        grabKeyboard();
+    }
+}
+
+void X11HotKeyCenter::grabKeyboard() {
+    if (m_hasGrabbedKeyboard) {
+        return;
+    }
+    const auto cookie = xcb_grab_keyboard(m_connection.raw(), 0, m_connection.root(), XCB_CURRENT_TIME,
+                                          XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    const Owned<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(m_connection.raw(), cookie, nullptr));
+    m_hasGrabbedKeyboard = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+void X11HotKeyCenter::forgetKey(xcb_keycode_t key, xcb_timestamp_t time) {
+    if (std::erase(m_held, key) == 0 || !m_held.empty()) {
+        return;
+    }
+    if (m_hasGrabbedKeyboard) {
+        endGrab(time); // of a key that has been pressed since, the server keeps the grab
+    }
+    m_sinceMenuPress.invalidate();
+    m_lookAtHeldKeys.stop();
+    Q_EMIT keysReleased();
+}
+
+void X11HotKeyCenter::ungrabKeyboard() {
+    m_held.clear();
+    m_sinceMenuPress.invalidate();
+    m_lookAtHeldKeys.stop();
+    endGrab(XCB_CURRENT_TIME);
+}
+
+void X11HotKeyCenter::endGrab(xcb_timestamp_t time) {
+    m_hasGrabbedKeyboard = false;
+    xcb_ungrab_keyboard(m_connection.raw(), time);
+    m_connection.flush();
 }
 
 } // namespace zamber::x11

@@ -5,6 +5,10 @@
 #include "platform/HotKeyCenter.h"
 #include "platform/x11/Connection.h"
 
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <functional>
 #include <vector>
 
 namespace zamber::x11 {
@@ -13,15 +17,31 @@ class Keyboard;
 
 /// Hot keys as passive grabs on the root window, by key code, so that no layout moves them, and once for every
 /// combination of the lock modifiers, which are part of what the server compares.
+///
+/// An open menu of this program has the whole keyboard, so that no grab of a key becomes active. The press comes to the
+/// menu then; it is taken from there, and the menu closes.
 class X11HotKeyCenter final : public QObject, public HotKeyCenter {
     Q_OBJECT
 
 public:
-    X11HotKeyCenter(Connection& connection, Keyboard& keyboard);
+    using CloseMenus = std::function<void()>;
+
+    X11HotKeyCenter(Connection& connection, Keyboard& keyboard, CloseMenus closeMenus);
 
     QString commandKeyHint() const override;
     std::optional<HotKeyRef> registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) override;
     void setPressedHandler(PressedHandler handler) override;
+
+    /// The keys of hot keys that have been pressed and not let go. As long as there is one, its grab takes every key
+    /// event of the keyboard, those that this program types included.
+    std::vector<xcb_keycode_t> heldKeys() const;
+
+    /// Ends the grabs of the keys that are held; what is typed from here on goes where the focus is.
+    void ungrabKeyboard();
+
+Q_SIGNALS:
+    /// The last key of a hot key that was held has come up.
+    void keysReleased();
 
 private:
     struct Registration {
@@ -39,14 +59,25 @@ private:
     void grabAgain();
     std::uint16_t maskOf(HotKeyModifiers modifiers) const;
     void handleEvent(const xcb_generic_event_t& event);
-    bool isRepeat(const xcb_key_press_event_t& press);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    const Registration* findRegistration(xcb_keycode_t key, std::uint32_t state) const;
+    void handlePress(const xcb_key_press_event_t& press);
+    void press(const Registration& registration);
+    void forgetReleasedKeys();
+    void grabKeyboard();
+    void forgetKey(xcb_keycode_t key, xcb_timestamp_t time);
+    void endGrab(xcb_timestamp_t time);
+    bool isRepeat(xcb_keycode_t key);
 
     Connection& m_connection;
     Keyboard& m_keyboard;
+    CloseMenus m_closeMenus;
     std::vector<Registration> m_registrations;
     PressedHandler m_handler;
-    xcb_keycode_t m_downKey = 0;
-    xcb_timestamp_t m_downTime = XCB_CURRENT_TIME;
+    std::vector<xcb_keycode_t> m_held;
+    bool m_hasGrabbedKeyboard = false; // beyond what the server grabs with a single key
+    QElapsedTimer m_sinceMenuPress;
+    QTimer m_lookAtHeldKeys;
 };
 
 } // namespace zamber::x11

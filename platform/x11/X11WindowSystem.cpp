@@ -40,9 +40,7 @@ void X11WindowSystem::watchCompositor() {
 }
 
 bool X11WindowSystem::isComposited() const {
-    const Owned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        m_connection.raw(), xcb_get_selection_owner(m_connection.raw(), m_compositor), nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
+    return m_connection.selectionOwner(m_compositor) != XCB_WINDOW_NONE;
 }
 
 void X11WindowSystem::setShadow(WId window, const QMargins& shadow) {

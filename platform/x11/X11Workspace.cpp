@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Workspace.h"
 
-#include "platform/freedesktop/session/SessionFiles.h"
+#include "platform/freedesktop/session/Programs.h"
+#include "platform/freedesktop/session/Trash.h"
 
 #include <QCoreApplication>
-#include <QDesktopServices>
+#include <QUrl>
 
 #include <utility>
 
@@ -23,7 +24,7 @@ X11Workspace::X11Workspace(Connection& connection, Windows& windows, NameOfClass
 }
 
 void X11Workspace::openNewInstance(const QString& path, Started done) {
-    const auto started = freedesktop::session::startNewInstance(path);
+    const auto started = freedesktop::session::Programs().startNewInstance(path);
     QMetaObject::invokeMethod(
         QCoreApplication::instance(),
         [done = std::move(done), error = started ? std::nullopt : std::optional(started.error())] { done(error); },
@@ -56,7 +57,9 @@ void X11Workspace::activate(const RunningApplication& application) {
 }
 
 void X11Workspace::open(const QUrl& address) {
-    QDesktopServices::openUrl(address);
+    if (const auto opened = freedesktop::session::Programs().open(address); !opened) {
+        qWarning("%s is not opened: %s", qUtf8Printable(address.toString()), qUtf8Printable(opened.error()));
+    }
 }
 
 std::optional<xcb_window_t> X11Workspace::windowOf(const RunningApplication& application) const {

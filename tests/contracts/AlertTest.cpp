@@ -91,7 +91,7 @@ TEST(QtAlert, ShowsItsTextsAsTheyAreAndItsButtonsInTheirOrder) {
 TEST(QtAlert, TheMainLoopGoesOnMeanwhile) {
     int turns = 0;
     QTimer other;
-    other.callOnTimeout([&] {
+    other.callOnTimeout(&other, [&] {
         if (++turns == 3) {
             QApplication::activeModalWidget()->close();
         }

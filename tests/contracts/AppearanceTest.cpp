@@ -31,11 +31,33 @@ struct PaletteRig {
     ~PaletteRig() { QApplication::setPalette(QPalette()); }
 };
 
+const QString APPEARANCE = u"org.freedesktop.appearance"_s;
+const QString GNOME_INTERFACE = u"org.gnome.desktop.interface"_s;
+
 struct PortalAppearanceRig {
     PortalRig portal;
     freedesktop::session::PortalAppearance real{portal.client()};
     Appearance& appearance() { return real; }
-    void setDark(bool isDark) { portal.change(u"org.freedesktop.appearance"_s, u"color-scheme"_s, isDark ? 1U : 2U); }
+    void setDark(bool isDark) { portal.change(APPEARANCE, u"color-scheme"_s, isDark ? u"uint32 1"_s : u"uint32 2"_s); }
+};
+
+/// A program that answers each change by colouring its menus anew. It stops after a few, so that a test of an endless
+/// loop ends.
+std::shared_ptr<int> colorMenusAtEachChange(Appearance& appearance) {
+    const auto changes = std::make_shared<int>(0);
+    appearance.addChangedHandler([changes, &appearance] {
+        if (++*changes < 5) {
+            QApplication::setPalette(QPalette(appearance.isDark() ? Qt::black : Qt::white), "QMenu");
+        }
+    });
+    return changes;
+}
+
+/// The application's colours, given back when the test ends.
+class DesktopColors {
+public:
+    ~DesktopColors() { QApplication::setPalette(QPalette()); }
+    static void set(Qt::GlobalColor color) { QApplication::setPalette(QPalette(color)); }
 };
 
 } // namespace
@@ -46,21 +68,21 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Portal, AppearanceContract, PortalAppearanceRig);
 
 TEST(PortalAppearance, WhatThePortalSaidBeforeWeStartedArrivesAsAChange) {
     PortalRig portal;
-    portal.set(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 1U);
+    portal.set(APPEARANCE, u"color-scheme"_s, u"uint32 1"_s);
     freedesktop::session::PortalAppearance appearance(portal.client());
     int changes = 0;
     appearance.addChangedHandler([&] { ++changes; });
     EXPECT_FALSE(appearance.isDark()) << "nothing waits for the answer";
     EXPECT_TRUE(PortalRig::waitUntil([&] { return appearance.isDark(); }));
-    EXPECT_GE(changes, 1);
+    EXPECT_EQ(changes, 1);
 }
 
 TEST(PortalAppearance, WithoutAPreferenceTheDesktopsColoursDecide) {
     PortalRig portal;
     freedesktop::session::PortalAppearance appearance(portal.client());
-    portal.change(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 1U);
+    portal.change(APPEARANCE, u"color-scheme"_s, u"uint32 1"_s);
     EXPECT_TRUE(appearance.isDark());
-    portal.change(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 0U);
+    portal.change(APPEARANCE, u"color-scheme"_s, u"uint32 0"_s);
     EXPECT_FALSE(appearance.isDark());
 }
 
@@ -68,9 +90,9 @@ TEST(PortalAppearance, TheAccentColourIsTheUsersWhenThereIsOne) {
     PortalRig portal;
     freedesktop::session::PortalAppearance appearance(portal.client());
     const QColor usual = appearance.accentColor();
-    portal.changeAccent(1.0, 0.5, 0.0);
+    portal.change(APPEARANCE, u"accent-color"_s, u"(1.0, 0.5, 0.0)"_s);
     EXPECT_EQ(appearance.accentColor().name(), u"#ff8000"_s);
-    portal.changeAccent(-1, -1, -1);
+    portal.change(APPEARANCE, u"accent-color"_s, u"(-1.0, -1.0, -1.0)"_s);
     EXPECT_EQ(appearance.accentColor(), usual);
 }
 
@@ -78,10 +100,10 @@ TEST(PortalAppearance, MotionIsReducedWhenTheDesktopDoesNotAnimate) {
     PortalRig portal;
     freedesktop::session::PortalAppearance appearance(portal.client());
     EXPECT_FALSE(appearance.reducedMotion()) << "nobody has said so";
-    portal.change(u"org.gnome.desktop.interface"_s, u"enable-animations"_s, false);
+    portal.change(GNOME_INTERFACE, u"enable-animations"_s, u"false"_s);
     EXPECT_TRUE(appearance.reducedMotion());
-    portal.change(u"org.gnome.desktop.interface"_s, u"enable-animations"_s, true);
-    portal.change(u"org.freedesktop.appearance"_s, u"reduced-motion"_s, 1U);
+    portal.change(GNOME_INTERFACE, u"enable-animations"_s, u"true"_s);
+    portal.change(APPEARANCE, u"reduced-motion"_s, u"uint32 1"_s);
     EXPECT_TRUE(appearance.reducedMotion());
 }
 
@@ -89,10 +111,78 @@ TEST(PortalAppearance, AnswersOfTheWrongKindAreTakenForNone) {
     PortalRig portal;
     freedesktop::session::PortalAppearance appearance(portal.client());
     const QColor usual = appearance.accentColor();
-    portal.change(u"org.freedesktop.appearance"_s, u"color-scheme"_s, u"dark as night"_s);
-    portal.change(u"org.freedesktop.appearance"_s, u"accent-color"_s, u"mauve"_s);
+    portal.change(APPEARANCE, u"color-scheme"_s, u"'dark as night'"_s);
+    portal.change(APPEARANCE, u"accent-color"_s, u"'mauve'"_s);
+    portal.change(APPEARANCE, u"accent-color"_s, u"(uint32 1, 0.5, 0.0)"_s);
+    portal.change(GNOME_INTERFACE, u"enable-animations"_s, u"'never'"_s);
+    portal.emitSignal(u"(s)"_s, u"('nonsense',)"_s);
+    portal.emitSignal(u"(sss)"_s, u"('org.freedesktop.appearance', 'color-scheme', 'dark')"_s);
     EXPECT_FALSE(appearance.isDark());
     EXPECT_EQ(appearance.accentColor(), usual);
+    EXPECT_FALSE(appearance.reducedMotion());
+}
+
+TEST(PortalAppearance, ColouringMenusAtAChangeIsNoChangeOfTheDesktops) {
+    PortalRig portal;
+    freedesktop::session::PortalAppearance appearance(portal.client());
+    const auto changes = colorMenusAtEachChange(appearance);
+    portal.change(GNOME_INTERFACE, u"enable-animations"_s, u"false"_s);
+    EXPECT_EQ(*changes, 1) << "reduced motion, and the portal has no word on light or dark";
+    portal.change(APPEARANCE, u"accent-color"_s, u"(1.0, 0.5, 0.0)"_s);
+    EXPECT_EQ(*changes, 2);
+    portal.change(APPEARANCE, u"color-scheme"_s, u"uint32 1"_s);
+    EXPECT_EQ(*changes, 3);
+    portal.change(APPEARANCE, u"color-scheme"_s, u"uint32 0"_s);
+    EXPECT_EQ(*changes, 4);
+}
+
+TEST(PortalAppearance, ColouringMenusWhenTheDesktopsColoursChangeIsNoFurtherChange) {
+    const DesktopColors colors;
+    freedesktop::session::PortalAppearance appearance{QDBusConnection(u"no such connection"_s)};
+    const auto changes = colorMenusAtEachChange(appearance);
+    DesktopColors::set(Qt::black);
+    EXPECT_EQ(*changes, 1);
+    DesktopColors::set(Qt::white);
+    EXPECT_EQ(*changes, 2);
+}
+
+TEST(PortalAppearance, ColoursThatStayLightOrStayDarkAreNoChange) {
+    const DesktopColors colors;
+    DesktopColors::set(Qt::white);
+    freedesktop::session::PortalAppearance appearance{QDBusConnection(u"no such connection"_s)};
+    int changes = 0;
+    appearance.addChangedHandler([&] { ++changes; });
+    DesktopColors::set(Qt::yellow);
+    DesktopColors::set(Qt::white);
+    EXPECT_EQ(changes, 0);
+}
+
+TEST(PortalAppearance, TheDesktopsColoursAreNoChangeWhileThePortalDecides) {
+    const DesktopColors colors;
+    PortalRig portal;
+    freedesktop::session::PortalAppearance appearance(portal.client());
+    portal.change(APPEARANCE, u"color-scheme"_s, u"uint32 2"_s);
+    int changes = 0;
+    appearance.addChangedHandler([&] { ++changes; });
+    DesktopColors::set(Qt::black);
+    EXPECT_FALSE(appearance.isDark());
+    EXPECT_EQ(changes, 0);
+    portal.change(APPEARANCE, u"color-scheme"_s, u"uint32 0"_s);
+    EXPECT_TRUE(appearance.isDark()) << "the desktop has grown dark meanwhile";
+    EXPECT_EQ(changes, 1);
+}
+
+TEST(PortalAppearance, AHandlerThatSetsTheApplicationsOwnColoursEnds) {
+    const DesktopColors colors;
+    freedesktop::session::PortalAppearance appearance{QDBusConnection(u"no such connection"_s)};
+    int changes = 0;
+    appearance.addChangedHandler([&] {
+        if (++changes < 5) {
+            DesktopColors::set(appearance.isDark() ? Qt::darkBlue : Qt::yellow);
+        }
+    });
+    DesktopColors::set(Qt::black);
+    EXPECT_EQ(changes, 1);
 }
 
 } // namespace zamber

@@ -78,7 +78,10 @@ struct FakeKeystrokePosterRig : FakeRig {
         return application;
     }
     void closeApplication(const RunningApplication& application) { workspace.quit(application); }
-    void writeClipboard() { fake.clipboardIsOurs = true; }
+    int writeClipboard() {
+        fake.clipboardIsOurs = true;
+        return 1;
+    }
     void copyElsewhere() { fake.clipboardIsOurs = false; }
     int pastesReceived(const RunningApplication& application) {
         return static_cast<int>(std::ranges::count(fake.received, application));

@@ -8,13 +8,16 @@
 
 #include <concepts>
 #include <functional>
+#include <optional>
+#include <vector>
 
 namespace zamber {
 
 /// What the suite needs around a keystroke poster. The rest is the desktop:
 /// - `openApplication`: a program opens a window, which comes to the front; the answer is how it is remembered;
 /// - `closeApplication`: it quits;
-/// - `writeClipboard`: this program writes the clipboard; `copyElsewhere`: another program does, after that;
+/// - `writeClipboard`: this program writes the clipboard; the answer is the change count; `copyElsewhere`: another
+/// program does, after that;
 /// - `pastesReceived`: how often that application has been told to paste;
 /// - `waitUntil`: lets the main loop run until the condition holds; false when it gives up.
 template <class Rig>
@@ -23,7 +26,7 @@ concept KeystrokePosterRig = std::default_initializable<Rig> &&
                                  { rig.poster() } -> std::same_as<KeystrokePoster&>;
                                  { rig.openApplication() } -> std::same_as<RunningApplication>;
                                  rig.closeApplication(application);
-                                 rig.writeClipboard();
+                                 { rig.writeClipboard() } -> std::same_as<int>;
                                  rig.copyElsewhere();
                                  { rig.pastesReceived(application) } -> std::same_as<int>;
                                  { rig.waitUntil(condition) } -> std::same_as<bool>;
@@ -32,12 +35,13 @@ concept KeystrokePosterRig = std::default_initializable<Rig> &&
 template <KeystrokePosterRig Rig>
 class KeystrokePosterContract : public testing::Test {
 protected:
-    bool postAndWait(const std::optional<RunningApplication>& target) {
-        int done = 0;
-        poster.postPaste(target, [&done] { ++done; });
-        const bool ended = rig.waitUntil([&done] { return done > 0; });
-        EXPECT_EQ(done, ended ? 1 : 0);
-        return ended;
+    /// The outcome, or nothing when it is not told once.
+    std::optional<PasteOutcome> postAndWait(const Paste& paste) {
+        std::vector<PasteOutcome> outcomes;
+        poster.postPaste(paste, [&outcomes](PasteOutcome outcome) { outcomes.push_back(outcome); });
+        const bool ended = rig.waitUntil([&outcomes] { return !outcomes.empty(); });
+        EXPECT_EQ(outcomes.size(), ended ? 1U : 0U);
+        return ended ? std::optional(outcomes.front()) : std::nullopt;
     }
 
     Rig rig;
@@ -48,15 +52,15 @@ TYPED_TEST_SUITE_P(KeystrokePosterContract);
 
 TYPED_TEST_P(KeystrokePosterContract, TheTargetInFrontIsToldToPasteOnce) {
     const RunningApplication editor = this->rig.openApplication();
-    this->rig.writeClipboard();
-    ASSERT_TRUE(this->postAndWait(editor));
+    const int written = this->rig.writeClipboard();
+    EXPECT_EQ(this->postAndWait({.changeCount = written, .target = editor}), PasteOutcome::Posted);
     EXPECT_TRUE(this->rig.waitUntil([&] { return this->rig.pastesReceived(editor) == 1; }));
 }
 
 TYPED_TEST_P(KeystrokePosterContract, WithoutATargetWhoeverIsInFrontIsTold) {
     const RunningApplication editor = this->rig.openApplication();
-    this->rig.writeClipboard();
-    ASSERT_TRUE(this->postAndWait(std::nullopt));
+    const int written = this->rig.writeClipboard();
+    EXPECT_EQ(this->postAndWait({.changeCount = written, .target = std::nullopt}), PasteOutcome::Posted);
     EXPECT_TRUE(this->rig.waitUntil([&] { return this->rig.pastesReceived(editor) == 1; }));
 }
 
@@ -64,25 +68,26 @@ TYPED_TEST_P(KeystrokePosterContract, ATargetThatHasQuitLeavesItToWhoeverIsInFro
     const RunningApplication gone = this->rig.openApplication();
     this->rig.closeApplication(gone);
     const RunningApplication editor = this->rig.openApplication();
-    this->rig.writeClipboard();
-    ASSERT_TRUE(this->postAndWait(gone));
+    const int written = this->rig.writeClipboard();
+    EXPECT_EQ(this->postAndWait({.changeCount = written, .target = gone}), PasteOutcome::Posted);
     EXPECT_TRUE(this->rig.waitUntil([&] { return this->rig.pastesReceived(editor) == 1; }));
 }
 
 TYPED_TEST_P(KeystrokePosterContract, NothingIsPostedOnceTheClipboardIsSomebodyElses) {
     const RunningApplication editor = this->rig.openApplication();
-    this->rig.writeClipboard();
+    const int written = this->rig.writeClipboard();
     this->rig.copyElsewhere();
-    ASSERT_TRUE(this->postAndWait(editor));
+    EXPECT_EQ(this->postAndWait({.changeCount = written, .target = editor}), PasteOutcome::GivenUp);
     EXPECT_FALSE(this->rig.waitUntil([&] { return this->rig.pastesReceived(editor) > 0; }));
 }
 
 TYPED_TEST_P(KeystrokePosterContract, CallsAreCarriedOutOneAfterTheOther) {
     const RunningApplication editor = this->rig.openApplication();
-    this->rig.writeClipboard();
+    const int written = this->rig.writeClipboard();
     std::vector<int> done;
     for (const int call : {1, 2, 3}) {
-        this->poster.postPaste(editor, [&done, call] { done.push_back(call); });
+        this->poster.postPaste({.changeCount = written, .target = editor},
+                               [&done, call](PasteOutcome) { done.push_back(call); });
     }
     ASSERT_TRUE(this->rig.waitUntil([&] { return done.size() == 3; }));
     EXPECT_EQ(done, (std::vector<int>{1, 2, 3}));

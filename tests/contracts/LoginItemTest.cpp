@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/freedesktop/session/AutostartEntry.h"
+#include "platform/freedesktop/session/DesktopEntry.h"
 #include "platform/freedesktop/session/XdgLoginItem.h"
 #include "tests/contracts/LoginItemContract.h"
 #include "tests/fakes/FakeLoginItem.h"
@@ -91,9 +91,9 @@ TEST_F(XdgLoginItemTest, EachWayOfSwitchingAnEntryOffReadsAsOff) {
     const QByteArray exec = "Exec=/bin/sh\n";
     writeUserEntry(exec);
     EXPECT_EQ(adapter.status(), LoginItemStatus::Enabled);
-    for (const char* const key :
-         {"Hidden=true", "Hidden=1", "Hidden = true", "X-GNOME-Autostart-enabled=false",
-          "X-MATE-Autostart-enabled=false", "OnlyShowIn=KDE;", "NotShowIn=KDE;GNOME;", "TryExec=/nowhere/zamber"}) {
+    for (const char* const key : {"Hidden=true", "Hidden=1", "Hidden = true", "X-GNOME-Autostart-enabled=false",
+                                  "X-MATE-Autostart-enabled=false", "OnlyShowIn=KDE;", "NotShowIn=KDE;GNOME;",
+                                  "TryExec=/nowhere/zamber", "TryExec=/bin"}) {
         writeUserEntry(exec + key + "\n");
         EXPECT_NE(adapter.status(), LoginItemStatus::Enabled) << key;
     }
@@ -101,6 +101,20 @@ TEST_F(XdgLoginItemTest, EachWayOfSwitchingAnEntryOffReadsAsOff) {
                                   "NotShowIn=KDE;", "TryExec=sh", "[Desktop Action x]\nHidden=true"}) {
         writeUserEntry(exec + key + "\n");
         EXPECT_EQ(adapter.status(), LoginItemStatus::Enabled) << key;
+    }
+}
+
+TEST_F(XdgLoginItemTest, WhatTheEntryWouldStartIsLookedForToo) {
+    for (const char* const exec : {"/nowhere/zamber", "\"/no where/zamber\" --option", "no-such-program %U", "/bin",
+                                   "env /nowhere/zamber", ""}) {
+        for (const char* const condition : {"", "TryExec=/bin/sh\n"}) {
+            writeUserEntry(QByteArray("Exec=") + exec + "\n" + condition);
+            EXPECT_EQ(adapter.status(), LoginItemStatus::NotFound) << exec << " " << condition;
+        }
+    }
+    for (const char* const exec : {"sh -c true", "\"/bin/sh\"", "env A=1 /bin/sh", "/usr/bin/env sh"}) {
+        writeUserEntry(QByteArray("Exec=") + exec + "\n");
+        EXPECT_EQ(adapter.status(), LoginItemStatus::Enabled) << exec;
     }
 }
 
@@ -144,7 +158,7 @@ struct PathCase {
 class ExecValueTest : public testing::TestWithParam<PathCase> {};
 
 TEST_P(ExecValueTest, IsQuotedAndEscaped) {
-    EXPECT_EQ(freedesktop::session::execValueOf(QString::fromUtf8(GetParam().path)).toStdString(), GetParam().exec);
+    EXPECT_EQ(freedesktop::session::execValue(QString::fromUtf8(GetParam().path)).toStdString(), GetParam().exec);
 }
 
 INSTANTIATE_TEST_SUITE_P(Paths, ExecValueTest,

@@ -142,6 +142,15 @@ TYPED_TEST_P(PasteboardContract, AnImageOfOursIsThereAtOnceAndOthersPasteIt) {
     EXPECT_EQ(this->rig.pastedText(), std::nullopt);
 }
 
+TYPED_TEST_P(PasteboardContract, AWriteWinsOverACopyThatIsOlderAndStillOnItsWay) {
+    this->rig.copyText("theirs");
+    this->pasteboard.clearContents();
+    this->pasteboard.setString("ours");
+    this->rig.settle();
+    EXPECT_EQ(this->rig.pastedText(), "ours");
+    EXPECT_EQ(this->pasteboard.string(), "ours");
+}
+
 TYPED_TEST_P(PasteboardContract, OurOwnWriteMovesTheCountInsideTheCallAndNotLater) {
     this->pasteboard.clearContents();
     this->pasteboard.setString("ours");
@@ -175,6 +184,7 @@ REGISTER_TYPED_TEST_SUITE_P(PasteboardContract, ATextFromAnotherProgramArrives,
                             AnImageArrivesAlsoWhenATextComesWithIt,
                             WhatIsNeitherTextNorImageMovesTheCountAndLeavesNothing,
                             ATextOfOursIsThereAtOnceAndOthersPasteIt, AnImageOfOursIsThereAtOnceAndOthersPasteIt,
+                            AWriteWinsOverACopyThatIsOlderAndStillOnItsWay,
                             OurOwnWriteMovesTheCountInsideTheCallAndNotLater, ClearingMovesTheCountAndLeavesNothing,
                             ACopyElsewhereReplacesWhatWeWrote);
 

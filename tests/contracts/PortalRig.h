@@ -2,72 +2,49 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QCoreApplication>
-#include <QDBusArgument>
 #include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusVariant>
-#include <QElapsedTimer>
-#include <QHash>
-#include <QObject>
 #include <QProcess>
+#include <QString>
 #include <QTemporaryDir>
-#include <QVariant>
 
 #include <functional>
+#include <memory>
 
 namespace zamber {
 
-/// What the settings portal sends for a colour.
-struct PortalColor {
-    double red = 0;
-    double green = 0;
-    double blue = 0;
-};
-
-QDBusArgument& operator<<(QDBusArgument& argument, const PortalColor& color);
-const QDBusArgument& operator>>(const QDBusArgument& argument, PortalColor& color);
-
-/// A settings portal on a message bus of its own.
-class PortalRig final : public QObject {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
-
+/// A settings portal on a message bus of its own. It runs in another process, as portals do: what the process under
+/// test has not registered with Qt's D-Bus itself is not registered by the rig either.
+class PortalRig final {
 public:
     PortalRig();
-    ~PortalRig() override;
+    ~PortalRig();
+    PortalRig(const PortalRig&) = delete;
+    PortalRig& operator=(const PortalRig&) = delete;
 
     /// The connection of the program that asks.
-    QDBusConnection client() const { return m_client; }
+    QDBusConnection client() const { return *m_client; }
 
-    /// Has the value from now on, without a word to anybody.
-    void set(const QString& group, const QString& key, const QVariant& value);
+    /// The portal has the value from now on, without a word to anybody. Values are written as GVariant's text form:
+    /// "uint32 1", "(0.5, 0.25, 0.0)".
+    void set(const QString& group, const QString& key, const QString& value);
 
-    /// The user changes the setting. Returns when those who listen have heard of it.
-    void change(const QString& group, const QString& key, const QVariant& value);
-    void changeAccent(double red, double green, double blue);
+    /// The user changes the setting. Returns when the connection has received the portal's signal and delivered it.
+    void change(const QString& group, const QString& key, const QString& value);
 
+    /// The portal sends its signal with arguments of another kind.
+    void emitSignal(const QString& signature, const QString& arguments);
+
+    /// Lets the event loop run until the condition holds; false after ten seconds in vain.
     static bool waitUntil(const std::function<bool()>& condition);
 
-public slots:
-    Q_SCRIPTABLE QDBusVariant Read(const QString& group, const QString& key, const QDBusMessage& message);
-
-signals:
-    Q_SCRIPTABLE void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
-
-private slots:
-    void heard() { ++m_heard; }
-
 private:
+    void command(const QStringList& words);
+    void deliverSignals() const;
+
     QTemporaryDir m_folder; // of the bus
     QProcess m_daemon;
-    QDBusConnection m_service;
-    QDBusConnection m_client;
-    QHash<QString, QVariant> m_values;
-    int m_said = 0;
-    int m_heard = 0;
+    QProcess m_portal;
+    std::unique_ptr<QDBusConnection> m_client;
 };
 
 } // namespace zamber
-
-Q_DECLARE_METATYPE(zamber::PortalColor)

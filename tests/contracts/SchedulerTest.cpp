@@ -7,6 +7,9 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
+#include <array>
+#include <memory>
+
 namespace zamber {
 
 namespace {
@@ -57,7 +60,43 @@ private:
     }
 };
 
+/// Does at its end what the last owner of a timer may do.
+struct StopsTimersAtItsEnd {
+    freedesktop::QtScheduler& scheduler;
+    Scheduler::Token token;
+
+    ~StopsTimersAtItsEnd() {
+        scheduler.invalidate(token);
+        scheduler.after(0ms, [] { ADD_FAILURE() << "run after the end"; });
+        scheduler.soon([] { ADD_FAILURE() << "run after the end"; });
+    }
+};
+
 } // namespace
+
+TEST(QtScheduler, StoppedItLetsGoOfWhatItsActionsHoldAndRunsNothing) {
+    freedesktop::QtScheduler scheduler;
+    const auto fail = [] { ADD_FAILURE() << "run after the end"; };
+    std::array<std::weak_ptr<StopsTimersAtItsEnd>, 3> held;
+    for (auto& weak : held) {
+        const auto strong = std::make_shared<StopsTimersAtItsEnd>(scheduler, scheduler.every(1h, fail));
+        weak = strong;
+        if (&weak == &held[0]) {
+            scheduler.after(0ms, [strong, fail] { fail(); });
+        } else if (&weak == &held[1]) {
+            scheduler.every(0ms, [strong, fail] { fail(); });
+        } else {
+            scheduler.soon([strong, fail] { fail(); });
+        }
+    }
+    scheduler.stop();
+    for (const auto& weak : held) {
+        EXPECT_TRUE(weak.expired());
+    }
+    scheduler.after(0ms, fail);
+    scheduler.soon(fail);
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+}
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, SchedulerContract, FakeSchedulerRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(Qt, SchedulerContract, QtSchedulerRig);

@@ -5,6 +5,7 @@
 import hashlib
 import itertools
 import json
+import os
 import re
 import subprocess
 import time
@@ -19,6 +20,7 @@ SLOWER_THAN_UNDISTURBED = 4
 # A busy machine may stall for so long once, but not twice in a row.
 LONGEST_HICCUP_SECONDS = 2.0
 MEBIBYTE = 1 << 20
+HINT = "x-kde-passwordManagerHint"
 
 _numbers = itertools.count(1)
 
@@ -63,6 +65,10 @@ class HostileOwner(HostilePartner):
 
     def release(self):
         self._tell({"release": True})
+
+    def leave(self, seconds):
+        """Destroys its window, clears the clipboard, and ends so many seconds later (never when that is None)."""
+        self._tell({"leave": seconds})
 
     def calm_down(self):
         self._tell({"calm_down": True})
@@ -185,6 +191,11 @@ class HostileTestCase(DesktopTestCase):
         """What the program has for itself alone."""
         with open(f"/proc/{self.zamber.pid}/smaps_rollup", encoding="ascii") as rollup:
             return 1024 * sum(int(line.split()[1]) for line in rollup if line.startswith("Private_"))
+
+    def address_space_bytes(self):
+        """What it has reserved, whether used or not."""
+        with open(f"/proc/{self.zamber.pid}/statm", encoding="ascii") as statm:
+            return int(statm.read().split()[0]) * os.sysconf("SC_PAGE_SIZE")
 
     def assert_memory_back(self, before, most=40 * MEBIBYTE, timeout=10.0):
         wait_until(lambda: self.memory_bytes() - before < most, timeout,

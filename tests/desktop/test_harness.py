@@ -3,6 +3,8 @@
 """The harness against its partners, without the program: what the other tests take for granted."""
 
 import pathlib
+import subprocess
+import sys
 import unittest
 
 from harness import (
@@ -96,7 +98,7 @@ class HarnessTest(unittest.TestCase):
         self.desktop.set_layout("us,gr", group=1)
         self.keyboard.tap("v")
         editor.wait_for_text("мω")
-        self.desktop.set_layout("dvorak")
+        self.desktop.set_layout("us(dvorak)")
         self.keyboard.tap("v")
         editor.wait_for_text("мωk")
 
@@ -149,6 +151,21 @@ class DesktopsTest(unittest.TestCase):
                 editor = Editor(desktop)
                 desktop.keyboard.type_text("x")
                 editor.wait_for_text("x")
+
+
+class FoundCasesTest(unittest.TestCase):
+    """CTest runs the classes that a script has found by reading. Every class that unittest finds has to be among them."""
+
+    def test_every_class_of_cases_is_found(self):
+        folder = pathlib.Path(__file__).parent
+        expected = {type(case).__name__ for case in self.cases(unittest.TestLoader().discover(folder))}
+        script = folder.parent / "support" / "find_cases.py"
+        printed = subprocess.run([sys.executable, "-B", script, folder], capture_output=True, text=True, check=True).stdout
+        self.assertEqual({line.split(",")[1] for line in printed.splitlines()}, expected)
+
+    def cases(self, suite):
+        for case in suite:
+            yield from self.cases(case) if isinstance(case, unittest.TestSuite) else (case,)
 
 
 if __name__ == "__main__":

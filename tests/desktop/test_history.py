@@ -12,6 +12,7 @@ import time
 
 from case import DesktopTestCase
 from harness import Zamber, holds_for, wait_until
+from harness.tracing import kill_before_write
 
 POLL_SECONDS = 0.5
 SAVE_DELAY_SECONDS = 1.0
@@ -102,25 +103,35 @@ class KilledTest(HistoryTestCase):
 
 
 class KilledWhileSavingTest(HistoryTestCase):
-    IMAGES = 80
+    IMAGES = 10
     history = tuple(b"\x89PNG" + bytes([number]) * 2_000_000 for number in range(IMAGES))
     preferences = {"maxItems": 1000}
+    # A blank over the opening bracket, blocks of 4 MB, and the bracket.
+    WRITES = 9
 
-    def test_the_next_start_is_empty_and_the_one_after_it_is_well(self):
+    def kill_before_write(self, number):
         old = self.zamber.history_path.stat()
-        watch = self.watch(self.zamber.history_path)
         self.clipboard.copy_text("the straw")
-        wait_until(lambda: watch.events(1.0), 10.0, "the save to begin")
-        self.kill()
-        new = self.zamber.history_path.stat()
-        self.assertEqual(new.st_ino, old.st_ino)
-        with open(self.zamber.history_path, "rb") as file:
-            self.assertNotEqual(file.read(1), b"[", "the save was over before it could be interrupted")
+        kill_before_write(self.zamber.pid, number)
+        self.expected_lines = []
+        self.assertEqual(self.zamber.history_path.stat().st_ino, old.st_ino)
         self.assertEqual(os.listdir(self.zamber.data_folder), [self.zamber.history_path.name])
-        self.restart(loaded=None)
-        self.copy_and_wait("a new beginning", ["a new beginning"])
-        self.zamber.stop()
-        self.restart(loaded=1)
+
+    def test_before_the_first_write_nothing_is_lost(self):
+        self.kill_before_write(1)
+        self.restart(loaded=self.IMAGES)
+
+    def test_in_between_the_next_start_is_empty_and_the_one_after_it_is_well(self):
+        for number in (2, 3, self.WRITES):
+            with self.subTest(write=number):
+                self.kill_before_write(number)
+                with open(self.zamber.history_path, "rb") as file:
+                    self.assertEqual(file.read(1), b" ")
+                self.restart(loaded=None)
+                self.copy_and_wait("a new beginning", ["a new beginning"])
+                self.zamber.stop()
+                self.zamber.write_history(*self.history)
+                self.restart(loaded=self.IMAGES)
 
     def test_left_alone_it_saves_everything(self):
         watch = self.watch(self.zamber.history_path)
@@ -214,23 +225,24 @@ class BeginningOfOnlyOneArrayAtStartTest(OddFileAtStartTest):
 class OneWriteTest(HistoryTestCase):
     history = ("old",)
 
-    def test_three_changes_within_half_a_second_each_make_one_write_a_second_after_the_last(self):
+    def test_each_change_is_written_a_second_later_unless_another_comes_before(self):
         watch = self.watch(self.zamber.history_path)
-        for attempt in range(5):
-            wanted = [f"{attempt} third", f"{attempt} second", f"{attempt} first"]
-            for text in reversed(wanted):
-                self.clipboard.copy_text(text)
-                time.sleep(POLL_SECONDS + 0.02)  # a poll between two copies; only a save would tell of it
-            closings = watch.closings_within(SAVED_SECONDS)
-            entries = self.zamber.records()[:3]
-            captured = [record["timestamp"] for record in entries]
-            gaps = [later - earlier for later, earlier in zip(captured, captured[1:])]
-            if [record["value"] for record in entries] != wanted or max(gaps) > 0.9:
-                continue  # a poll came late and saw one copy less, or waited a whole second
-            self.assertEqual(len(closings), 1)
-            self.assertAlmostEqual(closings[0] - captured[0], SAVE_DELAY_SECONDS, delta=0.4)
-            return
-        self.fail("this machine is too slow to copy thrice in two seconds")
+        before = len(self.zamber.records())
+        for text in ("first", "second", "third"):
+            self.clipboard.copy_text(text)
+            time.sleep(POLL_SECONDS + 0.02)  # a poll between two copies; only a save would tell of it
+        closings = watch.closings_within(SAVED_SECONDS)
+        wait_until(lambda: "third" in self.zamber.history(), 10.0, "the last change to be written")
+        closings += watch.closings_within(SAVED_SECONDS)
+        # What was captured, and when, is in the file; on a slow machine a poll comes late and may miss a copy.
+        records = self.zamber.records()
+        captured = sorted(record["timestamp"] for record in records[:len(records) - before])
+        gaps = [later - earlier for earlier, later in zip(captured, captured[1:])]
+        fewest = 1 + sum(gap > SAVE_DELAY_SECONDS + 0.1 for gap in gaps)
+        most = 1 + sum(gap > SAVE_DELAY_SECONDS - 0.1 for gap in gaps)  # in between, either may come first
+        self.assertLessEqual(fewest, len(closings), f"written at {closings}, changed at {captured}")
+        self.assertLessEqual(len(closings), most, f"written at {closings}, changed at {captured}")
+        self.assertGreaterEqual(closings[-1] - captured[-1], SAVE_DELAY_SECONDS - 0.01)
 
     def test_nothing_is_written_while_nothing_changes(self):
         watch = self.watch(self.zamber.history_path)

@@ -8,7 +8,7 @@ import time
 from Xlib import XK, X
 
 from case import PASTED_LINE, DesktopTestCase
-from harness import CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER, holds_for
+from harness import CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER, holds_for, wait_until
 
 DVORAK_V = 60  # where the dvorak layout has the letter
 UNUSED_KEY = 248
@@ -74,10 +74,10 @@ class LayoutsTest(DesktopTestCase):
         self.assert_pasted_by("v", CONTROL, mark)
 
     def test_dvorak_has_its_v_elsewhere(self):
-        self.paste_with_layout("dvorak", 0, DVORAK_V)
+        self.paste_with_layout("us(dvorak)", 0, DVORAK_V)
 
     def test_dvorak_is_the_second_group(self):
-        self.paste_with_layout("us,dvorak", 1, DVORAK_V)
+        self.paste_with_layout("us,us(dvorak)", 1, DVORAK_V)
 
 
 class ChangingMappingTest(DesktopTestCase):
@@ -166,3 +166,94 @@ class RivalForTheMainHotKeyTest(RivalTest):
         self.choose()
         self.expect_paste()
         self.editor.wait_for_text("secondfirst")
+
+
+class MenuTest(DesktopTestCase):
+    """A menu of the program's own is open, which has the keyboard."""
+
+    history = ("first", "second", "third")
+    preferences = {"quickPasteEnabled": True}
+
+    def open_tray_menu(self):
+        self.click_tray_icon(button=3)
+        wait_until(self.zamber.menu, what="the menu")
+
+    def open_row_menu(self):
+        self.zamber.open_popover()
+        row = wait_until(lambda: self.zamber.tree().all(role="list item"), what="the rows")[1]
+        self.desktop.mouse.click(*row.centre, 3)
+        wait_until(self.zamber.menu, what="the menu")
+
+    def press(self, key, hold=0.15):
+        self.keyboard.play((0.0, "+Super_L"), (0.03, "+Shift_L"), (0.08, f"+{key}"), (0.08 + hold, f"-{key}"),
+                           (0.12 + hold, "-Shift_L"), (0.14 + hold, "-Super_L"))
+
+    def assert_menu_closed(self):
+        wait_until(lambda: self.zamber.menu() is None, what="the menu to be gone")
+
+    def test_the_main_hot_key_in_the_trays_menu(self):
+        for hold in (0.08, 0.4, 0.9):
+            with self.subTest(hold=hold):
+                self.open_tray_menu()
+                self.press("v", hold)
+                self.zamber.wait_for_popover()
+                self.assert_menu_closed()
+                self.choose()
+                self.expect_paste()
+                self.zamber.wait_until_closed()
+                self.wait_for_expected_lines()
+        self.editor.wait_for_text("first" * 3)
+
+    def test_a_quick_paste_in_the_trays_menu(self):
+        arrived = ""
+        for hold in (0.08, 0.3, 0.9):
+            with self.subTest(hold=hold):
+                self.open_tray_menu()
+                self.press("2", hold)
+                self.expected_lines.append(PASTED_LINE)
+                arrived += "second"
+                self.editor.wait_for_text(arrived)
+                self.assert_menu_closed()
+
+    def test_the_key_is_held_longest(self):
+        for key in ("2", "v"):
+            with self.subTest(key=key):
+                self.open_tray_menu()
+                self.keyboard.play((0.0, "+Super_L"), (0.03, "+Shift_L"), (0.08, f"+{key}"), (0.18, "-Shift_L"),
+                                   (0.2, "-Super_L"), (1.4, f"-{key}"))
+                if key == "2":
+                    self.expected_lines.append(PASTED_LINE)
+                    self.editor.wait_for_text("second")
+        self.zamber.wait_for_popover()
+        self.assertEqual([node.text for node in self.zamber.tree().all(role="text") if node.text], [])
+        self.assertEqual(self.editor.text(), "second")
+
+    def test_two_presses_in_a_row(self):
+        self.open_tray_menu()
+        self.press("2", 0.08)
+        self.press("3", 0.08)
+        self.expected_lines += [PASTED_LINE] * 2
+        self.editor.wait_for_text("secondthird")
+
+    def test_the_main_hot_key_in_a_rows_menu(self):
+        self.open_row_menu()
+        self.press("v")
+        self.assert_menu_closed()
+        self.zamber.wait_for_popover()
+        holds_for(lambda: self.zamber.popover() is not None, 0.4, "the popover stays open")
+
+    def test_a_quick_paste_in_a_rows_menu_goes_into_the_search_field_in_front(self):
+        self.open_row_menu()
+        self.press("3")
+        self.expected_lines.append(PASTED_LINE)
+        wait_until(lambda: "third" in [node.text for node in self.zamber.tree().all(role="text")],
+                   what="the entry in the search field")
+        self.assert_menu_closed()
+
+    def test_switched_off_a_quick_paste_leaves_the_menu_without_effect(self):
+        self.zamber.write_preferences(quickPasteEnabled=False)
+        self.let_a_poll_pass()
+        self.open_tray_menu()
+        mark = self.keys.mark()
+        self.press("2")
+        holds_for(lambda: not self.keys.presses(KEY_CODES["v"], mark), 0.5, "no keystroke is sent")

@@ -51,6 +51,16 @@ class PermissionTest(DesktopTestCase):
         above = self.desktop.display.intern_atom("_NET_WM_STATE_ABOVE")
         wait_until(lambda: above in self.property(window, "_NET_WM_STATE", Xatom.ATOM), what="the state above")
 
+    def test_the_keyboard_stays_where_it_was(self):
+        self.wait_for_permission_window()
+
+        def is_editor_in_front():
+            active, focus = self.desktop.active_window(), self.desktop.focused_window()
+            return active and focus and active.id == focus.id == self.editor.window.id
+
+        holds_for(is_editor_in_front, 1.0,
+                  lambda: f"active {self.desktop.active_window()}, focus {self.desktop.focused_window()}")
+
     def test_it_can_be_neither_resized_nor_minimised(self):
         window = self.wait_for_permission_window()
         resource = self.desktop.display.create_resource_object("window", window.id)

@@ -10,25 +10,28 @@
 
 namespace zamber {
 
-/// Posts at once to whoever would have got the keystroke, and remembers them.
+/// Posts at once, to the application that would have got the keystroke, and remembers which.
 class FakeKeystrokePoster final : public KeystrokePoster {
 public:
     FakeKeystrokePoster(Journal& journal, FakeWorkspace& workspace)
         : m_journal(journal)
         , m_workspace(workspace) {}
 
-    void postPaste(const std::optional<RunningApplication>& target, std::function<void()> done) override {
+    void postPaste(const Paste& paste, Done done) override {
         m_journal.note("post paste");
-        asked.push_back(target);
+        asked.push_back(paste);
+        const std::optional<RunningApplication>& target = paste.target;
         const auto front = target && m_workspace.isRunning(*target) ? target : m_workspace.front();
-        if (clipboardIsOurs && front) {
-            received.push_back(*front);
+        if (!clipboardIsOurs || !front) {
+            done(PasteOutcome::GivenUp);
+            return;
         }
-        done();
+        received.push_back(*front);
+        done(PasteOutcome::Posted);
     }
 
     bool clipboardIsOurs = true;
-    std::vector<std::optional<RunningApplication>> asked;
+    std::vector<Paste> asked;
     std::vector<RunningApplication> received;
 
 private:

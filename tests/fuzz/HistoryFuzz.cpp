@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "clipboard/HistoryJson.h"
-#include "clipboard/JsonString.h"
+#include "text/Utf8.h"
+
+#include "clipboard/HistoryReader.h"
+#include "clipboard/HistoryWriter.h"
 
 #include <QJsonDocument>
 
@@ -35,13 +37,15 @@ void requireSame(const std::optional<QList<clipboard::ClipboardItem>>& left,
     require(!left || std::ranges::equal(*left, *right, isSame));
 }
 
-clipboard::JsonScanner::Read inSteps(std::string_view text, std::size_t step) {
-    return [text, step](char* to, std::size_t size) mutable {
+/// Read by so many bytes at a time.
+std::optional<QList<clipboard::ClipboardItem>> historyFrom(std::string_view text,
+                                                           std::size_t step = std::string_view::npos) {
+    return clipboard::readHistoryJson([text, step](char* to, std::size_t size) mutable {
         const auto piece = text.substr(0, std::min(step, size));
         std::ranges::copy(piece, to);
         text.remove_prefix(piece.size());
         return piece.size();
-    };
+    });
 }
 
 std::string written(const QList<clipboard::ClipboardItem>& items) {
@@ -59,11 +63,11 @@ std::string written(const QList<clipboard::ClipboardItem>& items) {
 /// Any bytes as a history file: read alike however they come, and what was loaded is saved so that it loads the same.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    const auto items = zamber::clipboard::readHistoryJson(zamber::clipboard::JsonScanner(text));
-    requireSame(items, zamber::clipboard::readHistoryJson(zamber::clipboard::JsonScanner(inSteps(text, 1 + size % 7))));
+    const auto items = historyFrom(text);
+    requireSame(items, historyFrom(text, 1 + size % 7));
     if (items) {
         const auto json = written(*items);
-        requireSame(items, zamber::clipboard::readHistoryJson(zamber::clipboard::JsonScanner(json)));
+        requireSame(items, historyFrom(json));
         // Another reader agrees that it is JSON.
         require(QJsonDocument::fromJson(QByteArray::fromRawData(json.data(), static_cast<qsizetype>(json.size())))
                     .isArray());
@@ -73,9 +77,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QList<zamber::clipboard::ClipboardItem> copied = {
         {zamber::clipboard::ClipboardContent::text(bytes), 1.5},
         {zamber::clipboard::ClipboardContent::image(bytes), 2, true}};
-    const auto loaded = zamber::clipboard::readHistoryJson(zamber::clipboard::JsonScanner(written(copied)));
+    const auto loaded = historyFrom(written(copied));
     require(loaded && loaded->size() == 2);
-    require(loaded->at(0).content.bytes() == zamber::clipboard::repairedUtf8(bytes));
+    require(loaded->at(0).content.bytes() == zamber::text::repairedUtf8(bytes));
     require(loaded->at(1).content.bytes() == bytes);
     return 0;
 }

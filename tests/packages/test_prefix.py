@@ -34,6 +34,8 @@ def files(folder):
 class PrefixTest(DesktopTestCase):
     """The folder is not on the path, and its name is full of what shells and entries take for something else."""
 
+    resource_lock = "installation"  # an installation writes its entries in the build folder first
+
     def prepare(self):
         self.prefix = pathlib.Path(self.desktop.directory) / "it's a \"place\" for $HOME & `more`"
         install(self.prefix)
@@ -65,6 +67,8 @@ class PrefixTest(DesktopTestCase):
 
 
 class DestinationTest(unittest.TestCase):
+    resource_lock = "installation"
+
     def test_destdir_is_where_the_files_go_and_nothing_in_them_knows(self):
         destination = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory(prefix="zamber-destination-")))
         install("/opt/zamber", DESTDIR=str(destination))

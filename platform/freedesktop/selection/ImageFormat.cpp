@@ -9,7 +9,10 @@
 #include <QMetaObject>
 #include <QPointer>
 #include <QThreadPool>
+#include <QtEndian>
 
+#include <mutex>
+#include <new>
 #include <utility>
 
 namespace zamber::freedesktop::selection {
@@ -31,10 +34,15 @@ const char* nameOf(ImageFormat format) {
     return "png";
 }
 
+/// Set once for all threads, since it is the whole program's.
+void raiseAllocationLimit() {
+    static std::once_flag isSet;
+    std::call_once(isSet, [] { QImageReader::setAllocationLimit(LARGEST_DECODED_MEGABYTES); });
+}
+
 QByteArray converted(QByteArray bytes, ImageFormat format) {
     QBuffer source(&bytes);
     QImageReader reader(&source);
-    QImageReader::setAllocationLimit(LARGEST_DECODED_MEGABYTES);
     reader.setDecideFormatFromContent(true);
     const QImage image = reader.read();
     if (image.isNull()) {
@@ -46,7 +54,66 @@ QByteArray converted(QByteArray bytes, ImageFormat format) {
     if (format == ImageFormat::Png) {
         writer.setCompression(30); // of 100: a third of the time for a tenth more bytes
     }
-    return writer.write(image) ? result : QByteArray();
+    if (!writer.write(image)) {
+        return {};
+    }
+    sink.close();
+    result.squeeze();
+    return result;
+}
+
+/// Whether no chunk of a PNG is cut off. Looked at first, since libpng complains about it on standard error.
+bool isCompletePng(QByteArrayView bytes) {
+    constexpr qsizetype SIGNATURE_BYTES = 8;
+    constexpr qsizetype BYTES_AROUND_DATA = 12; // length, type and checksum
+    for (qsizetype at = SIGNATURE_BYTES; bytes.size() - at >= BYTES_AROUND_DATA;) {
+        const qsizetype length = qFromBigEndian<quint32>(bytes.data() + at);
+        if (length > bytes.size() - at - BYTES_AROUND_DATA) {
+            return false;
+        }
+        if (bytes.sliced(at + 4, 4) == "IEND") {
+            return true;
+        }
+        at += length + BYTES_AROUND_DATA;
+    }
+    return false;
+}
+
+bool decodes(QByteArray bytes) {
+    if (hasFormat(bytes, ImageFormat::Png) && !isCompletePng(bytes)) {
+        return false;
+    }
+    QBuffer source(&bytes);
+    QImageReader reader(&source);
+    reader.setDecideFormatFromContent(true);
+    constexpr qint64 BYTES_A_PIXEL = 4;
+    const QSize size = reader.size();
+    const qint64 needed = BYTES_A_PIXEL * size.width() * size.height();
+    return (size.isValid() && needed > (qint64{LARGEST_DECODED_MEGABYTES} << 20)) || !reader.read().isNull();
+}
+
+/// Runs the work on a thread of the pool, and then `done` with its result where the context lives. Where there is no
+/// memory for the work, its result is that of bytes which do not decode.
+template <class Result>
+void runInPool(QObject* context, std::function<Result()> work, std::function<void(Result)> done) {
+    QThreadPool::globalInstance()->start([work = std::move(work), context = QPointer(context), done = std::move(done)] {
+        raiseAllocationLimit();
+        Result result{};
+        try {
+            result = work();
+        } catch (const std::bad_alloc&) {
+            result = Result{};
+        }
+        // The pointer is only looked at where the context lives: here it could vanish between test and use.
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(),
+            [context, done, result] {
+                if (context) {
+                    done(result);
+                }
+            },
+            Qt::QueuedConnection);
+    });
 }
 
 } // namespace
@@ -65,18 +132,11 @@ bool hasFormat(const QByteArray& bytes, ImageFormat format) {
 
 void convertImage(const QByteArray& bytes, ImageFormat format, QObject* context,
                   std::function<void(const QByteArray&)> done) {
-    QThreadPool::globalInstance()->start([bytes, format, context = QPointer(context), done = std::move(done)] {
-        const QByteArray result = converted(bytes, format);
-        // The pointer is only looked at where the context lives: here it could vanish between test and use.
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(),
-            [context, done, result] {
-                if (context) {
-                    done(result);
-                }
-            },
-            Qt::QueuedConnection);
-    });
+    runInPool<QByteArray>(context, [bytes, format] { return converted(bytes, format); }, std::move(done));
+}
+
+void checkImage(const QByteArray& bytes, QObject* context, std::function<void(bool)> done) {
+    runInPool<bool>(context, [bytes] { return decodes(bytes); }, std::move(done));
 }
 
 } // namespace zamber::freedesktop::selection

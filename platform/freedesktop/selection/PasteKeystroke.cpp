@@ -53,10 +53,14 @@ constexpr std::array TABLE{
     Row{"mlterm", PasteKeystroke::ShiftInsert},
     Row{"rxvt", PasteKeystroke::ShiftInsert},
     Row{"urxvt", PasteKeystroke::ShiftInsert},
+    Row{"pterm", PasteKeystroke::ShiftInsert},
     Row{"uxterm", PasteKeystroke::ShiftInsert},
     Row{"xterm", PasteKeystroke::ShiftInsert},
-    // Ctrl+V scrolls there.
+    // Editors in which Ctrl+V scrolls, or marks a column.
     Row{"emacs", PasteKeystroke::ShiftInsert},
+    Row{"emacs-gtk", PasteKeystroke::ShiftInsert},
+    Row{"emacs-lucid", PasteKeystroke::ShiftInsert},
+    Row{"gvim", PasteKeystroke::ShiftInsert},
 };
 
 } // namespace

@@ -10,7 +10,7 @@ namespace zamber::freedesktop::selection {
 enum class PasteKeystroke {
     ControlV,
     ControlShiftV, ///< terminals, where Ctrl+V is a character
-    ShiftInsert,   ///< old terminals, which paste the PRIMARY selection by it
+    ShiftInsert,   ///< old terminals and editors, most of which paste the PRIMARY selection by it
 };
 
 /// By the class of the program's window, in any letter case.

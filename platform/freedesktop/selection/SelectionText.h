@@ -9,10 +9,6 @@ namespace zamber::freedesktop::selection {
 /// Texts as selections carry them. Ours are valid UTF-8; X has Latin-1 under the name STRING, and whatever a
 /// program put under a UTF-8 name.
 
-/// The bytes unchanged (and not copied) when they are valid UTF-8; otherwise with each maximal broken sequence
-/// replaced by U+FFFD.
-QByteArray repairedUtf8(const QByteArray& bytes);
-
 /// ISO 8859-1 to UTF-8.
 QByteArray utf8FromLatin1(const QByteArray& bytes);
 

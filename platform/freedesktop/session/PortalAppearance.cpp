@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/session/PortalAppearance.h"
 
+#include "platform/freedesktop/session/BusSignals.h"
+
 #include <QApplication>
 #include <QDBusArgument>
 #include <QDBusMessage>
@@ -71,13 +73,14 @@ QVariant withoutWrapping(QVariant value) {
 } // namespace
 
 PortalAppearance::PortalAppearance(const QDBusConnection& bus)
-    : m_bus(bus) {
+    : m_bus(bus)
+    , m_told(answers()) {
     QCoreApplication::instance()->installEventFilter(this);
     if (!m_bus.isConnected()) {
         return;
     }
-    m_bus.connect(SERVICE, PATH, INTERFACE, u"SettingChanged"_s, this,
-                  SLOT(settingChanged(QString, QString, QDBusVariant)));
+    subscribe(m_bus, {.service = SERVICE, .path = PATH, .interface = INTERFACE, .name = u"SettingChanged"_s}, this,
+              SLOT(settingChanged(QDBusMessage)));
     for (const QString& key : {COLOR_SCHEME, ACCENT_COLOR, REDUCED_MOTION}) {
         ask(APPEARANCE_GROUP, key);
     }
@@ -102,22 +105,35 @@ void PortalAppearance::addChangedHandler(std::function<void()> handler) {
     m_changed.push_back(std::move(handler));
 }
 
-void PortalAppearance::tellOfChange() const {
+PortalAppearance::Answers PortalAppearance::answers() const {
+    return {.isDark = isDark(), .accentColor = accentColor(), .reducedMotion = reducedMotion()};
+}
+
+void PortalAppearance::tellIfChanged() {
+    const Answers now = answers();
+    if (now == m_told) {
+        return;
+    }
+    // First of all: a handler that sets a palette brings us here again.
+    m_told = now;
     for (const auto& changed : m_changed) {
         changed();
     }
 }
 
 bool PortalAppearance::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::ApplicationPaletteChange && watched == QCoreApplication::instance() &&
-        !m_portalIsDark) {
-        tellOfChange();
+    if (event->type() == QEvent::ApplicationPaletteChange && watched == QCoreApplication::instance()) {
+        tellIfChanged();
     }
     return false;
 }
 
-void PortalAppearance::settingChanged(const QString& group, const QString& key, const QDBusVariant& value) {
-    take(group, key, value.variant());
+void PortalAppearance::settingChanged(const QDBusMessage& message) {
+    if (message.signature() != u"ssv"_s) {
+        return;
+    }
+    const QVariantList arguments = message.arguments();
+    take(arguments.at(0).toString(), arguments.at(1).toString(), arguments.at(2));
 }
 
 void PortalAppearance::ask(const QString& group, const QString& key) {
@@ -135,7 +151,6 @@ void PortalAppearance::ask(const QString& group, const QString& key) {
 
 void PortalAppearance::take(const QString& group, const QString& key, const QVariant& wrapped) {
     const QVariant value = withoutWrapping(wrapped);
-    const auto before = std::tuple(isDark(), accentColor(), reducedMotion());
     if (group == APPEARANCE_GROUP && key == COLOR_SCHEME) {
         m_portalIsDark = darkness(value);
     } else if (group == APPEARANCE_GROUP && key == ACCENT_COLOR) {
@@ -145,9 +160,7 @@ void PortalAppearance::take(const QString& group, const QString& key, const QVar
     } else if (group == INTERFACE_GROUP && key == ENABLE_ANIMATIONS) {
         m_desktopAnimates = value.toBool();
     }
-    if (before != std::tuple(isDark(), accentColor(), reducedMotion())) {
-        tellOfChange();
-    }
+    tellIfChanged();
 }
 
 } // namespace zamber::freedesktop::session

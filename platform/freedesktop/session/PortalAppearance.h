@@ -10,12 +10,13 @@
 #include <optional>
 #include <vector>
 
-class QDBusVariant;
+class QDBusMessage;
 
 namespace zamber::freedesktop::session {
 
-/// What the settings portal says; until it has answered, and where there is none, the desktop's colours decide.
-/// Never waits for the portal: its answers come as changes.
+/// What the settings portal says; until it has answered, and where it has no preference, the desktop's colours decide.
+/// Never waits for the portal: its answers come as changes. Handlers are called only when one of the three answers is
+/// another one than before, so that a handler may set palettes, for which Qt sends the very events of a new theme.
 class PortalAppearance final : public QObject, public Appearance {
     Q_OBJECT
 
@@ -32,11 +33,19 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private slots:
-    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+    void settingChanged(const QDBusMessage& message);
 
 private:
+    struct Answers {
+        bool isDark;
+        QColor accentColor;
+        bool reducedMotion;
+        bool operator==(const Answers&) const = default;
+    };
+
     void ask(const QString& group, const QString& key);
-    void tellOfChange() const;
+    Answers answers() const;
+    void tellIfChanged();
     void take(const QString& group, const QString& key, const QVariant& wrapped);
 
     QDBusConnection m_bus;
@@ -45,6 +54,7 @@ private:
     std::optional<bool> m_portalReducesMotion;
     std::optional<bool> m_desktopAnimates;
     std::vector<std::function<void()>> m_changed;
+    Answers m_told; // what the handlers know
 };
 
 } // namespace zamber::freedesktop::session

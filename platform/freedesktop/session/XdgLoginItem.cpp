@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/session/XdgLoginItem.h"
 
-#include "platform/freedesktop/session/AutostartEntry.h"
+#include "platform/freedesktop/session/DesktopEntry.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,54 +25,53 @@ constexpr QLatin1StringView ENABLED_KEYS[] = {
     "X-MATE-Autostart-enabled"_L1,
 };
 
-bool isSwitchedOff(const QMap<QString, QString>& keys) {
-    return std::ranges::any_of(ENABLED_KEYS, [&](QLatin1StringView key) {
-        const QString value = keys.value(key);
-        return !value.isEmpty() && !isTrue(value);
-    });
+bool isSwitchedOff(const DesktopEntry& entry) {
+    return std::ranges::any_of(ENABLED_KEYS, [&](QLatin1StringView key) { return !entry.boolean(key, true); });
 }
 
-bool canStart(const QMap<QString, QString>& keys) {
-    const QString program = textOfStringValue(keys.value(u"TryExec"_s));
-    if (program.isEmpty()) {
-        return !keys.value(u"Exec"_s).isEmpty();
-    }
-    return QDir::isAbsolutePath(program) ? QFileInfo(program).isExecutable()
+bool isExecutable(const QString& program) {
+    return QDir::isAbsolutePath(program) ? QFileInfo(program).isFile() && QFileInfo(program).isExecutable()
                                          : !QStandardPaths::findExecutable(program).isEmpty();
+}
+
+bool canStart(const DesktopEntry& entry) {
+    const QString condition = entry.string(u"TryExec"_s);
+    const QString program = entry.program();
+    return (condition.isEmpty() || isExecutable(condition)) && !program.isEmpty() && isExecutable(program);
 }
 
 } // namespace
 
-XdgLoginItem::Surroundings XdgLoginItem::defaultSurroundings() {
-    Surroundings surroundings;
+XdgLoginItem::SessionEnvironment XdgLoginItem::sessionEnvironment() {
+    SessionEnvironment environment;
     const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation);
     for (const QString& folder : folders) {
-        (folder == folders.first() ? surroundings.userFolder : surroundings.systemFolders.emplaceBack()) =
+        (folder == folders.first() ? environment.userFolder : environment.systemFolders.emplaceBack()) =
             folder + u"/autostart"_s;
     }
-    surroundings.currentDesktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':', Qt::SkipEmptyParts);
-    return surroundings;
+    environment.currentDesktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':', Qt::SkipEmptyParts);
+    return environment;
 }
 
-XdgLoginItem::XdgLoginItem(Surroundings surroundings, const QString& applicationId, QString executable)
-    : m_surroundings(std::move(surroundings))
+XdgLoginItem::XdgLoginItem(SessionEnvironment environment, const QString& applicationId, QString executable)
+    : m_environment(std::move(environment))
     , m_fileName(applicationId + u".desktop"_s)
     , m_executable(std::move(executable)) {}
 
 QString XdgLoginItem::userFile() const {
-    return m_surroundings.userFolder + u'/' + m_fileName;
+    return m_environment.userFolder + u'/' + m_fileName;
 }
 
 LoginItemStatus XdgLoginItem::status() const {
-    const std::optional<Keys> keys = keysInEffect();
+    const std::optional<DesktopEntry> entry = entryInEffect();
     // A hidden entry is one that was removed where it could not be deleted.
-    if (!keys || isTrue(keys->value(u"Hidden"_s))) {
+    if (!entry || entry->boolean(u"Hidden"_s)) {
         return LoginItemStatus::NotRegistered;
     }
-    if (isSwitchedOff(*keys) || !isForThisDesktop(*keys)) {
+    if (isSwitchedOff(*entry) || !isForThisDesktop(*entry)) {
         return LoginItemStatus::RequiresApproval;
     }
-    return canStart(*keys) ? LoginItemStatus::Enabled : LoginItemStatus::NotFound;
+    return canStart(*entry) ? LoginItemStatus::Enabled : LoginItemStatus::NotFound;
 }
 
 std::expected<void, QString> XdgLoginItem::registerItem() {
@@ -89,7 +88,7 @@ std::expected<void, QString> XdgLoginItem::registerItem() {
                           "X-GNOME-Autostart-enabled=true\n"_s;
     // GLib looks for a program before it reads the percent signs, and does not find one with such a path.
     const QString launcher = m_executable.contains(u'%') ? u"env "_s : QString();
-    return write(entry.arg(launcher + execValueOf(m_executable), stringValueOf(m_executable)).toUtf8());
+    return write(entry.arg(launcher + execValue(m_executable), stringValue(m_executable)).toUtf8());
 }
 
 std::expected<void, QString> XdgLoginItem::unregisterItem() {
@@ -107,32 +106,32 @@ std::expected<void, QString> XdgLoginItem::unregisterItem() {
     return {};
 }
 
-std::optional<XdgLoginItem::Keys> XdgLoginItem::keysInEffect() const {
-    for (const QString& folder : QStringList{m_surroundings.userFolder} + m_surroundings.systemFolders) {
-        QFile file(folder + u'/' + m_fileName);
-        if (QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly)) {
-            return keysOfDesktopEntry(file.readAll());
+std::optional<DesktopEntry> XdgLoginItem::entryInEffect() const {
+    for (const QString& folder : QStringList{m_environment.userFolder} + m_environment.systemFolders) {
+        const QString path = folder + u'/' + m_fileName;
+        if (QFileInfo(path).isFile()) {
+            return DesktopEntry::readFile(path);
         }
     }
     return std::nullopt;
 }
 
 bool XdgLoginItem::hasSystemEntry() const {
-    return std::ranges::any_of(m_surroundings.systemFolders,
+    return std::ranges::any_of(m_environment.systemFolders,
                                [this](const QString& folder) { return QFile::exists(folder + u'/' + m_fileName); });
 }
 
-bool XdgLoginItem::isForThisDesktop(const Keys& keys) const {
+bool XdgLoginItem::isForThisDesktop(const DesktopEntry& entry) const {
     const auto names = [&](const QString& key) {
-        const QStringList listed = keys.value(key).split(u';', Qt::SkipEmptyParts);
-        return std::ranges::any_of(m_surroundings.currentDesktop,
+        const QStringList listed = entry.strings(key);
+        return std::ranges::any_of(m_environment.currentDesktop,
                                    [&](const QString& desktop) { return listed.contains(desktop); });
     };
-    return (!keys.contains(u"OnlyShowIn"_s) || names(u"OnlyShowIn"_s)) && !names(u"NotShowIn"_s);
+    return (!entry.contains(u"OnlyShowIn"_s) || names(u"OnlyShowIn"_s)) && !names(u"NotShowIn"_s);
 }
 
 std::expected<void, QString> XdgLoginItem::write(const QByteArray& entry) const {
-    QDir().mkpath(m_surroundings.userFolder);
+    QDir().mkpath(m_environment.userFolder);
     QSaveFile file(userFile());
     if (!file.open(QIODevice::WriteOnly) || file.write(entry) != entry.size() || !file.commit()) {
         return std::unexpected(file.errorString());

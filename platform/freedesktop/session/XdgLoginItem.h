@@ -3,8 +3,8 @@
 #pragma once
 
 #include "platform/LoginItem.h"
+#include "platform/freedesktop/session/DesktopEntry.h"
 
-#include <QMap>
 #include <QStringList>
 
 #include <optional>
@@ -15,17 +15,17 @@ namespace zamber::freedesktop::session {
 /// the user's autostart folder, before which those of the system's folders are of no account.
 class XdgLoginItem final : public LoginItem {
 public:
-    /// Where entries lie and which desktop reads them.
-    struct Surroundings {
+    /// What the session's environment variables say of where entries lie and which desktop reads them.
+    struct SessionEnvironment {
         QString userFolder;         ///< $XDG_CONFIG_HOME/autostart
         QStringList systemFolders;  ///< the same of $XDG_CONFIG_DIRS, the most important one first
         QStringList currentDesktop; ///< $XDG_CURRENT_DESKTOP
     };
 
-    static Surroundings defaultSurroundings();
+    static SessionEnvironment sessionEnvironment();
 
     /// `executable` is the absolute path of the program that is running.
-    XdgLoginItem(Surroundings surroundings, const QString& applicationId, QString executable);
+    XdgLoginItem(SessionEnvironment environment, const QString& applicationId, QString executable);
 
     LoginItemStatus status() const override;
     std::expected<void, QString> registerItem() override;
@@ -34,14 +34,12 @@ public:
     QString userFile() const;
 
 private:
-    using Keys = QMap<QString, QString>;
-
-    std::optional<Keys> keysInEffect() const;
+    std::optional<DesktopEntry> entryInEffect() const;
     bool hasSystemEntry() const;
-    bool isForThisDesktop(const Keys& keys) const;
+    bool isForThisDesktop(const DesktopEntry& entry) const;
     std::expected<void, QString> write(const QByteArray& entry) const;
 
-    Surroundings m_surroundings;
+    SessionEnvironment m_environment;
     QString m_fileName;
     QString m_executable;
 };

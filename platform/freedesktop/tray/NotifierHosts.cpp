@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/tray/NotifierHosts.h"
 
+#include "platform/freedesktop/session/BusSignals.h"
+
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -32,7 +34,8 @@ NotifierHosts::NotifierHosts(const QDBusConnection& bus)
                 }
             });
     for (const QString& change : {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s}) {
-        m_bus.connect(SERVICE, PATH, INTERFACE, change, this, SLOT(ask()));
+        session::subscribe(m_bus, {.service = SERVICE, .path = PATH, .interface = INTERFACE, .name = change}, this,
+                           SLOT(ask()));
     }
 }
 

@@ -51,7 +51,7 @@ struct MacApplicationRig {
 
     Application& application() { return real; }
     void respondTo(const QString& name, const std::function<void()>& responder) { respondToAction(name, responder); }
-    void observe(const QString& name, const std::function<void()>& observer) {
+    void observe(const QString& name, std::function<void()> observer) {
         observers.push_back([NSNotificationCenter.defaultCenter addObserverForName:name.toNSString()
                                                                             object:nil
                                                                              queue:nil

@@ -29,7 +29,10 @@ struct AnchoredPopover final : PopoverHost {
         window.releasedWhenClosed = NO;
         [window orderFront:nil];
     }
-    ~AnchoredPopover() override { [window close]; }
+    ~AnchoredPopover() override {
+        [NSNotificationCenter.defaultCenter removeObserver:observer];
+        [window close];
+    }
 
     void setContent(ContentMaker makeContent) override { real.setContent(std::move(makeContent)); }
     void setContentSize(QSize points) override {
@@ -44,10 +47,28 @@ struct AnchoredPopover final : PopoverHost {
         letPass();
     }
     void performClose() override {
-        real.performClose();
-        waitUntil([this] { return !real.isShown(); });
+        closedBy([this] { real.performClose(); });
     }
     bool isShown() const override { return real.isShown(); }
+
+    /// It says that it is closed while its window still fades; when that is over there is a notification.
+    void closedBy(const std::function<void()>& close) {
+        const bool wasShown = real.isShown();
+        const int before = closings;
+        close();
+        if (wasShown) {
+            EXPECT_TRUE(waitUntil([this, before] { return closings > before; }));
+        }
+    }
+
+private:
+    int closings = 0;
+    id observer = [NSNotificationCenter.defaultCenter addObserverForName:NSPopoverDidCloseNotification
+                                                                  object:nil
+                                                                   queue:nil
+                                                              usingBlock:^(NSNotification*) {
+                                                                ++closings;
+                                                              }];
 };
 
 struct MacPopoverRig {
@@ -64,8 +85,7 @@ struct MacPopoverRig {
 
     /// A press belongs to the user. To a transient popover it comes to the same when the application is hidden.
     void pressOutside() {
-        [NSApp hide:nil];
-        waitUntil([this] { return !popover.isShown(); });
+        popover.closedBy([] { [NSApp hide:nil]; });
         [NSApp unhideWithoutActivation];
     }
 };

@@ -105,7 +105,9 @@ private:
 struct X11WorkspaceRig : X11Rig {
     AddressCatcher catcher;
     x11::Windows windows{*connection};
-    x11::X11Workspace adapter{*connection, windows, freedesktop::session::applicationNameOfClass};
+    x11::X11Workspace adapter{*connection, windows, [](const QString& windowClass) {
+                                  return freedesktop::session::ApplicationNames().ofWindowClass(windowClass);
+                              }};
     std::vector<xcb_window_t> opened;
 
     Workspace& workspace() { return adapter; }
@@ -121,7 +123,7 @@ struct X11WorkspaceRig : X11Rig {
 
 struct X11HotKeyCenterRig : X11Rig {
     x11::Keyboard keyboard{*connection};
-    x11::X11HotKeyCenter adapter{*connection, keyboard};
+    x11::X11HotKeyCenter adapter{*connection, keyboard, [] {}};
 
     HotKeyCenter& center() { return adapter; }
     void press(PhysicalKey key) { partner.pressKey(keyCodeOf(key), {SUPER_KEY, SHIFT_KEY}); }
@@ -140,8 +142,11 @@ struct X11KeystrokePosterRig : X11Rig {
     x11::X11Pasteboard pasteboard{*connection};
     x11::Keyboard keyboard{*connection};
     x11::Windows windows{*connection};
-    x11::X11Workspace workspace{*connection, windows, freedesktop::session::applicationNameOfClass};
-    x11::X11KeystrokePoster adapter{*connection, keyboard, windows, workspace, pasteboard};
+    x11::X11Workspace workspace{*connection, windows, [](const QString& windowClass) {
+                                    return freedesktop::session::ApplicationNames().ofWindowClass(windowClass);
+                                }};
+    x11::X11HotKeyCenter hotKeys{*connection, keyboard, [] {}};
+    x11::X11KeystrokePoster adapter{*connection, keyboard, windows, hotKeys, workspace, pasteboard};
     std::map<std::uint64_t, xcb_window_t> opened;
 
     KeystrokePoster& poster() { return adapter; }
@@ -153,14 +158,16 @@ struct X11KeystrokePosterRig : X11Rig {
         return *application;
     }
     void closeApplication(const RunningApplication& application) { partner.closeWindow(opened[application.handle]); }
-    void writeClipboard() {
+    int writeClipboard() {
         pasteboard.clearContents();
         pasteboard.setString("ours");
+        return pasteboard.changeCount();
     }
     void copyElsewhere() {
-        EXPECT_TRUE(waitUntil([this] { return pasteboard.ownsClipboard(); }));
+        const int written = pasteboard.changeCount();
+        EXPECT_TRUE(waitUntil([&] { return pasteboard.standingOf(written) == x11::X11Pasteboard::Standing::Offered; }));
         partner.copy({{"UTF8_STRING", "theirs"}});
-        EXPECT_TRUE(waitUntil([this] { return !pasteboard.ownsClipboard(); }));
+        EXPECT_TRUE(waitUntil([&] { return pasteboard.standingOf(written) == x11::X11Pasteboard::Standing::Lost; }));
     }
     int pastesReceived(const RunningApplication& application) {
         return partner.pastesReceived(opened[application.handle]);
@@ -174,7 +181,7 @@ struct X11AccessibilityTrustRig : X11Rig {
     bool canPost() {
         // A hot key of ours is pressed by the adapter's own means: it comes if the server lets key events through.
         x11::Keyboard keyboard{*connection};
-        x11::X11HotKeyCenter center{*connection, keyboard};
+        x11::X11HotKeyCenter center{*connection, keyboard, [] {}};
         bool isPressed = false;
         center.setPressedHandler([&isPressed](std::uint32_t) { isPressed = true; });
         EXPECT_TRUE(center.registerHotKey(PhysicalKey::Digit3, {}, {1, 1}));
@@ -197,7 +204,7 @@ struct QtApplicationRig {
         constexpr int GIVEN_UP = 99;
         QTimer bound;
         bound.setSingleShot(true);
-        bound.callOnTimeout([] { QCoreApplication::exit(GIVEN_UP); });
+        bound.callOnTimeout(&bound, [] { QCoreApplication::exit(GIVEN_UP); });
         bound.start(3000);
         QTimer::singleShot(0, qApp, first);
         return QCoreApplication::exec() != GIVEN_UP;
@@ -238,6 +245,56 @@ struct TrayIconRig : X11Rig {
 };
 
 } // namespace
+
+using Standing = x11::X11Pasteboard::Standing;
+
+TEST(X11KeystrokePoster, AnotherOwnerOfWhatWeHaveWrittenIsAsGoodAsOurselves) {
+    X11KeystrokePosterRig rig;
+    const RunningApplication editor = rig.openApplication();
+    const int written = rig.writeClipboard();
+    ASSERT_TRUE(rig.waitUntil([&] { return rig.pasteboard.standingOf(written) == Standing::Offered; }));
+    rig.partner.copy({{"UTF8_STRING", "ours"}});
+    std::optional<PasteOutcome> outcome;
+    rig.poster().postPaste({.changeCount = written, .target = editor}, [&](PasteOutcome told) { outcome = told; });
+    ASSERT_TRUE(rig.waitUntil([&] { return outcome.has_value(); }));
+    EXPECT_EQ(outcome, PasteOutcome::Posted);
+    EXPECT_EQ(rig.pasteboard.changeCount(), written);
+}
+
+TEST(X11Pasteboard, AnEarlierWriteIsOfferedAgainAndTheLastInTheEnd) {
+    X11PasteboardRig rig;
+    const auto write = [&](const QByteArray& text) {
+        rig.adapter.clearContents();
+        rig.adapter.setString(text);
+        return rig.adapter.changeCount();
+    };
+    const int first = write("first");
+    const int second = write("second");
+    EXPECT_EQ(rig.pastedText(), "second");
+    rig.adapter.holdWrites();
+    rig.adapter.offer(first);
+    EXPECT_EQ(rig.pastedText(), "first");
+    EXPECT_EQ(rig.adapter.standingOf(first), Standing::Offered);
+    EXPECT_EQ(rig.adapter.standingOf(second), Standing::Pending);
+    EXPECT_EQ(rig.adapter.string(), "second") << "the program sees its last write";
+    write("third");
+    EXPECT_EQ(rig.pastedText(), "first");
+    rig.adapter.showWrites();
+    EXPECT_EQ(rig.pastedText(), "third");
+}
+
+TEST(X11Pasteboard, ACopyOfAnotherProgramMakesEarlierWritesLost) {
+    X11PasteboardRig rig;
+    rig.adapter.setString("ours");
+    const int written = rig.adapter.changeCount();
+    rig.settle();
+    rig.copyText("theirs");
+    ASSERT_TRUE(rig.waitUntil([&] { return rig.adapter.standingOf(written) == Standing::Lost; }));
+    rig.adapter.offer(written);
+    rig.settle();
+    EXPECT_EQ(rig.adapter.string(), "theirs");
+    EXPECT_EQ(rig.pastedText(), "theirs");
+}
 
 INSTANTIATE_TYPED_TEST_SUITE_P(X11, PasteboardContract, X11PasteboardRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(X11, WorkspaceContract, X11WorkspaceRig);

@@ -5,10 +5,10 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
-#include <xcb/xcb_icccm.h>
 #include <xcb/xtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -70,9 +70,11 @@ xcb_window_t X11Partner::openWindow(const char* windowClass) {
     const auto pid = static_cast<std::uint32_t>(PARTNER_PID);
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, atom("_NET_WM_PID"), XCB_ATOM_CARDINAL, 32, 1,
                         &pid);
-    xcb_icccm_wm_hints_t hints{};
-    xcb_icccm_wm_hints_set_input(&hints, 1);
-    xcb_icccm_set_wm_hints(m_connection, window, &hints);
+    // WM_HINTS (ICCCM, section 4.1.2.4): it takes the keyboard focus.
+    constexpr std::uint32_t INPUT_HINT = 1;
+    const std::array<std::uint32_t, 9> hints{INPUT_HINT, 1};
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, 32,
+                        static_cast<std::uint32_t>(hints.size()), hints.data());
     xcb_map_window(m_connection, window);
     waitUntil([&] { return activeWindow() == window; });
     return window;

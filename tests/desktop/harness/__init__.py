@@ -22,16 +22,18 @@ from .clipboard import PARTNERS, Clipboard, SelectionOwner
 from .desktop import PrivateDesktop
 from .keyboard import ALT, CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER
 from .notifier import NotifierHost
-from .partners import Browser, Editor, LineEdit, Mousepad, Partner, Terminal
+from .partners import Browser, Editor, Gvim, LineEdit, Mousepad, Partner, Terminal
+from .portal import GtkPortal, SettingsPortal, XSettings
 from .processes import Child
 from .recorder import KeyEvent, Recorder
-from .screen import convert, pixels, png_bytes
+from .screen import convert, mean_color, pixels, png_bytes
 from .waiting import WaitTimeout, holds_for, wait_until
 from .windows import Window
 from .zamber import Zamber, default_binary
 
 __all__ = [
-    "ALT", "Browser", "CONTROL", "Child", "Clipboard", "Editor", "KEY_CODES", "KeyEvent", "LOCK", "LineEdit", "Mousepad",
-    "NUM", "NotifierHost", "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT", "SUPER", "SelectionOwner",
-    "Terminal", "WaitTimeout", "Window", "Zamber", "convert", "default_binary", "holds_for", "pixels", "png_bytes", "wait_until",
+    "ALT", "Browser", "CONTROL", "Child", "Clipboard", "Editor", "GtkPortal", "Gvim", "KEY_CODES", "KeyEvent", "LOCK",
+    "LineEdit", "Mousepad", "NUM", "NotifierHost", "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT", "SUPER",
+    "SelectionOwner", "SettingsPortal", "Terminal", "WaitTimeout", "Window", "XSettings", "Zamber", "convert",
+    "default_binary", "holds_for", "mean_color", "pixels", "png_bytes", "wait_until",
 ]

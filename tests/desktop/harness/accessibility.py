@@ -44,6 +44,7 @@ class Node:
 class Accessibility:
     def __init__(self, desktop):
         self._desktop = desktop
+        self._errors = desktop.directory / "accessibility-helper.txt"
         self._child = None
 
     def tree(self, pid):
@@ -57,16 +58,17 @@ class Accessibility:
 
     def _ask(self, question):
         if self._child is None or self._child.poll() is not None:
-            self._child = subprocess.Popen(
-                ["/usr/bin/setpriv", "--pdeathsig", "KILL", "--", "/usr/bin/python3", __file__],
-                env=self._desktop.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                stderr=subprocess.DEVNULL, start_new_session=True,
-            )
+            with self._errors.open("wb") as errors:
+                self._child = subprocess.Popen(
+                    ["/usr/bin/setpriv", "--pdeathsig", "KILL", "--", "/usr/bin/python3", __file__],
+                    env=self._desktop.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=errors,
+                    start_new_session=True,
+                )
         self._child.stdin.write(json.dumps(question).encode() + b"\n")
         self._child.stdin.flush()
         answer = self._child.stdout.readline()
         if not answer:
-            raise RuntimeError("the accessibility helper has ended")
+            raise RuntimeError(f"the accessibility helper has ended: {self._errors.read_text(errors='replace')}")
         return json.loads(answer)
 
     def stop(self):
@@ -103,10 +105,12 @@ def _serve():
                 continue
         return None
 
+    # An interface's methods are called by the interface's name: from at-spi2 2.56 on, what the getters give is the
+    # node itself, whose own deprecated methods have the same names.
     def describe(node, path):
         states = [state.value_nick for state in node.get_state_set().get_states()]
         component = node.get_component_iface()
-        extents = component.get_extents(Atspi.CoordType.SCREEN) if component else None
+        extents = Atspi.Component.get_extents(component, Atspi.CoordType.SCREEN) if component else None
         text = node.get_text_iface()
         children = []
         for index in range(node.get_child_count()):
@@ -116,7 +120,8 @@ def _serve():
         return {
             "path": path, "role": node.get_role_name(), "name": node.get_name() or "", "states": states,
             "extents": [extents.x, extents.y, extents.width, extents.height] if extents else [0, 0, 0, 0],
-            "text": text.get_text(0, text.get_character_count()) if text else "", "children": children,
+            "text": Atspi.Text.get_text(text, 0, Atspi.Text.get_character_count(text)) if text else "",
+            "children": children,
         }
 
     def answer(question):
@@ -131,9 +136,9 @@ def _serve():
         for index in question["path"]:
             node = node.get_child_at_index(index)
         actions = node.get_action_iface()
-        for index in range(actions.get_n_actions() if actions else 0):
-            if actions.get_action_name(index) == question["act"]:
-                return {"done": bool(actions.do_action(index))}
+        for index in range(Atspi.Action.get_n_actions(actions) if actions else 0):
+            if Atspi.Action.get_action_name(actions, index) == question["act"]:
+                return {"done": bool(Atspi.Action.do_action(actions, index))}
         return {"done": False}
 
     context = GLib.MainContext.default()

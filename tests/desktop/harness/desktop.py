@@ -260,7 +260,7 @@ class PrivateDesktop:
         configuration = self.directory / "tint2rc"
         configuration.write_text(TRAY_CONFIGURATION)
         self.tray_host = self.start("tint2", ["tint2", "-c", configuration])
-        wait_until(lambda: self._selection_owner("_NET_SYSTEM_TRAY_S0"), START_SECONDS,
+        wait_until(lambda: self.selection_owner("_NET_SYSTEM_TRAY_S0"), START_SECONDS,
                    lambda: f"the tray: {self.tray_host.stderr()}")
 
     def start_compositor(self):
@@ -268,12 +268,8 @@ class PrivateDesktop:
         if self.compositor == "none":
             return
         compositor = self.compositor_process = self.start("picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
-        wait_until(lambda: self._selection_owner("_NET_WM_CM_S0"), START_SECONDS,
+        wait_until(lambda: self.selection_owner("_NET_WM_CM_S0"), START_SECONDS,
                    lambda: f"the compositor: {compositor.stderr()}")
-
-    def _selection_owner(self, name):
-        owner = self.display.get_selection_owner(self.display.intern_atom(name))
-        return getattr(owner, "id", owner)
 
     # Programs inside
 
@@ -294,13 +290,20 @@ class PrivateDesktop:
             raise RuntimeError(f"{command[0]} ended with {answer.returncode}: {answer.stderr.decode()}")
         return answer.stdout.decode()
 
+    def selection_owner(self, name):
+        """The window that owns the selection, or 0."""
+        owner = self.display.get_selection_owner(self.display.intern_atom(name))
+        return getattr(owner, "id", owner)
+
     def bus_name_has_owner(self, name):
         return "true" in self.run(["gdbus", "call", "--session", "-d", "org.freedesktop.DBus", "-o", "/", "-m",
                                    "org.freedesktop.DBus.NameHasOwner", name])
 
     def set_layout(self, layouts, group=0):
-        """Keyboard layouts as setxkbmap names them, "us,ru" for two, and which of them is active."""
-        self.run(["setxkbmap", "-layout", layouts])
+        """Keyboard layouts as their files name them, "us,ru" for two, "us(dvorak)" for a variant, and which is active."""
+        names = [layout.rstrip(")").partition("(") for layout in layouts.split(",")]
+        self.run(["setxkbmap", "-layout", ",".join(layout for layout, _, _ in names),
+                  "-variant", ",".join(variant for _, _, variant in names)])
         self.keyboard.set_group(group)
         wait_until(lambda: self.keyboard.state().group == group, what=f"layout group {group}")
 

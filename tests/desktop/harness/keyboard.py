@@ -2,6 +2,8 @@
 # SPDX-License-Identifier: MIT
 """A keyboard and a mouse made of XTEST events, which is what a user's hands look like to every program."""
 
+import time
+
 from Xlib import XK, X
 from Xlib.ext import xtest
 
@@ -52,6 +54,14 @@ class Keyboard:
         """All keys but the last are held while the last is tapped: chord("Control_L", "v")."""
         self.press(*keys)
         self.release(*reversed(keys))
+
+    def play(self, *steps):
+        """Keys at their times, as hands move them: play((0.0, "+Super_L"), (0.08, "+2"), (0.3, "-Super_L"), …), each
+        with the seconds since the call."""
+        start = time.monotonic()
+        for due, step in steps:
+            time.sleep(max(0.0, start + due - time.monotonic()))
+            (self.press if step[0] == "+" else self.release)(step[1:])
 
     def type_text(self, text):
         """Types on the first layout; every character must be on it with at most Shift."""

@@ -84,6 +84,24 @@ class Mousepad(Partner):
         wait_until(saved, timeout, lambda: f"{expected!r}; mousepad saved {self.path.read_text()!r}")
 
 
+class Gvim(Partner):
+    """A real editor in which Ctrl+V marks columns; it is typing text in when it is ready."""
+
+    def __init__(self, desktop):
+        self.path = desktop.home / f"gvim-{next(_numbers)}.txt"
+        self.path.touch()
+        super().__init__(desktop, "gvim", ["gvim", "-f", "-n", "-c", "startinsert", self.path])
+
+    def wait_for_saved_text(self, expected, timeout=6.0):
+        def saved():
+            self._desktop.keyboard.tap("Escape")
+            self._desktop.keyboard.type_text(":w\n")
+            return self.path.read_text() == expected
+
+        self._desktop.wait_until_active(self.window)
+        wait_until(saved, timeout, lambda: f"{expected!r}; gvim saved {self.path.read_text()!r}")
+
+
 class TextField(Partner):
     """A single text field of somebody else's making, in a window of its own."""
 

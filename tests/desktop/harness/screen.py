@@ -6,6 +6,8 @@ import struct
 import subprocess
 import zlib
 
+from Xlib import X
+
 TOOL_SECONDS = 20.0
 
 
@@ -16,6 +18,13 @@ def screenshot(desktop, path):
         capture_output=True, timeout=TOOL_SECONDS, check=True,
     )
     return path
+
+
+def mean_color(desktop, x, y, width, height):
+    """Red, green and blue, each from 0 to 255, of what a user sees in that rectangle of the screen, mixed."""
+    data = desktop.display.screen().root.get_image(x, y, width, height, X.ZPixmap, 0xFFFFFFFF).data
+    count = width * height
+    return tuple(sum(data[channel::4]) / count for channel in (2, 1, 0))
 
 
 def png_bytes(width=24, height=16, *, seed=1, compression=6):

@@ -9,6 +9,9 @@
       for the target `stop_after` it stops as by Ctrl+Z
   {"release": true}, {"hand_over": true}, {"calm_down": true}
       gives the clipboard up; asks the clipboard manager to save it; insists no more
+  {"leave": SECONDS}
+      gives the clipboard up as some programs do that are about to end: destroys the window, clears the clipboard, and
+      ends so much later; null for never, and then it goes on with a new window
 
 An ANSWER has, all of them optional:
   hex      the data in hexadecimal       size     instead: so many bytes of digits
@@ -16,6 +19,8 @@ An ANSWER has, all of them optional:
   notify   the target that the answer is said to be for
   silent   no answer                     refuse   a refusal
   incr     piece by piece, of so many bytes
+  announce the size that is announced then, where that is a lie
+  pause    so many seconds before each piece
   pieces   then it stops                 endless  then it never stops
   exit     dies: at the "request", or after the first "piece"
   retake   takes the clipboard anew, offering this, after the first piece
@@ -55,7 +60,13 @@ def die_of(error, _request):
 
 connection = display.Display()
 connection.set_error_handler(die_of)
-window = connection.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent, event_mask=X.PropertyChangeMask)
+
+
+def create_window():
+    return connection.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent, event_mask=X.PropertyChangeMask)
+
+
+window = create_window()
 CLIPBOARD, TARGETS, TIMESTAMP, INCR, STAMP, MANAGER, SAVE = map(connection.intern_atom, (
     "CLIPBOARD", "TARGETS", "TIMESTAMP", "INCR", "ZAMBER_TEST_STAMP", "CLIPBOARD_MANAGER", "SAVE_TARGETS"))
 
@@ -65,6 +76,8 @@ insistence = 0
 stop_after = None
 transfers = {}
 tails = []  # (when, window of the partner)
+late_pieces = []  # (when, window of the partner, property)
+end = None  # when to end
 
 
 def server_time():
@@ -101,7 +114,10 @@ def handle(seen):
     if seen.type == X.SelectionRequest:
         answer_request(seen)
     elif seen.type == X.PropertyNotify and seen.state == X.PropertyDelete:
-        if (seen.window.id, seen.atom) in transfers:
+        transfer = transfers.get((seen.window.id, seen.atom))
+        if transfer and "pause" in transfer["answer"]:
+            late_pieces.append((time.monotonic() + transfer["answer"]["pause"], seen.window, seen.atom))
+        elif transfer:
             send_piece(seen.window, seen.atom)
     elif seen.type == X.SelectionClear:
         lose()
@@ -139,7 +155,7 @@ def answer_request(asked):
         data = data_of(answer)
         transfers[asked.requestor.id, where] = {"answer": answer, "data": data, "sent": 0, "pieces": 0,
                                                 "type": type_of(answer, asked.target)}
-        asked.requestor.change_property(where, INCR, 32, [len(data)])
+        asked.requestor.change_property(where, INCR, 32, [answer.get("announce", len(data))])
     else:
         asked.requestor.change_property(where, type_of(answer, asked.target), answer.get("format", 8), data_of(answer))
     asked.requestor.send_event(event.SelectionNotify(
@@ -193,6 +209,15 @@ def release():
     connection.sync()
 
 
+def leave(seconds):
+    global window, end
+    window.destroy()
+    release()
+    window = create_window()
+    connection.sync()
+    end = None if seconds is None else time.monotonic() + seconds
+
+
 def hand_over():
     window.convert_selection(MANAGER, SAVE, STAMP, since)
     connection.flush()
@@ -204,7 +229,12 @@ while True:
         handle(connection.next_event())
     while tails and tails[0][0] <= time.monotonic():
         stop_listening(tails.pop(0)[1])
-    ready, _, _ = select.select([connection.fileno(), sys.stdin.fileno()], [], [], 0.05 if tails else None)
+    while late_pieces and late_pieces[0][0] <= time.monotonic():
+        send_piece(*late_pieces.pop(0)[1:])
+    if end is not None and end <= time.monotonic():
+        break
+    is_waiting = tails or late_pieces or end is not None
+    ready, _, _ = select.select([connection.fileno(), sys.stdin.fileno()], [], [], 0.02 if is_waiting else None)
     if sys.stdin.fileno() not in ready:
         continue
     chunk = os.read(sys.stdin.fileno(), 65536)
@@ -222,4 +252,6 @@ while True:
             insistence = 0
         elif "hand_over" in order:
             hand_over()
+        elif "leave" in order:
+            leave(order["leave"])
         print("done", flush=True)

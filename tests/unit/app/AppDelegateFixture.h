@@ -11,8 +11,6 @@
 #include "tests/fakes/FakeAppBundle.h"
 #include "tests/fakes/FakeAppearance.h"
 #include "tests/fakes/FakeApplication.h"
-#include "tests/fakes/FakeBundleFiles.h"
-#include "tests/fakes/FakeDiskImageTool.h"
 #include "tests/fakes/FakeHotKeyCenter.h"
 #include "tests/fakes/FakeKeyMonitor.h"
 #include "tests/fakes/FakeKeystrokePoster.h"
@@ -39,31 +37,29 @@ class AppDelegateTest : public testing::Test {
 protected:
     AppDelegateTest() {
         UserDefaults::setStandard(&defaults);
-        update::UpdateManager::setShared(update::UpdateManager::create(scheduler, defaults, bundle, workspace));
-        delegate = std::make_shared<AppDelegate>(
-            Desktop{.application = application,
-                    .pasteboard = pasteboard,
-                    .workspace = workspace,
-                    .hotKeys = hotKeys,
-                    .keystrokes = keystrokes,
-                    .keyMonitor = keyMonitor,
-                    .trust = trust,
-                    .statusItem = statusItem,
-                    .popover = popover,
-                    .appearance = appearance,
-                    .symbols = symbols,
-                    .sounds = sounds,
-                    .loginItem = loginItem,
-                    .links = links,
-                    .bundle = bundle,
-                    .alert = alert,
-                    .files = files,
-                    .images = images,
-                    .userDefaults = defaults,
-                    .scheduler = scheduler},
-            folder.filePath(QStringLiteral("history.json")).toStdString(),
-            LaunchSteps{.startPeriodicChecks = [this] { journal.note("start periodic checks"); },
-                        .checkAndPromptMove = [this] { journal.note("check and prompt move"); }});
+        // Nobody answers there, and nobody outside of the machine is asked.
+        update::UpdateManager::setShared(update::UpdateManager::create(scheduler, defaults, bundle, workspace, {},
+                                                                       QStringLiteral("http://127.0.0.1:9")));
+        delegate = std::make_shared<AppDelegate>(Desktop{.application = application,
+                                                         .pasteboard = pasteboard,
+                                                         .workspace = workspace,
+                                                         .hotKeys = hotKeys,
+                                                         .keystrokes = keystrokes,
+                                                         .keyMonitor = keyMonitor,
+                                                         .trust = trust,
+                                                         .statusItem = statusItem,
+                                                         .popover = popover,
+                                                         .appearance = appearance,
+                                                         .symbols = symbols,
+                                                         .sounds = sounds,
+                                                         .loginItem = loginItem,
+                                                         .links = links,
+                                                         .bundle = bundle,
+                                                         .alert = alert,
+                                                         .userDefaults = defaults,
+                                                         .scheduler = scheduler},
+                                                 folder.filePath(QStringLiteral("history.json")).toStdString(),
+                                                 [this] { journal.note("check and prompt move"); });
     }
 
     ~AppDelegateTest() override {
@@ -117,8 +113,6 @@ protected:
     FakeLinkDetector links;
     FakeAppBundle bundle;
     FakeAlert alert{journal};
-    FakeBundleFiles files{journal};
-    FakeDiskImageTool images{journal};
     FakeUserDefaults defaults{journal};
     FakeScheduler scheduler;
     std::shared_ptr<AppDelegate> delegate;

@@ -41,10 +41,10 @@ TEST_F(AppDelegateTest, StartsInOrder) {
     const auto content = std::ranges::find(steps, "popover content");
     steps.erase(std::remove_if(steps.begin(), content, [](const auto& note) { return note.starts_with("observe "); }),
                 content);
-    EXPECT_THAT(steps, ElementsAre("accessory policy", "status item doc.on.clipboard", "popover size",
-                                   "popover content", "observe popoverSize", "observe appTheme", "popover appearance",
-                                   "register hot key 1", "register hot key 2", "register hot key 3",
-                                   "start periodic checks", "check and prompt move"));
+    EXPECT_THAT(steps,
+                ElementsAre("accessory policy", "status item doc.on.clipboard", "popover size", "popover content",
+                            "observe popoverSize", "observe appTheme", "popover appearance", "register hot key 1",
+                            "register hot key 2", "register hot key 3", "check and prompt move"));
     EXPECT_EQ(statusItem.description, QStringLiteral("Zamber"));
     EXPECT_NE(popover.content, nullptr);
     EXPECT_FALSE(popover.isShown());
@@ -52,9 +52,9 @@ TEST_F(AppDelegateTest, StartsInOrder) {
     // A paste is possible as soon as there is a popover to choose from.
     EXPECT_FALSE(trace.hasOnPaste["status item doc.on.clipboard"]);
     EXPECT_TRUE(trace.hasOnPaste["popover size"]);
-    // The clipboard is watched once the hot keys work and before anything else begins.
+    // The clipboard is watched, and newer versions are asked for, once the hot keys work.
     EXPECT_EQ(trace.timers["register hot key 3"], 0U);
-    EXPECT_EQ(trace.timers["start periodic checks"], 1U);
+    EXPECT_EQ(trace.timers["check and prompt move"], 4U);
     // The permission comes last.
     EXPECT_EQ(trace.trustAsked["check and prompt move"], 0);
     EXPECT_EQ(trust.timesAsked, 1);

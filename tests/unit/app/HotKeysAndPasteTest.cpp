@@ -5,6 +5,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace zamber::app {
 
 namespace {
@@ -283,6 +286,58 @@ TEST_F(AppDelegateTest, QuickPasteTypes150MillisecondsAfterTheWriteAndLogsOnlyTh
     EXPECT_EQ(keystrokes.asked.size(), 1U);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "✅ Pasted via CGEvent\n");
     EXPECT_THAT(popover.showings, IsEmpty());
+}
+
+TEST_F(AppDelegateTest, QuickPasteIsForTheApplicationThatIsInFrontWhenTheKeystrokeIsTyped) {
+    launch();
+    write(defaults, preferences::quickPasteEnabled, true);
+    capture("one");
+    capture("two");
+    openInFront("Editor");
+    hotKeys.press(PhysicalKey::Digit2);
+    scheduler.advance(100ms);
+    const auto browser = openInFront("Browser");
+    scheduler.advance(50ms);
+    EXPECT_THAT(keystrokes.received, ElementsAre(browser));
+}
+
+TEST_F(AppDelegateTest, EachPasteIsOfWhatWasWrittenForIt) {
+    launch();
+    write(defaults, preferences::quickPasteEnabled, true);
+    capture("one");
+    capture("two");
+    capture("three");
+    openInFront("Editor");
+    delegate->showPopover();
+    std::vector<int> counts;
+    choose(0);
+    counts.push_back(pasteboard.changeCount());
+    scheduler.advance(200ms);
+    for (const PhysicalKey key : {PhysicalKey::Digit2, PhysicalKey::Digit3}) {
+        hotKeys.press(key);
+        scheduler.advance(10ms);
+        counts.push_back(pasteboard.changeCount());
+    }
+    scheduler.advance(1s);
+    ASSERT_EQ(keystrokes.asked.size(), 3U);
+    // The popover's has the longest delay, though here not longer than that of the second press.
+    std::ranges::sort(keystrokes.asked, {}, &Paste::changeCount);
+    for (std::size_t i = 0; i < counts.size(); ++i) {
+        EXPECT_EQ(keystrokes.asked[i].changeCount, counts[i]) << i;
+    }
+}
+
+TEST_F(AppDelegateTest, APasteThatWasGivenUpIsNotLoggedAsOne) {
+    launch();
+    capture("one");
+    capture("two");
+    openInFront("Editor");
+    keystrokes.clipboardIsOurs = false;
+    testing::internal::CaptureStdout();
+    delegate->quickPaste(1);
+    scheduler.advance(1s);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(keystrokes.asked.size(), 1U);
 }
 
 TEST_F(AppDelegateTest, QuickPasteRemembersWhoIsInFrontThenWritesThenPlaysTheSound) {

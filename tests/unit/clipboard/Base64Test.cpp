@@ -61,42 +61,6 @@ TEST(Base64, PaddingStandsWhereItBelongsOrItIsInvalid) {
     }
 }
 
-TEST(Base64, SlashesMayBeEscapedAndNothingElse) {
-    QByteArray bytes;
-    for (int i = 0; i < 200'000; ++i) {
-        bytes += static_cast<char>(i % 7 == 0 ? 0xFF : i * i);
-    }
-    for (const qsizetype length : {0, 1, 2, 3, 24'574, 24'575, 24'576, 24'577, 24'578, 24'579, 200'000}) {
-        auto text = encoded(bytes.first(length));
-        text.replace("/", "\\/");
-        EXPECT_EQ(fromSlashEscapedBase64(text.toStdString()), bytes.first(length)) << length;
-    }
-    EXPECT_EQ(fromSlashEscapedBase64(R"(\/\/4=)"), "\xFF\xFE");
-    EXPECT_EQ(fromSlashEscapedBase64("//4="), "\xFF\xFE");
-    for (const auto* text :
-         {R"(Zm\9v)", R"(Zm9v\)", R"(\)", R"(\\//4=)", R"(\/\/)", R"(\/)", "Zg==Zg==", "Zm9v Zm9v"}) {
-        EXPECT_EQ(fromSlashEscapedBase64(text), std::nullopt) << text;
-    }
-    // Padding in the middle, also where the text is decoded in pieces.
-    for (const int before : {32'764, 32'768, 32'772}) {
-        EXPECT_EQ(fromSlashEscapedBase64(std::string(before - 4, 'A') + "Zg==" + "Zm9v"), std::nullopt) << before;
-    }
-}
-
-TEST(Base64, AnEscapedSlashMayStandAnywhereAndAnotherEscapeNowhere) {
-    for (std::size_t before = 0; before < 100; ++before) {
-        const auto plain = std::string(before, 'A') + "//" + std::string(102 - before, 'B');
-        const auto escaped = std::string(before, 'A') + R"(\/\/)" + std::string(102 - before, 'B');
-        EXPECT_EQ(fromSlashEscapedBase64(escaped), fromBase64(plain)) << before;
-        EXPECT_TRUE(fromSlashEscapedBase64(escaped).has_value());
-        // Without their backslashes they would be Base64, but for the last.
-        for (const auto* stray : {R"(\nBBB)", R"(\\/BBB)", R"(\/\ABB)", "-BBB"}) {
-            EXPECT_EQ(fromSlashEscapedBase64(std::string(before, 'A') + stray + std::string(100 - before, 'B')),
-                      std::nullopt);
-        }
-    }
-}
-
 TEST(Base64, SurplusBitsOfTheLastCharacterAreNoStrayCharacters) {
     EXPECT_EQ(fromBase64("Zh=="), "f");
     EXPECT_EQ(fromBase64("Zm9="), "fo");

@@ -11,14 +11,33 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <thread>
+
+namespace {
+
+/// How many more times a signal comes while the kernel sets space aside.
+int interruptions = 0;
+
+} // namespace
+
+/// In place of the C library's.
+extern "C" int fallocate(int descriptor, int mode, off_t offset, off_t length) {
+    if (interruptions > 0) {
+        --interruptions;
+        errno = EINTR;
+        return -1;
+    }
+    return static_cast<int>(::syscall(SYS_fallocate, descriptor, mode, offset, length));
+}
 
 namespace zamber::clipboard {
 
@@ -211,6 +230,14 @@ TEST_F(HistoryFileTest, WhereThereIsNoSpaceThereIsNoFileOrAnEmptyOne) {
     EXPECT_EQ(file.read(), std::nullopt);
     file.write(texts({"short"}));
     EXPECT_EQ(bytes(), historyToJson(texts({"short"})));
+}
+
+TEST_F(HistoryFileTest, ASignalWhileSpaceIsSetAsideCostsNoSave) {
+    file.write(texts({"old"}));
+    interruptions = 3;
+    file.write(texts({QByteArray(100'000, 'n'), "old"}));
+    EXPECT_EQ(interruptions, 0);
+    EXPECT_EQ(bytes(), historyToJson(texts({QByteArray(100'000, 'n'), "old"})));
 }
 
 TEST_F(HistoryFileTest, SpaceIsSetAsideWithoutATraceInTheFile) {

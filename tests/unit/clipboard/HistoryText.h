@@ -2,18 +2,28 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "clipboard/HistoryJson.h"
+#include "clipboard/HistoryReader.h"
+#include "clipboard/HistoryWriter.h"
 
 #include <QByteArray>
 
+#include <algorithm>
+#include <cstddef>
+#include <limits>
 #include <optional>
 #include <string_view>
 
 namespace zamber::clipboard {
 
-/// The history in a text that is in memory.
-inline std::optional<QList<ClipboardItem>> historyFromJson(std::string_view json) {
-    return readHistoryJson(JsonScanner(json));
+/// The history in a text that is in memory, handed out so many bytes at a time.
+inline std::optional<QList<ClipboardItem>> historyFromJson(std::string_view json,
+                                                           std::size_t step = std::numeric_limits<std::size_t>::max()) {
+    return readHistoryJson([rest = json, step](char* to, std::size_t size) mutable {
+        const auto piece = rest.substr(0, std::min(step, size));
+        std::ranges::copy(piece, to);
+        rest.remove_prefix(piece.size());
+        return piece.size();
+    });
 }
 
 /// The whole text of the file.

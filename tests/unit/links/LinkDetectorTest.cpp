@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 namespace zamber::links {
 
 using namespace Qt::StringLiterals;
@@ -35,14 +37,6 @@ TEST_P(LinksOf, TheTableAreFound) {
 
 INSTANTIATE_TEST_SUITE_P(All, LinksOf, testing::ValuesIn(linkTable()));
 
-TEST(LinkTable, HasAtLeast150Cases) {
-    std::size_t count = 0;
-    for (const LinkGroup& group : linkTable()) {
-        count += group.cases.size();
-    }
-    EXPECT_GE(count, 150U);
-}
-
 TEST(LinkedTopLevelDomains, AreKnownInAnyCaseAndBothForms) {
     EXPECT_TRUE(isLinkedTopLevelDomain(u"com"));
     EXPECT_TRUE(isLinkedTopLevelDomain(u"Com"));
@@ -55,8 +49,9 @@ TEST(LinkedTopLevelDomains, AreKnownInAnyCaseAndBothForms) {
     EXPECT_FALSE(isLinkedTopLevelDomain(u"md"));
 }
 
-/// Texts whose every part looks like the beginning of a link and is none, or is one that never ends.
-TEST(LinkScan, ReadsEachCharacterOfAnyTextAFewTimesAtMost) {
+/// Texts whose every part looks like the beginning of a link and is none, or is one that never ends. To read them again
+/// from each part takes minutes of processor time, to read them a few times some milliseconds.
+TEST(LinkScan, AnyTextIsReadAFewTimesAtMost) {
     static constexpr QStringView PARTS[] = {
         u"a",       u".",         u"a.",      u"@",           u"a@",      u"://",     u"a://",     u"ab://",
         u"http://", u"http://[",  u"ab://[x", u"http://a@",   u"www.",    u"mailto:", u"a@b",      u"a.com'a@",
@@ -64,8 +59,8 @@ TEST(LinkScan, ReadsEachCharacterOfAnyTextAFewTimesAtMost) {
         u"a.日本",  u"example.c", u"a.com=",  u"f(a.com",     u"😀",      u"\xD800",  u"a.com@",   u"x.com:1:",
         u"a'",      u"http://%",  u"..a@",    u"http://a:b@", u"\\nhttp", u"#!$&'*",  u"a.com+b@", u"\xDC00",
     };
-    constexpr qsizetype LENGTH = 10'000;
-    constexpr qsizetype MOST_READS_A_CHARACTER = 16;
+    constexpr qsizetype LENGTH = 200'000;
+    constexpr double MOST_SECONDS = 2.0;
     static constexpr QStringView BEGINNINGS[] = {u"", u"http://a/", u"a@", u"ab://"};
     static constexpr QStringView ENDS[] = {u"", u"@", u".com", u" "};
     for (const QStringView part : PARTS) {
@@ -73,9 +68,9 @@ TEST(LinkScan, ReadsEachCharacterOfAnyTextAFewTimesAtMost) {
         for (const QStringView beginning : BEGINNINGS) {
             for (const QStringView end : ENDS) {
                 const QString text = beginning.toString() + repeated + end.toString();
-                LinkScan scan(text);
-                scan.first();
-                EXPECT_LE(scan.charactersRead(), MOST_READS_A_CHARACTER * text.size())
+                const auto start = std::clock();
+                LinkScan(text).first();
+                EXPECT_LT(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, MOST_SECONDS)
                     << "for many of " << part.toString().toStdString() << " after "
                     << beginning.toString().toStdString() << " and before " << end.toString().toStdString();
             }

@@ -136,6 +136,32 @@ TEST_F(ClipboardListKeyboardTest, APressThatArrivesAfterThePopoverHasClosedAsksN
     EXPECT_EQ(visible<QAbstractButton>(u"Clear All"_s), nullptr);
 }
 
+TEST_F(ClipboardListKeyboardTest, TheFormerSearchIsSelectedSoThatTheNextOneReplacesIt) {
+    stage.copyText("alpha");
+    stage.copyText("beta");
+    open();
+    QTest::keyClicks(stage.view->focusWidget(), u"alpha"_s);
+    press(HardwareKey::Return);
+    stage.view->hide();
+    stage.view->show();
+    EXPECT_EQ(visible<QLineEdit>(u"searchField"_s)->selectedText(), u"alpha"_s);
+    QTest::keyClicks(stage.view->focusWidget(), u"beta"_s);
+    EXPECT_EQ(stage.manager->searchText(), u"beta"_s);
+    ASSERT_EQ(stage.list().items().size(), 1);
+    EXPECT_EQ(textOfRow(0), u"beta"_s);
+}
+
+TEST_F(ClipboardListKeyboardTest, TheFormerSearchCanBeGoneOnWith) {
+    stage.copyTexts(3);
+    open();
+    QTest::keyClicks(stage.view->focusWidget(), u"tex"_s);
+    stage.view->hide();
+    stage.view->show();
+    QTest::keyClick(stage.view->focusWidget(), Qt::Key_Right);
+    QTest::keyClicks(stage.view->focusWidget(), u"t"_s);
+    EXPECT_EQ(stage.manager->searchText(), u"text"_s);
+}
+
 TEST_F(ClipboardListKeyboardTest, TheSearchTextSurvivesClosing) {
     stage.copyTexts(3);
     open();

@@ -173,7 +173,7 @@ TEST_F(PopoverGeometryTest, APlainRow) {
     EXPECT_EQ(rowPlace(0), QRectF(8, 84 + 4, 424, line + 20));
     EXPECT_EQ(rowPlace(1).top(), rowPlace(0).bottom() + 6);
     const double top = rowPlace(1).top();
-    expectFill(rowPlace(1), ui::composed(ui::faded(palette.primary, 0.04), palette.ultraThinMaterial));
+    expectFill(rowPlace(1), ui::composed(palette.primaryAt(0.04), palette.ultraThinMaterial));
     expect({u"doc.text"_s, 8 + 12 + 2, middle(1, 12), 12, 12, 10, QFont::Medium, &ui::Palette::secondary}, top);
     expect({u"plain"_s, 8 + 12 + 16 + 10, top + 10, ANY, ANY, 12, QFont::Normal, &ui::Palette::primary});
     const double ageWidth = textWidth(u"7m"_s, 10, QFont::Medium);

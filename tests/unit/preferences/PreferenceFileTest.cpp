@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QFileSystemWatcher>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -40,6 +41,25 @@ protected:
     void startWith(const QByteArray& bytes) {
         put(bytes);
         start();
+    }
+
+    /// It waits for a file that is being rewritten as long as the test takes, however slow the machine is.
+    void startPatientlyWith(const QByteArray& bytes) {
+        put(bytes);
+        defaults.emplace(path, 1h);
+        watcher.addPath(path);
+        watcher.addPath(QFileInfo(path).absolutePath());
+        const auto noticed = [this] { isNoticed = true; };
+        QObject::connect(&watcher, &QFileSystemWatcher::fileChanged, &watcher, noticed);
+        QObject::connect(&watcher, &QFileSystemWatcher::directoryChanged, &watcher, noticed);
+    }
+    /// Watches as the preferences do, so that what has reached it has reached them in the same turn or the next.
+    QFileSystemWatcher watcher;
+    bool isNoticed = false;
+
+    void waitUntilNoticed() {
+        ASSERT_TRUE(waitUntil([this] { return isNoticed; }));
+        QCoreApplication::processEvents();
     }
 
     void countChangesOf(const PreferenceKey<QStringView>& key) {
@@ -158,11 +178,11 @@ TEST_F(PreferenceFileTest, AFolderInItsPlaceDoesNoHarm) {
 }
 
 TEST_F(PreferenceFileTest, AnEditInPlaceIsToldOnceAlsoWhenTheFileStaysEmptyForAMoment) {
-    startWith("[General]\nappTheme=light\n");
+    startPatientlyWith("[General]\nappTheme=light\n");
     countChangesOf(appTheme);
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly)); // empties it
-    waitUntil([] { return false; }, 40ms);
+    waitUntilNoticed();
     EXPECT_EQ(theme(), QStringLiteral("light"));
     file.write("[General]\nappTheme=dark\n");
     file.close();
@@ -173,10 +193,11 @@ TEST_F(PreferenceFileTest, AnEditInPlaceIsToldOnceAlsoWhenTheFileStaysEmptyForAM
 }
 
 TEST_F(PreferenceFileTest, AnEditThatTakesTheFileAwayFirstIsToldOnce) {
-    startWith("[General]\nappTheme=light\n");
+    startPatientlyWith("[General]\nappTheme=light\n");
     countChangesOf(appTheme);
     ASSERT_TRUE(QFile::rename(path, path + u'~'));
-    waitUntil([] { return false; }, 40ms);
+    waitUntilNoticed();
+    EXPECT_EQ(theme(), QStringLiteral("light"));
     put("[General]\nappTheme=dark\n");
     EXPECT_TRUE(waitUntil([&] { return told > 0; }));
     settle();

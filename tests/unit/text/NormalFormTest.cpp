@@ -97,6 +97,28 @@ TEST(CanonicalEquivalence, ComposedAndDecomposedAreEqualOtherFormsAreNot) {
     EXPECT_FALSE(canonicallyEqual("a\u0301\u0300", "a\u0300\u0301"));
 }
 
+std::string repeated(const std::string& text, int count) {
+    std::string result;
+    for (int i = 0; i < count; ++i) {
+        result += text;
+    }
+    return result;
+}
+
+TEST(CanonicalEquivalence, HoldsForARunOfMarksOfAnyLength) {
+    for (const int count : {1, 500, 1023, 1024, 1025, 2000, 5000, 100'000}) {
+        const auto above = repeated("\u0301", count);
+        const auto below = repeated("\u0316", count);
+        expectEqual("a" + above + below, "a" + below + above, "");
+        expectEqual("a" + above + "\u0316", "a\u0316" + above, "");
+        expectEqual("é" + below + "b", "e" + below + "\u0301b", "");
+        expectEqual("a" + repeated("\u0301\u0316", count), "a" + repeated("\u0316\u0301", count), "");
+        EXPECT_FALSE(canonicallyEqual("a" + above + "\u0316", "a\u0317" + above));
+        EXPECT_FALSE(canonicallyEqual("a" + above + "\u0316", "a\u0316\u0301" + above));
+        EXPECT_FALSE(canonicallyEqual("a" + above + "\u0300", "a\u0300" + above));
+    }
+}
+
 TEST(CanonicalEquivalence, TextsThatDifferHaveDifferentHashes) {
     EXPECT_NE(canonicalHash("a"), canonicalHash("b"));
     EXPECT_NE(canonicalHash("ab"), canonicalHash("ba"));

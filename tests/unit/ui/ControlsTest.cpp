@@ -6,6 +6,7 @@
 #include "ui/ConfirmationSheet.h"
 #include "ui/PlainButton.h"
 #include "ui/SearchField.h"
+#include "ui/Switch.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -43,6 +44,59 @@ TEST(PlainButton, HoveringChangesItsLook) {
     const QImage still = button.grab().toImage();
     button.setAttribute(Qt::WA_UnderMouse);
     EXPECT_NE(button.grab().toImage(), still);
+}
+
+namespace {
+
+/// How many pixels of the control look clearly different with the focus and without.
+template <class Control>
+int pixelsOfFocus(Control& control, const Palette& palette) {
+    QWidget window;
+    control.setParent(&window);
+    control.setColors(palette);
+    control.resize(control.sizeHint());
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto picture = [&] {
+        QImage image(control.size(), QImage::Format_RGB32);
+        image.fill(palette.ultraThinMaterial);
+        control.render(&image, {}, {}, QWidget::DrawChildren);
+        return image;
+    };
+    const QImage without = picture();
+    control.setFocus();
+    EXPECT_TRUE(control.hasFocus());
+    const QImage with = picture();
+    int visible = 0;
+    constexpr double least = 2.0;
+    for (int y = 0; y < with.height(); ++y) {
+        for (int x = 0; x < with.width(); ++x) {
+            visible += contrastRatio(with.pixelColor(x, y), without.pixelColor(x, y)) >= least ? 1 : 0;
+        }
+    }
+    control.setParent(nullptr);
+    return visible;
+}
+
+} // namespace
+
+TEST(FocusRing, ItIsSeenOnEveryControlInEveryState) {
+    for (const QColor& accent : {QColor(0x1F, 0x78, 0xF0), QColor(Qt::yellow), QColor(Qt::darkGray)}) {
+        for (const Palette& palette : {Palette::light(accent), Palette::dark(accent)}) {
+            constexpr int about = 60; // pixels, of a ring around the smallest of them
+            for (const bool isOn : {false, true}) {
+                Switch control(u"Switch"_s);
+                control.setMotion(Motion::Reduced);
+                control.setChecked(isOn);
+                EXPECT_GE(pixelsOfFocus(control, palette), about) << isOn;
+            }
+            for (const auto prominence : {ButtonLook::Prominence::Bordered, ButtonLook::Prominence::Prominent,
+                                          ButtonLook::Prominence::Destructive}) {
+                BorderedButton button(u"Update"_s, {.prominence = prominence});
+                EXPECT_GE(pixelsOfFocus(button, palette), about) << static_cast<int>(prominence);
+            }
+        }
+    }
 }
 
 TEST(BorderedButton, EachSizeIsSmallerThanTheOneBefore) {

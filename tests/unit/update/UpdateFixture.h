@@ -20,15 +20,25 @@
 
 #include <chrono>
 #include <cstdio>
+#include <memory>
+#include <optional>
 
 namespace zamber::update {
+
+/// What the access manager of a test sees, and what it changes.
+struct WatchedAccess {
+    int arrivals = 0;
+    std::chrono::milliseconds transferTimeout{0};
+    /// Instead of the one that is asked for, so that no test waits for it.
+    std::optional<std::chrono::milliseconds> usedTransferTimeout;
+};
 
 /// Sends requests as any other, but trusts the tests' authority; tells of the bytes that arrive.
 class TrustingAccess final : public QNetworkAccessManager {
 public:
-    TrustingAccess(QSslCertificate authority, int& arrivals)
+    TrustingAccess(QSslCertificate authority, WatchedAccess& watched)
         : m_authority(std::move(authority))
-        , m_arrivals(arrivals) {}
+        , m_watched(watched) {}
 
 protected:
     QNetworkReply* createRequest(Operation operation, const QNetworkRequest& original, QIODevice* data) override {
@@ -36,14 +46,18 @@ protected:
         QSslConfiguration configuration = request.sslConfiguration();
         configuration.addCaCertificate(m_authority);
         request.setSslConfiguration(configuration);
+        m_watched.transferTimeout = std::chrono::milliseconds(request.transferTimeout());
+        if (m_watched.usedTransferTimeout) {
+            request.setTransferTimeout(static_cast<int>(m_watched.usedTransferTimeout->count()));
+        }
         QNetworkReply* const reply = QNetworkAccessManager::createRequest(operation, request, data);
-        connect(reply, &QNetworkReply::readyRead, this, [this] { ++m_arrivals; });
+        connect(reply, &QNetworkReply::readyRead, this, [this] { ++m_watched.arrivals; });
         return reply;
     }
 
 private:
     const QSslCertificate m_authority;
-    int& m_arrivals;
+    WatchedAccess& m_watched;
 };
 
 /// A manager, a service on the loopback interface, and a clock that stands still.
@@ -60,7 +74,7 @@ protected:
     std::shared_ptr<UpdateManager> managerFor(const QString& apiBase) {
         return UpdateManager::create(
             scheduler, defaults, bundle, workspace,
-            [this] { return std::make_unique<TrustingAccess>(authorities.trusted(), arrivals); }, apiBase);
+            [this] { return std::make_unique<TrustingAccess>(authorities.trusted(), access); }, apiBase);
     }
 
     template <class Condition>
@@ -117,7 +131,7 @@ protected:
     FakeUserDefaults defaults;
     FakeAppBundle bundle;
     FakeWorkspace workspace{journal};
-    int arrivals = 0;
+    WatchedAccess access;
     Authorities authorities;
     HttpsServer service{authorities.server(Authorities::Issuer::Trusted, "DNS:localhost,IP:127.0.0.1")};
     std::shared_ptr<UpdateManager> manager = managerFor(service.apiBase());

@@ -9,7 +9,8 @@ namespace zamber::freedesktop::selection {
 namespace {
 
 TEST(PasteKeystroke, EditorsAndBrowsersGetControlV) {
-    for (const char* name : {"Mousepad", "firefox", "Chromium", "Code", "", "some-unknown-program"}) {
+    for (const char* name : {"Mousepad", "Gedit", "Geany", "kate", "NEdit", "Scite", "firefox", "Chromium", "Code", "",
+                             "some-unknown-program"}) {
         EXPECT_EQ(pasteKeystrokeOf(QString::fromLatin1(name)), PasteKeystroke::ControlV) << name;
     }
 }
@@ -22,7 +23,13 @@ TEST(PasteKeystroke, TerminalsGetControlShiftV) {
 }
 
 TEST(PasteKeystroke, OldTerminalsGetShiftInsert) {
-    for (const char* name : {"XTerm", "UXTerm", "URxvt", "Eterm"}) {
+    for (const char* name : {"XTerm", "UXTerm", "URxvt", "Eterm", "mlterm", "Pterm"}) {
+        EXPECT_EQ(pasteKeystrokeOf(QString::fromLatin1(name)), PasteKeystroke::ShiftInsert) << name;
+    }
+}
+
+TEST(PasteKeystroke, EditorsInWhichControlVMeansSomethingElseGetShiftInsert) {
+    for (const char* name : {"Gvim", "Emacs", "Emacs-gtk", "Emacs-lucid"}) {
         EXPECT_EQ(pasteKeystrokeOf(QString::fromLatin1(name)), PasteKeystroke::ShiftInsert) << name;
     }
 }

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "Measuring.h"
+
+#include "clipboard/Search.h"
+
+#include <benchmark/benchmark.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+namespace zamber::bench {
+
+namespace {
+
+constexpr std::size_t TEXT_BYTES = 1'000'000;
+/// What a key press may cost at most, whatever the script: 100 MB in a third of a second.
+constexpr double LEAST_GIGABYTES_A_SECOND = 0.3;
+
+/// A text in which the searched one stands nowhere, or only where it is part of a character.
+struct Row {
+    const char* what;
+    std::vector<std::string> parts;
+    const char* searched;
+};
+
+const std::vector<Row>& rows() {
+    static const std::vector<Row> all = {
+        {"Hangul, ordinary",
+         {"안", "녕", "하", "세", "요", " ", "각", "국", "의", "감", "사", "합", "니", "다", "강", "남", "\n"},
+         "가"},
+        {"Hangul, every syllable begins like it", {"각"}, "가"},
+        {"Hangul, one letter again and again", {"\u1100"}, "\u1100"},
+        {"Hangul, nearly the searched text", {"가"}, "가가가가각"},
+        {"Thai, ordinary", {"ก", "า", "ร", "ที่", "เ", "ป็", "น", "ไ", "ม่", "ห", "นึ่", "ง", " "}, "กเก"},
+        {"Thai, every letter has a mark", {"ก็"}, "ก"},
+        {"Devanagari, ordinary", {"न", "म", "स्ते", "क", "हि", "न्दी", "र", "त्र", "ा", " ", "ज्ञ"}, "क्"},
+        {"Devanagari, every consonant is joined", {"क्ष"}, "क्"},
+        {"Devanagari, only joiners searched", {"क्ष", "ज्ञ", "त्र"}, "\u094D"},
+        {"emoji, ordinary", {"😀", "🎉", "👍🏽", "❤️", "👩‍👧", "🇩🇪", " ", "ok"}, "👩"},
+        {"emoji, every one joined", {"👩‍👧"}, "👩"},
+        {"emoji, only joiners searched", {"👩‍👧"}, "\u200D"},
+        {"marks, every letter has one", {"e\u0301"}, "e"},
+        {"marks, nothing but marks", {"\u0301"}, "\u0301"},
+        {"marks, two kinds in turn", {"\u0316", "\u0301"}, "\u0316"},
+        {"Latin with accents", {"é", "è", "a", "ü", "n", "t", " ", "r"}, "e"},
+        {"Cyrillic, ordinary", {"п", "р", "и", "в", "е", "т", "м", " "}, "ё"},
+        {"Chinese, ordinary", {"的", "一", "是", "不", "了", "人", "我", "在", "有"}, "他们"},
+    };
+    return all;
+}
+
+QByteArray textOf(const std::vector<std::string>& parts) {
+    std::mt19937 random(20260102);
+    std::string text;
+    while (text.size() < TEXT_BYTES) {
+        text += parts[random() % parts.size()];
+    }
+    return QByteArray::fromStdString(text);
+}
+
+std::string_view view(const QByteArray& bytes) {
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+} // namespace
+
+void measureScripts() {
+    for (const auto& [what, parts, searched] : rows()) {
+        const auto text = textOf(parts);
+        const auto key = clipboard::makeSearchKey(text, text::CaseFolding::Common);
+        const auto searchedKey = clipboard::makeSearchKey(QByteArray(searched), text::CaseFolding::Common);
+        bool isFound = false;
+        const auto times = shortestTimes(
+            15, [&] { isFound = clipboard::searchKeyContains(view(key), view(searchedKey)); },
+            [&] { benchmark::DoNotOptimize(clipboard::makeSearchKey(text, text::CaseFolding::Common)); });
+        const auto gigabytes = static_cast<double>(text.size()) / 1e9;
+        report(std::string("search, ") + what, gigabytes / times[0], "GB/s", Bound::AtLeast, LEAST_GIGABYTES_A_SECOND,
+               isFound ? "found, which it should not be" : "");
+        note(std::string("its key, ") + what, gigabytes / times[1], "GB/s");
+    }
+}
+
+} // namespace zamber::bench

@@ -1,0 +1,264 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "clipboard/HistoryReader.h"
+
+#include "clipboard/Base64.h"
+
+#include <QByteArray>
+
+#include <algorithm>
+#include <boost/json/basic_parser_impl.hpp>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace zamber::clipboard {
+
+namespace {
+
+namespace json = boost::json;
+
+constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+/// The array and the record, and what a value of the record may have below.
+constexpr std::size_t DEEPEST_NESTING = 2 + 512;
+/// Small enough to be still in the processor's cache when it is parsed.
+constexpr std::size_t READ_STEP_BYTES = std::size_t{1} << 18;
+/// No key or type that counts is longer; of longer ones no more is kept.
+constexpr std::size_t LONGEST_NAME_BYTES = 16;
+
+/// The nearest double, 0 where the number is too small for one; nothing when it is too large. The parser's own value
+/// is only roughly the number's.
+std::optional<double> numberFrom(std::string_view text, double roughly) {
+#ifdef __cpp_lib_to_chars
+    double number = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isNumber = result.ec == std::errc{};
+#else // a standard library without fractions
+    bool isNumber = false;
+    const double number = QByteArrayView(text.data(), text.size()).toDouble(&isNumber);
+#endif
+    if (!isNumber && std::abs(roughly) < 1) {
+        return 0.0;
+    }
+    return isNumber ? std::optional(number) : std::nullopt;
+}
+
+/// What the JSON parser calls as it goes through the text. Strings and numbers come in parts.
+class HistoryHandler {
+public:
+    static constexpr std::size_t max_object_size = static_cast<std::size_t>(-1);
+    static constexpr std::size_t max_array_size = static_cast<std::size_t>(-1);
+    static constexpr std::size_t max_key_size = static_cast<std::size_t>(-1);
+    static constexpr std::size_t max_string_size = static_cast<std::size_t>(-1);
+
+    QList<ClipboardItem> takeItems() { return std::move(m_items); }
+
+    bool on_document_begin(json::error_code& /*error*/) { return true; }
+    bool on_document_end(json::error_code& /*error*/) { return true; }
+
+    bool on_array_begin(json::error_code& error) { return begin(m_depth != RECORDS, error); }
+    bool on_array_end(std::size_t /*size*/, json::error_code& /*error*/) {
+        end();
+        return true;
+    }
+    bool on_object_begin(json::error_code& error) {
+        if (m_depth == RECORDS) {
+            m_record.clear();
+        }
+        return begin(m_depth != TOP, error);
+    }
+    bool on_object_end(std::size_t /*size*/, json::error_code& /*error*/) {
+        end();
+        if (m_depth == RECORDS) {
+            addItem();
+        }
+        return true;
+    }
+
+    bool on_key_part(json::string_view part, std::size_t /*size*/, json::error_code& /*error*/) {
+        if (m_depth == MEMBERS) {
+            appendName(m_key, part);
+        }
+        return true;
+    }
+    bool on_key(json::string_view part, std::size_t size, json::error_code& error) {
+        on_key_part(part, size, error);
+        if (m_depth == MEMBERS) {
+            m_record.forget(m_key);
+        }
+        return true;
+    }
+    bool on_string_part(json::string_view part, std::size_t /*size*/, json::error_code& error) {
+        if (m_depth == MEMBERS && m_key == "value") {
+            m_record.value.append(part.data(), part.size());
+        } else if (m_depth == MEMBERS && m_key == "type") {
+            appendName(m_record.type, part);
+        }
+        return isInRecord(error);
+    }
+    bool on_string(json::string_view part, std::size_t size, json::error_code& error) {
+        on_string_part(part, size, error);
+        m_record.hasValue |= m_depth == MEMBERS && m_key == "value";
+        return valueEnded(error);
+    }
+    bool on_number_part(json::string_view part, json::error_code& error) {
+        if (m_depth == MEMBERS && m_key == "timestamp") {
+            m_number.append(part.data(), part.size());
+        }
+        return isInRecord(error);
+    }
+    bool on_int64(std::int64_t value, json::string_view part, json::error_code& error) {
+        return numberEnded(static_cast<double>(value), part, error);
+    }
+    bool on_uint64(std::uint64_t value, json::string_view part, json::error_code& error) {
+        return numberEnded(static_cast<double>(value), part, error);
+    }
+    bool on_double(double value, json::string_view part, json::error_code& error) {
+        return numberEnded(value, part, error);
+    }
+    bool on_bool(bool value, json::error_code& error) {
+        if (m_depth == MEMBERS && m_key == "isPinned") {
+            m_record.isPinned = value;
+        }
+        return valueEnded(error);
+    }
+    bool on_null(json::error_code& error) { return valueEnded(error); }
+    bool on_comment_part(json::string_view /*part*/, json::error_code& /*error*/) { return true; }
+    bool on_comment(json::string_view /*part*/, json::error_code& /*error*/) { return true; }
+
+private:
+    /// How many arrays and objects are open: outside, between the records, between the members of one.
+    enum Depth : std::size_t { TOP, RECORDS, MEMBERS };
+
+    struct Record {
+        std::string type;
+        /// Of an image, its Base64. Keeps its room from one record to the next.
+        std::string value;
+        bool hasValue = false;
+        std::optional<double> timestamp;
+        bool isPinned = false;
+
+        void clear() {
+            type.clear();
+            value.clear();
+            hasValue = false;
+            timestamp.reset();
+            isPinned = false;
+        }
+        /// When a key turns up twice, the last value counts, also when it is of the wrong kind.
+        void forget(std::string_view key) {
+            if (key == "type") {
+                type.clear();
+            } else if (key == "value") {
+                value.clear();
+                hasValue = false;
+            } else if (key == "timestamp") {
+                timestamp.reset();
+            } else if (key == "isPinned") {
+                isPinned = false;
+            }
+        }
+    };
+
+    static void appendName(std::string& name, json::string_view part) {
+        name.append(part.data(), std::min(part.size(), LONGEST_NAME_BYTES - std::min(name.size(), LONGEST_NAME_BYTES)));
+    }
+
+    bool isInRecord(json::error_code& error) const {
+        if (m_depth < MEMBERS) {
+            error = json::error::syntax; // no array of objects
+        }
+        return m_depth >= MEMBERS;
+    }
+
+    bool begin(bool isAllowed, json::error_code& error) {
+        if (!isAllowed) {
+            error = json::error::syntax;
+            return false;
+        }
+        ++m_depth;
+        return true;
+    }
+
+    void end() {
+        --m_depth;
+        forgetKey();
+    }
+
+    void forgetKey() {
+        if (m_depth == MEMBERS) {
+            m_key.clear();
+        }
+    }
+
+    bool valueEnded(json::error_code& error) {
+        forgetKey();
+        return isInRecord(error);
+    }
+
+    bool numberEnded(double roughly, json::string_view part, json::error_code& error) {
+        on_number_part(part, error);
+        if (m_depth == MEMBERS && m_key == "timestamp") {
+            m_record.timestamp = numberFrom(m_number, roughly);
+        }
+        m_number.clear();
+        return valueEnded(error);
+    }
+
+    void addItem() {
+        const auto& record = m_record;
+        if (!record.hasValue || !record.timestamp) {
+            return;
+        }
+        if (record.type == "text") {
+            m_items.append(ClipboardItem(ClipboardContent::text(QByteArray::fromStdString(record.value)),
+                                         *record.timestamp, record.isPinned));
+        } else if (record.type == "image") {
+            if (auto bytes = fromBase64(record.value)) {
+                m_items.append(
+                    ClipboardItem(ClipboardContent::image(*std::move(bytes)), *record.timestamp, record.isPinned));
+            }
+        }
+    }
+
+    QList<ClipboardItem> m_items;
+    Record m_record;
+    std::size_t m_depth = TOP;
+    std::string m_key;
+    std::string m_number;
+};
+
+} // namespace
+
+std::optional<QList<ClipboardItem>> readHistoryJson(const ReadBytes& read) {
+    json::parse_options options;
+    options.max_depth = DEEPEST_NESTING;
+    json::basic_parser<HistoryHandler> parser(options);
+    json::error_code error;
+
+    QByteArray buffer(READ_STEP_BYTES, Qt::Uninitialized);
+    const auto fill = [&](std::size_t kept) { return kept + read(buffer.data() + kept, READ_STEP_BYTES - kept); };
+    std::size_t size = 0;
+    for (std::size_t before = 1; size < BYTE_ORDER_MARK.size() && size != before;) {
+        before = size;
+        size = fill(size);
+    }
+    std::string_view text(buffer.constData(), size);
+    if (text.starts_with(BYTE_ORDER_MARK)) {
+        text.remove_prefix(BYTE_ORDER_MARK.size());
+    }
+    while (size > 0) {
+        if (parser.write_some(true, text.data(), text.size(), error) < text.size() || error) {
+            return std::nullopt;
+        }
+        size = fill(0);
+        text = {buffer.constData(), size};
+    }
+    parser.write_some(false, nullptr, 0, error);
+    return error ? std::nullopt : std::optional(parser.handler().takeItems());
+}
+
+} // namespace zamber::clipboard

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "clipboard/ClipboardItem.h"
+#include "platform/Scheduler.h"
+
+#include <QList>
+#include <QSet>
+#include <QThreadPool>
+#include <QUuid>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+
+namespace zamber::clipboard {
+
+/// Makes texts ready for searching on another thread: with many megabytes that takes a second, which nobody has at the
+/// first letter of a search. What was made comes back by the scheduler and is kept with the content.
+///
+/// Lives on the main thread. What is under way is dropped when it goes. The scheduler must outlive it.
+class SearchKeys {
+public:
+    /// Called on the main thread, each time that some more texts are ready.
+    using Ready = std::function<void()>;
+
+    SearchKeys(Scheduler& scheduler, Ready ready);
+    ~SearchKeys();
+    SearchKeys(const SearchKeys&) = delete;
+    SearchKeys& operator=(const SearchKeys&) = delete;
+
+    /// Makes those of the entries ready that are neither ready nor on their way.
+    void prepare(const QList<ClipboardItem>& items, text::CaseFolding folding);
+
+private:
+    struct Made {
+        ClipboardItem item;
+        QByteArray key;
+    };
+    struct State {
+        Ready ready;
+        QSet<QUuid> onTheirWay;
+    };
+    void make(const QList<ClipboardItem>& items, text::CaseFolding folding) const;
+    void handOver(QList<Made> made, text::CaseFolding folding) const;
+
+    Scheduler& m_scheduler;
+    /// What is handed over holds it weakly.
+    const std::shared_ptr<State> m_state;
+    std::atomic<bool> m_isStopped = false;
+    /// Last, so that nothing is made any more when the rest goes.
+    QThreadPool m_thread;
+};
+
+} // namespace zamber::clipboard

@@ -1,0 +1,30 @@
+# zamber_name_missing_packages(<group>…): for what the following find_package and pkg_check_modules would not find, a
+# warning with the package that has it, by tools/packages.txt. Whether it is an error is theirs to say: a library may be
+# where pkg-config does not look.
+function(zamber_name_missing_packages)
+  if(APPLE)
+    return() # Homebrew's names are in tools/house.sh
+  endif()
+  find_program(ZAMBER_PKG_CONFIG NAMES pkg-config pkgconf)
+  file(STRINGS "${CMAKE_SOURCE_DIR}/tools/packages.txt" rows REGEX "^[a-z]")
+  set(missing "")
+  foreach(row IN LISTS rows)
+    string(REGEX MATCH "^([^ ]+) +([^ ]+) +pkg-config:([^ ]+)" fields "${row}")
+    if(NOT fields OR NOT CMAKE_MATCH_1 IN_LIST ARGN)
+      continue()
+    endif()
+    set(package "${CMAKE_MATCH_2}")
+    set(module "${CMAKE_MATCH_3}")
+    set(status 1)
+    if(ZAMBER_PKG_CONFIG)
+      execute_process(COMMAND "${ZAMBER_PKG_CONFIG}" --exists "${module}" RESULT_VARIABLE status ERROR_QUIET)
+    endif()
+    if(NOT status EQUAL 0)
+      string(APPEND missing "\n  ${module}: install ${package}")
+    endif()
+  endforeach()
+  if(missing)
+    message(WARNING "pkg-config does not find what Zamber is built with. By the names of Debian and Ubuntu "
+                    "(tools/packages-elsewhere.txt has those of other systems):${missing}")
+  endif()
+endfunction()

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QProcessEnvironment>
+#include <QString>
+
+#include <expected>
+
+class QUrl;
+
+namespace zamber::freedesktop::session {
+
+/// The environment that this program was started with: the first call takes it, so that call comes before anything is
+/// set in it for Qt.
+const QProcessEnvironment& startEnvironment();
+
+/// Starts other programs as the desktop would: with the user's environment instead of ours, without what tells about
+/// our own start, and with no part in our standard streams.
+class Programs {
+public:
+    explicit Programs(QProcessEnvironment environment = startEnvironment());
+
+    /// Opens an address in the program that the user has chosen for its kind, by the desktop's own opener.
+    std::expected<void, QString> open(const QUrl& address) const;
+
+    /// Starts a program as a process of its own, also while another of it runs. The path is an executable file, or a
+    /// folder with one called AppRun, which is how programs that are folders begin here.
+    std::expected<void, QString> startNewInstance(const QString& path) const;
+
+private:
+    std::expected<void, QString> start(const QString& program, const QStringList& arguments) const;
+
+    QProcessEnvironment m_environment;
+};
+
+} // namespace zamber::freedesktop::session

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Scheduler.h"
+
+#include <QPoint>
+
+#include <functional>
+#include <optional>
+
+namespace zamber::popover {
+
+/// Whether the user is scrolling: from a turn of the wheel until no other has followed for a while, or until the
+/// pointer is moved. A hand on a wheel trembles, so that moving by a point or two does not count.
+class ScrollPhase {
+public:
+    /// Tells of the end when it comes by itself. The scheduler outlives the phase.
+    ScrollPhase(Scheduler& scheduler, std::function<void()> paused);
+    ~ScrollPhase() { end(); }
+    ScrollPhase(const ScrollPhase&) = delete;
+    ScrollPhase& operator=(const ScrollPhase&) = delete;
+
+    /// The wheel was turned with the pointer there (points).
+    void wheelTurned(QPoint pointer);
+    /// Does the pointer's new place end the scrolling, or is there none that goes on?
+    bool isEndedBy(QPoint pointer) const;
+    bool isActive() const { return m_pause.has_value(); }
+    /// Ends it without telling.
+    void end();
+
+private:
+    Scheduler& m_scheduler;
+    std::function<void()> m_paused;
+    std::optional<Scheduler::Token> m_pause;
+    QPoint m_pointer;
+};
+
+} // namespace zamber::popover

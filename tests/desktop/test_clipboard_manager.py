@@ -1,0 +1,89 @@
+# SPDX-FileCopyrightText: 2026 The Zamber project
+# SPDX-License-Identifier: MIT
+"""Where the desktop has a clipboard manager, what was pasted last outlives the program."""
+
+import json
+import time
+
+from case import DesktopTestCase
+from harness import png_bytes, wait_until
+from harness.clipboard import PARTNERS
+from hostile import sha256
+
+# How long the end may take at most: what a manager that hangs is waited for, and as much again for a busy machine.
+LONGEST_END_SECONDS = 6.0
+
+
+class ManagerTestCase(DesktopTestCase):
+    picture = png_bytes(90, 60, seed=41)
+    large = "".join(f"line {number} of many\n" for number in range(60000))
+    history = (picture, large, "naïve words")
+    manager_options = ()
+
+    def prepare(self):
+        self.manager = self.desktop.start(
+            "clipboard_manager", ["/usr/bin/python3", PARTNERS / "clipboard_manager.py", *self.manager_options])
+        wait_until(lambda: self.manager.stdout_lines() == ["ready"], 5.0, self.manager.stderr)
+
+    def paste_and_quit(self, position):
+        self.paste_entry(position)
+        self.wait_for_expected_lines()
+        return self.quit()
+
+    def quit(self):
+        """How many seconds the end has taken."""
+        self.click_tray_icon(button=3)
+        wait_until(self.zamber.menu, what="the menu")
+        self.zamber_has_ended = True
+        started = time.monotonic()
+        self.keyboard.type_text("q")
+        self.assertEqual(self.zamber.child.wait(LONGEST_END_SECONDS), 0)
+        return time.monotonic() - started
+
+    def saved(self):
+        (line,) = self.manager.stdout_lines()[1:]
+        return json.loads(line)
+
+
+class ClipboardManagerTest(ManagerTestCase):
+    def test_a_text(self):
+        self.paste_and_quit(2)
+        self.assertEqual(self.clipboard.text(), "naïve words")
+        self.assertLessEqual({"UTF8_STRING", "STRING", "text/plain"}, set(self.saved()))
+
+    def test_a_text_that_goes_piece_by_piece(self):
+        self.paste_and_quit(1)
+        # The stand-in could not serve so much itself.
+        self.assertEqual(self.saved()["UTF8_STRING"], sha256(self.large.encode()))
+
+    def test_a_picture_and_no_more_of_it_than_is_needed(self):
+        self.paste_and_quit(0)
+        self.assertEqual(self.clipboard.read("image/png"), self.picture)
+        self.assertEqual(set(self.saved()), {"image/png"})
+
+    def test_what_another_program_holds_is_not_ours_to_hand_over(self):
+        self.paste_entry(2)
+        self.editor.wait_for_text("naïve words")
+        self.copy_and_wait("another's", ["another's", *self.history])
+        self.quit()
+        self.assertEqual(self.clipboard.text(), "another's")
+        self.assertEqual(self.manager.stdout_lines(), ["ready"])
+
+    def test_an_entry_that_was_chosen_just_before(self):
+        self.zamber.open_popover()
+        self.choose(2)
+        self.expect_paste()
+        self.editor.wait_for_text("naïve words")
+        self.quit()
+        self.assertEqual(self.clipboard.text(), "naïve words")
+
+
+class ClipboardManagerThatHangsTest(ManagerTestCase):
+    manager_options = ("--hang",)
+
+    def test_the_program_ends_all_the_same(self):
+        self.assertLess(self.paste_and_quit(2), LONGEST_END_SECONDS)
+
+    def test_one_that_has_died_is_not_waited_for(self):
+        self.manager.kill()
+        self.assertLess(self.paste_and_quit(2), 2.0)

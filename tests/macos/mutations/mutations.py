@@ -1,0 +1,103 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The Zamber project
+# SPDX-License-Identifier: MIT
+"""Breaks the macOS adapters one line at a time and sees whether the recorded tests notice.
+
+Usage: tests/macos/mutations/mutations.py [--build FOLDER] [--jobs N] [NAME …]
+
+The tests have to be built (preset "macos") and to pass with the adapters as they are. Each breakage is compiled beside
+the build and linked before the library that has the adapter as it is. The exit status is 0 when every breakage was
+noticed; a text that does not occur in its file exactly once, or does not compile, counts as not noticed. NAME picks
+breakages by a part of the adapter's name.
+"""
+
+import argparse
+import concurrent.futures
+import json
+import os
+import pathlib
+import shlex
+import subprocess
+import sys
+import tempfile
+
+from breakages import BREAKAGES
+
+ROOT = pathlib.Path(__file__).resolve().parents[3]
+PROGRAM = "tests/macos_recorded_tests"
+SECONDS = 600
+
+
+def run(command, folder, environment=None):
+    return subprocess.run(command, cwd=folder, env=environment, capture_output=True, text=True, timeout=SECONDS,
+                          stdin=subprocess.DEVNULL, check=False)
+
+
+class Build:
+    def __init__(self, folder):
+        self.folder = folder
+        entries = json.loads((folder / "compile_commands.json").read_text())
+        self.compilations = {entry["file"]: entry for entry in entries}
+        lines = run(["ninja", "-t", "commands", "-s", PROGRAM], folder).stdout.splitlines()
+        self.link = [part for part in shlex.split(lines[-1]) if part not in (":", "&&")]
+
+    def passes(self, program, tests):
+        """None when it does, else what it said."""
+        environment = {key: value for key, value in os.environ.items()
+                       if key not in ("DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS")}
+        environment |= {"QT_QPA_PLATFORM": "offscreen", "LC_ALL": "C.UTF-8"}
+        answer = run([str(program), f"--gtest_filter={tests}"], self.folder, environment)
+        if " 0 tests from" in answer.stdout:
+            return "no such test"
+        return None if answer.returncode == 0 else answer.stdout + answer.stderr
+
+    def noticed(self, breakage):
+        source = ROOT / "platform" / "macos" / breakage.adapter
+        original = source.read_text()
+        if (times := original.count(breakage.text)) != 1:
+            return False, f"the text occurs {times} times"
+        with tempfile.TemporaryDirectory(prefix="zamber-mutation-") as name:
+            workspace = pathlib.Path(name)
+            broken = workspace / source.name
+            broken.write_text(original.replace(breakage.text, breakage.replacement))
+            entry = self.compilations[str(source)]
+            command = [part for part in shlex.split(entry["command"]) if not part.endswith("ccache")]
+            command[command.index("-o") + 1] = str(workspace / "broken.o")
+            command[command.index(str(source))] = str(broken)
+            answer = run([*command, "-Wno-error"], entry["directory"])
+            if answer.returncode:
+                return False, "does not compile: " + answer.stderr[-1500:]
+            program = workspace / "tests"
+            link = list(self.link)
+            link[link.index("-o") + 1] = str(program)
+            link.insert(link.index("-o"), str(workspace / "broken.o"))
+            answer = run(link, self.folder)
+            if answer.returncode:
+                return False, "does not link: " + answer.stderr[-1500:]
+            said = self.passes(program, breakage.tests)
+            return said is not None and said != "no such test", said or "passes"
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--build", type=pathlib.Path, default=ROOT / "build" / "macos")
+    parser.add_argument("--jobs", type=int, default=2)
+    parser.add_argument("names", nargs="*")
+    options = parser.parse_args()
+    build = Build(options.build.resolve())
+    if (said := build.passes(build.folder / PROGRAM, "*")) is not None:
+        raise SystemExit("The tests fail with the adapters as they are:\n" + said[-3000:])
+    chosen = [each for each in BREAKAGES if not options.names or any(name in each.adapter for name in options.names)]
+    survived = 0
+    with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
+        for breakage, (was_noticed, said) in zip(chosen, pool.map(build.noticed, chosen)):
+            line = breakage.text.strip().splitlines()[0]
+            print(f"{'noticed' if was_noticed else 'NOT NOTICED'}: {breakage.adapter}: {line}", flush=True)
+            if not was_noticed:
+                survived += 1
+                print("    " + said[-1500:].replace("\n", "\n    "), flush=True)
+    print(f"{len(chosen) - survived} of {len(chosen)} noticed")
+    sys.exit(1 if survived or not chosen else 0)
+
+
+main()

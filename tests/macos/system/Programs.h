@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zamber::system {
+
+bool isReducedMotion(); ///< what the user has set
+
+/// The descriptors that a program begins with; -1 is ours.
+struct Streams {
+    int input = -1;
+    int output = -1;
+    int error = -1;
+};
+
+/// Starts a program; its process, or minus the error's number.
+int start(const std::string& path, const std::vector<std::string>& arguments, const Streams& streams = {});
+
+} // namespace zamber::system

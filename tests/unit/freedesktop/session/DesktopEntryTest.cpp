@@ -23,7 +23,7 @@ DesktopEntry entryOf(const QByteArray& keys) {
 /// Environment variables that have these values until the end of the test.
 class Variables {
 public:
-    explicit Variables(const std::map<const char*, const char*>& values) {
+    explicit Variables(const std::map<const char*, const char*>& values = {}) {
         for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG", "LANGUAGE"}) {
             m_before[name] = qgetenv(name);
             qunsetenv(name);

@@ -323,11 +323,6 @@ bool X11Pasteboard::isFormerOwnerRunning() const {
     return !m_owner.process || m_clients.processOf(m_owner.window) == m_owner.process;
 }
 
-bool X11Pasteboard::isFormerOwnerRunning() const {
-    // Without an answer about the owner when it was one, there is no telling that it has gone.
-    return !m_owner.process || m_clients.processOf(m_owner.window) == m_owner.process;
-}
-
 void X11Pasteboard::handleManagerChange(xcb_window_t owner) {
     if (owner == XCB_WINDOW_NONE) {
         becomeManager();

@@ -204,14 +204,6 @@ void HistoryLayout::updateHighlights(Motion motion) {
         highlighted.append(m_items[m_selectedIndex].id);
     }
     m_highlights.setHighlighted(highlighted, motion);
-    // The buttons of a highlighted row take room from its text at once, and give it back at once.
-    QList<QUuid> affected = highlighted;
-    for (const auto& [id, row] : m_rows) {
-        if (!row.isHighlighted && row.highlightProgress > 0) {
-            affected.append(id);
-        }
-    }
-    measureAgain(affected);
 }
 
 std::optional<ListGeometry::Hold> HistoryLayout::hold() const {

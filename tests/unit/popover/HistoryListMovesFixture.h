@@ -8,6 +8,7 @@
 
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <chrono>
 
 namespace zamber::popover {
@@ -56,6 +57,9 @@ protected:
         }
         return -1;
     }
+
+    /// The row in the middle of the view, or just below if that is between two rows.
+    int middleRow() { return std::max(rowAt(middle()), rowAt(middle() + QPoint(0, 8))); }
 
     int top(const QUuid& id) { return list().rowRectangle(rowOf(id)).top(); }
 

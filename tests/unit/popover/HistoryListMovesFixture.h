@@ -79,6 +79,15 @@ protected:
         QCoreApplication::sendEvent(&list(), &wheel);
     }
 
+    /// So many notches down, and a little more if the pointer would be between two rows then.
+    int turnOntoARow(int notches) {
+        turn(-notches);
+        while (rowAt(middle()) < 0) {
+            turnBy({}, QPoint(0, -4), middle());
+        }
+        return rowAt(middle());
+    }
+
     /// The hand rests; what waits for that happens.
     void pause() { stage.scheduler.advance(1s); }
 

@@ -60,12 +60,12 @@ class FullDiskOutputTest(LogTestCase):
 
 
 class PipeTestCase(LogTestCase):
-    size = 65536
+    pipe_size = 65536
 
     def descriptors(self):
         self.reader, writer = os.pipe()
         self.addCleanup(os.close, self.reader)
-        fcntl.fcntl(writer, F_SETPIPE_SZ, self.size)
+        fcntl.fcntl(writer, F_SETPIPE_SZ, self.pipe_size)
         self.writer = writer
         self.redirection = f">&{writer}"
         return (writer,)
@@ -107,7 +107,7 @@ class ReaderThatLeavesTest(PipeTestCase):
 
 
 class ReaderThatStopsReadingTest(PipeTestCase):
-    size = SMALLEST_PIPE
+    pipe_size = SMALLEST_PIPE
 
     def start_zamber(self):
         super().start_zamber()

@@ -7,6 +7,8 @@ target_compile_options(
             -Wextra
             -Wpedantic
             "$<$<BOOL:${ZAMBER_WERROR}>:-Werror>"
+            # libstdc++ 12's stable_sort uses what the same library deprecates, and clang tells where it is instantiated.
+            "$<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>"
             -Wshadow
             -Wconversion
             -Wno-sign-conversion # Qt's containers count in signed numbers, the standard library in unsigned ones

@@ -13,6 +13,9 @@ namespace {
 constexpr double RING_WIDTH = 2;
 constexpr double GAP_WIDTH = 1.5;
 
+/// With less of it against the window's ground an accent, such as a bright yellow on white, marks nothing.
+constexpr double LEAST_CONTRAST = 2.5;
+
 void strokeInside(QPainter& painter, const QRectF& box, double radius, double inset, double width,
                   const QColor& color) {
     const double middle = inset + width / 2;
@@ -27,7 +30,8 @@ void paintFocusRing(QPainter& painter, const QRectF& box, double radius, const P
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
-    strokeInside(painter, box, radius, 0, RING_WIDTH, palette.accent);
+    const bool isAccentSeen = contrastRatio(palette.accent, palette.ultraThinMaterial) >= LEAST_CONTRAST;
+    strokeInside(painter, box, radius, 0, RING_WIDTH, isAccentSeen ? palette.accent : palette.primary);
     strokeInside(painter, box, radius, RING_WIDTH, GAP_WIDTH, palette.ultraThinMaterial);
     painter.restore();
 }

@@ -32,7 +32,7 @@ protected:
         const FakeSymbols symbols;
         const ui::Palette palette = ui::Palette::light(Qt::blue);
         view.paint(painter, QRect(0, 0, WIDTH, view.compactHeight(WIDTH)),
-                   {.palette = palette, .symbols = symbols, .now = NOW, .highlight = highlight, .pressedOver = {}},
+                   {.palette = palette, .symbols = symbols, .now = NOW, .highlight = highlight, .hoveredAction = {}},
                    nullptr);
         return symbols.requestedNames();
     }

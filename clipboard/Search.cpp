@@ -4,11 +4,14 @@
 
 #include "text/ByteBlocks.h"
 #include "text/CharacterEnds.h"
+#include "text/CodePoints.h"
 #include "text/NormalForm.h"
 
 #include <QLocale>
 
-#include <algorithm>
+#include <unicode/uchar.h>
+
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -80,45 +83,95 @@ bool needsIcu(std::string_view piece, text::CaseFolding folding) {
            }) < piece.size();
 }
 
-bool isAt(std::string_view text, std::string_view searched, std::size_t at) {
-    std::size_t length = 0;
-    while (length < searched.size() && text[at + length] == searched[length]) {
-        ++length;
-    }
-    return length == searched.size();
-}
-
-/// Where the searched text, not empty, comes next from there on, byte for byte; the text's size when it does not.
-std::size_t findText(std::string_view text, std::string_view searched, std::size_t from) {
-    // Places that do not count often stand close together, and to ask the library costs more than to look.
-    constexpr std::size_t CLOSE_BYTES = 16;
+/// Where the searched text, not empty, first stands, byte for byte; the text's size when it does not.
+std::size_t findText(std::string_view text, std::string_view searched) {
     constexpr std::size_t BYTES_A_TRY = 32;
     constexpr std::size_t FREE_TRIES = 16;
-    if (text.size() < searched.size()) {
-        return text.size();
-    }
-    const auto end = text.size() - searched.size() + 1;
-    auto at = from;
-    for (const auto closeEnd = std::min(end, from + CLOSE_BYTES); at < closeEnd; ++at) {
-        if (isAt(text, searched, at)) {
-            return at;
-        }
-    }
+    std::size_t at = 0;
     // Nothing passes over a text as fast as the search for one byte, where that byte is rare.
-    for (std::size_t tries = 0;
-         searched.size() < LONG_SEARCHED_BYTES && at < end && tries < FREE_TRIES + (at - from) / BYTES_A_TRY;
+    for (std::size_t tries = 0; searched.size() < LONG_SEARCHED_BYTES && tries < FREE_TRIES + at / BYTES_A_TRY;
          ++tries, ++at) {
-        at = std::min(text.find(searched[0], at), end);
-        if (at < end && isAt(text, searched, at)) {
+        at = text.find(searched[0], at);
+        if (at == std::string_view::npos) {
+            return text.size();
+        }
+        if (text.substr(at).starts_with(searched)) {
             return at;
         }
-    }
-    if (at >= end) {
-        return text.size();
     }
     const auto* found =
         static_cast<const char*>(::memmem(text.data() + at, text.size() - at, searched.data(), searched.size()));
     return found != nullptr ? static_cast<std::size_t>(found - text.data()) : text.size();
+}
+
+/// Tells whether a place where the searched text stands ends a character, and remembers by which character one was
+/// refused, since in a text of one script the same follows again and again.
+class Ends {
+public:
+    explicit Ends(std::string_view searched) {
+        std::size_t at = 0;
+        const auto first = static_cast<UChar32>(text::nextCodePoint(searched, at));
+        // Else what stands before the place counts, too.
+        m_followerDecides = u_getIntPropertyValue(first, UCHAR_GRAPHEME_CLUSTER_BREAK) != U_GCB_EXTEND &&
+                            u_getIntPropertyValue(first, UCHAR_GRAPHEME_CLUSTER_BREAK) != U_GCB_ZWJ;
+    }
+
+    bool endsCharacter(std::string_view key, std::size_t end) {
+        std::uint32_t follower = 0;
+        if (end + sizeof follower <= key.size()) {
+            std::memcpy(&follower, key.data() + end, sizeof follower);
+            if (((follower ^ m_refused) & m_mask) == 0 && m_mask != 0) {
+                return false;
+            }
+        }
+        if (text::endsCharacter(key, end)) {
+            return true;
+        }
+        if (m_followerDecides && follower != 0) {
+            auto after = end;
+            text::nextCodePoint(key, after);
+            const char ones[sizeof m_mask] = {-1, -1, -1, -1};
+            m_mask = 0;
+            std::memcpy(&m_mask, ones, after - end);
+            m_refused = follower;
+        }
+        return false;
+    }
+
+private:
+    bool m_followerDecides;
+    std::uint32_t m_refused = 0;
+    std::uint32_t m_mask = 0; ///< of the bytes of the character
+};
+
+/// Does the searched text stand anywhere from there on, and end a character? For texts that are full of it: a block of
+/// bytes at a time, by its first and its last byte.
+bool containsFrom(std::string_view key, std::string_view searched, std::size_t from, Ends& ends) {
+    const char first = searched.front();
+    const char last = searched.back();
+    const char* const lasts = key.data() + searched.size() - 1;
+    const auto isHit = [&](std::size_t at) {
+        return std::memcmp(key.data() + at, searched.data(), searched.size()) == 0 &&
+               ends.endsCharacter(key, at + searched.size());
+    };
+    auto at = from;
+    for (; at + text::BYTE_BLOCK + searched.size() <= key.size(); at += text::BYTE_BLOCK) {
+        text::BlockMarks marks; // NOLINT(cppcoreguidelines-pro-type-member-init): written before read
+        for (std::size_t i = 0; i < text::BYTE_BLOCK; ++i) {
+            marks[i] = static_cast<unsigned char>((key[at + i] == first) & (lasts[at + i] == last));
+        }
+        for (auto bits = text::markBits(marks); bits != 0; bits &= bits - 1) {
+            if (isHit(at + static_cast<std::size_t>(std::countr_zero(bits)))) {
+                return true;
+            }
+        }
+    }
+    for (; at + searched.size() <= key.size(); ++at) {
+        if (isHit(at)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 } // namespace
@@ -159,13 +212,12 @@ bool searchKeyContains(std::string_view key, std::string_view searchedKey) {
     if (searchedKey.empty()) {
         return true;
     }
-    for (auto start = findText(key, searchedKey, 0); start < key.size();
-         start = findText(key, searchedKey, start + 1)) {
-        if (text::endsCharacter(key, start + searchedKey.size())) {
-            return true;
-        }
+    const auto place = findText(key, searchedKey);
+    if (place == key.size()) {
+        return false;
     }
-    return false;
+    Ends ends(searchedKey);
+    return ends.endsCharacter(key, place + searchedKey.size()) || containsFrom(key, searchedKey, place + 1, ends);
 }
 
 } // namespace zamber::clipboard

@@ -7,6 +7,7 @@ import struct
 import time
 import zlib
 
+from case import PASTED_LINE, PASTING_LINE
 from harness import holds_for, png_bytes, wait_until
 from hostile import HINT, MEBIBYTE, HostileTestCase, sha256, text
 
@@ -221,10 +222,10 @@ class BusyOwnersTest(HostileTestCase):
         self.choose(1)
         wait_until(lambda: rival.notes("taken_back"), what="the rival")
         # Whether the key still came in time is a matter of luck; what counts is that neither goes on fighting, and that
-        # there was one attempt, of what was chosen.
-        self.expect_paste()
+        # there was one attempt, of what was chosen, which the log calls a paste only if it was one.
         holds_for(lambda: len(rival.notes("taken_back")) <= 2, 3.0, lambda: f"peace: {len(rival.notes('taken_back'))}")
         self.assertIn(self.editor.text(), ("", "old", "rival"))
+        self.expected_lines += [PASTING_LINE] if self.editor.text() == "" else [PASTING_LINE, PASTED_LINE]
         self.assertNotEqual(self.clipboard.owner(), 0)
         self.assertEqual(self.clipboard.text(), "rival")
         rival.calm_down()
@@ -286,7 +287,8 @@ class MemoryTest(HostileTestCase):
         for number in range(6):
             owner.offer({"UTF8_STRING": {**text(f"small {number}"), "incr": 1000, "announce": 0x7fffffff}})
             self.wait_for_newest(f"small {number}")
-        self.assertLess(self.address_space_bytes() - before, 200 * MEBIBYTE)
+        # A thread that starts meanwhile has an arena of 64 MiB; what is announced would be 12 GiB.
+        self.assertLess(self.address_space_bytes() - before, 600 * MEBIBYTE)
         self.assert_unharmed()
 
     def test_what_there_is_no_memory_for_is_not_recorded_and_all_else_goes_on(self):
@@ -301,6 +303,8 @@ class MemoryTest(HostileTestCase):
         self.assert_unharmed()
         resource.prlimit(self.zamber.pid, resource.RLIMIT_AS, limits)
         self.assert_unharmed()
+        # There may be no memory for a worker thread's stack just then.
+        self.expected_errors = [line for line in self.zamber.stderr_lines() if line.startswith("QThread::start: ")]
 
 
 class LargeOwnersTest(HostileTestCase):

@@ -4,7 +4,7 @@
 
 #include "platform/x11/Keyboard.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -199,7 +199,7 @@ bool X11HotKeyCenter::eventFilter(QObject* watched, QEvent* event) {
     }
     m_closeMenus();
     m_held.push_back(code);
-    m_grabAttemptsLeft = MOST_GRAB_ATTEMPTS;
+    m_grabAttemptsLeft = QGuiApplication::focusWindow() == nullptr ? MOST_GRAB_ATTEMPTS : 0;
     tellPressInMenu(*registration);
     return true;
 }
@@ -207,12 +207,12 @@ bool X11HotKeyCenter::eventFilter(QObject* watched, QEvent* event) {
 void X11HotKeyCenter::tellPressInMenu(const Registration& registration) {
     // As with every other press, the keyboard is grabbed before anything is shown: a window that has the focus already
     // takes the grab, which the key's repetition would cause, for being left. The menu gives its own up a moment later.
-    if (!m_held.empty()) { // let go already, it needs none
+    if (!m_held.empty() && m_grabAttemptsLeft > 0) {
         grabKeyboard();
-    }
-    if (!m_held.empty() && !m_hasGrabbedKeyboard && --m_grabAttemptsLeft > 0) {
-        QTimer::singleShot(GRAB_INTERVAL, this, [this, registration] { tellPressInMenu(registration); });
-        return;
+        if (!m_hasGrabbedKeyboard && --m_grabAttemptsLeft > 0) {
+            QTimer::singleShot(GRAB_INTERVAL, this, [this, registration] { tellPressInMenu(registration); });
+            return;
+        }
     }
     m_lookAtHeldKeys.start();
     if (m_handler) {

@@ -4,6 +4,7 @@
 
 #include "platform/x11/Windows.h"
 
+#include <unistd.h>
 #include <xcb/xfixes.h>
 
 #include <array>
@@ -52,6 +53,10 @@ void X11WindowSystem::setShadow(WId window, const QMargins& shadow) {
     // Qt shows the window by another connection: the property has to be there first.
     const Owned<xcb_get_input_focus_reply_t> arrived(
         xcb_get_input_focus_reply(m_connection.raw(), xcb_get_input_focus(m_connection.raw()), nullptr));
+}
+
+bool X11WindowSystem::hasKeyboardFocus() const {
+    return m_windows.isFocusOf(getpid());
 }
 
 void X11WindowSystem::presentPopover(WId window) {

@@ -153,3 +153,26 @@ class WhoeverIsInFrontTest(DesktopTestCase):
         self.keyboard.play((0.0, "-Shift_L"), (0.05, "-Super_L"))
         newcomer.wait_for_text("second")
         self.assertEqual(self.editor.text(), "")
+
+
+class OpenPopoverTest(DesktopTestCase):
+    """As long as a hot key is down, its grab has the keyboard; the window with the focus has not been left for that."""
+
+    history = HISTORY
+    preferences = {"quickPasteEnabled": True}
+
+    def test_the_main_hot_key_keeps_an_open_popover_open(self):
+        self.zamber.open_popover()
+        for hold in (0.08, 0.25, 0.9):
+            with self.subTest(hold=hold):
+                self.keyboard.play(*PRESS, (0.08, "+v"), (0.08 + hold, "-v"), (0.1 + hold, "-Shift_L"),
+                                   (0.12 + hold, "-Super_L"))
+                holds_for(lambda: self.zamber.popover() is not None, 0.5, "the popover stays open")
+
+    def test_a_quick_paste_goes_into_its_search_field(self):
+        self.zamber.open_popover()
+        self.expected_lines.append(PASTED_LINE)
+        self.keyboard.play(*PRESS, (0.08, "+2"), (0.35, "-2"), (0.4, "-Shift_L"), (0.42, "-Super_L"))
+        wait_until(lambda: "second" in [node.text for node in self.zamber.tree().all(role="text")],
+                   what="the entry in the search field")
+        self.assertEqual(self.editor.text(), "")

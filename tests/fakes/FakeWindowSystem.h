@@ -16,6 +16,7 @@ public:
     bool isComposited() const override { return composited; }
     QRect workArea(const QRect& monitor) const override { return monitor; }
     void setShadow(WId /*window*/, const QMargins& shadow) override { shadows.append(shadow); }
+    bool hasKeyboardFocus() const override { return hasFocus; }
     void presentPopover(WId window) override { presented.append(window); }
 
     void setComposited(bool isComposited) {
@@ -24,6 +25,7 @@ public:
     }
 
     bool composited = true;
+    bool hasFocus = false;
     QList<QMargins> shadows; ///< as they were told, the newest last
     QList<WId> presented;
 };

@@ -24,6 +24,9 @@ namespace {
 /// icon is in the tray.
 constexpr std::chrono::milliseconds CONTENT_DELAY{100};
 
+/// How often the focus is looked at while a grab hides it from Qt.
+constexpr std::chrono::milliseconds LOOK_INTERVAL{100};
+
 int distance(const QRect& rectangle, QPoint point) {
     const int x = std::max({rectangle.left() - point.x(), 0, point.x() - rectangle.right()});
     const int y = std::max({rectangle.top() - point.y(), 0, point.y() - rectangle.bottom()});
@@ -161,10 +164,16 @@ void PopoverWindow::applyLook() {
 }
 
 void PopoverWindow::closeUnlessOursIsActive() {
-    if (QApplication::activeWindow() == nullptr && QApplication::activeModalWidget() == nullptr &&
-        QApplication::activePopupWidget() == nullptr) {
-        performClose();
+    if (!isShown() || QApplication::activeWindow() != nullptr || QApplication::activeModalWidget() != nullptr ||
+        QApplication::activePopupWidget() != nullptr) {
+        return;
     }
+    if (m_windowSystem.hasKeyboardFocus()) {
+        // A hot key is held, whose grab has the keyboard. Where the focus goes meanwhile, Qt does not tell.
+        QTimer::singleShot(LOOK_INTERVAL, this, &PopoverWindow::closeUnlessOursIsActive);
+        return;
+    }
+    performClose();
 }
 
 } // namespace zamber::freedesktop::popover

@@ -28,6 +28,10 @@ public:
     /// does.
     virtual void presentPopover(WId window) = 0;
 
+    /// Whether a window of this program has the keyboard focus, even while a grab, such as that of a hot key that is
+    /// held, takes the keys elsewhere. Qt tells such a window that it has been left.
+    virtual bool hasKeyboardFocus() const = 0;
+
 Q_SIGNALS:
     void compositedChanged();
 };

@@ -11,6 +11,8 @@
 
 #include <unicode/uchar.h>
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -22,8 +24,6 @@ namespace {
 constexpr char16_t COMBINING_DOT_ABOVE = 0x0307;
 constexpr char16_t DOTLESS_I = 0x0131;
 constexpr std::size_t FOLDED_AT_ONCE_BYTES = 4096;
-/// From so many bytes on, the C library's search for a text beats the one for its first byte.
-constexpr std::size_t LONG_SEARCHED_BYTES = 5;
 
 bool isUpperCaseAscii(char c) {
     return c >= 'A' && c <= 'Z';
@@ -83,25 +83,19 @@ bool needsIcu(std::string_view piece, text::CaseFolding folding) {
            }) < piece.size();
 }
 
-/// Where the searched text, not empty, first stands, byte for byte; the text's size when it does not.
-std::size_t findText(std::string_view text, std::string_view searched) {
-    constexpr std::size_t BYTES_A_TRY = 32;
+/// A place before which the searched text does not stand, as far on as the search for its first byte gets without
+/// meeting that byte all the time: nothing passes over a text faster.
+std::size_t skipByFirstByte(std::string_view text, std::string_view searched) {
+    constexpr std::size_t BYTES_A_TRY = 64;
     constexpr std::size_t FREE_TRIES = 16;
     std::size_t at = 0;
-    // Nothing passes over a text as fast as the search for one byte, where that byte is rare.
-    for (std::size_t tries = 0; searched.size() < LONG_SEARCHED_BYTES && tries < FREE_TRIES + at / BYTES_A_TRY;
-         ++tries, ++at) {
-        at = text.find(searched[0], at);
-        if (at == std::string_view::npos) {
-            return text.size();
-        }
-        if (text.substr(at).starts_with(searched)) {
-            return at;
+    for (std::size_t tries = 0; tries < FREE_TRIES + at / BYTES_A_TRY; ++tries, ++at) {
+        at = std::min(text.find(searched.front(), at), text.size());
+        if (at == text.size() || text.substr(at).starts_with(searched)) {
+            break;
         }
     }
-    const auto* found =
-        static_cast<const char*>(::memmem(text.data() + at, text.size() - at, searched.data(), searched.size()));
-    return found != nullptr ? static_cast<std::size_t>(found - text.data()) : text.size();
+    return at;
 }
 
 /// Tells whether a place where the searched text stands ends a character, and remembers by which character one was
@@ -111,41 +105,57 @@ public:
     explicit Ends(std::string_view searched) {
         std::size_t at = 0;
         const auto first = static_cast<UChar32>(text::nextCodePoint(searched, at));
+        auto lastAt = text::previousCodePoint(searched, searched.size());
+        const auto last = text::nextCodePoint(searched, lastAt);
+        const auto firstBreak = u_getIntPropertyValue(first, UCHAR_GRAPHEME_CLUSTER_BREAK);
         // Else what stands before the place counts, too.
-        m_followerDecides = u_getIntPropertyValue(first, UCHAR_GRAPHEME_CLUSTER_BREAK) != U_GCB_EXTEND &&
-                            u_getIntPropertyValue(first, UCHAR_GRAPHEME_CLUSTER_BREAK) != U_GCB_ZWJ;
+        m_followerDecides = !text::mayJoinWhatFollows(last) || (firstBreak != U_GCB_EXTEND && firstBreak != U_GCB_ZWJ);
     }
 
     bool endsCharacter(std::string_view key, std::size_t end) {
-        std::uint32_t follower = 0;
-        if (end + sizeof follower <= key.size()) {
-            std::memcpy(&follower, key.data() + end, sizeof follower);
-            if (((follower ^ m_refused) & m_mask) == 0 && m_mask != 0) {
-                return false;
-            }
+        if (!m_followerDecides || end + sizeof(std::uint32_t) > key.size()) {
+            return text::endsCharacter(key, end);
+        }
+        const auto follower = characterAt(key.data() + end);
+        auto& refused = m_refused[follower * MULTIPLIER >> (32U - REFUSED_BITS)];
+        if (follower == refused && follower != 0) {
+            return false;
         }
         if (text::endsCharacter(key, end)) {
             return true;
         }
-        if (m_followerDecides && follower != 0) {
-            auto after = end;
-            text::nextCodePoint(key, after);
-            const char ones[sizeof m_mask] = {-1, -1, -1, -1};
-            m_mask = 0;
-            std::memcpy(&m_mask, ones, after - end);
-            m_refused = follower;
-        }
+        refused = follower;
         return false;
     }
 
 private:
+    static constexpr unsigned REFUSED_BITS = 6;
+    static constexpr std::uint32_t MULTIPLIER = 0x9E3779B1; // spreads the bits over the upper ones
+
+    /// The bytes of a character by the upper half of its first one.
+    static constexpr auto CHARACTER_MASKS = [] {
+        std::array<std::uint32_t, 16> masks{};
+        for (std::size_t half = 0; half < masks.size(); ++half) {
+            std::array<unsigned char, 4> bytes{};
+            const std::size_t length = half < 0xC ? 1 : half < 0xE ? 2 : half < 0xF ? 3 : 4;
+            std::fill_n(bytes.begin(), length, static_cast<unsigned char>(0xFF));
+            masks[half] = std::bit_cast<std::uint32_t>(bytes);
+        }
+        return masks;
+    }();
+
+    static std::uint32_t characterAt(const char* place) {
+        std::uint32_t bytes = 0;
+        std::memcpy(&bytes, place, sizeof bytes);
+        return bytes & CHARACTER_MASKS[static_cast<unsigned char>(*place) >> 4U];
+    }
+
     bool m_followerDecides;
-    std::uint32_t m_refused = 0;
-    std::uint32_t m_mask = 0; ///< of the bytes of the character
+    std::array<std::uint32_t, std::size_t{1} << REFUSED_BITS> m_refused{};
 };
 
-/// Does the searched text stand anywhere from there on, and end a character? For texts that are full of it: a block of
-/// bytes at a time, by its first and its last byte.
+/// Does the searched text stand anywhere from there on, and end a character? A block of bytes at a time, by its first
+/// and its last byte, so that a text may be full of places that do not count.
 bool containsFrom(std::string_view key, std::string_view searched, std::size_t from, Ends& ends) {
     const char first = searched.front();
     const char last = searched.back();
@@ -212,12 +222,11 @@ bool searchKeyContains(std::string_view key, std::string_view searchedKey) {
     if (searchedKey.empty()) {
         return true;
     }
-    const auto place = findText(key, searchedKey);
-    if (place == key.size()) {
+    if (key.size() < searchedKey.size()) {
         return false;
     }
     Ends ends(searchedKey);
-    return ends.endsCharacter(key, place + searchedKey.size()) || containsFrom(key, searchedKey, place + 1, ends);
+    return containsFrom(key, searchedKey, skipByFirstByte(key, searchedKey), ends);
 }
 
 } // namespace zamber::clipboard

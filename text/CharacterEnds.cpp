@@ -64,11 +64,6 @@ bool isSameSyllable(HangulLetter left, HangulLetter right) {
     return false;
 }
 
-bool mayJoin(char32_t c) {
-    return c == COMBINING_GRAPHEME_JOINER || c == ZERO_WIDTH_JOINER ||
-           (c >= FIRST_COMBINING && u_getCombiningClass(static_cast<UChar32>(c)) == VIRAMA_COMBINING_CLASS);
-}
-
 /// What ICU answers where a joiner stands before the place. It is asked about the few characters around, and its
 /// answers are kept: the same characters come again and again, and to ask takes a microsecond.
 class JoinerAnswers {
@@ -102,6 +97,11 @@ private:
 
 } // namespace
 
+bool mayJoinWhatFollows(char32_t c) {
+    return c == COMBINING_GRAPHEME_JOINER || c == ZERO_WIDTH_JOINER ||
+           (c >= FIRST_COMBINING && u_getCombiningClass(static_cast<UChar32>(c)) == VIRAMA_COMBINING_CLASS);
+}
+
 bool endsCharacter(std::string_view text, std::size_t end) {
     if (end == text.size() || static_cast<unsigned char>(text[end]) < 0x80) {
         return true;
@@ -119,7 +119,8 @@ bool endsCharacter(std::string_view text, std::size_t end) {
         return false;
     }
     static thread_local JoinerAnswers answers;
-    return (lastLetter == HangulLetter::None && !mayJoin(last)) || answers.endsCharacter(text, end, afterNext);
+    return (lastLetter == HangulLetter::None && !mayJoinWhatFollows(last)) ||
+           answers.endsCharacter(text, end, afterNext);
 }
 
 } // namespace zamber::text

@@ -12,4 +12,7 @@ namespace zamber::text {
 /// the same time for any text.
 bool endsCharacter(std::string_view text, std::size_t end);
 
+/// May the character hang together with the one that follows it, depending on what stands before?
+bool mayJoinWhatFollows(char32_t c);
+
 } // namespace zamber::text

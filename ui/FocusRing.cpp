@@ -13,6 +13,17 @@ namespace {
 constexpr double RING_WIDTH = 2;
 constexpr double GAP_WIDTH = 1.5;
 
+constexpr double LEAST_CONTRAST = 2.2;
+constexpr double QUIET_GROUND_OPACITY = 0.2; // of a switch that is off
+
+/// The accent, but for one that is as grey as the controls are.
+QColor ringColor(const Palette& palette) {
+    const QColor quiet = composed(faded(palette.primary, QUIET_GROUND_OPACITY), palette.ultraThinMaterial);
+    return contrastRatio(palette.accent, quiet) >= LEAST_CONTRAST
+               ? palette.accent
+               : composed(palette.primary, palette.ultraThinMaterial);
+}
+
 void strokeInside(QPainter& painter, const QRectF& box, double radius, double inset, double width,
                   const QColor& color) {
     const double middle = inset + width / 2;
@@ -27,7 +38,7 @@ void paintFocusRing(QPainter& painter, const QRectF& box, double radius, const P
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
-    strokeInside(painter, box, radius, 0, RING_WIDTH, palette.accent);
+    strokeInside(painter, box, radius, 0, RING_WIDTH, ringColor(palette));
     strokeInside(painter, box, radius, RING_WIDTH, GAP_WIDTH, palette.ultraThinMaterial);
     painter.restore();
 }

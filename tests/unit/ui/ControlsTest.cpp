@@ -63,6 +63,7 @@ int pixelsOfFocus(Control& control, const Palette& palette) {
         control.render(&image, {}, {}, QWidget::DrawChildren);
         return image;
     };
+    control.clearFocus(); // which the only control of a window has at once
     const QImage without = picture();
     control.setFocus();
     EXPECT_TRUE(control.hasFocus());
@@ -88,7 +89,8 @@ TEST(FocusRing, ItIsSeenOnEveryControlInEveryState) {
                 Switch control(u"Switch"_s);
                 control.setMotion(Motion::Reduced);
                 control.setChecked(isOn);
-                EXPECT_GE(pixelsOfFocus(control, palette), about) << isOn;
+                EXPECT_GE(pixelsOfFocus(control, palette), about)
+                    << isOn << " " << accent.name().toStdString() << " " << palette.isDark;
             }
             for (const auto prominence : {ButtonLook::Prominence::Bordered, ButtonLook::Prominence::Prominent,
                                           ButtonLook::Prominence::Destructive}) {

@@ -3,7 +3,7 @@
 # where pkg-config does not look.
 function(zamber_name_missing_packages)
   if(APPLE)
-    return() # Homebrew's names are in tools/house.sh
+    return() # Homebrew's names are in tools/build.sh
   endif()
   find_program(ZAMBER_PKG_CONFIG NAMES pkg-config pkgconf)
   file(STRINGS "${CMAKE_SOURCE_DIR}/tools/packages.txt" rows REGEX "^[a-z]")

@@ -54,8 +54,8 @@ void setReopenHandler(std::function<void()> handler) {
 
 @implementation ZamberApplicationDelegate
 - (BOOL)applicationShouldHandleReopen:(NSApplication*)sender hasVisibleWindows:(BOOL)hasVisibleWindows {
-    if (zamber::reopenHandler()) {
-        zamber::reopenHandler()();
+    if (zamber::macos::reopenHandler()) {
+        zamber::macos::reopenHandler()();
     }
     return NO;
 }

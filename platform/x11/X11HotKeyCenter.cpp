@@ -4,7 +4,7 @@
 
 #include "platform/x11/Keyboard.h"
 
-#include <QGuiApplication>
+#include <QCoreApplication>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -16,8 +16,9 @@ namespace zamber::x11 {
 
 namespace {
 
-/// No keyboard repeats a key sooner, and a popover that was called up has the focus by then.
-constexpr std::chrono::milliseconds TIME_BEFORE_REPETITION{350};
+/// How often and how many times the keyboard is tried for, once an open menu has been told to close.
+constexpr std::chrono::milliseconds GRAB_INTERVAL{5};
+constexpr int MOST_GRAB_ATTEMPTS = 20;
 
 /// How often the keyboard is asked while a hot key is held: its release may go elsewhere, with its grab.
 constexpr std::chrono::milliseconds LOOK_INTERVAL{50};
@@ -197,9 +198,26 @@ bool X11HotKeyCenter::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     m_closeMenus();
-    m_sinceMenuPress.start();
-    press(*registration);
+    m_held.push_back(code);
+    m_grabAttemptsLeft = MOST_GRAB_ATTEMPTS;
+    tellPressInMenu(*registration);
     return true;
+}
+
+void X11HotKeyCenter::tellPressInMenu(const Registration& registration) {
+    // As with every other press, the keyboard is grabbed before anything is shown: a window that has the focus already
+    // takes the grab, which the key's repetition would cause, for being left. The menu gives its own up a moment later.
+    if (!m_held.empty()) { // let go already, it needs none
+        grabKeyboard();
+    }
+    if (!m_held.empty() && !m_hasGrabbedKeyboard && --m_grabAttemptsLeft > 0) {
+        QTimer::singleShot(GRAB_INTERVAL, this, [this, registration] { tellPressInMenu(registration); });
+        return;
+    }
+    m_lookAtHeldKeys.start();
+    if (m_handler) {
+        m_handler(registration.id);
+    }
 }
 
 void X11HotKeyCenter::press(const Registration& registration) {
@@ -224,12 +242,6 @@ void X11HotKeyCenter::forgetReleasedKeys() {
             forgetKey(key, XCB_CURRENT_TIME);
         }
     }
-    // A key that was pressed in a menu has no grab that keeps its repetitions from the window in front. Our own windows
-    // do not see them, and take being without the keyboard for being left.
-    if (m_sinceMenuPress.isValid() && m_sinceMenuPress.hasExpired(TIME_BEFORE_REPETITION.count()) && !m_held.empty() &&
-        QGuiApplication::focusWindow() == nullptr) {
-        grabKeyboard();
-    }
 }
 
 void X11HotKeyCenter::grabKeyboard() {
@@ -249,14 +261,12 @@ void X11HotKeyCenter::forgetKey(xcb_keycode_t key, xcb_timestamp_t time) {
     if (m_hasGrabbedKeyboard) {
         endGrab(time); // of a key that has been pressed since, the server keeps the grab
     }
-    m_sinceMenuPress.invalidate();
     m_lookAtHeldKeys.stop();
     Q_EMIT keysReleased();
 }
 
 void X11HotKeyCenter::ungrabKeyboard() {
     m_held.clear();
-    m_sinceMenuPress.invalidate();
     m_lookAtHeldKeys.stop();
     endGrab(XCB_CURRENT_TIME);
 }

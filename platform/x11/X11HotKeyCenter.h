@@ -5,7 +5,6 @@
 #include "platform/HotKeyCenter.h"
 #include "platform/x11/Connection.h"
 
-#include <QElapsedTimer>
 #include <QTimer>
 
 #include <functional>
@@ -63,6 +62,7 @@ private:
     const Registration* findRegistration(xcb_keycode_t key, std::uint32_t state) const;
     void handlePress(const xcb_key_press_event_t& press);
     void press(const Registration& registration);
+    void tellPressInMenu(const Registration& registration);
     void forgetReleasedKeys();
     void grabKeyboard();
     void forgetKey(xcb_keycode_t key, xcb_timestamp_t time);
@@ -76,7 +76,7 @@ private:
     PressedHandler m_handler;
     std::vector<xcb_keycode_t> m_held;
     bool m_hasGrabbedKeyboard = false; // beyond what the server grabs with a single key
-    QElapsedTimer m_sinceMenuPress;
+    int m_grabAttemptsLeft = 0;
     QTimer m_lookAtHeldKeys;
 };
 

@@ -252,7 +252,9 @@ void X11Pasteboard::handleMore(const CopyReader::Arrived& more) {
 }
 
 void X11Pasteboard::handleContent(const SelectionContent& content, bool countsAsChange) {
-    const bool isRepeated = !content.isEmpty() && m_content.text == content.text && m_content.image == content.image;
+    // The text beside an image comes only after it.
+    const bool isSame = m_content.image == content.image && (content.image || m_content.text == content.text);
+    const bool isRepeated = !content.isEmpty() && isSame;
     const std::optional<int> written = m_writes.newestEqualTo(content);
     const bool isRecent = m_sinceOffer.isValid() && !m_sinceOffer.hasExpired(ECHO_TIME.count());
     m_source = Source::Foreign;

@@ -48,7 +48,8 @@ class OpenedAddressTest(DesktopTestCase):
         opener = folder / "xdg-open"
         opener.write_text(f"""#!/bin/sh
 echo "printed by a browser"; echo "warned by a browser" >&2
-{{ echo "address $1"; env; for stream in 0 1 2; do readlink /proc/$$/fd/$stream; done; }} >{self.report}.new
+streams=$(for stream in 0 1 2; do readlink /proc/$$/fd/$stream; done)
+{{ echo "address $1"; env; echo "$streams"; }} >{self.report}.new
 mv {self.report}.new {self.report}
 """)
         opener.chmod(0o755)

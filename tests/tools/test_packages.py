@@ -27,10 +27,10 @@ class MissingPackagesTest(unittest.TestCase):
             (self.folder / "bin" / tool).symlink_to(shutil.which(tool))
 
     def require(self, group="run", release="", **probes):
-        """tools/house.sh's answer on a machine that has neither Debian's tools nor anything else but these probes."""
+        """tools/build.sh's answer on a machine that has neither Debian's tools nor anything else but these probes."""
         (self.folder / "os-release").write_text(release)
         functions = "".join(f"{name}() {{ {body}; }}\n" for name, body in probes.items())
-        script = f'root=$1; os_release=$1/os-release; . "$1/tools/house.sh"; {functions} require {group}'
+        script = f'root=$1; os_release=$1/os-release; . "$1/tools/build.sh"; {functions} require {group}'
         answer = subprocess.run(["/bin/bash", "-euc", script, "run", self.folder], capture_output=True, text=True,
                                 check=False, env={"PATH": str(self.folder / "bin")})
         return answer.returncode, answer.stderr

@@ -8,7 +8,9 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <initializer_list>
 #include <map>
+#include <utility>
 
 namespace zamber::freedesktop::session {
 
@@ -23,7 +25,7 @@ DesktopEntry entryOf(const QByteArray& keys) {
 /// Environment variables that have these values until the end of the test.
 class Variables {
 public:
-    explicit Variables(const std::map<const char*, const char*>& values) {
+    explicit Variables(std::initializer_list<std::pair<const char*, const char*>> values) {
         for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG", "LANGUAGE"}) {
             m_before[name] = qgetenv(name);
             qunsetenv(name);
@@ -102,7 +104,7 @@ TEST(DesktopEntry, APathThatWasWrittenIsReadAgain) {
     for (const QString& path : {u"/usr/bin/zamber"_s, u"/opt/my programs/zamber"_s, u"/opt/a\"b\\c/zamber"_s,
                                 u"/opt/$HOME/`x`/it's"_s, u"/opt/100%/zamber"_s, u"/opt/größe & (c);"_s}) {
         const DesktopEntry entry =
-            entryOf(("Exec=" + execValue(path) + "\nTryExec=" + stringValue(path) + "\n").toUtf8());
+            entryOf(("Exec=" + execValue(path).toUtf8() + "\nTryExec=" + stringValue(path).toUtf8() + "\n"));
         EXPECT_EQ(entry.program(), path);
         EXPECT_EQ(entry.string(u"TryExec"_s), path);
     }

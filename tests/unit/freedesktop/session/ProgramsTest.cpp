@@ -30,8 +30,9 @@ protected:
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("#!/bin/sh\ncd '" + QFile::encodeName(folder.path()) +
                    "' || exit 1\n"
+                   "streams=$(for stream in 0 1 2; do echo \"stream $(readlink /proc/$$/fd/$stream)\"; done)\n"
                    "{ for argument in \"$0\" \"$@\"; do echo \"argument $argument\"; done; env\n"
-                   "for stream in 0 1 2; do echo \"stream $(readlink /proc/$$/fd/$stream)\"; done; } >report.new\n"
+                   "echo \"$streams\"; } >report.new\n"
                    "mv report.new report\n");
         file.close();
         EXPECT_TRUE(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));

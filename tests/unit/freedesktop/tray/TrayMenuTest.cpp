@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QTest>
+#include <QWidget>
 
 #include <gtest/gtest.h>
 
@@ -16,12 +17,17 @@ namespace {
 class TrayMenuTest : public testing::Test {
 protected:
     TrayMenuTest() {
+        // A menu that a user has open makes the program the active one; offscreen only a window can.
+        other.show();
+        other.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
         menu.setItems({{.title = u"Settings…"_s, .keyEquivalent = u","_s, .action = [this] { ++settingsAsked; }},
                        {},
                        {.title = u"Plain"_s, .keyEquivalent = {}, .action = [this] { ++plainAsked; }},
                        {.title = u"Quit"_s, .keyEquivalent = u"q"_s, .action = [this] { ++quitAsked; }}});
     }
 
+    QWidget other;
     TrayMenu menu{u"⌘ is the Super key"_s};
     int settingsAsked = 0;
     int plainAsked = 0;

@@ -36,8 +36,9 @@ require() {
 }
 
 require_debian() {
-    local wanted missing
-    wanted=$(rows "$@" | cut -d ' ' -f 1 | sort -u)
+    local names wanted missing
+    names=$(rows "$@" | cut -d ' ' -f 1 | sort -u)
+    wanted=$(names_here "$names")
     missing=$(missing_packages "$wanted")
     [ -n "$missing" ] || return 0
 
@@ -53,11 +54,37 @@ require_debian() {
     local apt=(${as_root[@]+"${as_root[@]}"} env DEBIAN_FRONTEND=noninteractive apt-get -q -y
         -o DPkg::Lock::Timeout=600 -o Acquire::Retries=3)
     "${apt[@]}" update || printf 'The package lists could not all be renewed; going on with what there is.\n' >&2
+    wanted=$(names_here "$names") # what a fresh machine could not tell before
+    missing=$(echo $(missing_packages "$wanted"))
     # shellcheck disable=SC2086 # a list of words
     "${apt[@]}" install --no-install-recommends $missing </dev/null || die "these packages could not be installed (see above):" \
         "$missing"
     missing=$(missing_packages "$wanted")
     [ -z "$missing" ] || die "still missing after the installation:" "$missing"
+}
+
+is_installed() { dpkg-query --show --showformat '${db:Status-Abbrev}' "$1" 2>/dev/null | grep -q '^.i'; }
+
+# names_here <names>: of a package with several names, one for each release and | between them, the one that is installed
+# or that this release has.
+names_here() {
+    local name one
+    for name in $1; do
+        case $name in
+        *"|"*)
+            for one in ${name//|/ }; do
+                ! is_installed "$one" || break
+            done
+            if ! is_installed "$one"; then
+                for one in ${name//|/ }; do
+                    ! apt-cache show "$one" >/dev/null 2>&1 || break
+                done
+            fi
+            name=$one
+            ;;
+        esac
+        printf '%s\n' "$name"
+    done
 }
 
 missing_packages() {

@@ -5,6 +5,7 @@
 #include "RowMetrics.h"
 #include "text/Characters.h"
 
+#include "popover/ExpandedText.h"
 #include "popover/RelativeTime.h"
 #include "popover/TextLines.h"
 #include "ui/Typography.h"
@@ -162,7 +163,7 @@ int ClipboardRowView::compactHeight(int width) const {
 }
 
 int ClipboardRowView::expandedHeight(double textHeight) const {
-    const int text = static_cast<int>(std::ceil(textHeight));
+    const int text = static_cast<int>(std::ceil(std::min<double>(textHeight, ExpandedText::MOST_SHOWN_HEIGHT)));
     return std::max(lineHeight(previewFont()), text) + countsHeight() + 2 * rowmetrics::PADDING_VERTICAL;
 }
 

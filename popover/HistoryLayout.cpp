@@ -18,7 +18,7 @@ using RoomBelow = ListGeometry::RoomBelow;
 
 namespace {
 
-constexpr int PADDING_HORIZONTAL = 8;
+constexpr int LIST_PADDING_HORIZONTAL = 8;
 
 int headerHeight() {
     return rowmetrics::HEADER_PADDING_TOP + lineHeight(ui::textFont(10, QFont::DemiBold)) +
@@ -138,12 +138,12 @@ std::optional<int> HistoryLayout::rowAt(QPoint point) const {
 }
 
 int HistoryLayout::rowWidth() const {
-    return m_size.width() - 2 * rowmetrics::PADDING_HORIZONTAL;
+    return m_size.width() - 2 * LIST_PADDING_HORIZONTAL;
 }
 
 QRect HistoryLayout::rowRectangle(int row) const {
     const ListGeometry::Span span = m_geometry.rowSpan(row);
-    return {rowmetrics::PADDING_HORIZONTAL, span.top, rowWidth(), span.height};
+    return {LIST_PADDING_HORIZONTAL, span.top, rowWidth(), span.height};
 }
 
 ClipboardRowView HistoryLayout::rowView(int row) {
@@ -204,14 +204,6 @@ void HistoryLayout::updateHighlights(Motion motion) {
         highlighted.append(m_items[m_selectedIndex].id);
     }
     m_highlights.setHighlighted(highlighted, motion);
-    // The buttons of a highlighted row take room from its text at once, and give it back at once.
-    QList<QUuid> affected = highlighted;
-    for (const auto& [id, row] : m_rows) {
-        if (!row.isHighlighted && row.highlightProgress > 0) {
-            affected.append(id);
-        }
-    }
-    measureAgain(affected);
 }
 
 std::optional<ListGeometry::Hold> HistoryLayout::hold() const {

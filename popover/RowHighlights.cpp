@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace zamber::popover {
 
@@ -30,12 +31,17 @@ RowHighlights::RowHighlights(HistoryRows& rows)
 }
 
 void RowHighlights::setHighlighted(const QList<QUuid>& highlighted, Motion motion) {
+    QList<QUuid> affected = highlighted;
     for (auto& [id, row] : m_rows) {
-        row.isHighlighted = false;
+        if (std::exchange(row.isHighlighted, false) && !highlighted.contains(id)) {
+            affected.append(id);
+        }
     }
     for (const QUuid& id : highlighted) {
         m_rows.of(id).isHighlighted = true;
     }
+    // The buttons of a highlighted row take room from its text, and give it back, before anything fades.
+    emit advanced(affected);
     if (motion == Motion::Immediate) {
         m_frames.stop();
         move(1);

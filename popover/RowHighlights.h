@@ -28,7 +28,7 @@ public:
     bool isMoving() const { return m_frames.isActive(); }
 
 signals:
-    /// The highlights of these rows have changed.
+    /// These rows are highlighted in another way, or to another degree.
     void advanced(const QList<QUuid>& rows);
     /// Nothing moves any more.
     void settled();

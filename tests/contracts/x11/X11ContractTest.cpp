@@ -27,7 +27,8 @@
 #include "tests/fakes/FakeAppearance.h"
 
 #include <QApplication>
-#include <QDesktopServices>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <QWidget>
 
@@ -85,21 +86,32 @@ private:
     }
 };
 
-/// Takes the place of the user's browser.
-class AddressCatcher final : public QObject {
-    Q_OBJECT
-
+/// Takes the place of the user's browser: a program of the name that desktops open addresses with, which notes them.
+class AddressCatcher {
 public:
-    AddressCatcher() { QDesktopServices::setUrlHandler(SCHEME, this, "take"); }
-    ~AddressCatcher() override { QDesktopServices::unsetUrlHandler(SCHEME); }
+    /// Before any program is started, since all are started with the environment that this one began with.
+    static void install() {
+        QFile opener(folder().filePath(QStringLiteral("xdg-open")));
+        if (opener.open(QIODevice::WriteOnly)) {
+            opener.write("#!/bin/sh\nprintf '%s\\n' \"$1\" >>\"${0%/*}/opened\"\n");
+            opener.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        }
+        qputenv("PATH", QFile::encodeName(folder().path()) + ':' + qgetenv("PATH"));
+    }
 
-    QList<QUrl> taken;
+    AddressCatcher() { QFile::remove(notes()); }
 
-public slots:
-    void take(const QUrl& address) { taken << address; }
+    static QList<QByteArray> taken() {
+        QFile file(notes());
+        return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().split('\n') : QList<QByteArray>();
+    }
 
 private:
-    static inline const QString SCHEME = QStringLiteral("zamber-test");
+    static const QTemporaryDir& folder() {
+        static const QTemporaryDir folder;
+        return folder;
+    }
+    static QString notes() { return folder().filePath(QStringLiteral("opened")); }
 };
 
 struct X11WorkspaceRig : X11Rig {
@@ -118,7 +130,7 @@ struct X11WorkspaceRig : X11Rig {
     void closeApplication(int number) { partner.closeWindow(opened[number]); }
     void bringToFront(int number) { partner.activateWindow(opened[number]); }
     bool isInFront(int number) { return partner.activeWindow() == opened[number]; }
-    bool wasOpened(const QUrl& address) { return catcher.taken == QList{address}; }
+    bool wasOpened(const QUrl& address) { return AddressCatcher::taken() == QList{address.toEncoded()}; }
 };
 
 struct X11HotKeyCenterRig : X11Rig {
@@ -308,8 +320,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Qt, StatusItemContract, TrayIconRig);
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
+    zamber::x11::AddressCatcher::install();
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }
-
-#include "X11ContractTest.moc"

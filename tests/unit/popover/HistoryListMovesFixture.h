@@ -8,6 +8,7 @@
 
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <chrono>
 
 namespace zamber::popover {
@@ -57,6 +58,9 @@ protected:
         return -1;
     }
 
+    /// The row in the middle of the view, or just below if that is between two rows.
+    int middleRow() { return std::max(rowAt(middle()), rowAt(middle() + QPoint(0, 8))); }
+
     int top(const QUuid& id) { return list().rowRectangle(rowOf(id)).top(); }
 
     int firstSeenRow() {
@@ -73,6 +77,15 @@ protected:
         QWheelEvent wheel(QPointF(at), list().mapToGlobal(QPointF(at)), pixels, angle, {}, {}, Qt::NoScrollPhase,
                           false);
         QCoreApplication::sendEvent(&list(), &wheel);
+    }
+
+    /// So many notches down, and a little more if the pointer would be between two rows then.
+    int turnOntoARow(int notches) {
+        turn(-notches);
+        while (rowAt(middle()) < 0) {
+            turnBy({}, QPoint(0, -4), middle());
+        }
+        return rowAt(middle());
     }
 
     /// The hand rests; what waits for that happens.

@@ -12,7 +12,7 @@ TEST_F(HistoryListPlacesTest, WhereARowIsDeletedTheNextOneTakesItsPlaceAndNothin
     copyEntries(60);
     open();
     scrollDown(25);
-    const int row = rowAt(middle());
+    const int row = middleRow();
     ASSERT_GT(row, 10);
     moveTo(middle());
     const QUuid next = entry(row + 1);
@@ -72,7 +72,7 @@ TEST_F(HistoryListPlacesTest, ACopyThatArrivesMovesNothingInAScrolledList) {
     scrollDown(25);
     for (const bool isPointedAt : {true, false}) {
         isPointedAt ? moveTo(middle()) : leave();
-        const QUuid seen = entry(rowAt(middle()));
+        const QUuid seen = entry(middleRow());
         const int place = top(seen);
         stage.copyText("a copy of " + QByteArray::number(isPointedAt) + "\nwith\nfour\nlines");
         EXPECT_EQ(top(seen), place);
@@ -87,7 +87,7 @@ TEST_F(HistoryListPlacesTest, ACopyThatArrivesLeavesTheHistorysLimitAndTheViewIn
     }
     open();
     scrollDown(20);
-    const QUuid seen = entry(rowAt(middle()));
+    const QUuid seen = entry(middleRow());
     const int place = top(seen);
     stage.copyText("one more");
     EXPECT_EQ(list().items().size(), 50);
@@ -104,15 +104,30 @@ TEST_F(HistoryListPlacesTest, AtTheTopACopyThatArrivesIsSeen) {
 }
 
 TEST_F(HistoryListPlacesTest, ACopyThatArrivesLeavesARowThatIsBeingReadUnderThePointer) {
-    copyLongTexts(10);
+    copyLongTexts(20);
     open();
-    moveTo(list().rowRectangle(1).center());
-    const QUuid read = entry(1);
-    const QRect place = list().rowRectangle(1);
-    turn(-1, list().expandedTextRectangle(1).center());
+    turn(-6, QPoint(middle().x(), 2)); // beside every text
+    pause();
+    moveTo(middle() + QPoint(0, 8));
+    const int row = middleRow();
+    ASSERT_TRUE(list().isExpanded(row));
+    const QUuid read = entry(row);
+    const QRect place = list().rowRectangle(row);
+    turn(-1, list().expandedTextRectangle(row).center());
     stage.copyText("fresh");
     EXPECT_EQ(list().rowRectangle(rowOf(read)), place);
     EXPECT_TRUE(list().isExpanded(rowOf(read)));
+}
+
+TEST_F(HistoryListPlacesTest, AtTheTopARowThatIsBeingReadStaysUnderThePointer) {
+    copyLongTexts(10);
+    open();
+    const QPoint at = list().rowRectangle(1).center();
+    moveTo(at);
+    const QUuid read = entry(1);
+    stage.copyText("fresh");
+    EXPECT_EQ(rowAt(at), rowOf(read)) << "the selected row above it has collapsed";
+    EXPECT_TRUE(list().isHovered(rowOf(read)));
 }
 
 TEST_F(HistoryListPlacesTest, APinnedRowLeavesItsPlaceToTheNextOne) {
@@ -120,7 +135,7 @@ TEST_F(HistoryListPlacesTest, APinnedRowLeavesItsPlaceToTheNextOne) {
     open();
     scrollDown(25);
     for (int time = 0; time < 2; ++time) { // without a pinned section, and with one
-        const int row = rowAt(middle());
+        const int row = middleRow();
         const QUuid next = entry(row + 1);
         const QUuid above = entry(row - 1);
         const int place = list().rowRectangle(row).top();
@@ -140,7 +155,7 @@ TEST_F(HistoryListPlacesTest, AScrolledListWithAPinnedSectionStaysWhenAPinIsTake
     }
     open();
     scrollDown(25);
-    const QUuid seen = entry(rowAt(middle()));
+    const QUuid seen = entry(middleRow());
     const int place = top(seen);
     list().perform(0, RowAction::Pin);
     EXPECT_EQ(top(seen), place);
@@ -184,7 +199,7 @@ TEST_F(HistoryListPlacesTest, ASecondClickAtThePlaceOfAHighRowNeverHitsTheOneAft
     open();
     for (const int notches : {0, 5, 8}) {
         scrollDown(notches);
-        const int row = rowAt(middle());
+        const int row = middleRow();
         const auto before = stage.manager->items();
         const QPoint at = clickAction(row, RowAction::Delete);
         ASSERT_EQ(stage.manager->items().size(), before.size() - 1);

@@ -56,22 +56,20 @@ TEST_F(HistoryListScrollingTest, AfterAPauseTheRowUnderThePointerIsHighlightedAn
     open();
     moveTo(middle());
     turn(-1);
-    turn(-3);
-    const int row = rowAt(middle());
-    ASSERT_GE(row, 0);
+    const int row = turnOntoARow(3);
     EXPECT_FALSE(list().isExpanded(row)) << "not while the list scrolls";
     pause();
     const int rested = rowAt(middle());
     ASSERT_GE(rested, row);
     EXPECT_TRUE(list().isExpanded(rested));
+    EXPECT_EQ(rowAt(middle()), rested);
 }
 
 TEST_F(HistoryListScrollingTest, APointerThatMovesEndsTheScrollingAtOnceButATremorDoesNot) {
     copyLongTexts(20, 30);
     open();
     moveTo(middle());
-    turn(-3);
-    const int row = rowAt(middle());
+    const int row = turnOntoARow(3);
     moveTo(middle() + QPoint(1, 0));
     EXPECT_FALSE(list().isExpanded(row));
     moveTo(middle() + QPoint(6, 0));

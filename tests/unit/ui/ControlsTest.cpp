@@ -63,6 +63,7 @@ int pixelsOfFocus(Control& control, const Palette& palette) {
         control.render(&image, {}, {}, QWidget::DrawChildren);
         return image;
     };
+    control.clearFocus(); // the only one in its window may have got it with the window
     const QImage without = picture();
     control.setFocus();
     EXPECT_TRUE(control.hasFocus());

@@ -12,7 +12,7 @@ import dataclasses
 import pathlib
 import sys
 
-TIMEOUT_SECONDS = 180
+TIMEOUT_SECONDS = 480  # each wait has a bound of its own; this is for a class that hangs on a busy machine
 
 
 @dataclasses.dataclass

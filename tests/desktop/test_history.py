@@ -115,7 +115,8 @@ class KilledWhileSavingTest(HistoryTestCase):
         kill_before_write(self.zamber.pid, number)
         self.expected_lines = []
         self.assertEqual(self.zamber.history_path.stat().st_ino, old.st_ino)
-        self.assertEqual(os.listdir(self.zamber.data_folder), [self.zamber.history_path.name])
+        name = self.zamber.history_path.name
+        self.assertEqual(sorted(os.listdir(self.zamber.data_folder)), [name, name + ".lock"])
 
     def test_before_the_first_write_nothing_is_lost(self):
         self.kill_before_write(1)

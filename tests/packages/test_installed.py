@@ -68,7 +68,8 @@ class FromTheMenuTest(InstalledTestCase):
         self.root.remove()
         self.assertEqual(changes(self.before, self.root.tree()), {})
         self.assertIn(self.root.status(), (None, "Status: deinstall ok not-installed", "Status: purge ok not-installed"))
-        self.assertEqual(self.files_of_the_user(), {"data/Zamber/clipboard_history.json"})
+        self.assertEqual(self.files_of_the_user(),
+                         {"data/Zamber/clipboard_history.json", "data/Zamber/clipboard_history.json.lock"})
         self.assertEqual(self.zamber.history(), ["copied with the installed program"])
 
     def test_purging_leaves_no_trace_either(self):

@@ -77,7 +77,8 @@ names_here() {
             done
             if ! is_installed "$one"; then
                 for one in ${name//|/ }; do
-                    ! apt-cache show "$one" >/dev/null 2>&1 || break
+                    # A name that is only mentioned by other packages is no failure of apt-cache's.
+                    [ -z "$(apt-cache show "$one" 2>/dev/null)" ] || break
                 done
             fi
             name=$one

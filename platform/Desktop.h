@@ -56,4 +56,28 @@ struct Desktop {
     std::optional<DiskImages> diskImages = std::nullopt; ///< nothing where programs do not come on disk images
 };
 
+/// The ports of a desktop whose adapters are members of one struct, each of them named as its port is in Desktop.
+/// Moving in from a disk image is left to the desktops that have it.
+template <typename Adapters>
+Desktop portsOf(Adapters& adapters) {
+    return {.application = adapters.application,
+            .pasteboard = adapters.pasteboard,
+            .workspace = adapters.workspace,
+            .hotKeys = adapters.hotKeys,
+            .keystrokes = adapters.keystrokes,
+            .keyMonitor = adapters.keyMonitor,
+            .trust = adapters.trust,
+            .statusItem = adapters.statusItem,
+            .popover = adapters.popover,
+            .appearance = adapters.appearance,
+            .symbols = adapters.symbols,
+            .sounds = adapters.sounds,
+            .loginItem = adapters.loginItem,
+            .links = adapters.links,
+            .bundle = adapters.bundle,
+            .alert = adapters.alert,
+            .userDefaults = adapters.userDefaults,
+            .scheduler = adapters.scheduler};
+}
+
 } // namespace zamber

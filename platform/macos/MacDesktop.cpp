@@ -91,25 +91,9 @@ void MacDesktop::bringToFront(WId window) {
 }
 
 Desktop MacDesktop::ports() {
-    return {.application = m_adapters->application,
-            .pasteboard = m_adapters->pasteboard,
-            .workspace = m_adapters->workspace,
-            .hotKeys = m_adapters->hotKeys,
-            .keystrokes = m_adapters->keystrokes,
-            .keyMonitor = m_adapters->keyMonitor,
-            .trust = m_adapters->trust,
-            .statusItem = m_adapters->statusItem,
-            .popover = m_adapters->popover,
-            .appearance = m_adapters->appearance,
-            .symbols = m_adapters->symbols,
-            .sounds = m_adapters->sounds,
-            .loginItem = m_adapters->loginItem,
-            .links = m_adapters->links,
-            .bundle = m_adapters->bundle,
-            .alert = m_adapters->alert,
-            .userDefaults = m_adapters->userDefaults,
-            .scheduler = m_adapters->scheduler,
-            .diskImages = DiskImages{.files = m_adapters->files, .tool = m_adapters->images}};
+    Desktop ports = portsOf(*m_adapters);
+    ports.diskImages.emplace(DiskImages{.files = m_adapters->files, .tool = m_adapters->images});
+    return ports;
 }
 
 } // namespace zamber::macos

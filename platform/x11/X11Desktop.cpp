@@ -179,24 +179,7 @@ void X11Desktop::bringToFront(WId window) {
 }
 
 Desktop X11Desktop::ports() {
-    return {.application = m_adapters->application,
-            .pasteboard = m_adapters->pasteboard,
-            .workspace = m_adapters->workspace,
-            .hotKeys = m_adapters->hotKeys,
-            .keystrokes = m_adapters->keystrokes,
-            .keyMonitor = m_adapters->keyMonitor,
-            .trust = m_adapters->trust,
-            .statusItem = m_adapters->statusItem,
-            .popover = m_adapters->popover,
-            .appearance = m_adapters->appearance,
-            .symbols = m_adapters->symbols,
-            .sounds = m_adapters->sounds,
-            .loginItem = m_adapters->loginItem,
-            .links = m_adapters->links,
-            .bundle = m_adapters->bundle,
-            .alert = m_adapters->alert,
-            .userDefaults = m_adapters->userDefaults,
-            .scheduler = m_adapters->scheduler};
+    return portsOf(*m_adapters);
 }
 
 } // namespace zamber::x11

@@ -6,24 +6,7 @@
 
 #include "app/AppDelegate.h"
 #include "clipboard/ClipboardManager.h"
-#include "tests/fakes/FakeAccessibilityTrust.h"
-#include "tests/fakes/FakeAlert.h"
-#include "tests/fakes/FakeAppBundle.h"
-#include "tests/fakes/FakeAppearance.h"
-#include "tests/fakes/FakeApplication.h"
-#include "tests/fakes/FakeHotKeyCenter.h"
-#include "tests/fakes/FakeKeyMonitor.h"
-#include "tests/fakes/FakeKeystrokePoster.h"
-#include "tests/fakes/FakeLinkDetector.h"
-#include "tests/fakes/FakeLoginItem.h"
-#include "tests/fakes/FakePasteboard.h"
-#include "tests/fakes/FakePopoverHost.h"
-#include "tests/fakes/FakeScheduler.h"
-#include "tests/fakes/FakeStatusItem.h"
-#include "tests/fakes/FakeSymbols.h"
-#include "tests/fakes/FakeSystemSound.h"
-#include "tests/fakes/FakeUserDefaults.h"
-#include "tests/fakes/FakeWorkspace.h"
+#include "tests/fakes/FakeDesktop.h"
 #include "update/UpdateManager.h"
 
 #include <QTemporaryDir>
@@ -33,31 +16,14 @@
 namespace zamber::app {
 
 /// A delegate on fakes, not yet launched.
-class AppDelegateTest : public testing::Test {
+class AppDelegateTest : public testing::Test, protected FakeDesktop {
 protected:
     AppDelegateTest() {
-        UserDefaults::setStandard(&defaults);
+        UserDefaults::setStandard(&userDefaults);
         // Nobody answers there, and nobody outside of the machine is asked.
-        update::UpdateManager::setShared(update::UpdateManager::create(scheduler, defaults, bundle, workspace, {},
+        update::UpdateManager::setShared(update::UpdateManager::create(scheduler, userDefaults, bundle, workspace, {},
                                                                        QStringLiteral("http://127.0.0.1:9")));
-        delegate = std::make_shared<AppDelegate>(Desktop{.application = application,
-                                                         .pasteboard = pasteboard,
-                                                         .workspace = workspace,
-                                                         .hotKeys = hotKeys,
-                                                         .keystrokes = keystrokes,
-                                                         .keyMonitor = keyMonitor,
-                                                         .trust = trust,
-                                                         .statusItem = statusItem,
-                                                         .popover = popover,
-                                                         .appearance = appearance,
-                                                         .symbols = symbols,
-                                                         .sounds = sounds,
-                                                         .loginItem = loginItem,
-                                                         .links = links,
-                                                         .bundle = bundle,
-                                                         .alert = alert,
-                                                         .userDefaults = defaults,
-                                                         .scheduler = scheduler},
+        delegate = std::make_shared<AppDelegate>(portsOf<FakeDesktop>(*this),
                                                  folder.filePath(QStringLiteral("history.json")).toStdString(),
                                                  [this] { journal.note("check and prompt move"); });
     }
@@ -96,25 +62,6 @@ protected:
     }
 
     QTemporaryDir folder;
-    Journal journal;
-    FakeApplication application{journal};
-    FakePasteboard pasteboard;
-    FakeWorkspace workspace{journal};
-    FakeHotKeyCenter hotKeys{journal};
-    FakeKeystrokePoster keystrokes{journal, workspace};
-    FakeKeyMonitor keyMonitor;
-    FakeAccessibilityTrust trust;
-    FakeStatusItem statusItem{journal};
-    FakePopoverHost popover{journal};
-    FakeAppearance appearance;
-    FakeSymbols symbols;
-    FakeSystemSound sounds{journal};
-    FakeLoginItem loginItem;
-    FakeLinkDetector links;
-    FakeAppBundle bundle;
-    FakeAlert alert{journal};
-    FakeUserDefaults defaults{journal};
-    FakeScheduler scheduler;
     std::shared_ptr<AppDelegate> delegate;
 };
 

@@ -224,7 +224,7 @@ class PopoverSizeTest : public AppDelegateTest, public testing::WithParamInterfa
 
 TEST_P(PopoverSizeTest, FollowsThePreference) {
     if (GetParam().stored) {
-        defaults.setString(preferences::popoverSize.name, QString::fromLatin1(*GetParam().stored));
+        userDefaults.setString(preferences::popoverSize.name, QString::fromLatin1(*GetParam().stored));
     }
     launch();
     EXPECT_EQ(popover.contentSize, GetParam().size);
@@ -246,7 +246,7 @@ class PopoverThemeTest : public AppDelegateTest, public testing::WithParamInterf
 TEST_P(PopoverThemeTest, FollowsThePreference) {
     popover.appearance = PopoverAppearance::Dark; // whatever it was
     if (GetParam().stored) {
-        defaults.setString(preferences::appTheme.name, QString::fromLatin1(*GetParam().stored));
+        userDefaults.setString(preferences::appTheme.name, QString::fromLatin1(*GetParam().stored));
     }
     launch();
     EXPECT_EQ(popover.appearance, GetParam().appearance);
@@ -261,8 +261,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(AppDelegateTest, SizeAndThemeChangeWhileThePopoverIsOpenButNotInTheMiddleOfTheWrite) {
     launch();
     delegate->showPopover();
-    defaults.setString(preferences::popoverSize.name, QStringLiteral("large"));
-    defaults.setString(preferences::appTheme.name, QStringLiteral("dark"));
+    userDefaults.setString(preferences::popoverSize.name, QStringLiteral("large"));
+    userDefaults.setString(preferences::appTheme.name, QStringLiteral("dark"));
     EXPECT_EQ(popover.contentSize, QSize(440, 420));
     EXPECT_EQ(popover.appearance, PopoverAppearance::System);
     scheduler.advance(0ms);

@@ -107,13 +107,13 @@ TEST_F(AppDelegateTest, QuickPasteIsReadAtEachPress) {
     capture("one");
     capture("two");
     const auto editor = openInFront("Editor");
-    write(defaults, preferences::quickPasteEnabled, true);
+    write(userDefaults, preferences::quickPasteEnabled, true);
     hotKeys.press(PhysicalKey::Digit2);
     scheduler.advance(1s);
     EXPECT_THAT(keystrokes.received, ElementsAre(editor));
     EXPECT_EQ(pasteboard.writes.last().bytes, "one");
 
-    write(defaults, preferences::quickPasteEnabled, false);
+    write(userDefaults, preferences::quickPasteEnabled, false);
     hotKeys.press(PhysicalKey::Digit2);
     scheduler.advance(1s);
     EXPECT_EQ(keystrokes.received.size(), 1U);
@@ -121,7 +121,7 @@ TEST_F(AppDelegateTest, QuickPasteIsReadAtEachPress) {
 
 TEST_F(AppDelegateTest, WithOneEntryQuickPasteDoesNothingAndWithTwoOnlyTheSecondIsThere) {
     launch();
-    write(defaults, preferences::quickPasteEnabled, true);
+    write(userDefaults, preferences::quickPasteEnabled, true);
     openInFront("Editor");
     capture("one");
     journal.clear();
@@ -161,7 +161,7 @@ TEST_F(AppDelegateTest, APasteClosesThePopoverActivatesAndTypesAfter350Milliseco
 
 TEST_F(AppDelegateTest, WithTheSoundOnItPlaysBeforeThePreviousApplicationComesToTheFront) {
     launch();
-    write(defaults, preferences::playSoundOnPaste, true);
+    write(userDefaults, preferences::playSoundOnPaste, true);
     capture("chosen");
     openInFront("Editor");
     delegate->showPopover();
@@ -174,7 +174,7 @@ TEST_F(AppDelegateTest, WithTheSoundOnItPlaysBeforeThePreviousApplicationComesTo
 
 TEST_F(AppDelegateTest, WithoutAPreviousApplicationNoSoundPlays) {
     launch();
-    write(defaults, preferences::playSoundOnPaste, true);
+    write(userDefaults, preferences::playSoundOnPaste, true);
     capture("chosen");
     delegate->showPopover();
     journal.clear();
@@ -184,7 +184,7 @@ TEST_F(AppDelegateTest, WithoutAPreviousApplicationNoSoundPlays) {
 
 TEST_F(AppDelegateTest, WithoutPermissionThePopoversSoundPlaysAllTheSame) {
     launch();
-    write(defaults, preferences::playSoundOnPaste, true);
+    write(userDefaults, preferences::playSoundOnPaste, true);
     capture("chosen");
     openInFront("Editor");
     delegate->showPopover();
@@ -273,7 +273,7 @@ TEST_F(AppDelegateTest, APreviousApplicationThatQuitLeavesTheKeystrokeToWhoeverI
 
 TEST_F(AppDelegateTest, QuickPasteTypes150MillisecondsAfterTheWriteAndLogsOnlyTheKeystroke) {
     launch();
-    write(defaults, preferences::quickPasteEnabled, true);
+    write(userDefaults, preferences::quickPasteEnabled, true);
     capture("one");
     capture("two");
     openInFront("Editor");
@@ -290,7 +290,7 @@ TEST_F(AppDelegateTest, QuickPasteTypes150MillisecondsAfterTheWriteAndLogsOnlyTh
 
 TEST_F(AppDelegateTest, QuickPasteIsForTheApplicationThatIsInFrontWhenTheKeystrokeIsTyped) {
     launch();
-    write(defaults, preferences::quickPasteEnabled, true);
+    write(userDefaults, preferences::quickPasteEnabled, true);
     capture("one");
     capture("two");
     openInFront("Editor");
@@ -303,7 +303,7 @@ TEST_F(AppDelegateTest, QuickPasteIsForTheApplicationThatIsInFrontWhenTheKeystro
 
 TEST_F(AppDelegateTest, EachPasteIsOfWhatWasWrittenForIt) {
     launch();
-    write(defaults, preferences::quickPasteEnabled, true);
+    write(userDefaults, preferences::quickPasteEnabled, true);
     capture("one");
     capture("two");
     capture("three");
@@ -342,7 +342,7 @@ TEST_F(AppDelegateTest, APasteThatWasGivenUpIsNotLoggedAsOne) {
 
 TEST_F(AppDelegateTest, QuickPasteRemembersWhoIsInFrontThenWritesThenPlaysTheSound) {
     launch();
-    write(defaults, preferences::playSoundOnPaste, true);
+    write(userDefaults, preferences::playSoundOnPaste, true);
     capture("one");
     capture("two");
     openInFront("Editor");
@@ -359,7 +359,7 @@ TEST_F(AppDelegateTest, QuickPasteRemembersWhoIsInFrontThenWritesThenPlaysTheSou
 
 TEST_F(AppDelegateTest, QuickPasteOfAnEntryThatIsNotThereLeavesEverythingUntouched) {
     launch();
-    write(defaults, preferences::playSoundOnPaste, true);
+    write(userDefaults, preferences::playSoundOnPaste, true);
     capture("one");
     openInFront("Editor");
     journal.clear();

@@ -3,8 +3,8 @@
 """Private desktops to try desktop programs on.
 
 A `PrivateDesktop` is an X server of its own with session bus, accessibility bus, window manager, tray and folders;
-it shares nothing with whoever is logged in, and leaves nothing behind. `Zamber` is the program inside it. Works with
-Debian's own Python and python3-xlib; needs no test framework.
+it shares nothing with whoever is logged in, and leaves nothing behind. A `SwayDesktop` is the same on Wayland. `Zamber`
+is the program inside. Works with Debian's own Python and python3-xlib; needs no test framework.
 
     from harness import PrivateDesktop, Zamber
 
@@ -18,22 +18,24 @@ Debian's own Python and python3-xlib; needs no test framework.
 From a shell, with this folder's parent as working directory: python3 -m harness [options] -- COMMAND …
 """
 
-from .clipboard import PARTNERS, Clipboard, SelectionOwner
+from .clipboard import PARTNERS, Begun, Clipboard, SelectionOwner, WaylandOwner
 from .desktop import PrivateDesktop
 from .keyboard import ALT, CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER
 from .notifier import NotifierHost
-from .partners import Browser, Editor, Gvim, LineEdit, Mousepad, Partner, Terminal
+from .partners import Browser, Editor, Foot, Gvim, LineEdit, Mousepad, Partner, Terminal
 from .portal import GtkPortal, SettingsPortal, XSettings
 from .processes import Child
 from .recorder import KeyEvent, Recorder
 from .screen import convert, mean_color, pixels, png_bytes
+from .sway import SwayDesktop
 from .waiting import WaitTimeout, holds_for, wait_until
 from .windows import Window
 from .zamber import Zamber, default_binary
 
 __all__ = [
-    "ALT", "Browser", "CONTROL", "Child", "Clipboard", "Editor", "GtkPortal", "Gvim", "KEY_CODES", "KeyEvent", "LOCK",
-    "LineEdit", "Mousepad", "NUM", "NotifierHost", "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT", "SUPER",
-    "SelectionOwner", "SettingsPortal", "Terminal", "WaitTimeout", "Window", "XSettings", "Zamber", "convert",
-    "default_binary", "holds_for", "mean_color", "pixels", "png_bytes", "wait_until",
+    "ALT", "Begun", "Browser", "CONTROL", "Child", "Clipboard", "Editor", "Foot", "GtkPortal", "Gvim", "KEY_CODES",
+    "KeyEvent", "LOCK", "LineEdit", "Mousepad", "NUM", "NotifierHost", "PARTNERS", "Partner", "PrivateDesktop",
+    "Recorder", "SHIFT", "SUPER", "SelectionOwner", "SettingsPortal", "SwayDesktop", "Terminal", "WaitTimeout",
+    "WaylandOwner", "Window", "XSettings", "Zamber", "convert", "default_binary", "holds_for", "mean_color", "pixels",
+    "png_bytes", "wait_until",
 ]

@@ -9,6 +9,7 @@ import subprocess
 import sys
 
 from .desktop import COMPOSITORS, TRAYS, WINDOW_MANAGERS, PrivateDesktop
+from .sway import SwayDesktop
 
 TIMED_OUT = 124
 
@@ -18,6 +19,7 @@ def main(arguments=None):
         prog="private_desktop", description=__doc__,
         epilog=f"The exit status is the command's, 128 + n when signal n ended it, {TIMED_OUT} when its time was up.",
     )
+    parser.add_argument("--sway", action="store_true", help="a Wayland desktop with XWayland instead of an X server")
     parser.add_argument("--window-manager", choices=WINDOW_MANAGERS, default="openbox")
     parser.add_argument("--tray", choices=TRAYS, help="tint2 where there is a window manager")
     parser.add_argument("--compositor", choices=COMPOSITORS, default="none")
@@ -31,9 +33,9 @@ def main(arguments=None):
     # Being asked to end is leaving the desktop the ordinary way, with all that is cleared up then.
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))
     size = tuple(map(int, options.size.split("x")))
-    with PrivateDesktop(
-        window_manager=options.window_manager, tray=options.tray, compositor=options.compositor,
-        accessibility=not options.no_accessibility, layout=options.layout, size=size,
+    common = {"accessibility": not options.no_accessibility, "layout": options.layout, "size": size}
+    with SwayDesktop(**common) if options.sway else PrivateDesktop(
+        window_manager=options.window_manager, tray=options.tray, compositor=options.compositor, **common
     ) as desktop:
         guarded = ["/usr/bin/setpriv", "--pdeathsig", "KILL", "--", *options.command]
         process = subprocess.Popen(guarded, env=_environment(desktop))

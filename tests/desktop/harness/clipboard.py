@@ -63,18 +63,19 @@ class Clipboard:
 class SelectionOwner:
     """A partner that offers exactly what it is told, and notes what it is asked for."""
 
+    script = "owner.py"
+
     def __init__(self, desktop):
         self._log = desktop.directory / f"owner-{id(self)}.log"
         self.child = desktop.start(
-            "owner", ["/usr/bin/python3", PARTNERS / "owner.py", "--log", self._log], stdin=subprocess.PIPE
+            "owner", ["/usr/bin/python3", PARTNERS / self.script, "--log", self._log], stdin=subprocess.PIPE
         )
         self._answers = 0
         self._tell({"hello": True})
 
     def offer(self, contents, selection="CLIPBOARD"):
         """Takes the selection. `contents` maps targets to bytes; a target that maps to None never gets its data."""
-        self._tell({"offer": {name: None if data is None else data.hex() for name, data in contents.items()},
-                    "selection": selection})
+        self._tell({"offer": {name: _in_json(data) for name, data in contents.items()}, "selection": selection})
 
     def release(self):
         """Gives the selection up on purpose: it is empty then."""
@@ -94,3 +95,17 @@ class SelectionOwner:
         )
 
 
+class WaylandOwner(SelectionOwner):
+    """The same on a Wayland desktop, by data control. Of a type that maps to Begun only that beginning comes."""
+
+    script = "wayland_owner.py"
+
+
+class Begun(bytes):
+    """The first bytes of an answer that never comes to its end."""
+
+
+def _in_json(data):
+    if isinstance(data, Begun):
+        return {"begin": data.hex()}
+    return None if data is None else data.hex()

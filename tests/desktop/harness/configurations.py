@@ -82,3 +82,13 @@ XFCE_PANEL_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
   </property>
 </channel>
 """
+
+# No key does anything but what a test asks for; what is said at the end tells that sway is ready, and where.
+SWAY_CONFIGURATION = """xwayland {xwayland}
+output HEADLESS-1 resolution {width}x{height} position 0,0
+focus_follows_mouse no
+default_border none
+input * xkb_layout {layout}
+{more}
+exec_always printf '%s\\n' "$WAYLAND_DISPLAY" "$SWAYSOCK" "$DISPLAY" "" >{told}
+"""

@@ -3,47 +3,27 @@
 """A whole desktop that nobody else sees: X server, buses, window manager, tray, folders."""
 
 import os
-import pathlib
 import select
-import shutil
-import socket
-import subprocess
-import tempfile
 
 from Xlib import Xatom, error
 from Xlib.display import Display
 
 from . import windows
-from .accessibility import Accessibility
 from .authority import add_display, authority_in_environment, write_authority
 from .clipboard import Clipboard
-from .configurations import BUS_CONFIGURATION, I3_CONFIGURATION, OPENBOX_CONFIGURATION, TRAY_CONFIGURATION
+from .configurations import I3_CONFIGURATION, OPENBOX_CONFIGURATION, TRAY_CONFIGURATION
 from .keyboard import Keyboard, Mouse
-from .processes import Child, adopt_orphans, end_all_with_environment, pids_with_environment, reap
 from .recorder import Recorder
 from .screen import screenshot
+from .session import START_SECONDS, PrivateSession
 from .waiting import wait_until
 
-START_SECONDS = 15.0
-TOOL_SECONDS = 15.0
-# Only what finds programs and their data comes from outside; nothing there is a person's own.
-KEPT_VARIABLES = ("LD_LIBRARY_PATH", "XDG_DATA_DIRS")
 WINDOW_MANAGERS = ("openbox", "xfwm4", "i3", "none")
 TRAYS = ("tint2", "none")
 COMPOSITORS = ("none", "picom")
 
 
-def _is_listening(socket_path):
-    # The socket's file is there a moment before anybody answers behind it.
-    with socket.socket(socket.AF_UNIX) as caller:
-        try:
-            caller.connect(str(socket_path))
-        except OSError:
-            return False
-        return True
-
-
-class PrivateDesktop:
+class PrivateDesktop(PrivateSession):
     """Use it as a context manager; when it is left, nothing of it is left.
 
         with PrivateDesktop() as desktop:
@@ -67,98 +47,33 @@ class PrivateDesktop:
         self.window_manager, self.tray, self.compositor = window_manager, tray, compositor
         self._with_accessibility = accessibility
         self._size, self._layout, self._with_xtest = size, layout, xtest
-        self._children = []
+        super().__init__()
         self._recorders = []
         self.display = None
-        self.accessibility = None
 
     # Coming and going
 
-    def __enter__(self):
-        adopt_orphans()
-        try:
-            self._make_folders()
-            self._start_server()
-            self._start_bus()
-            if self._with_accessibility:
-                self._start_accessibility_bus()
-            self.start_window_manager()
-            self.start_tray()
-            self.start_compositor()
-            if self._layout != "us":
-                self.set_layout(self._layout)
-        except BaseException:
-            self.close()
-            raise
-        return self
+    @property
+    def bus_services(self):
+        return ("org.a11y.Bus", "org.xfce.Xfconf") if self.window_manager == "xfwm4" else ("org.a11y.Bus",)
 
-    def __exit__(self, *_):
-        self.close()
-
-    def close(self):
-        """Ends whatever runs here, newest first, and removes the folders."""
-        failures = []
-
-        def attempt(action, *arguments):
-            try:
-                action(*arguments)
-            except Exception as failure:  # the rest still has to go
-                failures.append(failure)
-
-        inside = set()
-        if hasattr(self, "runtime_folder"):
-            inside.update(pids_with_environment("XDG_RUNTIME_DIR", self.runtime_folder))
-        for recorder in self._recorders:
-            attempt(recorder.stop)
-        self._recorders.clear()
-        if self.accessibility:
-            attempt(self.accessibility.stop)
-        if self.display:
-            attempt(self.display.close)
-            self.display = None
-        while self._children:
-            attempt(self._children.pop().stop)
-        if hasattr(self, "runtime_folder"):
-            attempt(end_all_with_environment, "XDG_RUNTIME_DIR", self.runtime_folder)
-            attempt(reap, inside)
-            attempt(shutil.rmtree, self.directory)
-            del self.runtime_folder
-        if failures:
-            raise failures[0]
-
-    def _make_folders(self):
-        self.directory = pathlib.Path(tempfile.mkdtemp(prefix="zamber-desktop-"))
-        self.runtime_folder = self._folder("runtime")
-        self.home = self._folder("home")
-        self.config_home = self._folder("config")
-        self.data_home = self._folder("data")
-        self.logs = self._folder("logs")
+    def _come_up(self):
         self._authority = self.directory / "authority"
-        programs = ["/usr/bin", "/bin"]
-        programs += [folder for folder in os.environ.get("PATH", "").split(":") if folder and folder not in programs]
-        self.environment = {
-            "PATH": ":".join(programs),
-            "LANG": "C.UTF-8",
-            "LC_ALL": "C.UTF-8",
-            "HOME": str(self.home),
-            "TMPDIR": str(self._folder("tmp")),
-            "XDG_RUNTIME_DIR": str(self.runtime_folder),
-            "XDG_CONFIG_HOME": str(self.config_home),
-            "XDG_DATA_HOME": str(self.data_home),
-            "XDG_CACHE_HOME": str(self._folder("cache")),
-            "XDG_STATE_HOME": str(self._folder("state")),
-            "XDG_CONFIG_DIRS": str(self._folder("no-config")),
-            "XDG_SESSION_TYPE": "x11",
-            "GSETTINGS_BACKEND": "memory",
-            "XAUTHORITY": str(self._authority),
-            "PYTHONDONTWRITEBYTECODE": "1",
-        }
-        self.environment.update({name: os.environ[name] for name in KEPT_VARIABLES if name in os.environ})
+        self.environment.update(XDG_SESSION_TYPE="x11", XAUTHORITY=str(self._authority))
+        self._start_server()
+        self._start_bus()
+        if self._with_accessibility:
+            self._start_accessibility_bus()
+        self.start_window_manager()
+        self.start_tray()
+        self.start_compositor()
+        if self._layout != "us":
+            self.set_layout(self._layout)
 
-    def _folder(self, name):
-        path = self.directory / name
-        path.mkdir(mode=0o700)
-        return path
+    def _closers(self):
+        connection, self.display = self.display, None
+        return [*(recorder.stop for recorder in self._recorders), *super()._closers(),
+                *([connection.close] if connection else [])]
 
     def _start_server(self):
         cookie = write_authority(self._authority)
@@ -206,25 +121,6 @@ class PrivateDesktop:
         with authority_in_environment(self._authority):
             return Display(self.display_name)
 
-    def _start_bus(self):
-        services = self._folder("services")
-        wanted = ["org.a11y.Bus"] + (["org.xfce.Xfconf"] if self.window_manager == "xfwm4" else [])
-        for name in wanted:
-            shutil.copy(f"/usr/share/dbus-1/services/{name}.service", services)
-        configuration = self.directory / "bus.conf"
-        configuration.write_text(BUS_CONFIGURATION.format(runtime=self.runtime_folder, services=services))
-        socket_path = self.runtime_folder / "bus"
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket_path}"
-        bus = self.start("dbus-daemon", ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile"])
-        wait_until(lambda: _is_listening(socket_path), START_SECONDS, lambda: f"the session bus: {bus.stderr()}")
-
-    def _start_accessibility_bus(self):
-        # It has to be there before the first program is: one that starts earlier never shows up on it.
-        call = ["gdbus", "call", "--session", "-d", "org.a11y.Bus", "-o", "/org/a11y/bus", "-m"]
-        self.run([*call, "org.a11y.Bus.GetAddress"])
-        self.run([*call, "org.freedesktop.DBus.Properties.Set", "org.a11y.Status", "IsEnabled", "<true>"])
-        self.accessibility = Accessibility(self)
-
     def start_window_manager(self):
         """Part of coming up; called again by whoever has stopped `window_manager_process`."""
         if self.window_manager == "none":
@@ -271,33 +167,10 @@ class PrivateDesktop:
         wait_until(lambda: self.selection_owner("_NET_WM_CM_S0"), START_SECONDS,
                    lambda: f"the compositor: {compositor.stderr()}")
 
-    # Programs inside
-
-    def start(self, name, command, *, environment=None, stdin=None, pass_fds=(), death_signal="KILL"):
-        """Starts a program that runs until it is stopped or the desktop is left; returns its processes.Child."""
-        child = Child(name, command, environment or self.environment, self.logs, stdin=stdin, pass_fds=pass_fds,
-                      death_signal=death_signal, cwd=self.home)
-        self._children.append(child)
-        return child
-
-    def run(self, command, timeout=TOOL_SECONDS):
-        """Runs a program to its end and returns what it wrote; fails when it fails."""
-        answer = subprocess.run(
-            [*map(str, command)], env=self.environment, cwd=self.home, stdin=subprocess.DEVNULL, capture_output=True,
-            timeout=timeout, check=False,
-        )
-        if answer.returncode:
-            raise RuntimeError(f"{command[0]} ended with {answer.returncode}: {answer.stderr.decode()}")
-        return answer.stdout.decode()
-
     def selection_owner(self, name):
         """The window that owns the selection, or 0."""
         owner = self.display.get_selection_owner(self.display.intern_atom(name))
         return getattr(owner, "id", owner)
-
-    def bus_name_has_owner(self, name):
-        return "true" in self.run(["gdbus", "call", "--session", "-d", "org.freedesktop.DBus", "-o", "/", "-m",
-                                   "org.freedesktop.DBus.NameHasOwner", name])
 
     def set_layout(self, layouts, group=0):
         """Keyboard layouts as their files name them, "us,ru" for two, "us(dvorak)" for a variant, and which is active."""
@@ -311,11 +184,6 @@ class PrivateDesktop:
 
     def windows(self):
         return windows.top_level_windows(self.display)
-
-    def window(self, title=None, pid=None):
-        """A visible window by its title or its program, or None."""
-        return next((window for window in self.windows() if window.visible
-                     and (title is None or window.title == title) and (pid is None or window.pid == pid)), None)
 
     def tray_icon(self, pid=None):
         """The icon in the tray, or None while there is none; of one program when there are several."""

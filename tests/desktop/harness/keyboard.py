@@ -27,22 +27,18 @@ def key_code(key):
     return key if isinstance(key, int) else KEY_CODES[key]
 
 
-class Keyboard:
-    """The keys go down and up one by one; nothing is pressed or lifted that the caller did not ask for."""
-
-    def __init__(self, display, display_name, authority):
-        self._display = display
-        self._server = (display_name, authority)
+class HandsOnKeys:
+    """What hands do with the keys of any keyboard, which says how one is pressed, lifted and found."""
 
     def press(self, *keys):
-        for key in keys:
-            xtest.fake_input(self._display, X.KeyPress, key_code(key))
-        self._display.sync()
+        raise NotImplementedError
 
     def release(self, *keys):
-        for key in keys:
-            xtest.fake_input(self._display, X.KeyRelease, key_code(key))
-        self._display.sync()
+        raise NotImplementedError
+
+    def _find(self, character):
+        """The code of the key that types the character, and whether Shift has to be held."""
+        raise NotImplementedError
 
     def tap(self, *keys):
         """Each key down and up again, one after the other."""
@@ -71,6 +67,24 @@ class Keyboard:
                 self.chord("Shift_L", code)
             else:
                 self.tap(code)
+
+
+class Keyboard(HandsOnKeys):
+    """The keys go down and up one by one; nothing is pressed or lifted that the caller did not ask for."""
+
+    def __init__(self, display, display_name, authority):
+        self._display = display
+        self._server = (display_name, authority)
+
+    def press(self, *keys):
+        for key in keys:
+            xtest.fake_input(self._display, X.KeyPress, key_code(key))
+        self._display.sync()
+
+    def release(self, *keys):
+        for key in keys:
+            xtest.fake_input(self._display, X.KeyRelease, key_code(key))
+        self._display.sync()
 
     def _find(self, character):
         keysym = XK.string_to_keysym(character) or ord(character)

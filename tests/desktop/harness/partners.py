@@ -18,9 +18,9 @@ _numbers = itertools.count(1)
 class Partner:
     """A program with one window, which is active and has the keyboard once it has been started."""
 
-    def __init__(self, desktop, name, command):
+    def __init__(self, desktop, name, command, **environment):
         self._desktop = desktop
-        self.child = desktop.start(name, command)
+        self.child = desktop.start(name, command, environment=dict(desktop.environment, **environment))
         self.window = wait_until(
             lambda: desktop.window(pid=self.child.pid), START_SECONDS, lambda: f"{name}: {self.child.stderr()}"
         )
@@ -39,14 +39,16 @@ class Partner:
 
 
 class Editor(Partner):
-    def __init__(self, desktop, title="Editor", *, class_name="Editor", geometry="480x300+40+80"):
+    """On a Wayland desktop a Wayland program, unless it is told to be one of X."""
+
+    def __init__(self, desktop, title="Editor", *, class_name="Editor", geometry="480x300+40+80", **environment):
         folder = desktop.directory / f"editor-{next(_numbers)}"
         folder.mkdir()
         self._text_file, self._key_log, self._image_file = folder / "text", folder / "keys", folder / "image"
         super().__init__(desktop, title.lower(), [
             PYTHON, PARTNERS / "editor.py", "--title", title, "--class-name", class_name, "--geometry", geometry,
             "--text-file", self._text_file, "--key-log", self._key_log, "--image-file", self._image_file,
-        ])
+        ], **environment)
 
     def text(self):
         return self._text_file.read_bytes().decode()
@@ -144,3 +146,16 @@ class Terminal(Partner):
     def wait_for(self, expected, timeout=6.0):
         wait_until(lambda: self.received() == expected, timeout,
                    lambda: f"{expected!r}; the terminal sent {self.received()!r}")
+
+
+class Foot(Partner):
+    """A terminal of Wayland in which every byte that arrives is written to a file."""
+
+    def __init__(self, desktop):
+        self._path = pathlib.Path(desktop.directory) / f"foot-{next(_numbers)}"
+        super().__init__(desktop, "foot", ["foot", "--config=/dev/null", PYTHON, PARTNERS / "terminal_reader.py", self._path])
+        wait_until(self._path.exists, START_SECONDS, "the reader in the terminal")
+
+    def wait_for(self, expected, timeout=6.0):
+        wait_until(lambda: self._path.read_bytes() == expected, timeout,
+                   lambda: f"{expected!r}; the terminal sent {self._path.read_bytes()!r}")

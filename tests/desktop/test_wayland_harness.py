@@ -1,0 +1,85 @@
+# SPDX-FileCopyrightText: 2026 The Zamber project
+# SPDX-License-Identifier: MIT
+"""The Wayland harness against its partners, without the program."""
+
+import unittest
+
+from harness import Editor, Foot, SwayDesktop, WaylandOwner, png_bytes, wait_until
+from harness.processes import pids_with_environment
+
+
+class SwayHarnessTest(unittest.TestCase):
+    def setUp(self):
+        self.desktop = self.enterContext(SwayDesktop())
+        self.keyboard = self.desktop.keyboard
+
+    def test_keys_reach_the_active_window_alone(self):
+        bystander = Editor(self.desktop, "Bystander")
+        editor = Editor(self.desktop)
+        self.keyboard.type_text("Hello, World!")
+        editor.wait_for_text("Hello, World!")
+        self.assertEqual(bystander.keys(), [])
+        bystander.activate()
+        self.keyboard.type_text("x")
+        bystander.wait_for_text("x")
+
+    def test_an_editor_copies_and_pastes_by_its_keys(self):
+        editor = Editor(self.desktop)
+        self.keyboard.type_text("abc")
+        self.keyboard.chord("Control_L", "a")
+        self.keyboard.chord("Control_L", "c")
+        wait_until(lambda: self.desktop.clipboard.text() == "abc", what="the copy")
+        self.desktop.clipboard.copy_text("grüße 😀\n\tzwei")
+        self.keyboard.chord("Control_L", "v")
+        editor.wait_for_text("grüße 😀\n\tzwei")
+
+    def test_a_program_of_x_and_one_of_wayland_share_the_clipboard(self):
+        of_x = Editor(self.desktop, "Of X", GDK_BACKEND="x11")
+        self.assertNotEqual(self.desktop.display.get_input_focus().focus, 0)
+        self.desktop.clipboard.copy_text("from Wayland")
+        self.keyboard.chord("Control_L", "v")
+        of_x.wait_for_text("from Wayland")
+
+    def test_a_terminal_pastes_by_its_own_keys(self):
+        foot = Foot(self.desktop)
+        self.desktop.clipboard.copy_text("typed")
+        self.keyboard.chord("Control_L", "Shift_L", "v")
+        foot.wait_for(b"typed")
+
+    def test_an_owner_offers_what_it_is_told_and_notes_what_is_asked(self):
+        owner = WaylandOwner(self.desktop)
+        owner.offer({"text/plain": b"hello", "image/png": png_bytes(), "text/html": None})
+        self.assertEqual(self.desktop.clipboard.targets(), ["text/plain", "image/png", "text/html"])
+        self.assertEqual(self.desktop.clipboard.read("image/png"), png_bytes())
+        self.assertEqual(owner.requests(), ["image/png"])
+        owner.release()
+        wait_until(lambda: self.desktop.clipboard.targets() == [], what="the clipboard to be empty")
+
+    def test_the_picture_of_the_screen_has_what_is_on_it(self):
+        Editor(self.desktop)
+        path = self.desktop.screenshot(self.desktop.directory / "screen.png")
+        self.assertTrue(path.read_bytes().startswith(b"\x89PNG"))
+
+    def test_it_comes_up_again_after_its_compositor_has_crashed(self):
+        self.desktop.compositor_process.kill()
+        self.desktop.start_compositor()
+        Editor(self.desktop)
+        self.keyboard = self.desktop.keyboard
+        self.keyboard.type_text("again")
+
+    def test_without_xwayland_there_is_no_x_server(self):
+        with SwayDesktop(xwayland=False) as other:
+            self.assertNotIn("DISPLAY", other.environment)
+            Editor(other)
+
+    def test_nothing_is_left_of_it(self):
+        with SwayDesktop() as other:
+            folder = other.directory
+            Editor(other)
+            self.assertNotEqual(pids_with_environment("XDG_RUNTIME_DIR", folder / "runtime"), [])
+        self.assertFalse(folder.exists())
+        self.assertEqual(pids_with_environment("XDG_RUNTIME_DIR", folder / "runtime"), [])
+
+
+if __name__ == "__main__":
+    unittest.main()

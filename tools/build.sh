@@ -217,6 +217,7 @@ configure() {
 # build <preset> [<target>…]: quiet when there is nothing to do.
 build() {
     export CCACHE_BASEDIR="${CCACHE_BASEDIR-$root}" CCACHE_NOHASHDIR="${CCACHE_NOHASHDIR-1}"
+    export CCACHE_SLOPPINESS="${CCACHE_SLOPPINESS-pch_defines,time_macros}" # as it asks for precompiled headers
     local preset=$1
     shift
     [ $# -eq 0 ] || set -- --target "$@"

@@ -4,6 +4,7 @@
 
 import re
 import sys
+import time
 import unittest
 
 from harness import KEY_CODES, Editor, PrivateDesktop, Zamber, holds_for, wait_until
@@ -88,8 +89,18 @@ class DesktopTestCase(unittest.TestCase):
         """For what must not be captured: long enough for the program to have looked at the clipboard."""
         holds_for(self.zamber.is_running, CAPTURE_SECONDS, "the program runs")
 
+    def wait_for_tray_icon(self):
+        """The icon where it stays: trays move their icons when one has come."""
+
+        def settled():
+            before = self.desktop.tray_icon(self.zamber.pid)
+            time.sleep(0.05)
+            return before if before and before == self.desktop.tray_icon(self.zamber.pid) else None
+
+        return wait_until(settled, 5.0, "the icon in the tray")
+
     def click_tray_icon(self, button=1):
-        icon = wait_until(lambda: self.desktop.tray_icon(self.zamber.pid), 5.0, "the icon in the tray")
+        icon = self.wait_for_tray_icon()
         self.desktop.mouse.click(icon.x + icon.width // 2, icon.y + icon.height // 2, button)
         return icon
 

@@ -287,7 +287,7 @@ class IconAtTheOriginTest(DesktopTestCase):
         self.desktop.start("tint2", ["tint2", "-c", configuration])
 
     def test_the_popover_hangs_from_it_and_its_clicks_toggle(self):
-        icon = wait_until(lambda: self.desktop.tray_icon(self.zamber.pid), 5.0, "the icon in the tray")
+        icon = self.wait_for_tray_icon()
         self.assertEqual((icon.x, icon.y), (0, 0))
         popover = self.zamber.open_popover()
         self.assertLess(popover.x, 40)
@@ -393,7 +393,7 @@ class EmbeddedIconTest(DesktopTestCase):
         self.assertEqual(self.zamber.child.wait(5), 0)
 
     def press_on_the_icon(self, button=1):
-        icon = wait_until(lambda: self.desktop.tray_icon(self.zamber.pid), 5.0, "the icon in the tray")
+        icon = self.wait_for_tray_icon()
         self.desktop.mouse.move(icon.x + icon.width // 2, icon.y + icon.height // 2)
         self.desktop.mouse.press(button)
 

@@ -148,7 +148,7 @@ bool TrayIcon::eventFilter(QObject* watched, QEvent* event) {
         m_pressedButton = static_cast<QMouseEvent*>(event)->button();
         return true;
     case QEvent::MouseButtonRelease:
-        handleReleaseOnEmbeddedIcon(*static_cast<QMouseEvent*>(event));
+        handleReleaseOnEmbeddedIcon(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event));
         return true;
     default:
         return QObject::eventFilter(watched, event);
@@ -161,12 +161,13 @@ void TrayIcon::tell(MouseButton button) const {
     }
 }
 
-void TrayIcon::handleReleaseOnEmbeddedIcon(const QMouseEvent& release) {
+void TrayIcon::handleReleaseOnEmbeddedIcon(const QWidget& icon, const QMouseEvent& release) {
     const bool isClick = std::exchange(m_pressedButton, Qt::NoButton) == release.button();
-    const QPoint place = release.globalPosition().toPoint();
-    if (!isClick || !m_embeddedIcon->geometry().contains(place)) {
+    // In the icon's own coordinates: where the icon is on the screen, Qt hears late when the tray moves its icons.
+    if (!isClick || !icon.rect().contains(release.position().toPoint())) {
         return;
     }
+    const QPoint place = release.globalPosition().toPoint();
     if (release.button() == Qt::LeftButton) {
         handleLeftClick();
     } else if (release.button() == Qt::RightButton) {

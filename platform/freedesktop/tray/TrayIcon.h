@@ -15,6 +15,7 @@
 #include <optional>
 
 class QMouseEvent;
+class QWidget;
 
 namespace zamber::freedesktop::popover {
 class WindowSystem;
@@ -55,7 +56,7 @@ private:
     void useTray();
     void exportItem();
     void tell(MouseButton button) const;
-    void handleReleaseOnEmbeddedIcon(const QMouseEvent& release);
+    void handleReleaseOnEmbeddedIcon(const QWidget& icon, const QMouseEvent& release);
     void handleLeftClick();
     void openMenu(QPoint place);
 

@@ -92,7 +92,7 @@ def embedded_windows(display):
         except error.XError:
             return
         description = describe(display, window) if is_icon else None
-        if description and description.visible:
+        if description and description.visible and depth > 1:  # the root's own children still wait for their tray
             found.append(description)
         elif depth < 5:
             for child in children:

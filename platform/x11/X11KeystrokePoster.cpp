@@ -5,7 +5,6 @@
 #include "platform/x11/Keyboard.h"
 #include "platform/x11/Windows.h"
 #include "platform/x11/X11HotKeyCenter.h"
-#include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11Workspace.h"
 
 #include <unistd.h>
@@ -34,7 +33,8 @@ constexpr std::chrono::milliseconds PAUSE_AFTER_ASKING{60};
 } // namespace
 
 X11KeystrokePoster::X11KeystrokePoster(Connection& connection, Keyboard& keyboard, Windows& windows,
-                                       X11HotKeyCenter& hotKeys, X11Workspace& workspace, X11Pasteboard& pasteboard)
+                                       X11HotKeyCenter& hotKeys, X11Workspace& workspace,
+                                       SelectionPasteboard& pasteboard)
     : m_connection(connection)
     , m_keyboard(keyboard)
     , m_windows(windows)
@@ -53,8 +53,8 @@ X11KeystrokePoster::X11KeystrokePoster(Connection& connection, Keyboard& keyboar
     connect(&keyboard, &Keyboard::modifiersChanged, this, &X11KeystrokePoster::postWhenReady);
     connect(&hotKeys, &X11HotKeyCenter::keysReleased, this, &X11KeystrokePoster::postWhenReady);
     connect(&windows, &Windows::activeWindowChanged, this, &X11KeystrokePoster::postWhenReady);
-    connect(&pasteboard, &X11Pasteboard::ownershipChanged, this, &X11KeystrokePoster::postWhenReady);
-    connect(&pasteboard, &X11Pasteboard::served, this, &X11KeystrokePoster::handleServed);
+    connect(&pasteboard, &SelectionPasteboard::ownershipChanged, this, &X11KeystrokePoster::postWhenReady);
+    connect(&pasteboard, &SelectionPasteboard::served, this, &X11KeystrokePoster::handleServed);
     connection.addEventHandler([this](const xcb_generic_event_t& event) {
         if (codeOf(event) == XCB_FOCUS_IN) {
             postWhenReady();
@@ -97,13 +97,13 @@ void X11KeystrokePoster::postWhenReady() {
     }
     const int changeCount = m_orders.front().paste.changeCount;
     switch (m_pasteboard.standingOf(changeCount)) {
-    case X11Pasteboard::Standing::Lost:
+    case SelectionPasteboard::Standing::Lost:
         finish(PasteOutcome::GivenUp);
         return;
-    case X11Pasteboard::Standing::Pending:
+    case SelectionPasteboard::Standing::Pending:
         m_pasteboard.offer(changeCount);
         return;
-    case X11Pasteboard::Standing::Offered:
+    case SelectionPasteboard::Standing::Offered:
         break;
     }
     if (m_hotKeys.heldKeys().empty() && m_keyboard.heldModifierKeys().empty() && isTargetInFront()) {
@@ -115,7 +115,7 @@ void X11KeystrokePoster::decide() {
     if (m_step != Step::Waiting) {
         return;
     }
-    if (m_pasteboard.standingOf(m_orders.front().paste.changeCount) == X11Pasteboard::Standing::Offered) {
+    if (m_pasteboard.standingOf(m_orders.front().paste.changeCount) == SelectionPasteboard::Standing::Offered) {
         post();
     } else {
         finish(PasteOutcome::GivenUp);
@@ -170,7 +170,8 @@ void X11KeystrokePoster::finish(PasteOutcome outcome) {
 
 void X11KeystrokePoster::handleServed(xcb_window_t requestor) {
     // Some programs ask more than once, for one form after another.
-    if (m_step == Step::BeingAsked && m_connection.areOfOneClient(requestor, m_pastedInto)) {
+    const bool isKnown = requestor != XCB_WINDOW_NONE;
+    if (m_step == Step::BeingAsked && (!isKnown || m_connection.areOfOneClient(requestor, m_pastedInto))) {
         m_askingPause.start();
     }
 }

@@ -4,6 +4,7 @@
 
 #include "platform/KeystrokePoster.h"
 #include "platform/freedesktop/selection/PasteKeystroke.h"
+#include "platform/freedesktop/selection/SelectionPasteboard.h"
 #include "platform/x11/Connection.h"
 
 #include <QTimer>
@@ -17,7 +18,6 @@ namespace zamber::x11 {
 class Keyboard;
 class Windows;
 class X11HotKeyCenter;
-class X11Pasteboard;
 class X11Workspace;
 
 /// Types the paste keystroke by XTEST, when it can only do what the user meant. See the port for what is waited for.
@@ -28,10 +28,12 @@ class X11KeystrokePoster final : public QObject, public KeystrokePoster {
     Q_OBJECT
 
 public:
+    using SelectionPasteboard = freedesktop::selection::SelectionPasteboard;
+
     static constexpr std::chrono::milliseconds LONGEST_WAIT{2000};
 
     X11KeystrokePoster(Connection& connection, Keyboard& keyboard, Windows& windows, X11HotKeyCenter& hotKeys,
-                       X11Workspace& workspace, X11Pasteboard& pasteboard);
+                       X11Workspace& workspace, SelectionPasteboard& pasteboard);
 
     void postPaste(const Paste& paste, Done done) override;
 
@@ -71,7 +73,7 @@ private:
     Windows& m_windows;
     X11HotKeyCenter& m_hotKeys;
     X11Workspace& m_workspace;
-    X11Pasteboard& m_pasteboard;
+    SelectionPasteboard& m_pasteboard;
     std::deque<Order> m_orders;            // the first one is under way
     std::optional<xcb_window_t> m_watched; // for the focus to come to it
     Step m_step = Step::Idle;

@@ -6,7 +6,6 @@
 
 #include <xcb/xfixes.h>
 
-#include <chrono>
 #include <utility>
 
 namespace zamber::x11 {
@@ -14,14 +13,6 @@ namespace zamber::x11 {
 namespace {
 
 using freedesktop::selection::OwnerLoss;
-using freedesktop::selection::TakeOver;
-
-/// Who owns our content again by itself does so within this time; a user who copies it takes longer to get there.
-constexpr std::chrono::milliseconds ECHO_TIME{2000};
-
-/// Some programs copy the same content every second for ever. Counted each time, the history would never come to rest
-/// for the second after which it is saved.
-constexpr std::chrono::milliseconds REPEAT_TIME{2000};
 
 constexpr std::uint32_t WATCHED_CHANGES = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
@@ -39,11 +30,6 @@ X11Pasteboard::X11Pasteboard(Connection& connection)
     , m_primary(connection, m_names, m_incoming, m_outgoing)
     , m_manager(connection, m_names, m_outgoing, connection.atom(Atom::ClipboardManager))
     , m_handOver(connection, m_names) {
-    m_takeOverDelay.setSingleShot(true);
-    m_takeOverDelay.setInterval(TakeOver::DELAY);
-    connect(&m_takeOverDelay, &QTimer::timeout, this, &X11Pasteboard::takeOver);
-    m_countAgain.setSingleShot(true);
-    connect(&m_countAgain, &QTimer::timeout, this, &X11Pasteboard::countAgain);
     connect(&m_clipboard, &SelectionServer::lost, this, &X11Pasteboard::ownershipChanged);
     connect(&m_clipboard, &SelectionServer::served, this, &X11Pasteboard::served);
     connect(&m_primary, &PrimaryLoan::served, this, &X11Pasteboard::served);
@@ -63,49 +49,12 @@ X11Pasteboard::X11Pasteboard(Connection& connection)
     becomeManager();
 }
 
-X11Pasteboard::~X11Pasteboard() = default;
-
-std::optional<QByteArray> X11Pasteboard::data(ImageType type) const {
-    const freedesktop::selection::ImageFormat format =
-        type == ImageType::Png ? freedesktop::selection::ImageFormat::Png : freedesktop::selection::ImageFormat::Tiff;
-    return m_content.imageLabel == format ? m_content.image : std::nullopt;
-}
-
-void X11Pasteboard::clearContents() {
-    write({});
-}
-
-void X11Pasteboard::setString(const QByteArray& text) {
-    SelectionContent content = m_content;
-    content.text = text;
-    write(content);
-}
-
-void X11Pasteboard::setData(ImageType type, const QByteArray& bytes) {
-    SelectionContent content = m_content;
-    content.image = bytes;
-    content.imageLabel =
-        type == ImageType::Png ? freedesktop::selection::ImageFormat::Png : freedesktop::selection::ImageFormat::Tiff;
-    write(content);
-}
-
-void X11Pasteboard::write(const SelectionContent& content) {
+// The reader that the base class holds goes before the transfers that it asks by.
+X11Pasteboard::~X11Pasteboard() {
     stopReading();
-    m_takeOverDelay.stop();
-    m_takeOver.cancel();
-    m_content = content;
-    m_source = Source::Ourselves;
-    m_countAgain.stop();
-    answerSavers();
-    m_writes.note(++m_changeCount, content);
-    if (!m_areWritesHeld) {
-        m_offered = m_changeCount;
-        put(content);
-    }
 }
 
-void X11Pasteboard::put(const SelectionContent& content) {
-    m_isOfferedByOther = false;
+void X11Pasteboard::publish(const SelectionContent& content) {
     m_toAcquire = content;
     // The clear and the setter that follows it come in one turn: one acquisition serves both.
     if (!std::exchange(m_isAcquiring, true)) {
@@ -115,42 +64,24 @@ void X11Pasteboard::put(const SelectionContent& content) {
 
 void X11Pasteboard::acquire() {
     m_isAcquiring = false;
-    m_isTakingOver = false;
     if (const auto content = std::exchange(m_toAcquire, std::nullopt)) {
         m_clipboard.acquire(*content, m_connection.lastTimestamp());
-        m_sinceOffer.start();
+        noteOffered();
     }
-    Q_EMIT ownershipChanged();
+    endPublishing();
 }
 
-X11Pasteboard::Standing X11Pasteboard::standingOf(int changeCount) const {
-    if (m_writes.find(changeCount) == nullptr) {
-        return Standing::Lost;
-    }
-    const bool isOffered = m_clipboard.isOwner() || m_isOfferedByOther;
-    return isOffered && m_offered == changeCount && !m_isAcquiring && !m_reader ? Standing::Offered : Standing::Pending;
+bool X11Pasteboard::hasOwner() const {
+    return m_connection.selectionOwner(m_connection.atom(Atom::Clipboard)) != XCB_WINDOW_NONE;
 }
 
-void X11Pasteboard::offer(int changeCount) {
-    const SelectionContent* const content = m_writes.find(changeCount);
-    // Whoever is being read may have copied, which counts more, or may have taken over what we offered, which will do.
-    const bool isUnderWay = m_reader || (m_isAcquiring && m_offered == changeCount);
-    if (content != nullptr && !isUnderWay && standingOf(changeCount) != Standing::Offered) {
-        m_offered = changeCount;
-        put(*content);
-    }
-}
-
-void X11Pasteboard::showWrites() {
-    m_areWritesHeld = false;
-    if (const std::optional<int> last = m_writes.last(); last && *last != m_offered) {
-        offer(*last);
-    }
+bool X11Pasteboard::isFormerOwnerRunning() const {
+    // Without an answer about the owner when it was one, there is no telling that it has gone.
+    return !m_owner.process || m_clients.processOf(m_owner.window) == m_owner.process;
 }
 
 void X11Pasteboard::borrowPrimary(int changeCount, std::function<void()> done) {
-    const SelectionContent* const written = m_writes.find(changeCount);
-    m_primary.borrow(written != nullptr ? *written : m_content, std::move(done));
+    m_primary.borrow(contentAt(changeCount), std::move(done));
 }
 
 void X11Pasteboard::handleOwnerChange(const xcb_generic_event_t& event) {
@@ -169,21 +100,19 @@ void X11Pasteboard::handleOwnerChange(const xcb_generic_event_t& event) {
     if (change.owner == m_clipboard.window()) {
         // Our own write, which is not to be read again; somebody who came just before it has lost.
         if (m_clipboard.isOwner()) {
-            stopReading();
-            m_source = Source::Ourselves;
+            handleOwnEcho();
         }
         return;
     }
-    if (m_isAcquiring && m_source == Source::Ourselves && !m_isTakingOver) {
+    if (isWriteOnItsWay()) {
         return; // older than the write that is on its way to the server
     }
     m_toAcquire.reset();
-    m_isOfferedByOther = false;
     if (change.owner != XCB_WINDOW_NONE) {
-        startReading(change.owner, change.selection_timestamp, true);
+        readFrom(change.owner, change.selection_timestamp, Counts::AsChange);
     } else if (change.subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER) {
         handleLoss(OwnerLoss::Cleared);
-        handleReading(CopyReader::Arrived{}, true);
+        handleCleared();
     } else {
         handleLoss(OwnerLoss::Gone);
     }
@@ -195,134 +124,21 @@ void X11Pasteboard::readInitialContent() {
         return;
     }
     m_connection.requestTimestamp([this, owner = initialOwner](xcb_timestamp_t time) {
-        if (!m_reader && m_source == Source::Nothing) {
-            startReading(owner, time, false);
+        if (isUntouched()) {
+            readFrom(owner, time, Counts::NotAtAll);
         }
     });
 }
 
-void X11Pasteboard::startReading(xcb_window_t owner, xcb_timestamp_t time, bool countsAsChange) {
-    stopReading();
-    m_takeOverDelay.stop();
-    m_takeOver.cancel();
-    m_owner = {.window = owner, .process = m_clients.processOf(owner)};
+void X11Pasteboard::readFrom(xcb_window_t owner, xcb_timestamp_t time, Counts counts) {
     const SelectionQuery change{
         .selection = m_connection.atom(Atom::Clipboard), .target = XCB_ATOM_NONE, .time = time, .owner = owner};
-    // What is held now is not what the new owner has, so that it is not to be served in its name.
-    m_source = Source::Nothing;
-    m_reader = std::make_unique<SelectionReader>(
-        m_connection, m_names, m_incoming, change,
-        [this, countsAsChange](const CopyReader::Outcome& outcome) { handleReading(outcome, countsAsChange); });
-}
-
-void X11Pasteboard::handleReading(const CopyReader::Outcome& outcome, bool countsAsChange) {
-    if (m_readerOfMore) {
-        handleMore(std::get<CopyReader::Arrived>(outcome));
-        return;
-    }
-    std::unique_ptr<SelectionReader> reader = std::move(m_reader);
-    if (const auto* arrived = std::get_if<CopyReader::Arrived>(&outcome)) {
-        m_readerOfMore = arrived->isComplete ? nullptr : std::move(reader);
-        handleContent(arrived->content, countsAsChange);
-    } else {
-        m_writes.forget();
-        m_countAgain.stop();
-        if (std::holds_alternative<CopyReader::Secret>(outcome)) {
-            m_content = {};
-            m_source = Source::Secret;
-            m_changeCount += countsAsChange ? 1 : 0;
-        }
-    }
-    if (reader) {
-        reader.release()->deleteLater(); // it is the one that calls
-    }
-    if (!m_readerOfMore) {
-        answerSavers();
-    }
-    Q_EMIT ownershipChanged();
-}
-
-void X11Pasteboard::handleMore(const CopyReader::Arrived& more) {
-    if (!m_isOfferedByOther) { // what this program wrote is known already
-        m_content = more.content;
-    }
-    m_readerOfMore.release()->deleteLater();
-    answerSavers();
-    Q_EMIT ownershipChanged();
-}
-
-void X11Pasteboard::handleContent(const SelectionContent& content, bool countsAsChange) {
-    // The text beside an image comes only after it.
-    const bool isSame = m_content.image == content.image && (content.image || m_content.text == content.text);
-    const bool isRepeated = !content.isEmpty() && isSame;
-    const std::optional<int> written = m_writes.newestEqualTo(content);
-    const bool isRecent = m_sinceOffer.isValid() && !m_sinceOffer.hasExpired(ECHO_TIME.count());
-    m_source = Source::Foreign;
-    if (written && isRecent) {
-        // Programs that share the clipboard with another machine own it again with what they have got from us.
-        m_offered = *written;
-        m_isOfferedByOther = true;
-        m_sinceOffer.start();
-        return;
-    }
-    m_writes.forget();
-    m_content = content;
-    if (isRepeated && countsAsChange && m_sinceCounted.isValid() && !m_sinceCounted.hasExpired(REPEAT_TIME.count())) {
-        if (!m_countAgain.isActive()) {
-            m_countAgain.start(REPEAT_TIME - std::chrono::milliseconds(m_sinceCounted.elapsed()));
-        }
-        return;
-    }
-    m_countAgain.stop();
-    if (countsAsChange) {
-        countAgain();
-    }
-}
-
-void X11Pasteboard::countAgain() {
-    ++m_changeCount;
-    m_sinceCounted.start();
-}
-
-void X11Pasteboard::stopReading() {
-    m_reader.reset();
-    m_readerOfMore.reset();
-}
-
-void X11Pasteboard::handleLoss(OwnerLoss loss) {
-    stopReading();
-    answerSavers();
-    if (m_takeOver.begin(loss, m_source, m_content)) {
-        m_sinceLoss.start();
-        m_takeOverDelay.start();
-    } else {
-        m_takeOverDelay.stop();
-    }
-}
-
-void X11Pasteboard::takeOver() {
-    const bool hasOwner = m_connection.selectionOwner(m_connection.atom(Atom::Clipboard)) != XCB_WINDOW_NONE;
-    switch (m_takeOver.verdict(hasOwner, isFormerOwnerRunning(), std::chrono::milliseconds(m_sinceLoss.elapsed()))) {
-    case TakeOver::Verdict::Never:
-        m_takeOver.cancel();
-        return;
-    case TakeOver::Verdict::NotYet:
-        m_takeOverDelay.start();
-        return;
-    case TakeOver::Verdict::Now:
-        break;
-    }
-    m_content = m_takeOver.content();
-    m_takeOver.cancel();
-    m_source = Source::Ourselves;
-    m_isTakingOver = !m_isAcquiring;
-    const SelectionContent* const written = m_writes.find(m_offered);
-    put(written != nullptr ? *written : m_content);
-}
-
-bool X11Pasteboard::isFormerOwnerRunning() const {
-    // Without an answer about the owner when it was one, there is no telling that it has gone.
-    return !m_owner.process || m_clients.processOf(m_owner.window) == m_owner.process;
+    startReading(
+        [this, &change](CopyReader::Tell tell) {
+            m_owner = {.window = change.owner, .process = m_clients.processOf(change.owner)};
+            return std::make_unique<SelectionReader>(m_connection, m_names, m_incoming, change, std::move(tell));
+        },
+        counts);
 }
 
 void X11Pasteboard::handleManagerChange(xcb_window_t owner) {
@@ -345,15 +161,14 @@ void X11Pasteboard::becomeManager() {
 
 void X11Pasteboard::saveTargets(std::function<void(bool)> done) {
     m_savers.push_back(std::move(done));
-    if (!m_reader && !m_readerOfMore) {
-        answerSavers();
+    if (!isReading()) {
+        handleSettled();
     }
 }
 
-void X11Pasteboard::answerSavers() {
-    const bool isSaved = m_source == Source::Foreign || m_source == Source::Ourselves;
+void X11Pasteboard::handleSettled() {
     for (const auto& done : std::exchange(m_savers, {})) {
-        done(isSaved);
+        done(holdsContent());
     }
 }
 

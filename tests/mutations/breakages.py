@@ -79,8 +79,8 @@ BREAKAGES = (
         "test_owners.OwnersTest.test_a_secret_is_neither_asked_for_nor_kept",
     ),
     Breakage(
-        "what was there before a secret is offered again", X11 + "X11Pasteboard.cpp",
-        "            m_content = {};\n            m_source = Source::Secret;\n", "            m_source = Source::Foreign;\n",
+        "what was there before a secret is offered again", SELECTION + "SelectionPasteboard.cpp",
+        "            m_content = {};\n            m_source = ContentSource::Secret;\n", "            m_source = ContentSource::Foreign;\n",
         "test_owners.OwnersTest.test_a_secret_dies_with_its_owner",
     ),
     Breakage(
@@ -89,13 +89,13 @@ BREAKAGES = (
         "test_owners.OwnersTest.test_what_was_cleared_on_purpose_stays_cleared",
     ),
     Breakage(
-        "nothing is taken over", X11 + "X11Pasteboard.cpp",
+        "nothing is taken over", SELECTION + "SelectionPasteboard.cpp",
         "        m_sinceLoss.start();\n        m_takeOverDelay.start();\n", "        m_sinceLoss.start();\n",
         "test_owners.OwnersTest.test_what_was_copied_outlives_the_program_it_was_copied_from",
     ),
     Breakage(
-        "the count moves before the content is there", X11 + "X11Pasteboard.cpp",
-        "    m_source = Source::Nothing;\n    m_reader =", "    ++m_changeCount;\n    m_reader =",
+        "the count moves before the content is there", SELECTION + "SelectionPasteboard.cpp",
+        "    m_source = ContentSource::Nothing;\n    m_reader =", "    ++m_changeCount;\n    m_reader =",
         "test_hostile_owners.SilentOwnersTest.test_what_is_promised_and_not_delivered_changes_nothing",
     ),
     Breakage(
@@ -105,8 +105,8 @@ BREAKAGES = (
         "test_a_terminal_that_knows_no_other_paste_gets_shift_insert_and_the_primary_selection",
     ),
     Breakage(
-        "a hand-over is forgotten when the user copies", X11 + "X11Pasteboard.cpp",
-        "    m_countAgain.stop();\n    answerSavers();\n", "    m_countAgain.stop();\n",
+        "a hand-over is forgotten when the user copies", SELECTION + "SelectionPasteboard.cpp",
+        "    m_countAgain.stop();\n    handleSettled();\n", "    m_countAgain.stop();\n",
         "test_hostile_requestors.HandOverTest.test_programs_that_hand_their_copy_over_before_they_end",
     ),
     Breakage(
@@ -163,7 +163,7 @@ BREAKAGES = (
     ),
     Breakage(
         "what a program clears as it ends stays cleared", X11 + "X11Pasteboard.cpp",
-        "        handleLoss(OwnerLoss::Cleared);\n", "        stopReading();\n        m_takeOverDelay.stop();\n",
+        "        handleLoss(OwnerLoss::Cleared);\n", "",
         "test_copied_forms.ServedOnTest.test_what_a_program_clears_as_it_ends",
     ),
     Breakage(
@@ -224,11 +224,11 @@ BREAKAGES = (
     ),
     Breakage(
         "an older copy that is still on its way undoes a write", X11 + "X11Pasteboard.cpp",
-        "    if (m_isAcquiring && m_source == Source::Ourselves && !m_isTakingOver) {", "    if (false) {",
+        "    if (isWriteOnItsWay()) {", "    if (false) {",
         "contract:*.AWriteWinsOverACopyThatIsOlderAndStillOnItsWay",
     ),
     Breakage(
-        "who owns our content again has copied", X11 + "X11Pasteboard.cpp",
+        "who owns our content again has copied", SELECTION + "SelectionPasteboard.cpp",
         "    if (written && isRecent) {", "    if (false) {",
         "test_paste.SharedClipboardTest.test_a_paste_of_the_popover",
     ),

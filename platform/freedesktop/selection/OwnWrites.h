@@ -7,14 +7,12 @@
 #include <deque>
 #include <optional>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 /// What this program has written to the clipboard since another one copied, by change count: pastes that wait for
 /// their turn insert what was written for them, not what was written last. The bytes are shared, not copied.
 class OwnWrites final {
 public:
-    using SelectionContent = freedesktop::selection::SelectionContent;
-
     /// More than anybody chooses within the seconds that a paste may wait.
     static constexpr std::size_t MOST_KEPT = 64;
 
@@ -39,4 +37,4 @@ private:
     std::deque<Write> m_writes; // the newest last
 };
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/x11/OwnWrites.h"
+#include "platform/freedesktop/selection/OwnWrites.h"
 
 #include <algorithm>
 #include <ranges>
 
-namespace zamber::x11 {
+namespace zamber::freedesktop::selection {
 
 void OwnWrites::note(int changeCount, const SelectionContent& content) {
     if (m_writes.size() == MOST_KEPT) {
@@ -14,7 +14,7 @@ void OwnWrites::note(int changeCount, const SelectionContent& content) {
     m_writes.push_back({.changeCount = changeCount, .content = content});
 }
 
-const freedesktop::selection::SelectionContent* OwnWrites::find(int changeCount) const {
+const SelectionContent* OwnWrites::find(int changeCount) const {
     const auto found = std::ranges::find(m_writes, changeCount, &Write::changeCount);
     return found == m_writes.end() ? nullptr : &found->content;
 }
@@ -35,4 +35,4 @@ std::optional<int> OwnWrites::newestEqualTo(const SelectionContent& content) con
     return std::nullopt;
 }
 
-} // namespace zamber::x11
+} // namespace zamber::freedesktop::selection

@@ -5,8 +5,8 @@
 line. It speaks whichever of the two data-control protocols the compositor has.
 
   {"offer": {"UTF8_STRING": "68656c6c6f", "image/png": null}}
-      takes the clipboard; data in hexadecimal, null for a type that is offered but never delivered, and
-      {"begin": "6865"} for one of which only this beginning comes
+      takes the clipboard; data in hexadecimal, or {"file": "/a/path"} with it; null for a type that is offered but
+      never delivered, and {"begin": "6865"} for one of which only this beginning comes
   {"release": true}
       empties the clipboard
   {"hello": true}
@@ -52,7 +52,7 @@ def answer(asked, contents):
     if data is None:
         kept.append(descriptor)
         return
-    if isinstance(data, dict):
+    if "begin" in data:
         os.write(descriptor, bytes.fromhex(data["begin"]))
         kept.append(descriptor)
         return
@@ -60,7 +60,7 @@ def answer(asked, contents):
     if os.fork() == 0:
         try:
             with open(descriptor, "wb") as stream:
-                stream.write(bytes.fromhex(data))
+                stream.write(pathlib.Path(data["file"]).read_bytes() if "file" in data else bytes.fromhex(data))
         finally:
             os._exit(0)
     os.close(descriptor)

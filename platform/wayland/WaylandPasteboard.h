@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/freedesktop/selection/SelectionOffer.h"
+#include "platform/freedesktop/selection/SelectionPasteboard.h"
+#include "platform/wayland/DataControl.h"
+#include "platform/wayland/OutgoingPipes.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace zamber::wayland {
+
+class Connection;
+
+/// The clipboard of a compositor that lets programs without a window control it.
+///
+/// Wayland does not tell an owner that has gone from one that has emptied the clipboard on purpose. What was copied is
+/// served on in either case, unless it was marked as a secret.
+class WaylandPasteboard final : public freedesktop::selection::SelectionPasteboard {
+    Q_OBJECT
+
+public:
+    /// The compositor has to offer data control. What the clipboard holds at this moment counts as no change.
+    explicit WaylandPasteboard(Connection& connection);
+    ~WaylandPasteboard() override;
+
+    void borrowPrimary(int changeCount, std::function<void()> done) override;
+    void giveBackPrimary() override;
+
+private:
+    using SelectionContent = freedesktop::selection::SelectionContent;
+    using CopyReader = freedesktop::selection::CopyReader;
+
+    /// What is ours on one of the two clipboards, or on its way there. The mark is a type that no other program's copy
+    /// has, by which it is known when the compositor tells of it.
+    struct Publication {
+        freedesktop::selection::SelectionOffer offer; // outlives the source, for those who wait for a conversion
+        QByteArray mark;
+        std::unique_ptr<DataSource> source;
+    };
+
+    void publish(const SelectionContent& content) override;
+    bool isPublishing() const override { return m_isPublishing; }
+    bool isOwner() const override { return m_isEchoed; }
+    bool hasOwner() const override { return m_hasOwner; }
+    bool isFormerOwnerRunning() const override { return false; } // nobody knows who it was
+
+    void announce();
+    void put(Publication& publication, DataControl::Selection selection, const SelectionContent& content);
+    void serve(Publication& publication, const QByteArray& type, Descriptor writeTo);
+    void handleChange(const std::shared_ptr<DataOffer>& offer, Counts counts);
+    void handleCancelled(Publication& publication);
+
+    Connection& m_connection;
+    std::unique_ptr<DataControl> m_control;
+    OutgoingPipes m_outgoing;
+    Publication m_clipboard;
+    Publication m_primary;
+    std::optional<SelectionContent> m_toPublish;
+    bool m_isPublishing = false; // until the compositor has told of it
+    bool m_isEchoed = false;     // it has
+    bool m_hasOwner = false;
+    std::uint64_t m_publications = 0;
+};
+
+} // namespace zamber::wayland

@@ -23,6 +23,8 @@ constexpr QLatin1StringView VARIABLES_OF_OUR_START[] = {
     "GIO_LAUNCHED_DESKTOP_FILE_PID"_L1,
 };
 
+constexpr int ANSWER_MS = 2000;
+
 struct Opener {
     QString program;
     QStringList arguments; // before the address
@@ -43,10 +45,9 @@ Programs::Programs(QProcessEnvironment environment)
 }
 
 std::expected<void, QString> Programs::open(const QUrl& address) const {
-    const QStringList folders = m_environment.value(u"PATH"_s).split(u':', Qt::SkipEmptyParts);
     for (const Opener& opener :
          {Opener{.program = u"xdg-open"_s, .arguments = {}}, Opener{.program = u"gio"_s, .arguments = {u"open"_s}}}) {
-        const QString path = QStandardPaths::findExecutable(opener.program, folders);
+        const QString path = find(opener.program);
         if (!path.isEmpty()) {
             return start(path, opener.arguments + QStringList{address.toString(QUrl::FullyEncoded)});
         }
@@ -56,6 +57,32 @@ std::expected<void, QString> Programs::open(const QUrl& address) const {
 
 std::expected<void, QString> Programs::startNewInstance(const QString& path) const {
     return start(QFileInfo(path).isDir() ? path + u"/AppRun"_s : path, {});
+}
+
+std::expected<QString, QString> Programs::answer(const QString& program, const QStringList& arguments) const {
+    const QString path = find(program);
+    if (path.isEmpty()) {
+        return std::unexpected(u"There is no program called "_s + program);
+    }
+    QProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.start(path, arguments);
+    if (!process.waitForFinished(ANSWER_MS)) {
+        const QString error = process.errorString();
+        process.kill();
+        process.waitForFinished();
+        return std::unexpected(program + u": "_s + error);
+    }
+    if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
+        const QString said = QString::fromLocal8Bit(process.readAllStandardError()).trimmed();
+        return std::unexpected(said.isEmpty() ? program + u" has failed"_s : said);
+    }
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+QString Programs::find(const QString& program) const {
+    return QStandardPaths::findExecutable(program, m_environment.value(u"PATH"_s).split(u':', Qt::SkipEmptyParts));
 }
 
 std::expected<void, QString> Programs::start(const QString& program, const QStringList& arguments) const {

@@ -4,6 +4,7 @@
 
 #include <QProcessEnvironment>
 #include <QString>
+#include <QStringList>
 
 #include <expected>
 
@@ -28,7 +29,12 @@ public:
     /// folder with one called AppRun, which is how programs that are folders begin here.
     std::expected<void, QString> startNewInstance(const QString& path) const;
 
+    /// Runs a program of the user's to its end and returns what it has printed. For the desktop's small tools: the
+    /// caller waits, for two seconds at most. The error is the program's own text, or why there is no answer.
+    std::expected<QString, QString> answer(const QString& program, const QStringList& arguments) const;
+
 private:
+    QString find(const QString& program) const;
     std::expected<void, QString> start(const QString& program, const QStringList& arguments) const;
 
     QProcessEnvironment m_environment;

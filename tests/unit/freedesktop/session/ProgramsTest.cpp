@@ -109,4 +109,22 @@ TEST(StartEnvironment, WhatIsSetLaterIsNotInIt) {
     qunsetenv("ZAMBER_TEST_OF_ENVIRONMENT");
 }
 
+TEST_F(ProgramsTest, TheAnswerOfAToolIsWhatItPrints) {
+    EXPECT_EQ(Programs(environment).answer(u"echo"_s, {u"ü"_s, u"two words"_s}), u"ü two words\n"_s);
+}
+
+TEST_F(ProgramsTest, AToolThatFailsAnswersWithItsOwnText) {
+    const auto answer = Programs(environment).answer(u"sh"_s, {u"-c"_s, u"echo out; echo 'no such key' >&2; exit 3"_s});
+    ASSERT_FALSE(answer);
+    EXPECT_EQ(answer.error(), u"no such key"_s);
+    EXPECT_FALSE(Programs(environment).answer(u"no-such-tool"_s, {}).error().isEmpty());
+}
+
+TEST_F(ProgramsTest, AToolThatHangsIsWaitedForNoLongerThanItsBound) {
+    QElapsedTimer time;
+    time.start();
+    EXPECT_FALSE(Programs(environment).answer(u"sleep"_s, {u"60"_s}));
+    EXPECT_LT(time.elapsed(), 10'000);
+}
+
 } // namespace zamber::freedesktop::session

@@ -77,7 +77,8 @@ int main(int argc, char** argv) {
                                                .workspace = ports.workspace,
                                                .bundle = ports.bundle,
                                                .updates = zamber::update::UpdateManager::shared(),
-                                               .commandKeyHint = ports.hotKeys.commandKeyHint()},
+                                               .commandKeyHint = ports.hotKeys.commandKeyHint(),
+                                               .desktopShortcut = ports.desktopShortcut},
                                               [&desktop](WId window) { (*desktop)->bringToFront(window); });
     // Keys that are pressed in the settings are not the popover's.
     QObject::connect(&settings, &zamber::settings::SettingsWindow::cameToFront, &settings,

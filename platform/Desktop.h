@@ -12,6 +12,7 @@ class AppBundle;
 class Appearance;
 class Application;
 class BundleFiles;
+class DesktopShortcut;
 class DiskImageTool;
 class HotKeyCenter;
 class KeyMonitor;
@@ -53,11 +54,12 @@ struct Desktop {
     Alert& alert;
     UserDefaults& userDefaults;
     Scheduler& scheduler;
+    DesktopShortcut* desktopShortcut = nullptr;          ///< null where the desktop has none to be set
     std::optional<DiskImages> diskImages = std::nullopt; ///< nothing where programs do not come on disk images
 };
 
 /// The ports of a desktop whose adapters are members of one struct, each of them named as its port is in Desktop.
-/// Moving in from a disk image is left to the desktops that have it.
+/// What only some desktops have is left to them: their own shortcuts, and moving in from a disk image.
 template <typename Adapters>
 Desktop portsOf(Adapters& adapters) {
     return {.application = adapters.application,

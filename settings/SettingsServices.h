@@ -7,6 +7,7 @@
 namespace zamber {
 class AccessibilityTrust;
 class AppBundle;
+class DesktopShortcut;
 class LoginItem;
 class UserDefaults;
 class Workspace;
@@ -15,14 +16,6 @@ class Workspace;
 namespace zamber::update {
 class UpdateManager;
 }
-
-namespace zamber::settings {}
-
-namespace zamber::settings {}
-
-namespace zamber::settings {} // namespace zamber::settings
-
-namespace zamber::settings {}
 
 namespace zamber::settings {
 
@@ -34,7 +27,8 @@ struct SettingsServices {
     Workspace& workspace;
     const AppBundle& bundle;
     update::UpdateManager& updates;
-    QString commandKeyHint; ///< which key ⌘ is, for people; empty where the keyboard says so itself
+    QString commandKeyHint;                     ///< which key ⌘ is, for people; empty where the keyboard says so itself
+    DesktopShortcut* desktopShortcut = nullptr; ///< null where the desktop has none to be set
 };
 
 } // namespace zamber::settings

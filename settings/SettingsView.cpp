@@ -51,7 +51,8 @@ QWidget* SettingsView::makePage(SettingsTab tab) const {
     case SettingsTab::Clipboard:
         return new ClipboardSettingsView(m_look, m_services.defaults);
     case SettingsTab::Shortcuts:
-        return new ShortcutsSettingsView(m_look, m_services.defaults, m_services.commandKeyHint);
+        return new ShortcutsSettingsView(m_look, m_services.defaults, m_services.commandKeyHint,
+                                         m_services.desktopShortcut);
     case SettingsTab::About:
         break;
     }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "settings/ShortcutsSettingsView.h"
 
+#include "platform/DesktopShortcut.h"
+#include "settings/DesktopShortcutSection.h"
 #include "settings/PreferenceBinding.h"
 #include "settings/SettingsControls.h"
 #include "settings/SettingsLook.h"
@@ -28,13 +30,16 @@ constexpr int TIP_SYMBOL_WIDTH = 20;
 } // namespace
 
 ShortcutsSettingsView::ShortcutsSettingsView(const SettingsLook& look, UserDefaults& defaults,
-                                             const QString& commandKeyHint)
+                                             const QString& commandKeyHint, DesktopShortcut* desktopShortcut)
     : SettingsPage(look)
     , m_commandKeyHint(commandKeyHint) {
     add(settingsHeader(look, u"Shortcuts"_s, u"keyboard.fill"_s));
     add(settingsSection(look, u"Main"_s, [&](QBoxLayout& card) {
         card.addWidget(shortcutRow(u"Open Zamber"_s, {u"⌘"_s, u"⇧"_s, u"V"_s}));
     }));
+    if (desktopShortcut != nullptr && desktopShortcut->status() != DesktopShortcutStatus::NotOffered) {
+        add(desktopShortcutSection(look, *desktopShortcut));
+    }
     add(settingsSection(look, u"Quick Paste"_s, [&](QBoxLayout& card) {
         card.addWidget(settingsSwitchRow(look, defaults, preferences::quickPasteEnabled,
                                          u"Enable quick paste shortcuts"_s,

@@ -9,12 +9,9 @@
 #include <QStringList>
 
 namespace zamber {
+class DesktopShortcut;
 class UserDefaults;
-}
-
-namespace zamber::settings {}
-
-namespace zamber::settings {}
+} // namespace zamber
 
 namespace zamber::settings {
 
@@ -23,8 +20,10 @@ class ShortcutsSettingsView final : public SettingsPage {
     Q_OBJECT
 
 public:
-    /// The hint says which key ⌘ is; it is empty where the keyboard says so itself.
-    ShortcutsSettingsView(const SettingsLook& look, UserDefaults& defaults, const QString& commandKeyHint);
+    /// The hint says which key ⌘ is; it is empty where the keyboard says so itself. Without a desktop's shortcut none
+    /// is offered.
+    ShortcutsSettingsView(const SettingsLook& look, UserDefaults& defaults, const QString& commandKeyHint,
+                          DesktopShortcut* desktopShortcut = nullptr);
 
     // Bound by this page and neither read nor written: the keys on it are fixed.
     const preferences::PreferenceKey<QStringView>& mainShortcut = preferences::mainShortcut;

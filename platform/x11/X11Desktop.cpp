@@ -13,6 +13,7 @@
 #include "platform/freedesktop/TextFieldPaste.h"
 #include "platform/freedesktop/popover/PopoverWindow.h"
 #include "platform/freedesktop/session/ApplicationNames.h"
+#include "platform/freedesktop/session/DesktopShortcuts.h"
 #include "platform/freedesktop/session/FileLock.h"
 #include "platform/freedesktop/session/PortalAppearance.h"
 #include "platform/freedesktop/session/Programs.h"
@@ -111,6 +112,9 @@ struct X11Desktop::Adapters {
     freedesktop::session::XdgLoginItem loginItem{freedesktop::session::XdgLoginItem::sessionEnvironment(),
                                                  QStringLiteral("app.zamber.Zamber"),
                                                  QCoreApplication::applicationFilePath()};
+    std::unique_ptr<DesktopShortcut> desktopShortcut = freedesktop::session::desktopShortcutOf(
+        qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':', Qt::SkipEmptyParts),
+        QCoreApplication::applicationFilePath());
     links::ScannerLinkDetector links;
     freedesktop::BuiltAppBundle bundle;
     freedesktop::QtAlert alert;
@@ -179,7 +183,9 @@ void X11Desktop::bringToFront(WId window) {
 }
 
 Desktop X11Desktop::ports() {
-    return portsOf(*m_adapters);
+    Desktop ports = portsOf(*m_adapters);
+    ports.desktopShortcut = m_adapters->desktopShortcut.get();
+    return ports;
 }
 
 } // namespace zamber::x11

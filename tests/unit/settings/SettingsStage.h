@@ -44,7 +44,8 @@ public:
                 .workspace = workspace,
                 .bundle = bundle,
                 .updates = *updates,
-                .commandKeyHint = QStringLiteral("⌘ is the Super key")};
+                .commandKeyHint = QStringLiteral("⌘ is the Super key"),
+                .desktopShortcut = desktopShortcut};
     }
 
     template <class Control>
@@ -71,6 +72,7 @@ public:
     int requests = 0;
     std::shared_ptr<update::UpdateManager> updates = update::UpdateManager::create(
         scheduler, defaults, bundle, workspace, [this] { return std::make_unique<CannedReplies>(answer, requests); });
+    DesktopShortcut* desktopShortcut = nullptr;
     std::unique_ptr<SettingsLook> look;
     std::unique_ptr<SettingsView> view;
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/Panels.h"
 
+#include "platform/x11/SelectionProperty.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -74,9 +76,7 @@ QRect Panels::workArea(const QRect& monitor) const {
 
 std::vector<ReservedStrip> Panels::strips() const {
     const Property list = m_connection.readProperty(m_connection.root(), m_clientList, Connection::Afterwards::Keep);
-    std::vector<xcb_window_t> windows(list.format == 32 ? static_cast<std::size_t>(list.bytes.size()) / 4 : 0);
-    std::memcpy(windows.data(), list.bytes.constData(), windows.size() * sizeof(xcb_window_t));
-
+    const std::vector<xcb_window_t> windows = numbersOf(list);
     xcb_connection_t* raw = m_connection.raw();
     std::vector<xcb_get_property_cookie_t> cookies;
     cookies.reserve(windows.size());

@@ -30,7 +30,7 @@ public:
 
 private:
     struct Write {
-        int changeCount;
+        int changeCount = 0;
         SelectionContent content;
     };
 

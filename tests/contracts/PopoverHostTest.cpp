@@ -15,6 +15,8 @@
 #include <QTest>
 #include <QWindow>
 
+#include <memory>
+
 namespace zamber {
 
 using namespace freedesktop::popover;
@@ -266,14 +268,18 @@ TEST_F(PopoverWindowTest, ClosedItDoesNotMindTheCompositor) {
 
 TEST_F(PopoverWindowTest, ItClosesWhenAnotherProgramComesToTheFrontButNotForAWindowOfOurs) {
     show();
-    QWidget own;
-    own.show();
-    QApplication::setActiveWindow(&own);
+    auto own = std::make_unique<QWidget>();
+    own->show();
+    own->activateWindow();
     QCoreApplication::processEvents();
+    ASSERT_EQ(QApplication::activeWindow(), own.get());
     EXPECT_TRUE(popover.isShown());
 
-    QApplication::setActiveWindow(window());
-    QApplication::setActiveWindow(nullptr);
+    // No window of ours is active any more, and the popover's is told so: another program has come to the front.
+    own.reset();
+    ASSERT_EQ(QApplication::activeWindow(), nullptr);
+    QEvent deactivation(QEvent::WindowDeactivate);
+    QCoreApplication::sendEvent(window(), &deactivation);
     EXPECT_TRUE(popover.isShown()) << "a turn of the main loop shows who follows";
     QCoreApplication::processEvents();
     EXPECT_FALSE(popover.isShown());

@@ -14,12 +14,16 @@ namespace zamber {
 
 enum class MouseButton { Left, Right };
 
+/// Whether a line of a menu does what cannot be undone, which it may look like.
+enum class MenuItemRole { Ordinary, Destructive };
+
 /// One line of a menu. An empty title makes a separator.
 struct MenuItem {
     QString title;
     QString keyEquivalent; ///< the key that chooses the item, with ⌘, while the menu is open; or empty
     std::function<void()> action;
     QString selector = {}; ///< what the action is called where actions are sent by name
+    MenuItemRole role = MenuItemRole::Ordinary;
 };
 
 /// The program's square in the menu bar or tray.

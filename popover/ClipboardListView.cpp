@@ -12,6 +12,7 @@
 #include "popover/HistoryListWidget.h"
 #include "popover/PopoverBars.h"
 #include "popover/PopoverPreferences.h"
+#include "popover/RowMenu.h"
 #include "ui/ConfirmationSheet.h"
 #include "ui/SearchField.h"
 #include "ui/Typography.h"
@@ -60,6 +61,7 @@ ClipboardListView::ClipboardListView(KeyMonitor& keyMonitor, const Appearance& a
     setAccessibleName(u"Zamber"_s);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusProxy(m_search);
+    m_search->focusProxy()->installEventFilter(this);
     m_banner->setObjectName(u"updateBanner"_s);
     m_banner->hide();
     buildLayout();
@@ -132,8 +134,7 @@ void ClipboardListView::observePreferences() {
 
 void ClipboardListView::historyChanged() {
     refreshCounts();
-    m_footer->setClearShown(
-        std::ranges::any_of(m_manager->items(), [](const clipboard::ClipboardItem& item) { return !item.isPinned; }));
+    m_footer->setClearShown(canClear());
     m_list->keepOnly(m_manager->items());
     refreshRows();
 }
@@ -242,35 +243,6 @@ void ClipboardListView::openAddress(const QUrl& address) {
     }
 }
 
-void ClipboardListView::showRowMenu(int row, QPoint screenPosition) {
-    const clipboard::ClipboardItem item = m_list->items()[row]; // the list may change while the menu is open
-    const auto line = [](const QString& title, std::function<void()> action) {
-        return MenuItem{.title = title, .keyEquivalent = {}, .action = std::move(action)};
-    };
-    QList<MenuItem> lines{line(u"Copy"_s, [this, item] { choose(item); })};
-    if (const auto address = m_list->link(row)) {
-        lines.append(line(u"Open Link"_s, [this, address] { openAddress(*address); }));
-    }
-    lines.append(MenuItem{});
-    lines.append(line(item.isPinned ? u"Unpin"_s : u"Pin"_s, [this, item] { m_manager->togglePin(item); }));
-    lines.append(line(u"Delete"_s, [this, item] { m_manager->deleteItem(item); }));
-    if (m_callbacks.showMenu && m_callbacks.showMenu(lines, screenPosition)) {
-        return;
-    }
-    m_rowMenu = new QMenu(this);
-    m_rowMenu->setAttribute(Qt::WA_DeleteOnClose);
-    m_rowMenu->setPalette(m_palette.forWidgets());
-    m_rowMenu->setFont(ui::textFont(13));
-    for (const MenuItem& each : std::as_const(lines)) {
-        if (each.title.isEmpty()) {
-            m_rowMenu->addSeparator();
-        } else {
-            m_rowMenu->addAction(each.title, this, each.action);
-        }
-    }
-    m_rowMenu->popup(screenPosition);
-}
-
 void ClipboardListView::showClearConfirmation() {
     if (!isVisible()) {
         return; // a press by assistive technology takes its time, and the popover may have closed meanwhile
@@ -312,8 +284,8 @@ void ClipboardListView::hideEvent(QHideEvent* event) {
         m_keyMonitorToken.reset();
     }
     m_clearConfirmation->hide();
-    if (m_rowMenu) {
-        m_rowMenu->close();
+    for (QMenu* const menu : findChildren<QMenu*>()) {
+        menu->close();
     }
 }
 

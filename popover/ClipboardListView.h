@@ -17,8 +17,6 @@
 #include <optional>
 #include <vector>
 
-class QMenu;
-
 namespace zamber {
 class Appearance;
 class LinkDetector;
@@ -41,6 +39,8 @@ class EmptyState;
 class HistoryListWidget;
 class PopoverFooter;
 class PopoverHeader;
+class RowMenu;
+enum class PopoverCommand;
 
 /// The popover's whole content: the history, a search over it, and the keyboard that moves through it.
 ///
@@ -80,6 +80,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildLayout();
@@ -97,7 +100,12 @@ private:
     void select(int index);
     void choose(const clipboard::ClipboardItem& item);
     void openAddress(const QUrl& address);
+    bool performCommandOf(const QKeyEvent& press);
+    void perform(PopoverCommand command);
+    bool hasSelectedRow() const;
+    void showSelectedRowMenu();
     void showRowMenu(int row, QPoint screenPosition);
+    bool canClear() const;
     void showClearConfirmation();
     void dismissClearConfirmation();
 
@@ -116,7 +124,7 @@ private:
     EmptyState* m_emptyState;
     PopoverFooter* m_footer;
     ui::ConfirmationSheet* m_clearConfirmation;
-    QPointer<QMenu> m_rowMenu;
+    QPointer<RowMenu> m_rowMenu;
 
     int m_selectedIndex = 0;
     std::optional<KeyMonitor::Token> m_keyMonitorToken;

@@ -3,6 +3,7 @@
 #include "popover/PopoverBars.h"
 
 #include "platform/Symbols.h"
+#include "popover/PopoverCommands.h"
 #include "ui/Badge.h"
 #include "ui/PlainButton.h"
 #include "ui/SymbolView.h"
@@ -54,7 +55,7 @@ PopoverHeader::PopoverHeader(const Symbols& symbols, SettingsButton settingsButt
         m_settings = new ui::PlainButton(symbols, {.symbol = u"gearshape.fill"_s, .symbolPoints = 13}, this);
         m_settings->setObjectName(u"settingsButton"_s);
         m_settings->setAccessibleName(u"Settings"_s);
-        m_settings->setToolTip(u"Settings"_s);
+        m_settings->setToolTip(withKeys(u"Settings"_s, PopoverCommand::OpenSettings));
         // The gear itself stands at the margin; the ground that it shows when hovered reaches into it.
         row->setContentsMargins(BAR_PADDING_HORIZONTAL, HEADER_PADDING_TOP,
                                 BAR_PADDING_HORIZONTAL - ui::PlainButton::GROUND_PADDING, HEADER_PADDING_BOTTOM);
@@ -107,6 +108,7 @@ PopoverFooter::PopoverFooter(const Symbols& symbols, QWidget* parent)
 
     m_clear->setObjectName(u"clearButton"_s);
     m_clear->setAccessibleName(u"Clear"_s);
+    m_clear->setToolTip(withKeys(u"Clear"_s, PopoverCommand::Clear));
     m_clear->hide();
     row->addWidget(m_clear);
     connect(m_clear, &ui::PlainButton::clicked, this, &PopoverFooter::clearRequested);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "popover/UpdateBanner.h"
 
+#include "popover/PopoverCommands.h"
 #include "ui/BorderedButton.h"
 #include "ui/PlainButton.h"
 #include "ui/SymbolView.h"
@@ -36,9 +37,10 @@ UpdateBanner::UpdateBanner(const Symbols& symbols, QWidget* parent)
     m_text->setMinimumWidth(1); // whatever the service calls its version, the buttons stay
     m_update->setObjectName(u"updateButton"_s);
     m_update->setFocusPolicy(Qt::NoFocus); // the keyboard belongs to the search field
+    m_update->setToolTip(withKeys(u"Update"_s, PopoverCommand::Update));
     m_skip->setObjectName(u"skipUpdateButton"_s);
     m_skip->setAccessibleName(u"Skip This Version"_s);
-    m_skip->setToolTip(u"Skip This Version"_s);
+    m_skip->setToolTip(withKeys(u"Skip This Version"_s, PopoverCommand::SkipUpdate));
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(PADDING_HORIZONTAL, 0, PADDING_HORIZONTAL - ui::PlainButton::GROUND_PADDING, 0);
@@ -52,14 +54,25 @@ UpdateBanner::UpdateBanner(const Symbols& symbols, QWidget* parent)
     row->addSpacing(SPACING - ui::PlainButton::GROUND_PADDING);
     row->addWidget(m_skip);
 
-    // Copies: what is called may set another notice, or take this one away.
-    connect(m_update, &ui::BorderedButton::clicked, this, [this] { std::function(m_notice.download)(); });
-    connect(m_skip, &ui::PlainButton::clicked, this, [this] { std::function(m_notice.skip)(); });
+    connect(m_update, &ui::BorderedButton::clicked, this, &UpdateBanner::download);
+    connect(m_skip, &ui::PlainButton::clicked, this, &UpdateBanner::skip);
 }
 
 void UpdateBanner::setNotice(const UpdateNotice& notice) {
     m_notice = notice;
     m_text->setText(u"v%1 available"_s.arg(notice.latestVersion));
+}
+
+void UpdateBanner::download() {
+    if (isVisible()) {
+        std::function(m_notice.download)(); // a copy: what is called may set another notice, or take this one away
+    }
+}
+
+void UpdateBanner::skip() {
+    if (isVisible()) {
+        std::function(m_notice.skip)();
+    }
 }
 
 void UpdateBanner::setColors(const ui::Palette& palette) {

@@ -46,6 +46,10 @@ public:
     void setNotice(const UpdateNotice& notice);
     void setColors(const ui::Palette& palette);
 
+    /// What the banner's buttons do; nothing while it is not shown.
+    void download();
+    void skip();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 

@@ -36,10 +36,11 @@ bool TextFieldPaste::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     if (event->type() == QEvent::ContextMenu) {
-        if (field->contextMenuPolicy() != Qt::DefaultContextMenu) {
+        const auto& wish = *static_cast<QContextMenuEvent*>(event);
+        if (field->contextMenuPolicy() != Qt::DefaultContextMenu || wish.reason() != QContextMenuEvent::Mouse) {
             return false;
         }
-        showMenu(*field, static_cast<QContextMenuEvent*>(event)->globalPos());
+        showMenu(*field, wish.globalPos());
         return true;
     }
     if (static_cast<QKeyEvent*>(event)->matches(QKeySequence::Paste)) {

@@ -97,6 +97,68 @@ class KeysTest(DesktopTestCase):
         return [node.name for node in self.zamber.tree().all(role="list item")]
 
 
+class CommandKeysTest(DesktopTestCase):
+    """What a hand on the mouse can do, a hand on the keyboard can do as well."""
+
+    history = HISTORY
+    command = "Super_L"
+
+    def rows(self):
+        return [node.name for node in self.zamber.tree().all(role="list item")]
+
+    def wait_for_rows(self, *names):
+        wait_until(lambda: self.rows() == list(names), 5.0, lambda: f"{names}; there are {self.rows()}")
+
+    def wait_for_menu(self):
+        wait_until(self.zamber.menu, 5.0, "the menu")
+
+    def test_pin_delete_and_clear(self):
+        self.zamber.open_popover()
+        self.keyboard.tap("Down")
+        self.keyboard.chord("Control_L", "p")
+        self.wait_for_rows("banana bread", "apple tart", "cherry cake")
+        self.keyboard.chord(self.command, "d")
+        self.wait_for_rows("banana bread", "cherry cake")
+        self.keyboard.chord("Control_L", "Shift_L", "Delete")
+        clear_all = wait_until(
+            lambda: self.zamber.tree().all(role="push button", name="Clear All", states=["showing"]), 5.0, "the question")
+        self.zamber.act(clear_all[0], "Press")
+        self.wait_for_rows("banana bread")
+        self.zamber.wait_for_history(["banana bread"])
+
+    def test_the_menu_key_opens_the_menu_of_the_selected_row(self):
+        for open_menu in (lambda: self.keyboard.tap("Menu"), lambda: self.keyboard.chord("Shift_L", "F10")):
+            self.zamber.open_popover()
+            self.keyboard.tap("Down")
+            open_menu()
+            self.wait_for_menu()
+            self.keyboard.tap("Return")
+            self.expect_paste()
+            wait_until(lambda: "banana bread" in self.editor.text(), 5.0, lambda: self.editor.text())
+            self.keyboard.chord("Control_L", "a")
+            self.keyboard.tap("Delete")
+        self.zamber.open_popover()
+        self.keyboard.tap("Menu")
+        self.wait_for_menu()
+        self.keyboard.tap("Down", "Down", "Return")
+        wait_until(lambda: len(self.rows()) == 2, 5.0, lambda: f"one row less; there are {self.rows()}")
+        self.assertIsNotNone(self.zamber.popover(), "the menu closes the menu alone")
+        self.keyboard.tap("Menu")
+        self.wait_for_menu()
+        self.keyboard.tap("Escape")
+        wait_until(lambda: self.zamber.menu() is None, 5.0, "no menu")
+        holds_for(lambda: self.zamber.popover() is not None, 0.3, "the popover is open")
+        self.keyboard.tap("Escape")
+        self.zamber.wait_until_closed()
+
+
+class CommandKeysOfAnotherScriptTest(CommandKeysTest):
+    """Where the letters are Cyrillic, a combination is the key that has the letter on the other layout."""
+
+    layout = "ru,us"
+    command = "Control_L"  # a letter with ⌘ is looked for on the first layout alone
+
+
 class DeadKeysTest(DesktopTestCase):
     layout = "de"
     history = ("plain", "café au lait")

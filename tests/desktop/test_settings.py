@@ -24,6 +24,13 @@ class SettingsTestCase(DesktopTestCase):
         self.wait_for_settings()
         return window
 
+    def open_by_keys(self, modifier):
+        self.zamber.open_popover()
+        self.keyboard.chord(modifier, "comma")
+        window = self.wait_for_settings()
+        self.zamber.wait_until_closed()
+        return window
+
     def open_from_menu(self):
         self.click_tray_icon(3)
         wait_until(self.zamber.menu, 5.0, "the menu")
@@ -170,6 +177,13 @@ class SettingsWindowTest(SettingsTestCase):
         self.open_settings()
         self.keyboard.tap("Down", "Return")
         holds_for(lambda: self.editor.text() == "" and self.zamber.popover() is None, 0.8, "nothing is pasted")
+
+    def test_the_popovers_keys_open_it(self):
+        for modifier in ("Control_L", "Super_L"):
+            self.open_by_keys(modifier)
+            self.keyboard.chord("Control_L", "w")
+            wait_until(lambda: self.settings() is None or not self.settings().visible, 3.0, "the window to be gone")
+            self.desktop.wait_until_active(self.editor.window)
 
     def test_the_menu_opens_it_also_when_it_is_minimised_or_on_another_desktop(self):
         window = self.open_from_menu()

@@ -11,10 +11,10 @@ from . import xkb
 
 # Positions on the keyboard, named after what they are on the US layout, as X numbers them (evdev code + 8).
 KEY_CODES = {
-    "Escape": 9, "1": 10, "2": 11, "3": 12, "BackSpace": 22, "Tab": 23, "q": 24, "w": 25, "Return": 36, "Control_L": 37, "a":
-    38, "s": 39, "Shift_L": 50, "x": 53, "c": 54, "v": 55, "comma": 59, "Shift_R": 62, "Alt_L": 64, "space": 65,
-    "Caps_Lock": 66, "Num_Lock": 77, "Control_R": 105, "Home": 110, "Up": 111, "Left": 113, "Right": 114, "End":
-    115, "Down": 116, "Insert": 118, "Delete": 119, "Super_L": 133, "Super_R": 134,
+    "Escape": 9, "1": 10, "2": 11, "3": 12, "BackSpace": 22, "Tab": 23, "q": 24, "w": 25, "p": 33, "Return": 36, "Control_L": 37, "a":
+    38, "s": 39, "d": 40, "Shift_L": 50, "x": 53, "c": 54, "v": 55, "comma": 59, "Shift_R": 62, "Alt_L": 64, "space": 65,
+    "Caps_Lock": 66, "F10": 76, "Num_Lock": 77, "Control_R": 105, "Home": 110, "Up": 111, "Left": 113, "Right": 114, "End":
+    115, "Down": 116, "Insert": 118, "Delete": 119, "Super_L": 133, "Super_R": 134, "Menu": 135,
 }
 
 SHIFT, LOCK, CONTROL, ALT, NUM, SUPER = (

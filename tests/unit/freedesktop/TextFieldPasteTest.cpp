@@ -79,6 +79,24 @@ TEST_F(TextFieldPasteTest, ItsMenuPastesTheSame) {
     EXPECT_EQ(field.text(), QStringLiteral("text"));
 }
 
+TEST_F(TextFieldPasteTest, TheMenuKeyIsTheFieldsOwnBusiness) {
+    bool isAsked = false;
+    class Watcher : public QObject {
+    public:
+        explicit Watcher(bool& told)
+            : m_told(told) {}
+        bool eventFilter(QObject*, QEvent* event) override { return m_told |= event->type() == QEvent::ContextMenu; }
+
+    private:
+        bool& m_told;
+    } watcher(isAsked);
+    field.installEventFilter(&watcher);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), field.mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(&field, &event);
+    EXPECT_TRUE(isAsked);
+    EXPECT_EQ(field.findChild<QMenu*>(), nullptr);
+}
+
 TEST_F(TextFieldPasteTest, AFieldThatWantsNoMenuGetsNone) {
     field.setContextMenuPolicy(Qt::NoContextMenu);
     EXPECT_EQ(openMenu(), nullptr);

@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+
+// What the list view does by a menu, or by keys that are no arrows.
+#include "clipboard/ClipboardManager.h"
+#include "popover/ClipboardListView.h"
+#include "popover/HistoryListWidget.h"
+#include "popover/PopoverCommands.h"
+#include "popover/RowMenu.h"
+#include "ui/ConfirmationSheet.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace zamber::popover {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+/// Where a menu that is asked for by a key begins, from the left end of the row's lower edge.
+constexpr QPoint MENU_OFFSET{30, -6};
+} // namespace
+
+bool ClipboardListView::hasSelectedRow() const {
+    return m_selectedIndex < m_list->items().size();
+}
+
+bool ClipboardListView::canClear() const {
+    return std::ranges::any_of(m_manager->items(), [](const clipboard::ClipboardItem& item) { return !item.isPinned; });
+}
+
+bool ClipboardListView::eventFilter(QObject* watched, QEvent* event) {
+    // The search field takes a letter with ⌘ for the letter alone, and the menu key for a wish for its own menu.
+    if (event->type() == QEvent::KeyPress) {
+        const auto& press = *static_cast<QKeyEvent*>(event);
+        return press.modifiers().testFlag(Qt::MetaModifier) && !press.text().isEmpty() &&
+               press.text().front().isPrint() && performCommandOf(press);
+    }
+    if (event->type() == QEvent::ContextMenu &&
+        static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
+        event->ignore(); // and so it comes here
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void ClipboardListView::keyPressEvent(QKeyEvent* event) {
+    if (!performCommandOf(*event)) {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void ClipboardListView::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        perform(PopoverCommand::ShowMenu);
+    }
+}
+
+bool ClipboardListView::performCommandOf(const QKeyEvent& press) {
+    const auto command = commandOf(press);
+    if (command && !press.isAutoRepeat()) { // a key that is held does not delete one row after the other
+        perform(*command);
+    }
+    return command.has_value();
+}
+
+void ClipboardListView::perform(PopoverCommand command) {
+    if (m_clearConfirmation->isVisible()) {
+        return; // what is asked comes first
+    }
+    switch (command) {
+    case PopoverCommand::ShowMenu:
+        showSelectedRowMenu();
+        break;
+    case PopoverCommand::Pin:
+        if (hasSelectedRow()) {
+            m_list->perform(m_selectedIndex, RowAction::Pin);
+        }
+        break;
+    case PopoverCommand::Delete:
+        if (hasSelectedRow()) {
+            m_list->perform(m_selectedIndex, RowAction::Delete);
+        }
+        break;
+    case PopoverCommand::OpenLink:
+        if (hasSelectedRow()) {
+            m_list->perform(m_selectedIndex, RowAction::OpenLink);
+        }
+        break;
+    case PopoverCommand::Clear:
+        if (canClear()) {
+            showClearConfirmation();
+        }
+        break;
+    case PopoverCommand::Update:
+        m_banner->download();
+        break;
+    case PopoverCommand::SkipUpdate:
+        m_banner->skip();
+        break;
+    case PopoverCommand::OpenSettings:
+        if (m_callbacks.openSettings) {
+            m_callbacks.openSettings();
+        }
+        break;
+    }
+}
+
+void ClipboardListView::showSelectedRowMenu() {
+    if (!hasSelectedRow()) {
+        return;
+    }
+    QRect row = m_list->rowRectangle(m_selectedIndex);
+    if (row.bottom() < 0 || row.top() >= m_list->height()) {
+        m_list->showSelection();
+        row = m_list->rowRectangle(m_selectedIndex);
+    }
+    showRowMenu(m_selectedIndex, m_list->mapToGlobal(row.intersected(m_list->rect()).bottomLeft() + MENU_OFFSET));
+    if (m_rowMenu) {
+        m_rowMenu->setActiveAction(m_rowMenu->actions().first());
+    }
+}
+
+void ClipboardListView::showRowMenu(int row, QPoint screenPosition) {
+    const clipboard::ClipboardItem item = m_list->items()[row]; // the list may change while the menu is open
+    const auto line = [](const QString& title, const QString& key, std::function<void()> action) {
+        return MenuItem{.title = title, .keyEquivalent = key, .action = std::move(action)};
+    };
+    QList<MenuItem> lines{line(u"Copy"_s, u"\r"_s, [this, item] { choose(item); })};
+    if (const auto address = m_list->link(row)) {
+        lines.append(line(u"Open Link"_s, u"o"_s, [this, address] { openAddress(*address); }));
+    }
+    lines.append(MenuItem{});
+    lines.append(line(item.isPinned ? u"Unpin"_s : u"Pin"_s, u"p"_s, [this, item] { m_manager->togglePin(item); }));
+    lines.append(line(u"Delete"_s, u"d"_s, [this, item] { m_manager->deleteItem(item); }));
+    lines.last().role = MenuItemRole::Destructive;
+    if (m_callbacks.showMenu && m_callbacks.showMenu(lines, screenPosition)) {
+        return;
+    }
+    m_rowMenu = new RowMenu(lines, this);
+    m_rowMenu->setAttribute(Qt::WA_DeleteOnClose);
+    m_rowMenu->setPalette(m_palette.forWidgets());
+    m_rowMenu->popup(screenPosition);
+}
+
+} // namespace zamber::popover

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "popover/RowMenu.h"
+
+#include "ui/Typography.h"
+
+#include <QKeyEvent>
+#include <QKeySequence>
+
+#include <algorithm>
+
+namespace zamber::popover {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// As the keys are written on them.
+QString keysText(const QString& keyEquivalent) {
+    return keyEquivalent == u"\r"_s ? u"↩"_s
+                                    : QKeySequence(u"Ctrl+"_s + keyEquivalent).toString(QKeySequence::NativeText);
+}
+
+} // namespace
+
+RowMenu::RowMenu(const QList<MenuItem>& lines, QWidget* parent)
+    : QMenu(parent) {
+    setFont(ui::textFont(13));
+    for (const MenuItem& line : lines) {
+        if (line.title.isEmpty()) {
+            addSeparator();
+            continue;
+        }
+        QAction* const action = addAction(line.title, this, line.action);
+        if (!line.keyEquivalent.isEmpty()) {
+            // What stands behind a tab is shown where shortcuts are; a shortcut of Qt's own would listen for the keys.
+            action->setText(u"%1\t%2"_s.arg(line.title, keysText(line.keyEquivalent)));
+            action->setData(QVariant::fromValue(QKeySequence(line.keyEquivalent)));
+        }
+    }
+}
+
+void RowMenu::keyPressEvent(QKeyEvent* event) {
+    const QVariant pressed = QVariant::fromValue(QKeySequence(event->key()));
+    const auto lines = actions();
+    const auto chosen = std::ranges::find(lines, pressed, [](const QAction* action) { return action->data(); });
+    if (chosen == lines.end() || event->isAutoRepeat()) {
+        QMenu::keyPressEvent(event);
+        return;
+    }
+    close();
+    (*chosen)->trigger();
+}
+
+} // namespace zamber::popover

@@ -5,6 +5,7 @@
 #include "app/PermissionWindow.h"
 #include "clipboard/ClipboardManager.h"
 #include "platform/Application.h"
+#include "platform/PopoverHost.h"
 #include "popover/ClipboardListView.h"
 #include "update/UpdateManager.h"
 
@@ -18,7 +19,8 @@ AppDelegate::AppDelegate(const Desktop& desktop, const std::filesystem::path& hi
           clipboard::ClipboardManager::create(desktop.pasteboard, desktop.userDefaults, desktop.scheduler, historyFile))
     , m_desktop(desktop)
     , m_checkAndPromptMove(std::move(checkAndPromptMove))
-    , m_launchAtLogin(desktop.loginItem) {}
+    , m_launchAtLogin(desktop.loginItem)
+    , m_popupLook([this] { return m_desktop.popover.isComposited(); }) {}
 
 AppDelegate::~AppDelegate() = default;
 

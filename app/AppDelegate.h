@@ -9,7 +9,7 @@
 #include "platform/Scheduler.h"
 #include "platform/StatusItem.h"
 #include "platform/Workspace.h"
-#include "ui/MenuColors.h"
+#include "ui/PopupLook.h"
 
 #include <filesystem>
 #include <functional>
@@ -91,7 +91,7 @@ private:
     std::optional<RunningApplication> m_previousApp;
     std::optional<Scheduler::Token> m_accessibilityTimer;
     std::unique_ptr<PermissionWindow> m_permissionWindow;
-    ui::MenuColors m_menuColors;
+    ui::PopupLook m_popupLook;
 };
 
 } // namespace zamber::app

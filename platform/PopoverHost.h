@@ -47,6 +47,9 @@ public:
 
     virtual bool isShown() const = 0;
 
+    /// Whether what is translucent in a window is blended with what lies behind it, at this moment.
+    virtual bool isComposited() const { return true; }
+
     /// Shows a menu of the desktop's own at that place of the screen, which leaves a transient popover as it is, and
     /// runs the action of the line that was chosen. False where there is none: then the content draws its own.
     virtual bool showMenu(const QList<MenuItem>&, QPoint) { return false; }

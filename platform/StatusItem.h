@@ -20,7 +20,7 @@ enum class MenuItemRole { Ordinary, Destructive };
 /// One line of a menu. An empty title makes a separator.
 struct MenuItem {
     QString title;
-    QString keyEquivalent; ///< the key that chooses the item, with ⌘, while the menu is open; or empty
+    QString keyEquivalent; ///< the key that chooses the item, with ⌘, and ⇧ for a capital, in the open menu; or empty
     std::function<void()> action;
     QString selector = {}; ///< what the action is called where actions are sent by name
     MenuItemRole role = MenuItemRole::Ordinary;

@@ -134,14 +134,13 @@ void ClipboardListView::showRowMenu(int row, QPoint screenPosition) {
     }
     lines.append(MenuItem{});
     lines.append(line(item.isPinned ? u"Unpin"_s : u"Pin"_s, u"p"_s, [this, item] { m_manager->togglePin(item); }));
-    lines.append(line(u"Delete"_s, u"d"_s, [this, item] { m_manager->deleteItem(item); }));
+    lines.append(line(u"Delete"_s, u"D"_s, [this, item] { m_manager->deleteItem(item); }));
     lines.last().role = MenuItemRole::Destructive;
     if (m_callbacks.showMenu && m_callbacks.showMenu(lines, screenPosition)) {
         return;
     }
     m_rowMenu = new RowMenu(lines, this);
     m_rowMenu->setAttribute(Qt::WA_DeleteOnClose);
-    m_rowMenu->setPalette(m_palette.forWidgets());
     m_rowMenu->popup(screenPosition);
 }
 

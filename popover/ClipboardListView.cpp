@@ -174,6 +174,7 @@ void ClipboardListView::updatePreferences() {
 
 void ClipboardListView::updateAppearance() {
     m_palette = popoverPalette(popoverAppearance(m_defaults), m_appearance);
+    setPalette(m_palette.forWidgets()); // for the menus and tool tips that come from here
     m_header->setColors(m_palette);
     m_banner->setColors(m_palette);
     m_search->setColors(m_palette);

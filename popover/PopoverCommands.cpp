@@ -23,7 +23,7 @@ struct Binding {
 constexpr std::array BINDINGS{
     Binding{Qt::SHIFT | Qt::Key_F10, PopoverCommand::ShowMenu},
     Binding{Qt::CTRL | Qt::Key_P, PopoverCommand::Pin},
-    Binding{Qt::CTRL | Qt::Key_D, PopoverCommand::Delete},
+    Binding{Qt::CTRL | Qt::SHIFT | Qt::Key_D, PopoverCommand::Delete}, // with Control alone it is an editing key
     Binding{Qt::CTRL | Qt::Key_O, PopoverCommand::OpenLink},
     Binding{Qt::CTRL | Qt::SHIFT | Qt::Key_Delete, PopoverCommand::Clear},
     Binding{Qt::CTRL | Qt::SHIFT | Qt::Key_Backspace, PopoverCommand::Clear}, // small keyboards have no Delete

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "popover/RowMenu.h"
 
-#include "ui/Typography.h"
+#include "ui/MenuStyle.h"
 
 #include <QKeyEvent>
 #include <QKeySequence>
@@ -17,15 +17,17 @@ namespace {
 
 /// As the keys are written on them.
 QString keysText(const QString& keyEquivalent) {
-    return keyEquivalent == u"\r"_s ? u"↩"_s
-                                    : QKeySequence(u"Ctrl+"_s + keyEquivalent).toString(QKeySequence::NativeText);
+    if (keyEquivalent == u"\r"_s) {
+        return u"↩"_s;
+    }
+    const QString modifiers = keyEquivalent.front().isUpper() ? u"Ctrl+Shift+"_s : u"Ctrl+"_s;
+    return QKeySequence(modifiers + keyEquivalent).toString(QKeySequence::NativeText);
 }
 
 } // namespace
 
 RowMenu::RowMenu(const QList<MenuItem>& lines, QWidget* parent)
     : QMenu(parent) {
-    setFont(ui::textFont(13));
     for (const MenuItem& line : lines) {
         if (line.title.isEmpty()) {
             addSeparator();
@@ -36,6 +38,9 @@ RowMenu::RowMenu(const QList<MenuItem>& lines, QWidget* parent)
             // What stands behind a tab is shown where shortcuts are; a shortcut of Qt's own would listen for the keys.
             action->setText(u"%1\t%2"_s.arg(line.title, keysText(line.keyEquivalent)));
             action->setData(QVariant::fromValue(QKeySequence(line.keyEquivalent)));
+        }
+        if (line.role == MenuItemRole::Destructive) {
+            ui::setDestructive(*action);
         }
     }
 }

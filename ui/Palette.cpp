@@ -131,6 +131,7 @@ QPalette Palette::forWidgets() const {
     palette.setColor(QPalette::AlternateBase, ground);
     palette.setColor(QPalette::Button, ground);
     palette.setColor(QPalette::ButtonText, composed(primary, ground));
+    palette.setColor(QPalette::BrightText, red); // of what cannot be undone
     palette.setColor(QPalette::PlaceholderText, tertiary);
     palette.setColor(QPalette::Highlight, accentFill);
     palette.setColor(QPalette::HighlightedText, onAccent);

@@ -117,7 +117,7 @@ class CommandKeysTest(DesktopTestCase):
         self.keyboard.tap("Down")
         self.keyboard.chord("Control_L", "p")
         self.wait_for_rows("banana bread", "apple tart", "cherry cake")
-        self.keyboard.chord(self.command, "d")
+        self.keyboard.chord(self.command, "Shift_L", "d")
         self.wait_for_rows("banana bread", "cherry cake")
         self.keyboard.chord("Control_L", "Shift_L", "Delete")
         clear_all = wait_until(

@@ -137,7 +137,7 @@ void MenuStyle::drawCard(QPainter& painter, const QStyleOption& option, int shad
     const QColor text = option.palette.color(QPalette::WindowText);
     const QColor ground = option.palette.color(QPalette::Window);
     QColor edge = text;
-    edge.setAlphaF(EDGE_OPACITY);
+    edge.setAlphaF(static_cast<float>(EDGE_OPACITY));
     painter.save();
     if (m_shape == Shape::Square) {
         painter.fillRect(option.rect, ground);

@@ -130,8 +130,9 @@ void PopupLook::placeCard(QWidget& popup) const {
 bool PopupLook::closeOnShadow(QMenu& menu, const QEvent& press) const {
     const int shadow = m_style.menuShadow();
     const QRect card = menu.rect().adjusted(shadow, shadow, -shadow, -shadow);
-    if (card.contains(static_cast<const QMouseEvent&>(press).position().toPoint())) {
-        return false;
+    const QPoint place = static_cast<const QMouseEvent&>(press).position().toPoint();
+    if (card.contains(place) || !menu.rect().contains(place)) {
+        return false; // which Qt knows what to do about
     }
     menu.close();
     return true;

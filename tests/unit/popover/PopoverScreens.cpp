@@ -8,15 +8,20 @@
 #include "platform/freedesktop/BootstrapSymbols.h"
 #include "platform/freedesktop/popover/PopoverFrame.h"
 #include "tests/unit/popover/PopoverStage.h"
+#include "ui/PopupLook.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QBuffer>
+#include <QContextMenuEvent>
 #include <QDir>
+#include <QKeyEvent>
 #include <QLinearGradient>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QThread>
+#include <QToolTip>
 
 #include <cstdio>
 
@@ -125,8 +130,14 @@ public:
         wall.fill(stage.appearance.isDark() ? QColor(0x3b, 0x4a, 0x5f) : QColor(0xb9, 0xc8, 0xd8));
         QPainter painter(&wall);
         painter.drawImage(QPointF(0, 0), shot);
+        for (QWidget* const window : QApplication::topLevelWidgets()) {
+            if (window->isVisible() && window != &frame) { // a menu or a tool tip
+                painter.drawPixmap(window->pos() - frame.pos(), window->grab());
+            }
+        }
         painter.end();
         keep(wall, name, frame.contentGeometry().size() * shot.devicePixelRatio());
+        QToolTip::hideText();
         frame.hide();
         frame.setContent(nullptr);
     }
@@ -183,6 +194,25 @@ void shootHistory(PopoverStage& stage, Camera& camera) {
         shown.defaults.setBoolean(preferences::hideSensitive.name, true);
         press(shown, HardwareKey::DownArrow, 5);
     });
+    stage.defaults.setBoolean(preferences::hideSensitive.name, false);
+    camera.shoot(stage, u"menu"_s, [](PopoverStage& shown) {
+        const QPoint place = shown.list().rowRectangle(1).center();
+        QContextMenuEvent wish(QContextMenuEvent::Mouse, place, shown.list().mapToGlobal(place));
+        QCoreApplication::sendEvent(&shown.list(), &wish);
+        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        menu->setActiveAction(menu->actions().first());
+    });
+    camera.shoot(stage, u"menu-delete"_s, [](PopoverStage& shown) {
+        press(shown, HardwareKey::DownArrow, 3);
+        QKeyEvent keys(QEvent::KeyPress, Qt::Key_F10, Qt::ShiftModifier);
+        QCoreApplication::sendEvent(shown.view.get(), &keys);
+        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        menu->setActiveAction(menu->actions().last());
+    });
+    camera.shoot(stage, u"tool-tip"_s, [](PopoverStage& shown) {
+        auto* const clear = shown.view->findChild<QAbstractButton*>(u"clearButton"_s);
+        QToolTip::showText(clear->mapToGlobal(QPoint(10, -40)), clear->toolTip(), clear);
+    });
     for (const QString& size : {u"compact"_s, u"large"_s}) {
         stage.defaults.setString(preferences::popoverSize.name, size);
         camera.shoot(stage, size);
@@ -195,6 +225,7 @@ int shootAll(const QString& folder, bool isDark) {
     const auto shoot = [&](const std::function<void(PopoverStage&)>& fillWith, const auto& shootStage) {
         PopoverStage stage(symbols);
         stage.appearance.setDark(isDark);
+        ui::PopupLook popups([] { return true; });
         fillWith(stage);
         stage.makeView();
         shootStage(stage);

@@ -187,7 +187,7 @@ TEST_F(PopupLookTest, WhatCannotBeUndoneIsRedAndTheChosenLineIsOnTheAccent) {
     QAction* const gone = menu.addAction(QStringLiteral("▇▇▇▇"));
     setDestructive(*gone);
     menu.popup({200, 100});
-    const auto hasColor = [&menu](const QAction* line, const QColor& color) {
+    const auto hasColor = [&menu](QAction* line, const QColor& color) {
         const QImage drawn = menu.grab(menu.actionGeometry(line)).toImage();
         for (int y = 0; y < drawn.height(); ++y) {
             for (int x = 0; x < drawn.width(); ++x) {

@@ -147,6 +147,8 @@ QString HistoryRowAccessible::description(int row) const {
     QStringList facts = m_list->describe(row);
     if (m_list->items()[row].isPinned) {
         facts.prepend(u"pinned"_s);
+    } else if (row > 0 && m_list->items()[row - 1].isPinned) {
+        facts.prepend(u"recent"_s); // the section begins, which its header says to the eye
     }
     return facts.join(u", "_s);
 }
@@ -205,6 +207,7 @@ QStringList HistoryRowAccessible::actionNames() const {
     const auto index = row();
     if (!m_part && index) {
         names.append(setFocusAction());
+        names.append(showMenuAction());
         for (const RowAction action : m_list->actions(*index)) {
             names.append(actionName(action, m_list->items()[*index]));
         }
@@ -225,6 +228,8 @@ void HistoryRowAccessible::doAction(const QString& wanted) {
         m_list->choose(*index);
     } else if (wanted == setFocusAction()) {
         emit m_list->selectRequested(*index);
+    } else if (wanted == showMenuAction()) {
+        emit m_list->menuRequested(*index, rect().center());
     } else {
         for (const RowAction action : m_list->actions(*index)) {
             if (wanted == actionName(action, m_list->items()[*index])) {

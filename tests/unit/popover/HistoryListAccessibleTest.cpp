@@ -6,6 +6,8 @@
 #include "tests/unit/popover/PopoverStage.h"
 
 #include <QAccessible>
+#include <QApplication>
+#include <QMenu>
 
 #include <gtest/gtest.h>
 
@@ -77,7 +79,7 @@ TEST_F(HistoryListAccessibleTest, PressingAnItemChoosesIt) {
     ASSERT_NE(action, nullptr);
     EXPECT_EQ(action->actionNames(),
               (QStringList{QAccessibleActionInterface::pressAction(), QAccessibleActionInterface::setFocusAction(),
-                           u"Pin"_s, u"Delete"_s}));
+                           QAccessibleActionInterface::showMenuAction(), u"Pin"_s, u"Delete"_s}));
     action->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(stage.pasteboard.string(), "text 0");
     EXPECT_EQ(stage.pastes, 1);
@@ -137,6 +139,18 @@ TEST_F(HistoryListAccessibleTest, ALinkIsOpenedByName) {
     EXPECT_EQ(stage.opened, QList<QUrl>(2, QUrl(u"https://example.org/page"_s)));
 }
 
+TEST_F(HistoryListAccessibleTest, ARowsMenuOpensByName) {
+    stage.copyTexts(2);
+    open();
+    list()->child(1)->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    menu->actions().last()->trigger();
+    menu->close();
+    ASSERT_EQ(stage.manager->items().size(), 1);
+    EXPECT_EQ(stage.manager->items()[0].content.preview(), u"text 1"_s);
+}
+
 TEST_F(HistoryListAccessibleTest, WhatTheEyeSeesBesideThePreviewIsDescribed) {
     const auto described = [&](int row) { return list()->child(row)->text(QAccessible::Description); };
     write(stage.defaults, preferences::hideSensitive, true);
@@ -147,7 +161,7 @@ TEST_F(HistoryListAccessibleTest, WhatTheEyeSeesBesideThePreviewIsDescribed) {
     stage.copyText("short");
     open();
     EXPECT_EQ(described(0), u"pinned, 2 lines, 7 chars, now"_s);
-    EXPECT_EQ(described(1), u"now"_s);
+    EXPECT_EQ(described(1), u"recent, now"_s) << "as the header above it says";
     EXPECT_EQ(described(2), u"sensitive, now"_s);
     EXPECT_EQ(described(3), u"link, now"_s);
 }

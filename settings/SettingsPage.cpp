@@ -30,7 +30,10 @@ SettingsPage::SettingsPage(const SettingsLook& look)
     viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false); // which setWidget has switched on
     auto* scrollBar = new ui::OverlayScrollBar(this);
-    look.apply(scrollBar, [scrollBar](const ui::Palette& palette) { scrollBar->setColors(palette); });
+    look.apply(scrollBar, [scrollBar, &look](const ui::Palette& palette) {
+        scrollBar->setColors(palette);
+        scrollBar->setMotion(look.motion());
+    });
 }
 
 void SettingsPage::add(QWidget* part) {

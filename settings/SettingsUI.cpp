@@ -3,6 +3,7 @@
 #include "settings/SettingsUI.h"
 
 #include "settings/SettingsLook.h"
+#include "ui/ContinuousCorners.h"
 #include "ui/SymbolView.h"
 #include "ui/TextLabel.h"
 #include "ui/Typography.h"
@@ -49,11 +50,11 @@ void paintPlate(QWidget& plate, const QColor& ground, const QColor& border, doub
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground);
-    painter.drawRoundedRect(plate.rect(), radius, radius);
+    painter.drawPath(ui::continuousRoundedRect(plate.rect(), radius));
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(border, BORDER_WIDTH));
     constexpr double half = BORDER_WIDTH / 2;
-    painter.drawRoundedRect(QRectF(plate.rect()).adjusted(half, half, -half, -half), radius - half, radius - half);
+    painter.drawPath(ui::continuousRoundedRect(QRectF(plate.rect()).adjusted(half, half, -half, -half), radius - half));
 }
 
 class Card final : public QWidget {
@@ -95,7 +96,7 @@ public:
     SettingsKeyCap(const SettingsLook& look, const QString& key)
         : m_look(look)
         , m_key(key) {
-        setFont(ui::textFont(KEY_POINTS, QFont::DemiBold));
+        setFont(ui::roundedFont(KEY_POINTS, QFont::DemiBold));
         setAccessibleName(key);
         setFixedSize(std::max(KEY_SIDE, QFontMetrics(font()).horizontalAdvance(key)), KEY_SIDE);
         look.apply(this, [this](const ui::Palette&) { update(); });

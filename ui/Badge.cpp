@@ -3,23 +3,22 @@
 #include "ui/Badge.h"
 
 #include "ui/AccessibleRoles.h"
+#include "ui/ContinuousCorners.h"
 #include "ui/Typography.h"
 
 #include <QFontMetrics>
 #include <QPainter>
 
-#include <algorithm>
-
 namespace zamber::ui {
 
 namespace {
-constexpr double CAPSULE = 1000;
 constexpr double KEY_CAP_RADIUS = 3;
 } // namespace
 
-Badge::Badge(const QFont& font, QSize padding, double radius, QWidget* parent)
+Badge::Badge(const QFont& font, QSize padding, Corners corners, double radius, QWidget* parent)
     : QWidget(parent)
     , m_padding(padding)
+    , m_corners(corners)
     , m_radius(radius) {
     installAccessibleRoles(); // before the name is set, which has the role asked for
     setFont(font);
@@ -50,19 +49,22 @@ QSize Badge::sizeHint() const {
 void Badge::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double radius = std::min(m_radius, height() / 2.0);
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_groundColor);
-    painter.drawRoundedRect(rect(), radius, radius);
+    if (m_corners == Corners::Capsule) {
+        painter.drawRoundedRect(rect(), height() / 2.0, height() / 2.0);
+    } else {
+        painter.drawPath(continuousRoundedRect(rect(), m_radius));
+    }
     painter.setPen(m_textColor);
     painter.drawText(rect(), Qt::AlignCenter, m_text);
 }
 
 CapsuleBadge::CapsuleBadge(QWidget* parent)
-    : Badge(monospacedFont(11, QFont::Medium), QSize(7, 3), CAPSULE, parent) {}
+    : Badge(monospacedFont(11, QFont::Medium), QSize(7, 3), Corners::Capsule, 0, parent) {}
 
 KeyCap::KeyCap(const QString& key, QWidget* parent)
-    : Badge(monospacedFont(9, QFont::DemiBold), QSize(5, 2), KEY_CAP_RADIUS, parent) {
+    : Badge(monospacedFont(9, QFont::DemiBold), QSize(5, 2), Corners::Continuous, KEY_CAP_RADIUS, parent) {
     setText(key);
 }
 

@@ -22,13 +22,16 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-    /// A radius of half the height or more makes a capsule.
-    Badge(const QFont& font, QSize padding, double radius, QWidget* parent);
+    enum class Corners { Capsule, Continuous };
+
+    /// The radius (points) is that of continuous corners.
+    Badge(const QFont& font, QSize padding, Corners corners, double radius, QWidget* parent);
 
     void paintEvent(QPaintEvent* event) override;
 
 private:
     QSize m_padding;
+    Corners m_corners;
     double m_radius;
     QString m_text;
     QColor m_textColor;

@@ -96,8 +96,9 @@ void ConfirmationSheet::paintEvent(QPaintEvent*) {
 
 void ConfirmationSheet::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    // The harmless button is the one that a press of the space bar finds.
-    m_cancel->setFocus(Qt::OtherFocusReason);
+    // No button is to look as if Return pressed it, which belongs to what lies under the sheet. Tab comes to the
+    // harmless one first.
+    setFocus(Qt::OtherFocusReason);
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }

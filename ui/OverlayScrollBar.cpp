@@ -9,6 +9,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <chrono>
 
 namespace zamber::ui {
 
@@ -19,6 +20,8 @@ constexpr double THIN = 5;
 constexpr double WIDE = 7; // under the pointer
 constexpr double EDGE_GAP = 3;
 constexpr double SHORTEST_THUMB = 24;
+constexpr std::chrono::milliseconds REST{1200};
+constexpr std::chrono::milliseconds FADING{300};
 
 } // namespace
 
@@ -31,7 +34,17 @@ OverlayScrollBar::OverlayScrollBar(QAbstractScrollArea* area)
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->installEventFilter(this);
     connect(m_hidden, &QScrollBar::rangeChanged, this, &OverlayScrollBar::adjustToArea);
-    connect(m_hidden, &QScrollBar::valueChanged, this, qOverload<>(&OverlayScrollBar::update));
+    connect(m_hidden, &QScrollBar::valueChanged, this, &OverlayScrollBar::reveal);
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(REST);
+    connect(&m_rest, &QTimer::timeout, this, &OverlayScrollBar::fade);
+    m_fading.setDuration(static_cast<int>(FADING.count()));
+    m_fading.setStartValue(1.0);
+    m_fading.setEndValue(0.0);
+    connect(&m_fading, &QVariantAnimation::valueChanged, this, [this](const QVariant& strength) {
+        m_strength = strength.toDouble();
+        update();
+    });
     adjustToArea();
 }
 
@@ -45,6 +58,40 @@ void OverlayScrollBar::adjustToArea() {
     setVisible(m_hidden->maximum() > m_hidden->minimum());
     raise();
     update();
+}
+
+void OverlayScrollBar::reveal() {
+    m_fading.stop();
+    m_strength = 1;
+    m_rest.start();
+    update();
+}
+
+void OverlayScrollBar::fade() {
+    if (underMouse() || m_isDragging) {
+        return;
+    }
+    if (m_motion == Motion::Reduced) {
+        m_strength = 0;
+        update();
+    } else {
+        m_fading.start();
+    }
+}
+
+void OverlayScrollBar::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    reveal(); // so that people see that there is more
+}
+
+void OverlayScrollBar::enterEvent(QEnterEvent* event) {
+    QWidget::enterEvent(event);
+    reveal();
+}
+
+void OverlayScrollBar::leaveEvent(QEvent* event) {
+    QWidget::leaveEvent(event);
+    reveal();
 }
 
 bool OverlayScrollBar::eventFilter(QObject* watched, QEvent* event) {
@@ -68,7 +115,7 @@ void OverlayScrollBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(faded(m_palette.primary, underMouse() || m_isDragging ? 0.5 : 0.28));
+    painter.setBrush(faded(m_palette.primary, m_strength * (underMouse() || m_isDragging ? 0.5 : 0.28)));
     const QRectF place = thumb();
     painter.drawRoundedRect(place, place.width() / 2, place.width() / 2);
 }
@@ -94,7 +141,7 @@ void OverlayScrollBar::mouseMoveEvent(QMouseEvent* event) {
 
 void OverlayScrollBar::mouseReleaseEvent(QMouseEvent*) {
     m_isDragging = false;
-    update();
+    reveal();
 }
 
 } // namespace zamber::ui

@@ -59,7 +59,12 @@ void PlainButton::paintEvent(QPaintEvent*) {
         m_symbols.pixmap(m_label.symbol, {m_label.symbolPoints, m_label.symbolWeight, color, devicePixelRatioF()});
     const QSizeF iconSize = icon.deviceIndependentSize();
     const double iconLeft = m_label.text.isEmpty() ? (width() - iconSize.width()) / 2.0 : GROUND_PADDING;
-    painter.drawPixmap(QPointF(std::round(iconLeft), std::round((height() - iconSize.height()) / 2.0)), icon);
+    // Beside a text, the middle is that of its capitals.
+    const QFontMetricsF metrics(m_label.font);
+    const double textTop = std::floor((height() - metrics.height()) / 2);
+    const double middle =
+        m_label.text.isEmpty() ? height() / 2.0 : textTop + metrics.ascent() - metrics.capHeight() / 2;
+    painter.drawPixmap(QPointF(std::round(iconLeft), std::round(middle - iconSize.height() / 2)), icon);
 
     if (!m_label.text.isEmpty()) {
         painter.setFont(m_label.font);

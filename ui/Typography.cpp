@@ -37,6 +37,14 @@ QFont textFont(int points, QFont::Weight weight) {
     return sized(family, points, weight);
 }
 
+QFont roundedFont(int points, QFont::Weight weight) {
+    static const QString family =
+        installedFamily({u"Nunito"_s, u"M PLUS Rounded 1c"_s, u"Varela Round"_s, u"Quicksand"_s, u"Comfortaa"_s},
+                        QFontDatabase::GeneralFont);
+    static const bool isRound = family != QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
+    return isRound ? sized(family, points, weight) : textFont(points, weight);
+}
+
 QFont monospacedFont(int points, QFont::Weight weight) {
     static const QString family =
         installedFamily({u"JetBrains Mono"_s, u"Noto Sans Mono"_s, u"DejaVu Sans Mono"_s}, QFontDatabase::FixedFont);

@@ -29,9 +29,17 @@ enum class Slash { None, Across };
 
 struct Drawing {
     QString macName;
-    QString file;
+    QString file; ///< of Bootstrap's
     Slash slash = Slash::None;
+    const char* lines = nullptr; ///< a drawing of our own instead, as the path of a pen
 };
+
+/// A chain that stays open at twelve pixels, where Bootstrap's runs together.
+constexpr auto LINK = "M6.6 9.4A2.7 2.7 0 0 0 10.4 9.4L13.2 6.6A2.7 2.7 0 0 0 9.4 2.8L8.2 4"
+                      "M9.4 6.6A2.7 2.7 0 0 0 5.6 6.6L2.8 9.4A2.7 2.7 0 0 0 6.6 13.2L7.8 12";
+/// A glass whose handle is no heavier than its rim, also when it is large.
+constexpr auto MAGNIFYING_GLASS = "M12.4 6.4A6 6 0 1 1 .4 6.4A6 6 0 1 1 12.4 6.4M10.7 10.7L15.4 15.4";
+constexpr double LINE_UNITS = 1.1;
 
 const Drawing* drawingFor(const QString& name) {
     static const Drawing drawings[] = {
@@ -50,10 +58,10 @@ const Drawing* drawingFor(const QString& name) {
         {u"gearshape.fill"_s, u"gear-fill"_s},
         {u"info.circle.fill"_s, u"info-circle-fill"_s},
         {u"keyboard.fill"_s, u"keyboard-fill"_s},
-        {u"link"_s, u"link-45deg"_s},
+        {.macName = u"link"_s, .file = {}, .lines = LINK},
         {u"lock.fill"_s, u"lock-fill"_s},
         {u"lock.shield"_s, u"shield-lock"_s},
-        {u"magnifyingglass"_s, u"search"_s},
+        {.macName = u"magnifyingglass"_s, .file = {}, .lines = MAGNIFYING_GLASS},
         {u"photo"_s, u"image"_s},
         {u"pin"_s, u"pin"_s},
         {u"pin.fill"_s, u"pin-fill"_s},
@@ -83,6 +91,12 @@ double boldness(QFont::Weight weight) {
 }
 
 enum class Filling { Whole, OutlineOnly };
+
+QByteArray drawnByPen(const char* lines, double width) {
+    return R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="-0.5 -0.5 17 17"><path fill="none" stroke="#000" )"
+           R"(stroke-linecap="round" stroke-linejoin="round" stroke-width=")" +
+           QByteArray::number(width) + R"(" d=")" + lines + R"("/></svg>)";
+}
 
 QByteArray svg(const Drawing& drawing, double outlineWidth, Filling filling) {
     QFile file(u":/symbols/%1.svg"_s.arg(drawing.file));
@@ -122,8 +136,10 @@ QPixmap draw(const Drawing& drawing, const SymbolStyle& style) {
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF box(0, 0, pixels, pixels);
-    QSvgRenderer(svg(drawing, extraLineWidth, Filling::Whole)).render(&painter, box);
-    if (extraLineWidth < 0) {
+    QSvgRenderer(drawing.lines != nullptr ? drawnByPen(drawing.lines, LINE_UNITS + extraLineWidth)
+                                          : svg(drawing, extraLineWidth, Filling::Whole))
+        .render(&painter, box);
+    if (extraLineWidth < 0 && drawing.lines == nullptr) {
         painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
         QSvgRenderer(svg(drawing, -extraLineWidth, Filling::OutlineOnly)).render(&painter, box);
     }

@@ -4,15 +4,24 @@
 #include "ui/Badge.h"
 #include "ui/BorderedButton.h"
 #include "ui/ConfirmationSheet.h"
+#include "ui/ContinuousCorners.h"
+#include "ui/OverlayScrollBar.h"
 #include "ui/PlainButton.h"
 #include "ui/SearchField.h"
 #include "ui/Switch.h"
+#include "ui/Typography.h"
 
 #include <QLineEdit>
+#include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <cmath>
+#include <utility>
 
 namespace zamber::ui {
 
@@ -33,6 +42,91 @@ TEST(PlainButton, ItIsPressedAndNeverTakesTheFocus) {
     EXPECT_EQ(window.focusWidget(), field);
     EXPECT_EQ(button->cursor().shape(), Qt::PointingHandCursor);
     EXPECT_EQ(PlainButton(symbols, {.symbol = u"trash"_s}).cursor().shape(), Qt::ArrowCursor);
+}
+
+namespace {
+
+/// The first and the last row, or column, of the picture's part that is not as its corner is.
+std::pair<int, int> ink(const QImage& picture, const QRect& part, Qt::Orientation along) {
+    const QRgb ground = picture.pixel(part.topLeft());
+    int first = -1;
+    int last = -1;
+    const bool isAcross = along == Qt::Horizontal;
+    for (int i = isAcross ? part.left() : part.top(); i <= (isAcross ? part.right() : part.bottom()); ++i) {
+        for (int j = isAcross ? part.top() : part.left(); j <= (isAcross ? part.bottom() : part.right()); ++j) {
+            if (picture.pixel(isAcross ? i : j, isAcross ? j : i) != ground) {
+                first = first < 0 ? i : first;
+                last = i;
+            }
+        }
+    }
+    return {first, last};
+}
+
+} // namespace
+
+TEST(PlainButton, ItsSymbolStandsInTheMiddleOfItsCapitals) {
+    const FakeSymbols symbols;
+    PlainButton button(symbols, {.symbol = u"trash"_s, .symbolPoints = 10, .text = u"HHH"_s, .font = textFont(11)});
+    button.setColors(Qt::black, Palette::light(Qt::blue));
+    button.resize(button.sizeHint());
+    const QImage drawn = button.grab().toImage();
+    const int textLeft = drawn.width() - PlainButton::GROUND_PADDING - 18;
+    const auto symbol = ink(drawn, QRect(0, 0, textLeft - 4, drawn.height()), Qt::Vertical);
+    const auto text = ink(drawn, QRect(textLeft, 0, 18, drawn.height()), Qt::Vertical);
+    ASSERT_GE(symbol.first, 0);
+    ASSERT_GE(text.first, 0);
+    EXPECT_NEAR((symbol.first + symbol.second) / 2.0, (text.first + text.second) / 2.0, 0.51);
+}
+
+TEST(SearchField, TheCaretStandsBesideThePlaceholdersFirstLetter) {
+    const FakeSymbols symbols;
+    SearchField search(symbols, u"Search clipboard…"_s);
+    search.setColors(Palette::light(Qt::blue));
+    search.resize(300, 32);
+    search.show();
+    auto* const field = search.findChild<QLineEdit*>();
+    constexpr int roomBesideTheCaret = 5; // which Qt adds on each side
+    const int caret = field->inputMethodQuery(Qt::ImCursorRectangle).toRect().left() + roomBesideTheCaret;
+    field->clearFocus();
+    const QImage drawn = field->grab().toImage();
+    EXPECT_GE(ink(drawn, drawn.rect(), Qt::Horizontal).first, caret + 2);
+}
+
+TEST(ContinuousCorners, TheyBeginEarlierThanArcsAndAreAsRoundInTheirMiddle) {
+    const QRectF box(10, 20, 200, 100);
+    constexpr double radius = 10;
+    const QPainterPath path = continuousRoundedRect(box, radius);
+    EXPECT_NEAR(path.boundingRect().left(), box.left(), 0.01);
+    EXPECT_NEAR(path.boundingRect().bottom(), box.bottom(), 0.01);
+    const double diagonal = radius * (1 - std::sqrt(0.5));
+    const QPointF middle = box.topLeft() + QPointF(diagonal, diagonal);
+    EXPECT_TRUE(path.contains(middle + QPointF(0.1, 0.1)));
+    EXPECT_FALSE(path.contains(middle - QPointF(0.1, 0.1)));
+    EXPECT_FALSE(path.contains(box.topRight() + QPointF(-1.15 * radius, 0.01))) << "an arc would be over";
+    EXPECT_TRUE(path.contains(box.topRight() + QPointF(-1.6 * radius, 0.01)));
+    EXPECT_TRUE(continuousRoundedRect(QRectF(0, 0, 8, 8), 20).contains(QPointF(4, 0.1))) << "no larger than the box";
+}
+
+TEST(OverlayScrollBar, ItFadesAfterAWhileAndComesBackWithTheNextScrolling) {
+    QScrollArea area;
+    auto* const content = new QWidget;
+    content->setFixedSize(100, 2000);
+    area.setWidget(content);
+    auto* const bar = new OverlayScrollBar(&area);
+    bar->setMotion(Motion::Reduced);
+    area.resize(200, 200);
+    area.show();
+    const auto isSeen = [bar] {
+        QImage drawn(bar->size(), QImage::Format_ARGB32);
+        drawn.fill(Qt::transparent);
+        bar->render(&drawn, {}, {}, {});
+        return ink(drawn, drawn.rect(), Qt::Vertical).first >= 0;
+    };
+    EXPECT_TRUE(isSeen());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isSeen(); }, 5000));
+    area.verticalScrollBar()->setValue(50);
+    EXPECT_TRUE(isSeen());
 }
 
 TEST(PlainButton, HoveringChangesItsLook) {
@@ -191,7 +285,11 @@ TEST(ConfirmationSheet, OnlyTheDestructiveButtonConfirms) {
     ASSERT_EQ(buttons.size(), 2);
     EXPECT_EQ(buttons[0]->text(), u"Clear All"_s);
     EXPECT_EQ(buttons[1]->text(), u"Cancel"_s);
-    EXPECT_EQ(view.focusWidget(), buttons[1]) << "the harmless one has the focus";
+    EXPECT_EQ(view.focusWidget(), sheet) << "no button looks as if Return pressed it";
+    QTest::keyClick(sheet, Qt::Key_Space);
+    EXPECT_TRUE(sheet->isVisible());
+    QTest::keyClick(sheet, Qt::Key_Tab);
+    EXPECT_EQ(view.focusWidget(), buttons[1]) << "the harmless one comes first";
     buttons[1]->click();
     EXPECT_EQ(confirmed.count(), 0);
     EXPECT_EQ(dismissed.count(), 1);

@@ -27,8 +27,8 @@
 #include "platform/macos/MacDesktop.h"
 using ChosenDesktop = zamber::macos::MacDesktop;
 #else
-#include "platform/x11/X11Desktop.h"
-using ChosenDesktop = zamber::x11::X11Desktop;
+#include "app/SessionDesktop.h"
+using ChosenDesktop = zamber::app::SessionDesktop;
 #endif
 
 namespace {

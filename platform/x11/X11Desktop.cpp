@@ -2,28 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11Desktop.h"
 
-#include "platform/freedesktop/BootstrapSymbols.h"
-#include "platform/freedesktop/BuiltAppBundle.h"
-#include "platform/freedesktop/CanberraSound.h"
-#include "platform/freedesktop/QtAlert.h"
 #include "platform/freedesktop/QtApplication.h"
-#include "platform/freedesktop/QtKeyMonitor.h"
-#include "platform/freedesktop/QtScheduler.h"
-#include "platform/freedesktop/SettingsUserDefaults.h"
 #include "platform/freedesktop/TextFieldPaste.h"
 #include "platform/freedesktop/popover/PopoverWindow.h"
-#include "platform/freedesktop/session/ApplicationNames.h"
-#include "platform/freedesktop/session/DesktopShortcuts.h"
-#include "platform/freedesktop/session/FileLock.h"
-#include "platform/freedesktop/session/PortalAppearance.h"
 #include "platform/freedesktop/session/Programs.h"
-#include "platform/freedesktop/session/SingleInstance.h"
 #include "platform/freedesktop/session/TerminationSignals.h"
-#include "platform/freedesktop/session/UserFolders.h"
-#include "platform/freedesktop/session/XdgLoginItem.h"
 #include "platform/freedesktop/tray/TrayClicks.h"
 #include "platform/freedesktop/tray/TrayIcon.h"
-#include "platform/links/ScannerLinkDetector.h"
 #include "platform/x11/ButtonPresses.h"
 #include "platform/x11/Connection.h"
 #include "platform/x11/Keyboard.h"
@@ -36,11 +21,9 @@
 #include "platform/x11/X11Workspace.h"
 
 #include <QApplication>
-#include <QThreadPool>
 
 #include <xcb/xcb.h>
 
-#include <chrono>
 #include <utility>
 
 namespace zamber::x11 {
@@ -54,23 +37,16 @@ void closeMenus() {
 }
 
 /// The pasteboard has a connection to itself, so that a large transfer does not stand before a hot key.
-struct X11Desktop::Adapters {
-    Adapters(std::unique_ptr<freedesktop::session::SingleInstance> onlyInstance,
-             std::unique_ptr<freedesktop::session::FileLock> lockOfHistory, Connections connections)
-        : instance(std::move(onlyInstance))
-        , historyLock(std::move(lockOfHistory))
+struct X11Desktop::Adapters : freedesktop::desktop::CommonAdapters {
+    Adapters(freedesktop::desktop::Claim claim, Connections connections)
+        : CommonAdapters(std::move(claim))
         , clipboardConnection(std::move(connections.first))
         , inputConnection(std::move(connections.second)) {
-        QObject::connect(instance.get(), &freedesktop::session::SingleInstance::showRequested, instance.get(),
-                         [this] { application.requestShow(); });
+        QObject::connect(claimed.instance.get(), &freedesktop::session::SingleInstance::showRequested,
+                         claimed.instance.get(), [this] { application.requestShow(); });
     }
 
-    ~Adapters() {
-        // What is still to be run may hold the last of whoever uses the adapters, or be asked for by a worker.
-        QThreadPool::globalInstance()->clear();
-        QThreadPool::globalInstance()->waitForDone();
-        scheduler.stop();
-    }
+    ~Adapters() { stop(); }
 
     Adapters(const Adapters&) = delete;
     Adapters& operator=(const Adapters&) = delete;
@@ -82,21 +58,15 @@ struct X11Desktop::Adapters {
         windows.activate(window);
     }
 
-    std::unique_ptr<freedesktop::session::SingleInstance> instance;
-    std::unique_ptr<freedesktop::session::FileLock> historyLock;
     std::unique_ptr<x11::Connection> clipboardConnection;
     std::unique_ptr<x11::Connection> inputConnection;
 
-    freedesktop::session::TerminationSignals terminationSignals;
-    freedesktop::QtScheduler scheduler;
-    freedesktop::SettingsUserDefaults userDefaults{freedesktop::SettingsUserDefaults::defaultPath()};
     x11::X11Pasteboard pasteboard{*clipboardConnection};
     x11::Keyboard keyboard{*inputConnection};
     x11::Windows windows{*inputConnection};
     x11::ButtonPresses presses{*inputConnection};
     x11::X11WindowSystem windowSystem{*inputConnection, windows};
     x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard, closeMenus};
-    freedesktop::session::ApplicationNames applicationNames;
     x11::X11Workspace workspace{*inputConnection, windows, [this](const QString& windowClass) {
                                     return applicationNames.ofWindowClass(windowClass);
                                 }};
@@ -104,20 +74,7 @@ struct X11Desktop::Adapters {
     x11::X11AccessibilityTrust trust{*inputConnection};
 
     freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
-    freedesktop::QtKeyMonitor keyMonitor;
     freedesktop::TextFieldPaste textFieldPaste{pasteboard};
-    freedesktop::session::PortalAppearance appearance;
-    freedesktop::BootstrapSymbols symbols;
-    freedesktop::CanberraSound sounds;
-    freedesktop::session::XdgLoginItem loginItem{freedesktop::session::XdgLoginItem::sessionEnvironment(),
-                                                 QStringLiteral("app.zamber.Zamber"),
-                                                 QCoreApplication::applicationFilePath()};
-    std::unique_ptr<DesktopShortcut> desktopShortcut = freedesktop::session::desktopShortcutOf(
-        qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':', Qt::SkipEmptyParts),
-        QCoreApplication::applicationFilePath());
-    links::ScannerLinkDetector links;
-    freedesktop::BuiltAppBundle bundle;
-    freedesktop::QtAlert alert;
     freedesktop::popover::PopoverWindow popover{appearance, windowSystem};
     freedesktop::tray::TrayClicks trayClicks{popover, presses, scheduler};
     freedesktop::tray::TrayIcon statusItem{trayClicks, windowSystem, hotKeys.commandKeyHint()};
@@ -139,33 +96,13 @@ std::expected<void, std::string> X11Desktop::prepare() {
     return {};
 }
 
-std::filesystem::path X11Desktop::historyFile() {
-    return freedesktop::session::userDataFolder() / "Zamber" / "clipboard_history.json";
-}
-
-std::expected<std::unique_ptr<X11Desktop>, std::string> X11Desktop::create() {
-    auto instance = std::make_unique<freedesktop::session::SingleInstance>(QStringLiteral("app.zamber.Zamber"));
-    switch (instance->start()) {
-    case freedesktop::session::SingleInstance::Start::OnlyOne:
-        break;
-    case freedesktop::session::SingleInstance::Start::OtherShown:
-        return nullptr;
-    case freedesktop::session::SingleInstance::Start::OtherHangs:
-        return std::unexpected("it is running already, but does not answer");
-    }
-    // Without a bus, or with one in each of the user's sessions, nobody else keeps two from writing one history. One
-    // that is just ending gets a moment.
-    auto historyLock = freedesktop::session::FileLock::take(historyFile(), std::chrono::seconds(1));
-    if (!historyLock) {
-        return std::unexpected("it is running already, in another session: " + historyFile().string() + " is in use");
-    }
+std::expected<std::unique_ptr<X11Desktop>, std::string> X11Desktop::create(freedesktop::desktop::Claim claim) {
     auto clipboard = x11::Connection::open();
     auto input = x11::Connection::open();
     if (!clipboard || !input) {
         return std::unexpected((clipboard ? input : clipboard).error());
     }
-    auto adapters = std::make_unique<Adapters>(std::move(instance), std::move(historyLock),
-                                               Connections(std::move(*clipboard), std::move(*input)));
+    auto adapters = std::make_unique<Adapters>(std::move(claim), Connections(std::move(*clipboard), std::move(*input)));
     return std::unique_ptr<X11Desktop>(new X11Desktop(std::move(adapters)));
 }
 

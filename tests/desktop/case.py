@@ -17,7 +17,27 @@ PASTED_LINE = "✅ Pasted via CGEvent"
 NO_PREVIOUS_LINE = "❌ No previous app to paste into"
 
 
-class DesktopTestCase(unittest.TestCase):
+class LogAssertions:
+    """What a case asks about the lines that the program has written."""
+
+    def wait_for_expected_lines(self):
+        """The last line of a paste comes after the key that the test has seen the effect of."""
+        try:
+            wait_until(lambda: len(self.zamber.stdout_lines()) >= len(self.expected_lines), 4.0)
+        except AssertionError:
+            pass  # assert_lines says it better
+
+    def assert_lines(self, lines, expected):
+        matches = len(lines) == len(expected) and all(
+            pattern.fullmatch(line) if isinstance(pattern, re.Pattern) else pattern == line
+            for line, pattern in zip(lines, expected)
+        )
+        if not matches:
+            wanted = [pattern.pattern if isinstance(pattern, re.Pattern) else pattern for pattern in expected]
+            self.fail("expected\n  " + "\n  ".join(wanted) + "\nbut got\n  " + "\n  ".join(lines))
+
+
+class DesktopTestCase(LogAssertions, unittest.TestCase):
     """Has a desktop with an editor in front and a bystander's window behind, and starts the program with the class's
     history and preferences. After each case nothing may be stuck, astray, unexpected or dead."""
 
@@ -125,22 +145,6 @@ class DesktopTestCase(unittest.TestCase):
                 self.assertEqual(self.bystander.keys(), [])
                 self.assertEqual(self.bystander.text(), "")
         self._scene = self._describe_scene()
-
-    def wait_for_expected_lines(self):
-        """The last line of a paste comes after the key that the test has seen the effect of."""
-        try:
-            wait_until(lambda: len(self.zamber.stdout_lines()) >= len(self.expected_lines), 4.0)
-        except AssertionError:
-            pass  # assert_lines says it better
-
-    def assert_lines(self, lines, expected):
-        matches = len(lines) == len(expected) and all(
-            pattern.fullmatch(line) if isinstance(pattern, re.Pattern) else pattern == line
-            for line, pattern in zip(lines, expected)
-        )
-        if not matches:
-            wanted = [pattern.pattern if isinstance(pattern, re.Pattern) else pattern for pattern in expected]
-            self.fail("expected\n  " + "\n  ".join(wanted) + "\nbut got\n  " + "\n  ".join(lines))
 
     def assert_pasted_by(self, key, modifiers, since=0, window=None):
         """One stroke of the key: down, then up, with just these modifiers held all the while, in the right window."""

@@ -12,7 +12,6 @@ import subprocess
 import time
 
 from .waiting import wait_until
-from .windows import active_window, focused_window, top_level_windows
 
 READY_LINE = "✅ Accessibility: trusted"
 UNTRUSTED_LINE = "⚠️ Accessibility: NOT trusted — opening System Settings"
@@ -142,8 +141,7 @@ class Zamber:
                    lambda: f"the history {expected!r}; it is {self.history()!r}")
 
     def windows(self):
-        return [window for window in top_level_windows(self._desktop.display)
-                if window.pid == self.pid and window.visible]
+        return [window for window in self._desktop.windows() if window.pid == self.pid and window.visible]
 
     def popover(self):
         """The popover's window while it is shown, else None."""
@@ -169,13 +167,12 @@ class Zamber:
 
         def ready():
             popover = self.popover()
-            focus = focused_window(self._desktop.display)
+            focus = self._desktop.focused_window()
             return popover if popover and focus and focus.id == popover.id else None
 
         def seen():
-            display = self._desktop.display
-            return (f"the popover with the focus; shown {self.popover()}, focus {focused_window(display)}, "
-                    f"active {active_window(display)}, stderr {self.stderr_lines()}")
+            return (f"the popover with the focus; shown {self.popover()}, focus {self._desktop.focused_window()}, "
+                    f"active {self._desktop.active_window()}, stderr {self.stderr_lines()}")
 
         return wait_until(ready, timeout, seen)
 

@@ -88,16 +88,26 @@ bool PopupLook::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PopupLook::prepare(QWidget& popup) {
-    m_style.setShape(m_isComposited() ? MenuStyle::Shape::RoundedWithShadow : MenuStyle::Shape::Square);
+    updateShape();
     popup.setAttribute(Qt::WA_TranslucentBackground);
     popup.setWindowFlag(Qt::NoDropShadowWindowHint);
     popup.setStyle(&m_style);
     if (isToolTip(&popup)) {
         popup.setFont(textFont(TOOL_TIP_POINTS));
         popup.setContentsMargins(TOOL_TIP_MARGIN, 0, TOOL_TIP_MARGIN, 0);
-    } else {
-        popup.setFont(textFont(MENU_POINTS));
+        return;
     }
+    popup.setFont(textFont(MENU_POINTS));
+    auto* const menu = qobject_cast<QMenu*>(&popup);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+        updateShape();
+        QEvent change(QEvent::StyleChange); // or the menu keeps the measures of its last opening
+        QCoreApplication::sendEvent(menu, &change);
+    });
+}
+
+void PopupLook::updateShape() {
+    m_style.setShape(m_isComposited() ? MenuStyle::Shape::RoundedWithShadow : MenuStyle::Shape::Square);
 }
 
 void PopupLook::color(QWidget& popup) const {

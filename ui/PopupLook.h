@@ -32,6 +32,7 @@ protected:
 
 private:
     void prepare(QWidget& popup);
+    void updateShape();
     void color(QWidget& popup) const;
     void placeCard(QWidget& popup) const;
     bool closeOnShadow(QMenu& menu, const QEvent& press) const;

@@ -23,7 +23,7 @@ constexpr int HEIGHT = 32; // a line of 13 points between paddings of 8
 constexpr int GLASS_ROOM = 14;
 constexpr int SPACING = 8;
 constexpr double RADIUS = 8;
-constexpr QChar HAIR_SPACE(0x200A);
+constexpr QChar THIN_SPACE(0x2009);
 } // namespace
 
 SearchField::SearchField(const Symbols& symbols, const QString& placeholder, QWidget* parent)
@@ -33,8 +33,8 @@ SearchField::SearchField(const Symbols& symbols, const QString& placeholder, QWi
     , m_clearButton(new PlainButton(symbols, {.symbol = u"xmark.circle.fill"_s, .symbolPoints = 12}, this)) {
     m_field->setObjectName(u"searchField"_s);
     m_field->setAccessibleName(placeholder);
-    // The caret stands where a text begins: a hair's breadth keeps it off the placeholder's first letter.
-    m_field->setPlaceholderText(HAIR_SPACE + placeholder);
+    // The caret stands where a text begins: a little room keeps it off the placeholder's first letter.
+    m_field->setPlaceholderText(THIN_SPACE + placeholder);
     m_field->setFrame(false);
     m_field->setFont(textFont(13));
     m_field->setTextMargins(0, 0, 0, 0);

@@ -210,6 +210,7 @@ void shootHistory(PopoverStage& stage, Camera& camera) {
         menu->setActiveAction(menu->actions().last());
     });
     camera.shoot(stage, u"tool-tip"_s, [](PopoverStage& shown) {
+        settle(); // a window that becomes active takes tool tips away
         auto* const clear = shown.view->findChild<QAbstractButton*>(u"clearButton"_s);
         QToolTip::showText(clear->mapToGlobal(QPoint(10, -40)), clear->toolTip(), clear);
     });

@@ -30,16 +30,15 @@ public:
 
     virtual ~KeystrokePoster() = default;
 
-    /// Posts the paste keystroke once it is safe: for at most two seconds it waits until the user has let go of the
-    /// modifiers and the hot keys, the clipboard holds what belongs to this paste, and the target, if one is given,
-    /// is in front. A target that has gone or does not come leaves the keystroke to whichever application is in front,
-    /// but never to a window of this program that was not in front at the call nor the target. Where another program
-    /// has copied since the write, nothing is posted.
+    /// Posts the paste keystroke. A target that has gone or does not come leaves it to whichever application is in
+    /// front. Calls are carried out one after the other, and `done` is called once for each, on the main loop.
     ///
-    /// Calls are carried out one after the other, each with its own content, whatever the program has written since;
-    /// after the last of them the clipboard holds the last write.
-    ///
-    /// `done` is called once on the main loop.
+    /// Where no server of the desktop's has the clipboard but this program, it waits for at most two seconds until the
+    /// user has let go of the modifiers and the hot keys, the clipboard holds what belongs to this paste, and the
+    /// target, if one is given, is in front. Then nothing is posted once another program has copied since the write,
+    /// and nothing to a window of this program that was not in front at the call nor the target; each call pastes its
+    /// own content, whatever the program has written since, and after the last of them the clipboard holds the last
+    /// write.
     virtual void postPaste(const Paste& paste, Done done) = 0;
 };
 

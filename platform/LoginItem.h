@@ -24,10 +24,11 @@ public:
     /// Read from the desktop at each call.
     virtual LoginItemStatus status() const = 0;
 
-    /// Has the running program started at login; also clears what switched it off. The error is the desktop's own text.
+    /// Has the running program started at login. The error is the desktop's own text. Where the record is the program's
+    /// own to write, this also clears what switched it off; elsewhere that is the user's to clear.
     virtual std::expected<void, QString> registerItem() = 0;
 
-    /// Has it started no more. An item that is not registered is no error.
+    /// Has it started no more. Asking for what is so already is an error only where the desktop says that it is one.
     virtual std::expected<void, QString> unregisterItem() = 0;
 };
 

@@ -52,7 +52,7 @@ public:
 
     /// Shows a menu of the desktop's own at that place of the screen, which leaves a transient popover as it is, and
     /// runs the action of the line that was chosen. False where there is none: then the content draws its own.
-    virtual bool showMenu(const QList<MenuItem>&, QPoint) { return false; }
+    virtual bool showMenu(const QList<MenuItem>& menu, QPoint screenPosition) = 0;
 };
 
 } // namespace zamber

@@ -13,13 +13,9 @@ set_target_properties(make_icons PROPERTIES MACOSX_BUNDLE OFF)
 if(NOT CMAKE_CROSSCOMPILING)
   include("${packaging}/ImageFormats.cmake")
   zamber_require_tiff("${QT6_INSTALL_PREFIX}/${QT6_INSTALL_PLUGINS}")
-  set(picture "${CMAKE_SOURCE_DIR}/packaging/icons/Zamber.svg")
+  include("${packaging}/Icons.cmake")
   set(icons "${CMAKE_BINARY_DIR}/Zamber.icns")
-  add_custom_command(
-    OUTPUT "${icons}"
-    COMMAND make_icons "${picture}" "${icons}"
-    DEPENDS make_icons "${picture}"
-    VERBATIM)
+  zamber_icon_set("${CMAKE_SOURCE_DIR}/packaging/icons/Zamber.svg" "${icons}")
   target_sources(zamber PRIVATE "${icons}")
   set_source_files_properties("${icons}" TARGET_DIRECTORY zamber PROPERTIES MACOSX_PACKAGE_LOCATION Resources GENERATED
                                                                                                      ON)

@@ -4,6 +4,7 @@
 #include "tests/contracts/ApplicationContract.h"
 #include "tests/contracts/HotKeyCenterContract.h"
 #include "tests/contracts/KeystrokePosterContract.h"
+#include "tests/contracts/ServedClipboardContract.h"
 #include "tests/contracts/StatusItemContract.h"
 #include "tests/contracts/WorkspaceContract.h"
 #include "tests/fakes/FakeAccessibilityTrust.h"
@@ -118,6 +119,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Fake, AccessibilityTrustContract, FakeAccessibili
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, ApplicationContract, FakeApplicationRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, HotKeyCenterContract, FakeHotKeyCenterRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, KeystrokePosterContract, FakeKeystrokePosterRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(Fake, ServedClipboardContract, FakeKeystrokePosterRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, StatusItemContract, FakeStatusItemRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, WorkspaceContract, FakeWorkspaceRig);
 

@@ -3,6 +3,7 @@
 #include "platform/freedesktop/session/DesktopEntry.h"
 #include "platform/freedesktop/session/XdgLoginItem.h"
 #include "tests/contracts/LoginItemContract.h"
+#include "tests/contracts/LoginItemRecordContract.h"
 #include "tests/fakes/FakeLoginItem.h"
 
 #include <QDir>
@@ -175,6 +176,8 @@ INSTANTIATE_TEST_SUITE_P(Paths, ExecValueTest,
 } // namespace
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, LoginItemContract, FakeLoginItemRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(Fake, LoginItemRecordContract, FakeLoginItemRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(Xdg, LoginItemContract, XdgRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(Xdg, LoginItemRecordContract, XdgRig);
 
 } // namespace zamber

@@ -33,10 +33,15 @@ protected:
         item.setClickedHandler([this](MouseButton button) {
             clicks.push_back(button);
             if (button == MouseButton::Right) {
-                item.showMenuOnce(
-                    {{.title = QStringLiteral("First"), .keyEquivalent = {}, .action = [this] { ++chosen; }},
-                     {},
-                     {.title = QStringLiteral("Last"), .keyEquivalent = {}, .action = [] {}}});
+                item.showMenuOnce({{.title = QStringLiteral("First"),
+                                    .keyEquivalent = {},
+                                    .action = [this] { ++chosen; },
+                                    .selector = QStringLiteral("chooseFirst")},
+                                   {},
+                                   {.title = QStringLiteral("Last"),
+                                    .keyEquivalent = {},
+                                    .action = [] {},
+                                    .selector = QStringLiteral("chooseLast")}});
             }
         });
         item.showSymbol(QStringLiteral("doc.on.clipboard"), QStringLiteral("Test"));

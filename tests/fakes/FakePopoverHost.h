@@ -25,6 +25,8 @@ public:
     QSize contentSize;
     PopoverAppearance appearance = PopoverAppearance::System;
     QList<Showing> showings;
+    bool hasMenus = false; ///< of the desktop's own
+    QList<QList<MenuItem>> shownMenus;
 
     void setContent(ContentMaker makeContent) override {
         content = makeContent();
@@ -53,6 +55,14 @@ public:
     }
 
     bool isShown() const override { return m_isShown; }
+
+    bool showMenu(const QList<MenuItem>& menu, QPoint /*screenPosition*/) override {
+        if (hasMenus) {
+            note("show row menu");
+            shownMenus.append(menu);
+        }
+        return hasMenus;
+    }
 
     /// The user presses a button somewhere else.
     void pressOutside() { m_isShown = false; }

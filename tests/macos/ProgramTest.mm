@@ -3,14 +3,13 @@
 
 // The whole program as it is, main function and all, on the stand-ins: from its start to a paste, and its end.
 
-#include "platform/macos/MacScheduler.h"
+#include "popover/HistoryListWidget.h"
 #include "tests/contracts/macos/MainLoop.h"
 #include "tests/macos/System.h"
 #include "tests/macos/runtime/Runtime.h"
 
 #include <QApplication>
-#include <QKeyEvent>
-#include <QStyle>
+#include <QContextMenuEvent>
 #include <QTemporaryDir>
 
 #import <AppKit/AppKit.h>
@@ -24,19 +23,27 @@ namespace zamber {
 
 namespace {
 
-using testing::AllOf;
 using testing::Contains;
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
+using testing::SizeIs;
 using testing::StartsWith;
+using namespace std::chrono_literals;
 
 std::size_t place(const std::string& call) {
     const auto& calls = system::calls();
     const auto found = std::ranges::find_if(calls, [&](const std::string& each) { return each.starts_with(call); });
     EXPECT_NE(found, calls.end()) << call;
     return static_cast<std::size_t>(found - calls.begin());
+}
+
+/// Where the call was made last.
+std::size_t lastPlace(const std::string& call) {
+    const auto& calls = system::calls();
+    const auto found = std::ranges::find(calls.rbegin(), calls.rend(), call);
+    EXPECT_NE(found, calls.rend()) << call;
+    return static_cast<std::size_t>(calls.rend() - found) - 1;
 }
 
 void pressKey(unsigned short code) {
@@ -51,7 +58,7 @@ void pressKey(unsigned short code) {
                                            isARepeat:NO
                                              keyCode:code]
              atStart:NO];
-    macos::letPass(std::chrono::milliseconds(20));
+    macos::letPass(20ms);
 }
 
 std::vector<std::string> callsSince(std::size_t first, const std::string& beginning) {
@@ -61,37 +68,62 @@ std::vector<std::string> callsSince(std::size_t first, const std::string& beginn
     return found;
 }
 
-/// What a person does once the program runs; it ends the program.
-void useIt() {
-    // The start, in its order.
+popover::HistoryListWidget* list() {
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+        if (auto* const found = widget->findChild<popover::HistoryListWidget*>()) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+bool isPopoverShown() {
+    return list() != nullptr && list()->isVisible();
+}
+
+void expectTheStartInItsOrder() {
     EXPECT_LT(place("NSApplication setActivationPolicy: 1"), place("NSStatusBar statusItemWithLength: -2"));
     EXPECT_LT(place("NSStatusBarButton sendActionOn: 0x14"), place("NSPopover setContentSize: 440 x 420"));
     EXPECT_LT(place("NSPopover setContentSize: 440 x 420"), place("NSPopover setContentViewController:"));
+    // The list has observers of its own, from before.
+    const std::string observed = "NSUserDefaults standard addObserver forKeyPath: ";
     EXPECT_LT(place("NSPopover setContentViewController:"),
-              place("NSUserDefaults standard addObserver forKeyPath: popoverSize options: 1 context: (nil)"));
-    EXPECT_LT(place("NSUserDefaults standard addObserver forKeyPath: appTheme options: 1 context: (nil)"),
-              place("NSPopover setAppearance: nil"));
+              lastPlace(observed + "popoverSize options: 1 context: (nil)"));
+    EXPECT_LT(lastPlace(observed + "popoverSize options: 1 context: (nil)"),
+              lastPlace(observed + "appTheme options: 1 context: (nil)"));
+    EXPECT_LT(lastPlace(observed + "appTheme options: 1 context: (nil)"), place("NSPopover setAppearance: nil"));
     EXPECT_LT(place("NSPopover setAppearance: nil"), place("RegisterEventHotKey code: 9"));
     EXPECT_LT(place("InstallEventHandler"), place("NSTimer scheduledTimerWithTimeInterval: 0.5 repeats: 1"));
-    // Not trusted yet: the pane is opened, the window floats, and nothing takes the keyboard from the pane.
     EXPECT_LT(place("NSTimer scheduledTimerWithTimeInterval: 0.5 repeats: 1"),
+              place("NSTimer scheduledTimerWithTimeInterval: 14400 repeats: 1"));
+}
+
+/// Without the permission the pane is opened, the window floats, and nothing takes the keyboard from the pane.
+void expectToBeAskedForThePermission() {
+    EXPECT_LT(place("NSTimer scheduledTimerWithTimeInterval: 14400 repeats: 1"),
               place("NSWorkspace openURL: x-apple.systempreferences:"));
     EXPECT_LT(place("NSWorkspace openURL: x-apple.systempreferences:"), place("NSWindow setLevel: 3"));
     EXPECT_LT(place("NSWindow setLevel: 3"), place("NSTimer scheduledTimerWithTimeInterval: 1 repeats: 1"));
     EXPECT_THAT(system::calls(), Not(Contains(StartsWith("NSApplication activateIgnoringOtherApps:"))));
-    EXPECT_EQ(runtime::objectsWithoutPool(), 0U);
+    const auto isAsked = [] {
+        return std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget* widget) {
+            return widget->isVisible() && widget->windowTitle() == QStringLiteral("Zamber — Permission Required");
+        });
+    };
+    EXPECT_TRUE(isAsked());
     system::setTrusted(true);
+    EXPECT_TRUE(macos::waitUntil([&] { return !isAsked(); }));
+}
 
-    // Two copies elsewhere.
+/// The hot key opens the popover on two copies; the arrow and Return paste the older one.
+void pasteTheOlderOfTwo() {
     const int letters = system::openApplication("Letters");
     system::copyTextElsewhere(QStringLiteral("first"));
-    macos::letPass(std::chrono::milliseconds(700));
+    macos::letPass(700ms);
     system::copyTextElsewhere(QStringLiteral("second"));
-    macos::letPass(std::chrono::milliseconds(700));
-
-    // The hot key opens the popover on them; the arrow and Return paste the older one.
+    macos::letPass(700ms);
     std::size_t now = system::calls().size();
-    system::sendKeyboardEvent(5, 1);
+    system::pressHotKey(9, 0x300);
     macos::letPass();
     EXPECT_THAT(callsSince(now, "NSWorkspace frontmost"), ElementsAre("NSWorkspace frontmostApplication"));
     EXPECT_THAT(callsSince(now, "NSPopover show"),
@@ -102,8 +134,8 @@ void useIt() {
     pressKey(125);
     pressKey(36);
     EXPECT_EQ(system::applicationInFront(), letters);
-    EXPECT_THAT(callsSince(now, "CG"), IsEmpty()) << "before the application is back in front";
-    macos::letPass(std::chrono::milliseconds(500));
+    EXPECT_THAT(callsSince(now, "CGEvent"), IsEmpty()) << "before the application is back in front";
+    macos::letPass(500ms);
     const std::vector<std::string> wanted{"NSPasteboard clearContents",
                                           "NSPasteboard setString: 5 characters forType: public.utf8-plain-text",
                                           "NSPopover performClose: nil",
@@ -115,37 +147,94 @@ void useIt() {
                  std::back_inserter(made),
                  [&](const std::string& each) { return std::ranges::find(wanted, each) != wanted.end(); });
     EXPECT_EQ(made, wanted);
+    EXPECT_EQ(system::pastesReceived(letters), 1);
     EXPECT_TRUE([[NSPasteboard.generalPasteboard stringForType:NSPasteboardTypeString] isEqualToString:@"first"]);
+    EXPECT_FALSE(isPopoverShown());
+}
 
-    // The second entry by its own hot key, when that is switched on.
-    now = system::calls().size();
-    system::sendKeyboardEvent(5, 2);
-    macos::letPass(std::chrono::milliseconds(300));
+/// The second entry by its own hot key, when that is switched on.
+void pasteTheSecondAtOnce() {
+    const std::size_t now = system::calls().size();
+    system::pressHotKey(19, 0x300);
+    macos::letPass(300ms);
     EXPECT_THAT(callsSince(now, "CGEventPost"), IsEmpty());
     [NSUserDefaults.standardUserDefaults setBool:YES forKey:@"quickPasteEnabled"];
     [NSUserDefaults.standardUserDefaults setBool:YES forKey:@"playSoundOnPaste"];
-    system::sendKeyboardEvent(5, 2);
-    macos::letPass(std::chrono::milliseconds(300));
-    EXPECT_THAT(callsSince(now, "CGEventPost").size(), 2U);
+    system::pressHotKey(19, 0x300);
+    macos::letPass(300ms);
+    EXPECT_THAT(callsSince(now, "CGEventPost"), SizeIs(2));
     EXPECT_THAT(callsSince(now, "NSSound"), ElementsAre("NSSound soundNamed: Tink", "NSSound play"));
+    EXPECT_THAT(callsSince(now, "NSPopover"), IsEmpty());
+}
 
-    // A preference that is changed elsewhere, and the settings window.
-    now = system::calls().size();
+/// A click opens the popover and the next one closes it; one in the midst of the fade has it back with its content.
+void toggleThePopover() {
+    const auto longerThanTheFade = 3 * std::chrono::milliseconds(system::FADE_MILLISECONDS);
+    system::clickStatusItem(system::Click::Left);
+    macos::letPass(longerThanTheFade);
+    EXPECT_TRUE(isPopoverShown());
+    system::clickStatusItem(system::Click::Left);
+    macos::letPass(longerThanTheFade);
+    EXPECT_FALSE(isPopoverShown());
+    for (int click = 0; click < 3; ++click) {
+        system::clickStatusItem(system::Click::Left);
+        macos::letPass(5ms);
+    }
+    macos::letPass(longerThanTheFade);
+    EXPECT_TRUE(isPopoverShown());
+}
+
+/// The menu of a row is the system's, and what is chosen in it happens while the popover stays.
+void deleteByTheMenuOfARow() {
+    system::setMenuChoice([](const std::vector<std::string>& titles) {
+        EXPECT_THAT(titles, ElementsAre("Copy", "-", "Pin", "Delete"));
+        return 3;
+    });
+    const std::size_t now = system::calls().size();
+    ASSERT_NE(list(), nullptr);
+    ASSERT_EQ(list()->items().size(), 2);
+    const QPoint place = list()->rowRectangle(1).center();
+    QContextMenuEvent press(QContextMenuEvent::Mouse, place, list()->mapToGlobal(place));
+    QApplication::sendEvent(list(), &press);
+    EXPECT_THAT(callsSince(now, "NSMenu popUp"), SizeIs(1));
+    EXPECT_EQ(list()->items().size(), 1);
+    EXPECT_TRUE(isPopoverShown());
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+/// A preference that is changed elsewhere takes effect, not in the midst of the write.
+void changeTheSize() {
+    const std::size_t now = system::calls().size();
     [NSUserDefaults.standardUserDefaults setObject:@"large" forKey:@"popoverSize"];
-    EXPECT_THAT(callsSince(now, "NSPopover"), IsEmpty()) << "in the middle of the write";
+    EXPECT_THAT(callsSince(now, "NSPopover"), IsEmpty());
     macos::letPass();
     EXPECT_THAT(callsSince(now, "NSPopover"), ElementsAre("NSPopover setContentSize: 500 x 520"));
+}
+
+void openTheSettings() {
     system::setMenuChoice([](const auto&) { return 0; });
-    now = system::calls().size();
+    const std::size_t now = system::calls().size();
     system::clickStatusItem(system::Click::Right);
     macos::letPass();
-    EXPECT_THAT(callsSince(now, "NSApplication sendAction: showSettingsWindow:"), testing::SizeIs(1));
+    EXPECT_THAT(callsSince(now, "NSApplication sendAction: openSettings"), SizeIs(1));
+    EXPECT_THAT(callsSince(now, "NSApplication sendAction: showSettingsWindow:"), SizeIs(1));
     EXPECT_THAT(callsSince(now, "NSApplication sendAction: showPreferencesWindow:"), IsEmpty());
     EXPECT_THAT(callsSince(now, "NSWindow makeKeyAndOrderFront:"),
                 ElementsAre("NSWindow makeKeyAndOrderFront: behavior 2"));
+}
 
-    // Quit, from the menu.
-    system::setMenuChoice([](const auto&) { return 4; });
+/// What a person does once the program runs; it ends the program.
+void useIt() {
+    expectTheStartInItsOrder();
+    expectToBeAskedForThePermission();
+    pasteTheOlderOfTwo();
+    pasteTheSecondAtOnce();
+    toggleThePopover();
+    deleteByTheMenuOfARow();
+    changeTheSize();
+    openTheSettings();
+    EXPECT_EQ(runtime::objectsWithoutPool(), 0U) << "given away where nobody would ever let it go";
+    system::setMenuChoice([](const auto&) { return 4; }); // Quit
     system::clickStatusItem(system::Click::Right);
 }
 
@@ -154,21 +243,22 @@ void useIt() {
 TEST(Program, StartsPastesAndQuits) {
     const QTemporaryDir home;
     system::setHome(home.path());
-    system::setTrusted(false);
-    system::openApplication("Before");
     __block bool wasUsed = false;
-    [NSRunLoop.mainRunLoop addTimer:[NSTimer timerWithTimeInterval:0.3
-                                                           repeats:NO
-                                                             block:^(NSTimer*) {
-                                                               useIt();
-                                                               wasUsed = true;
-                                                             }]
-                            forMode:NSDefaultRunLoopMode];
+    @autoreleasepool { // the program has to bring its own
+        system::setTrusted(false);
+        system::openApplication("Before");
+        [NSRunLoop.mainRunLoop addTimer:[NSTimer timerWithTimeInterval:0.3
+                                                               repeats:NO
+                                                                 block:^(NSTimer*) {
+                                                                   useIt();
+                                                                   wasUsed = true;
+                                                                 }]
+                                forMode:NSDefaultRunLoopMode];
+    }
     char name[] = "zamber";
     char* arguments[] = {name, nullptr};
     EXPECT_EQ(zamberMain(1, arguments), 0);
     EXPECT_TRUE(wasUsed);
-    EXPECT_EQ(runtime::objectsWithoutPool(), 0U) << "given away where nobody would ever let it go";
 }
 
 } // namespace zamber

@@ -31,7 +31,12 @@ void holdHotKeyElsewhere(unsigned keyCode, bool isHeld);
 void failToCreateEvents(bool isFailing);
 /// An event of that kind of the keyboard's class, with the hot key's id or without one.
 void sendKeyboardEvent(unsigned kind, std::optional<unsigned> hotKeyId);
+/// The user presses a combination of those that are registered, and lets go; locks are no part of the modifiers.
+void pressHotKey(unsigned keyCode, unsigned modifiers);
+void forgetHotKeys();  ///< with their handlers, as the end of the process has it
 int livingKeyEvents(); ///< events and their sources that were not released
+/// How often ⌘V was posted while that application was in front.
+int pastesReceived(int application);
 
 // Menus.mm: the button of the status item that was made last. A menu that opens stays open until the choice is made;
 // nothing is chosen where the function gives -1.

@@ -140,6 +140,63 @@ class ImageFormatsTest(Folder):
         self.assertEqual(self.configure().returncode, 0)
 
 
+class IconSetTest(Folder):
+    """The rule for the icon, in a project of its own whose tools are stand-ins."""
+
+    def setUp(self):
+        super().setUp()
+        self.tool("make_icons", 'mkdir "$2" && cp "$1" "$2/icon_16x16.png"')
+        self.tool("iconutil", 'cat "$5"/* >"$4"')
+        (self.folder / "picture.svg").write_text("one")
+        (self.folder / "CMakeLists.txt").write_text(
+            f"""cmake_minimum_required(VERSION 3.25)
+            project(icons LANGUAGES NONE)
+            add_executable(make_icons IMPORTED)
+            set_target_properties(make_icons PROPERTIES IMPORTED_LOCATION {self.folder}/bin/make_icons)
+            include({PACKAGING}/Icons.cmake)
+            zamber_icon_set({self.folder}/picture.svg ${{CMAKE_BINARY_DIR}}/Zamber.icns)
+            add_custom_target(all_of_it ALL DEPENDS ${{CMAKE_BINARY_DIR}}/Zamber.icns)
+            """)
+
+    def tool(self, name, body):
+        path = self.folder / "bin" / name
+        path.parent.mkdir(exist_ok=True)
+        path.write_text(f'#!/bin/sh\necho "{name} $*" >>{self.folder}/calls\n{body}\n')
+        path.chmod(0o755)
+
+    def cmake(self, *arguments):
+        return run(["cmake", *arguments], env={**os.environ, "PATH": f"{self.folder}/bin:{os.environ['PATH']}"})
+
+    def build(self):
+        build = self.folder / "build"
+        for arguments in (["-G", "Ninja", "-S", self.folder, "-B", build], ["--build", build]):
+            answer = self.cmake(*arguments)
+            self.assertEqual(answer.returncode, 0, answer.stdout + answer.stderr)
+        return (build / "Zamber.icns").read_text()
+
+    def test_the_sizes_are_drawn_and_put_together_by_the_systems_tool(self):
+        self.assertEqual(self.build(), "one")
+        build = self.folder / "build"
+        self.assertEqual((self.folder / "calls").read_text().splitlines(), [
+            f"make_icons {self.folder}/picture.svg {build}/Zamber.iconset",
+            f"iconutil --convert icns --output {build}/Zamber.icns {build}/Zamber.iconset",
+        ])
+
+    def test_a_picture_that_has_changed_is_drawn_again(self):
+        self.build()
+        picture = self.folder / "picture.svg"
+        picture.write_text("two")
+        later = picture.stat().st_mtime + 10
+        os.utime(picture, (later, later))
+        self.assertEqual(self.build(), "two")
+
+    def test_without_the_systems_tool_the_build_stops(self):
+        (self.folder / "bin/iconutil").unlink()
+        answer = self.cmake("-G", "Ninja", "-S", self.folder, "-B", self.folder / "build")
+        self.assertNotEqual(answer.returncode, 0)
+        self.assertIn("ZAMBER_ICONUTIL", answer.stderr)
+
+
 class MakeDiskImageTest(Folder):
     """The script, whole, where every tool of a Mac is a stand-in that writes down its call."""
 

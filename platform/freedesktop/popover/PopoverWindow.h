@@ -39,6 +39,7 @@ public:
     void performClose() override;
     bool isShown() const override;
     bool isComposited() const override { return m_windowSystem.isComposited(); }
+    bool showMenu(const QList<MenuItem>&, QPoint) override { return false; } // a menu of Qt's is one here
 
     /// To be told of each press anywhere on the screen (points), in whatever program: one outside the popover closes
     /// it. The presses in windows of ours are seen without.

@@ -50,6 +50,7 @@ struct AnchoredPopover final : PopoverHost {
         closedBy([this] { real.performClose(); });
     }
     bool isShown() const override { return real.isShown(); }
+    bool showMenu(const QList<MenuItem>& menu, QPoint place) override { return real.showMenu(menu, place); }
 
     /// It says that it is closed while its window still fades; when that is over there is a notification.
     void closedBy(const std::function<void()>& close) {

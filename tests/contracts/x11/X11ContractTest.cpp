@@ -21,6 +21,7 @@
 #include "tests/contracts/HotKeyCenterContract.h"
 #include "tests/contracts/KeystrokePosterContract.h"
 #include "tests/contracts/PasteboardContract.h"
+#include "tests/contracts/ServedClipboardContract.h"
 #include "tests/contracts/StatusItemContract.h"
 #include "tests/contracts/WorkspaceContract.h"
 #include "tests/contracts/x11/X11Partner.h"
@@ -312,6 +313,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(X11, PasteboardContract, X11PasteboardRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(X11, WorkspaceContract, X11WorkspaceRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(X11, HotKeyCenterContract, X11HotKeyCenterRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(X11, KeystrokePosterContract, X11KeystrokePosterRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(X11, ServedClipboardContract, X11KeystrokePosterRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(X11, AccessibilityTrustContract, X11AccessibilityTrustRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(Qt, ApplicationContract, QtApplicationRig);
 INSTANTIATE_TYPED_TEST_SUITE_P(Qt, StatusItemContract, TrayIconRig);

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <set>
 
 // The layout of blocks is clang's "Block Implementation Specification".
 
@@ -64,6 +65,12 @@ constexpr std::array<unsigned char, 16> TRAMPOLINE{0x48, 0x89, 0xFE, 0x48, 0xBF,
 constexpr std::size_t BLOCK_IN_TRAMPOLINE = 5;
 constexpr std::size_t PAGE = 4096;
 constexpr std::size_t TRAMPOLINE_IN_PAGE = 64; ///< the sanitizers look at what lies before a function
+
+/// Those that code calls, where the leak sanitizer sees them.
+std::multiset<Object>& calledBlocks() {
+    static auto* all = new std::multiset<Object>;
+    return *all;
+}
 
 } // namespace
 
@@ -172,6 +179,7 @@ void _Block_object_dispose(const void* object, int kind) {
 
 void* imp_implementationWithBlock(Object block) {
     Object const kept = _Block_copy(block);
+    calledBlocks().insert(kept);
     auto* const page = static_cast<unsigned char*>(
         mmap(nullptr, PAGE, PROT_READ | PROT_WRITE | PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
     if (page == MAP_FAILED) {
@@ -187,6 +195,7 @@ void* imp_implementationWithBlock(Object block) {
 bool imp_removeBlock(void* implementation) {
     Object block = nullptr;
     std::memcpy(&block, static_cast<unsigned char*>(implementation) + BLOCK_IN_TRAMPOLINE, sizeof block);
+    calledBlocks().erase(calledBlocks().find(block));
     _Block_release(block);
     return munmap(static_cast<unsigned char*>(implementation) - TRAMPOLINE_IN_PAGE, PAGE) == 0;
 }

@@ -2,12 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "Runtime.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
 #include <mutex>
+#include <set>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 namespace zamber::runtime {
 
@@ -17,6 +20,14 @@ struct Method {
     const char* name;
     const char* types;
     Implementation implementation;
+};
+
+struct Member {
+    std::int64_t* offset; ///< where the code that uses it looks it up
+    const char* name;
+    const char* types;
+    std::uint32_t alignment; ///< as a power of two
+    std::uint32_t size;
 };
 
 struct Category {
@@ -58,6 +69,20 @@ struct MethodList {
     }
 };
 
+struct MemberList {
+    std::uint32_t entrySize;
+    std::uint32_t count;
+
+    std::vector<const Member*> all() const {
+        std::vector<const Member*> found;
+        const char* entry = reinterpret_cast<const char*>(this + 1);
+        for (std::uint32_t i = 0; i < count; ++i, entry += entrySize) {
+            found.push_back(reinterpret_cast<const Member*>(entry));
+        }
+        return found;
+    }
+};
+
 // Where the linker has put together what the compiler tells of classes, categories and selectors.
 extern "C" {
 extern Selector __start_objc_selrefs[] __attribute__((weak));
@@ -76,8 +101,35 @@ void add(Class* owner, const MethodList* methods) {
     }
 }
 
+/// Members lie behind those of the superclass, of which the compiler knows only what a header tells: the rest are moved
+/// out of the way of what its implementation adds.
+void placeMembers(Class* of, std::set<const Class*>& placed) {
+    if (of->super == nullptr || !placed.insert(of).second) {
+        return;
+    }
+    placeMembers(of->super, placed);
+    ClassData& data = *of->data;
+    const std::uint32_t taken = of->super->data->instanceSize;
+    if (data.instanceStart >= taken) {
+        return;
+    }
+    const auto members = data.members != nullptr ? data.members->all() : std::vector<const Member*>();
+    std::uint32_t alignment = sizeof(void*);
+    for (const Member* member : members) {
+        alignment = std::max(alignment, 1U << member->alignment);
+    }
+    const std::uint32_t distance = (taken - data.instanceStart + alignment - 1) / alignment * alignment;
+    for (const Member* member : members) {
+        *member->offset += distance;
+    }
+    data.instanceStart += distance;
+    data.instanceSize += distance;
+}
+
 __attribute__((constructor(101))) void load() {
+    std::set<const Class*> placed;
     for (Class** each = __start_objc_classlist; each != __stop_objc_classlist; ++each) {
+        placeMembers(*each, placed);
         add(*each, (*each)->data->methods);
         add((*each)->isa, (*each)->isa->data->methods);
     }

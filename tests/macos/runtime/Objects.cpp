@@ -8,6 +8,7 @@
 #include <cstring>
 #include <map>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 extern "C" {
@@ -44,9 +45,22 @@ struct Pools {
     std::vector<std::vector<Object>> open;
 };
 
+std::mutex poolsMutex;
+
 Pools& pools() {
-    thread_local auto* own = new Pools; // outlives the thread's other destructors
+    thread_local Pools* const own = [] {
+        static auto* all = new std::vector<Pools*>; // they outlive their threads' other destructors
+        const std::lock_guard lock(poolsMutex);
+        return all->emplace_back(new Pools);
+    }();
     return *own;
+}
+
+bool (*hasOutermostPool)() = nullptr;
+
+std::vector<Object>& outermostPool() {
+    static auto* all = new std::vector<Object>;
+    return *all;
 }
 
 std::atomic<std::size_t> withoutPool;
@@ -129,6 +143,16 @@ std::size_t objectsWithoutPool() {
     return withoutPool;
 }
 
+void setOutermostPool(bool (*isThere)()) {
+    hasOutermostPool = isThere;
+}
+
+void drainOutermostPool() {
+    for (Object const object : std::exchange(outermostPool(), {})) {
+        objc_release(object);
+    }
+}
+
 } // namespace zamber::runtime
 
 using namespace zamber::runtime;
@@ -167,12 +191,14 @@ Object objc_autorelease(Object object) {
         return object;
     }
     auto& open = pools().open;
-    if (open.empty()) {
+    if (!open.empty()) {
+        open.back().push_back(object);
+    } else if (hasOutermostPool != nullptr && hasOutermostPool()) {
+        outermostPool().push_back(object);
+    } else {
         ++withoutPool;
         const std::lock_guard lock(weakMutex);
         keptForLackOfAPool().push_back(object);
-    } else {
-        open.back().push_back(object);
     }
     return object;
 }

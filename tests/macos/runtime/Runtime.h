@@ -18,6 +18,7 @@ using Implementation = void (*)();
 constexpr std::uintptr_t SMALLEST_OBJECT = 4096;
 
 struct MethodList;
+struct MemberList;
 
 /// What stands behind a class, as the compiler lays it out.
 struct ClassData {
@@ -28,6 +29,8 @@ struct ClassData {
     const void* layout;
     const char* name;
     MethodList* methods;
+    const void* protocols;
+    const MemberList* members;
 };
 
 struct Class {
@@ -67,6 +70,10 @@ bool isKindOf(Object object, const Class* wanted);
 Object allocate(Class* ofClass);
 void dispose(Object object);      ///< the end of dealloc
 std::size_t objectsWithoutPool(); ///< how many were autoreleased where there was no pool, and so are never let go
+
+/// Has the main thread a pool around all others while the function says so, whose objects go when it is drained.
+void setOutermostPool(bool (*isThere)());
+void drainOutermostPool();
 
 // Blocks.cpp
 bool isBlock(Object object);

@@ -5,18 +5,27 @@
 #import <ApplicationServices/ApplicationServices.h>
 #import <Carbon/Carbon.h>
 
+#include <algorithm>
 #include <cstring>
+#include <map>
 #include <set>
 #include <vector>
 
-// The rules (CarbonEvents.h, CGEvent.h): a handler hears of the events that it was installed for; a parameter that an
-// event has not got leaves the caller's memory as it is; a combination that is held already is not registered, and the
-// reference stays as it was.
+// The rules (CarbonEvents.h, CarbonEventsCore.h, CGEvent.h):
+// - A handler hears of the events that it was installed for. The newest comes first; whatever it returns but
+//   eventNotHandledErr ends it, and no other handler hears of the event.
+// - A parameter that an event has not got leaves the caller's memory as it is.
+// - One application cannot register a combination twice; the reference stays as it was then. Of other programs the
+//   header says so for exclusive registrations alone; here those that are held elsewhere fail as well, so that the
+//   failure is tried.
+// - What is posted comes to the application that is in front.
 
 using namespace zamber::system;
 
 struct ZamberEventTarget {};
 struct ZamberHotKey {
+    UInt32 keyCode;
+    UInt32 modifiers;
     EventHotKeyID id;
 };
 struct ZamberEventHandler {
@@ -41,6 +50,12 @@ namespace {
 bool isProcessTrusted = true;
 bool isCreationFailing = false;
 int livingEvents = 0;
+std::optional<CGKeyCode> commandKeyDown; ///< the key that was posted last with Command, and is still down
+
+std::map<int, int>& pastes() {
+    static auto* received = new std::map<int, int>; // by the application's number
+    return *received;
+}
 
 std::set<UInt32>& heldElsewhere() {
     static auto* codes = new std::set<UInt32>;
@@ -76,10 +91,12 @@ OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID id,
                              EventHotKeyRef* registered) {
     note("RegisterEventHotKey code: %u modifiers: %#x signature: %#x id: %u target: %s options: %u", keyCode, modifiers,
          id.signature, id.id, target == GetApplicationEventTarget() ? "application" : "another", options);
-    if (heldElsewhere().contains(keyCode)) {
+    const bool isOurs = std::ranges::any_of(
+        hotKeys(), [=](const ZamberHotKey* each) { return each->keyCode == keyCode && each->modifiers == modifiers; });
+    if (isOurs || heldElsewhere().contains(keyCode)) {
         return eventHotKeyExistsErr;
     }
-    hotKeys().push_back(new ZamberHotKey{id});
+    hotKeys().push_back(new ZamberHotKey{keyCode, modifiers, id});
     *registered = hotKeys().back();
     return noErr;
 }
@@ -116,14 +133,21 @@ OSStatus SetEventParameter(EventRef event, OSType, OSType, ByteCount, const void
 }
 
 OSStatus SendEventToEventTarget(EventRef event, EventTargetRef) {
-    for (const ZamberEventHandler& each : std::vector(handlers())) {
-        for (const EventTypeSpec& type : each.types) {
-            if (type.eventClass == event->type.eventClass && type.eventKind == event->type.eventKind) {
-                note("a handler returned %d", each.handler(nullptr, event, each.userData));
-            }
+    const auto isOfEvent = [event](const EventTypeSpec& type) {
+        return type.eventClass == event->type.eventClass && type.eventKind == event->type.eventKind;
+    };
+    const std::vector<ZamberEventHandler> all = handlers();
+    for (auto each = all.rbegin(); each != all.rend(); ++each) {
+        if (!std::ranges::any_of(each->types, isOfEvent)) {
+            continue;
+        }
+        const OSStatus outcome = each->handler(nullptr, event, each->userData);
+        note("a handler returned %d", outcome);
+        if (outcome != eventNotHandledErr) {
+            return outcome;
         }
     }
-    return noErr;
+    return eventNotHandledErr;
 }
 
 void ReleaseEvent(EventRef event) {
@@ -150,6 +174,13 @@ void CGEventSetFlags(CGEventRef event, CGEventFlags flags) {
 
 void CGEventPost(CGEventTapLocation tap, CGEventRef event) {
     note("CGEventPost tap: %u key: %u %s flags: %#lx", tap, event->key, event->isDown ? "down" : "up", event->flags);
+    const bool isWithCommand = event->flags == kCGEventFlagMaskCommand;
+    if (event->isDown) {
+        commandKeyDown = isWithCommand ? std::optional(event->key) : std::nullopt;
+    } else if (commandKeyDown == event->key && event->key == kVK_ANSI_V && isWithCommand) {
+        ++pastes()[applicationInFront()];
+        commandKeyDown.reset();
+    }
 }
 
 bool CGPreflightPostEventAccess() {
@@ -197,6 +228,26 @@ void sendKeyboardEvent(unsigned kind, std::optional<unsigned> id) {
     }
     SendEventToEventTarget(event, GetApplicationEventTarget());
     ReleaseEvent(event);
+}
+
+void pressHotKey(unsigned keyCode, unsigned modifiers) {
+    for (const ZamberHotKey* const each : std::vector(hotKeys())) {
+        if (each->keyCode == keyCode && each->modifiers == modifiers) {
+            sendKeyboardEvent(kEventHotKeyPressed, each->id.id);
+            sendKeyboardEvent(kEventHotKeyPressed + 1, each->id.id);
+        }
+    }
+}
+
+void forgetHotKeys() {
+    std::ranges::for_each(hotKeys(), [](const ZamberHotKey* each) { delete each; });
+    hotKeys().clear();
+    handlers().clear();
+    heldElsewhere().clear();
+}
+
+int pastesReceived(int application) {
+    return pastes()[application];
 }
 
 int livingKeyEvents() {

@@ -5,8 +5,10 @@
 #include "Values.h"
 
 #include "tests/macos/System.h"
+#include "tests/macos/runtime/Runtime.h"
 
 #include <QCoreApplication>
+#include <QThread>
 #include <QTimer>
 
 #import <AppKit/AppKit.h>
@@ -28,7 +30,8 @@
 // - It is served in the common modes, to which those of alerts and menus belong (CFRunLoop.h, NSRunLoop's
 //   documentation of NSRunLoopCommonModes, "Modal panels", "Event tracking"); a timer runs in the modes it was added
 //   to, by scheduledTimer… the default one alone.
-// - What a turn autoreleases is let go at its end.
+// - What a turn autoreleases is let go at its end; so is what Qt's own events do (qcocoaeventdispatcher.mm,
+//   processEvents).
 
 using Clock = std::chrono::steady_clock;
 
@@ -259,7 +262,21 @@ void fireTimers(const QString& mode) {
 
 namespace zamber::system {
 
+namespace {
+
+int turnsWithin = 0; ///< how many turns run, each within the one before
+
+bool isInQtsLoop() {
+    return QThread::currentThread()->loopLevel() > 0;
+}
+
+} // namespace
+
 void turn(const QString& mode) {
+    if (turnsWithin == 0) {
+        runtime::drainOutermostPool();
+    }
+    ++turnsWithin;
     @autoreleasepool {
         fireTimers(mode);
         serveMainQueue();
@@ -269,6 +286,7 @@ void turn(const QString& mode) {
             step();
         }
     }
+    --turnsWithin;
 }
 
 void later(int milliseconds, std::function<void()> action) {
@@ -300,6 +318,7 @@ void joinLoops() {
     auto* const timer = new QTimer(QCoreApplication::instance());
     QObject::connect(timer, &QTimer::timeout, timer, [] { turn(); });
     timer->start(1);
+    runtime::setOutermostPool(isInQtsLoop);
 }
 Q_COREAPP_STARTUP_FUNCTION(joinLoops)
 

@@ -13,6 +13,9 @@
 
 // Sound, the login item and links. What links there are in a text is the system's to say; the cases of the contract
 // are those on which all desktops agree.
+//
+// The rules (SMAppService's documentation of registerAndReturnError: and unregisterAndReturnError:, SMErrors.h): what
+// is registered already, or is not, is an error; what the user has switched off only the user switches on again.
 
 using namespace zamber::system;
 
@@ -21,6 +24,11 @@ namespace {
 bool areSoundsThere = true;
 bool isRecordBroken = false;
 SMAppServiceStatus loginStatus = SMAppServiceStatusNotRegistered;
+
+constexpr int NOT_PERMITTED = 1;
+constexpr int JOB_NOT_FOUND = 6;
+constexpr int DENIED_BY_USER = 11;
+constexpr int ALREADY_REGISTERED = 12;
 
 } // namespace
 
@@ -51,23 +59,26 @@ SMAppServiceStatus loginStatus = SMAppServiceStatusNotRegistered;
     note("SMAppService status");
     return loginStatus;
 }
-- (BOOL)changeTo:(SMAppServiceStatus)status error:(NSError**)failure {
-    if (isRecordBroken) {
-        if (failure != nullptr) {
-            *failure = error("SMAppServiceErrorDomain", 1, QStringLiteral("Operation not permitted"));
-        }
-        return NO;
+- (BOOL)changeTo:(SMAppServiceStatus)status unless:(int)code error:(NSError**)failure {
+    const int wrong = isRecordBroken ? NOT_PERMITTED : code;
+    if (wrong == 0) {
+        loginStatus = status;
+    } else if (failure != nullptr) {
+        *failure = error("SMAppServiceErrorDomain", wrong, QStringLiteral("Operation not permitted"));
     }
-    loginStatus = status;
-    return YES;
+    return wrong == 0;
 }
 - (BOOL)registerAndReturnError:(NSError**)failure {
     note("SMAppService registerAndReturnError:");
-    return [self changeTo:SMAppServiceStatusEnabled error:failure];
+    const int code = loginStatus == SMAppServiceStatusEnabled            ? ALREADY_REGISTERED
+                     : loginStatus == SMAppServiceStatusRequiresApproval ? DENIED_BY_USER
+                                                                         : 0;
+    return [self changeTo:SMAppServiceStatusEnabled unless:code error:failure];
 }
 - (BOOL)unregisterAndReturnError:(NSError**)failure {
     note("SMAppService unregisterAndReturnError:");
-    return [self changeTo:SMAppServiceStatusNotRegistered error:failure];
+    const int code = loginStatus == SMAppServiceStatusNotRegistered ? JOB_NOT_FOUND : 0;
+    return [self changeTo:SMAppServiceStatusNotRegistered unless:code error:failure];
 }
 @end
 

@@ -4,6 +4,7 @@
 #include "Windows.h"
 
 #include "tests/macos/System.h"
+#include "tests/macos/runtime/Runtime.h"
 
 #import <AppKit/AppKit.h>
 
@@ -114,7 +115,8 @@ std::map<NSInteger, __weak NSWindow*>& windows() {
 - (void)setTranslatesAutoresizingMaskIntoConstraints:(BOOL)translates {
     _isWithoutMask = !translates;
 }
-- (void)addSubview:(NSView*)view {
+- (void)addSubview:(NSView*)added {
+    NSView* const view = (__bridge NSView*)zamber::runtime::objectOfNumber((__bridge void*)added);
     [view removeFromSuperview];
     _subviews.push_back(view);
     view->_superview = self;

@@ -244,6 +244,28 @@ TEST_F(ClipboardListViewTest, TheRowMenuAndTheSmallButtonOpenALink) {
     EXPECT_EQ(stage.pastes, 0) << "the row is not chosen";
 }
 
+TEST_F(ClipboardListViewTest, AMenuOfTheDesktopsOwnTakesThePlaceOfTheRowMenu) {
+    stage.hasDesktopMenus = true;
+    stage.copyTexts(2);
+    open();
+    const QPoint at = stage.list().rowRectangle(1).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, stage.list().mapToGlobal(at));
+    QCoreApplication::sendEvent(&stage.list(), &event);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    ASSERT_EQ(stage.menus.size(), 1);
+    const auto& [menu, place] = stage.menus.first();
+    EXPECT_EQ(place, stage.list().mapToGlobal(at));
+    QStringList titles;
+    for (const MenuItem& line : menu) {
+        titles.append(line.title);
+    }
+    EXPECT_EQ(titles, (QStringList{u"Copy"_s, QString(), u"Pin"_s, u"Delete"_s}));
+    menu[3].action();
+    EXPECT_EQ(stage.manager->items().size(), 1);
+    menu[0].action();
+    EXPECT_EQ(pasted(), "text 0");
+}
+
 TEST_F(ClipboardListViewTest, ALinkIsLookedForOnceHoweverOftenTheRowIsDrawn) {
     stage.copyText("see https://example.org/a for more");
     open();

@@ -17,6 +17,7 @@
 
 #include <chrono>
 #include <memory>
+#include <utility>
 
 namespace zamber::popover {
 
@@ -64,6 +65,11 @@ public:
             ClipboardListView::Callbacks{.openSettings = [this] { ++settingsOpened; },
                                          .closePopover = [this] { ++closed; },
                                          .openAddress = [this](const QUrl& address) { opened.append(address); },
+                                         .showMenu =
+                                             [this](const QList<MenuItem>& menu, QPoint place) {
+                                                 menus.append({menu, place});
+                                                 return hasDesktopMenus;
+                                             },
                                          .linkDetector = &linkDetector,
                                          .commandKeyHint = QStringLiteral("⌘ is Command")});
         return *view;
@@ -85,6 +91,8 @@ public:
     int settingsOpened = 0;
     int closed = 0;
     QList<QUrl> opened;
+    bool hasDesktopMenus = false;
+    QList<std::pair<QList<MenuItem>, QPoint>> menus; ///< that the desktop was asked for, and where
 
 private:
     void letMonitorLook() { scheduler.advance(std::chrono::milliseconds(500)); }

@@ -10,7 +10,7 @@ typedef UInt32 OSType;
 typedef unsigned long ByteCount;
 typedef double EventTime;
 
-enum : OSStatus { noErr = 0, eventHotKeyExistsErr = -9878 };
+enum : OSStatus { noErr = 0, eventNotHandledErr = -9874, eventHotKeyExistsErr = -9878 };
 enum {
     kVK_ANSI_V = 9,
     kVK_ANSI_2 = 19,

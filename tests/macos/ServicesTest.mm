@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+
+// Calls, values and order: login item, sound, links, bundle, folders and disk images.
+
+#include "platform/macos/MacAppBundle.h"
+#include "platform/macos/MacApplicationSupport.h"
+#include "platform/macos/MacDiskImageTool.h"
+#include "platform/macos/MacLinkDetector.h"
+#include "platform/macos/MacLoginItem.h"
+#include "platform/macos/MacSystemSound.h"
+#include "tests/contracts/StandInDiskImageTool.h"
+#include "tests/macos/System.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#import <AppKit/AppKit.h>
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <vector>
+
+namespace zamber {
+
+namespace {
+
+using system::callsDuring;
+using testing::ElementsAre;
+
+} // namespace
+
+TEST(Recorded, TheLoginItemIsTheMainApplicationsService) {
+    macos::MacLoginItem item;
+    const std::vector states{LoginItemStatus::NotRegistered, LoginItemStatus::Enabled,
+                             LoginItemStatus::RequiresApproval, LoginItemStatus::NotFound};
+    for (int state = 0; state < 4; ++state) {
+        system::setLoginItemStatus(state);
+        EXPECT_EQ(item.status(), states[static_cast<std::size_t>(state)]);
+    }
+    EXPECT_THAT(callsDuring([&] {
+                    EXPECT_TRUE(item.registerItem());
+                    EXPECT_EQ(item.status(), LoginItemStatus::Enabled);
+                    EXPECT_TRUE(item.unregisterItem());
+                }),
+                ElementsAre("SMAppService registerAndReturnError:", "SMAppService status",
+                            "SMAppService unregisterAndReturnError:"));
+    system::failLoginItem(true);
+    const auto outcome = item.registerItem();
+    ASSERT_FALSE(outcome);
+    EXPECT_EQ(outcome.error(),
+              QStringLiteral("Error Domain=SMAppServiceErrorDomain Code=1 \"Operation not permitted\""));
+    EXPECT_FALSE(item.unregisterItem());
+    system::failLoginItem(false);
+    EXPECT_EQ(item.status(), LoginItemStatus::NotRegistered);
+}
+
+TEST(Recorded, ASoundIsPlayedByName) {
+    macos::MacSystemSound sounds;
+    EXPECT_THAT(callsDuring([&] { sounds.play(QStringLiteral("Tink")); }),
+                ElementsAre("NSSound soundNamed: Tink", "NSSound play"));
+    system::setSoundsThere(false);
+    EXPECT_THAT(callsDuring([&] { sounds.play(QStringLiteral("Tink")); }), ElementsAre("NSSound soundNamed: Tink"));
+    system::setSoundsThere(true);
+}
+
+TEST(Recorded, LinksAreLookedForInTheWholeText) {
+    macos::MacLinkDetector detector;
+    detector.firstLink({});
+    EXPECT_THAT(callsDuring([&] { detector.firstLink(QStringLiteral("🎉 a.org")); }),
+                ElementsAre("NSDataDetector firstMatchInString: options: 0 range: 0, 8"));
+    EXPECT_EQ(std::ranges::count(system::calls(), "NSDataDetector dataDetectorWithTypes: 0x20"), 1);
+}
+
+TEST(Recorded, TheBundleTellsTextsAlone) {
+    const macos::MacAppBundle bundle;
+    system::setBundle(QStringLiteral("/Volumes/Zamber/Zamber.app"),
+                      {{QStringLiteral("CFBundleShortVersionString"), QStringLiteral("1.2.3")}},
+                      {{QStringLiteral("CFBundleVersion"), 7}});
+    EXPECT_EQ(bundle.path(), QStringLiteral("/Volumes/Zamber/Zamber.app"));
+    EXPECT_EQ(bundle.version(), QStringLiteral("1.2.3"));
+    EXPECT_EQ(bundle.build(), std::nullopt);
+    system::setBundle({}, {{QStringLiteral("CFBundleVersion"), QStringLiteral("8")}});
+    EXPECT_EQ(bundle.version(), std::nullopt);
+    EXPECT_EQ(bundle.build(), QStringLiteral("8"));
+    system::setBundle({}, {});
+}
+
+TEST(Recorded, TheHistorysFolderIsTheUsersApplicationSupport) {
+    system::setHome(QStringLiteral("/Users/someone"));
+    EXPECT_THAT(
+        callsDuring([] { EXPECT_EQ(macos::applicationSupportFolder(), "/Users/someone/Library/Application Support"); }),
+        ElementsAre("NSFileManager URLsForDirectory: 14 inDomains: 1"));
+}
+
+TEST(Recorded, TheDiskImageToolIsAskedInItsOwnWordsAndOutOfTheLog) {
+    EXPECT_EQ(macos::MacDiskImageTool::defaultCommand(), QStringLiteral("/usr/bin/hdiutil"));
+    StandInDiskImageTool system;
+    macos::MacDiskImageTool tool(system.program());
+    system.report("<plist version=\"1.0\"><dict/></plist>");
+    const QTemporaryDir folder;
+    const QByteArray logged = folder.filePath(QStringLiteral("log")).toUtf8();
+    // Whatever the tool writes beside its report must not reach our standard output.
+    const int before = dup(STDOUT_FILENO);
+    ASSERT_NE(std::freopen(logged.constData(), "w", stdout), nullptr);
+    tool.attachedImages();
+    tool.detach(QStringLiteral("/Volumes/Zamber 1"));
+    macos::MacDiskImageTool chatty(QStringLiteral("/bin/echo"));
+    chatty.detach(QStringLiteral("/Volumes/Zamber 1"));
+    std::fflush(stdout);
+    dup2(before, STDOUT_FILENO);
+    close(before);
+    EXPECT_EQ(system.calls(),
+              (QStringList{QStringLiteral("info -plist"), QStringLiteral("detach /Volumes/Zamber 1 -force")}));
+    QFile file(QString::fromUtf8(logged));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), QByteArray());
+}
+
+} // namespace zamber

@@ -65,7 +65,8 @@ TEST_F(PopoverGeometryTest, TheSearchField) {
     look();
     expectFill(QRectF(12, 44, 440 - 24, 32), ui::composed(palette.quinaryFill, palette.ultraThinMaterial));
     expect({u"magnifyingglass"_s, 12 + 10, 44 + 9, 14, 14, 12, QFont::Medium, &ui::Palette::tertiary});
-    expect({u"Search clipboard…"_s, 12 + 10 + 14 + 8, 44 + 8, ANY, 16, 13, QFont::Normal, &ui::Palette::tertiary});
+    expect(
+        {u"\u2009Search clipboard…"_s, 12 + 10 + 14 + 8, 44 + 8, ANY, 16, 13, QFont::Normal, &ui::Palette::tertiary});
     EXPECT_EQ(find(u"xmark.circle.fill"_s), nullptr);
     EXPECT_EQ(stage.list().y(), 44 + 32 + 8);
 

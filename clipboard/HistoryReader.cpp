@@ -11,6 +11,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -231,6 +232,39 @@ private:
     std::string m_number;
 };
 
+struct PlainSlashes {
+    std::string_view text;
+    char* rest; ///< a backslash at the very end, of which it is not known yet what it stands before; else the end
+};
+
+/// Takes away, in place, the backslash before each slash. One writer puts it there, so that a picture has one in every
+/// 64 characters, and the parser copies from one backslash to the next. A slash may stand without it wherever it may
+/// stand with it.
+PlainSlashes withPlainSlashes(char* begin, char* end) {
+    char* to = begin;
+    char* from = begin;
+    while (from != end) {
+        const auto left = static_cast<std::size_t>(end - from);
+        auto* const found = static_cast<char*>(std::memchr(from, '\\', left));
+        char* const backslash = found != nullptr ? found : end;
+        const auto plain = static_cast<std::size_t>(backslash - from);
+        if (to != from) {
+            std::memmove(to, from, plain);
+        }
+        to += plain;
+        from = backslash;
+        if (end - from < 2) {
+            break;
+        }
+        if (from[1] != '/') {
+            *to++ = '\\';
+        }
+        *to++ = from[1];
+        from += 2;
+    }
+    return {.text = {begin, to}, .rest = from};
+}
+
 } // namespace
 
 std::optional<QList<ClipboardItem>> readHistoryJson(const ReadBytes& read) {
@@ -246,16 +280,26 @@ std::optional<QList<ClipboardItem>> readHistoryJson(const ReadBytes& read) {
         before = size;
         size = fill(size);
     }
-    std::string_view text(buffer.constData(), size);
-    if (text.starts_with(BYTE_ORDER_MARK)) {
-        text.remove_prefix(BYTE_ORDER_MARK.size());
+    const auto isParsed = [&](std::string_view text) {
+        return parser.write_some(true, text.data(), text.size(), error) == text.size() && !error;
+    };
+    char* const begin = buffer.data();
+    if (std::string_view(begin, size).starts_with(BYTE_ORDER_MARK)) {
+        std::copy(begin + BYTE_ORDER_MARK.size(), begin + size, begin);
+        size = fill(size - BYTE_ORDER_MARK.size());
     }
-    while (size > 0) {
-        if (parser.write_some(true, text.data(), text.size(), error) < text.size() || error) {
+    std::size_t kept = 0;
+    while (size > kept) {
+        char* const end = begin + size;
+        const auto [text, rest] = withPlainSlashes(begin, end);
+        if (!isParsed(text)) {
             return std::nullopt;
         }
-        size = fill(0);
-        text = {buffer.constData(), size};
+        kept = static_cast<std::size_t>(std::copy(rest, end, begin) - begin);
+        size = fill(kept);
+    }
+    if (!isParsed({begin, kept})) {
+        return std::nullopt;
     }
     parser.write_some(false, nullptr, 0, error);
     return error ? std::nullopt : std::optional(parser.handler().takeItems());

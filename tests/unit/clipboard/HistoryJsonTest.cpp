@@ -134,6 +134,18 @@ TEST(HistoryJson, EscapesInBase64AreUndoneFirst) {
     EXPECT_EQ(summary(R"([{"type":"image","value":"\/\/4\u003d","timestamp":1}])"), "[\xFF\xFE] ");
 }
 
+TEST(HistoryJson, ASlashIsTheSameWithABackslashAndWithoutButForOneAfterAnEscapedBackslash) {
+    EXPECT_EQ(summary(R"([{"type":"text","value":"\/a\/\/","timestamp":1},
+        {"type":"text","value":"\\/b\\\/","timestamp":1},
+        {"type":"text","value":"\n/c\"\/\u005c/","timestamp":1},
+        {"ty\/pe":"image","type":"image","value":"\/\/\/\/","timestamp":1}])"),
+              "/a// \\/b\\/ \n/c\"/\\/ [\xFF\xFF\xFF] ");
+    EXPECT_TRUE(isRefused(R"([{"type":"text","value":"a","timestamp":1}]\/)"));
+    EXPECT_TRUE(isRefused(R"([{"type":"text","value":"a","timestamp":1}]\)"));
+    EXPECT_TRUE(isRefused(R"([\/{"type":"text","value":"a","timestamp":1}])"));
+    EXPECT_TRUE(isRefused(R"([\/\/ a comment)"));
+}
+
 TEST(HistoryJson, UnknownKeysAndOrderDoNotMatterAndTheLastOfTwoCounts) {
     EXPECT_EQ(summary(R"([{"isPinned":true,"id":"x","more":{"type":"image","list":[1,{"a":2}]},"timestamp":1,
         "value":"first","value":"last","t\u0079pe":"text"}])"),

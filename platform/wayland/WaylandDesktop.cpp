@@ -20,6 +20,7 @@
 #include "platform/x11/ButtonPresses.h"
 #include "platform/x11/Connection.h"
 #include "platform/x11/Keyboard.h"
+#include "platform/x11/SecretMark.h"
 #include "platform/x11/Windows.h"
 #include "platform/x11/X11AccessibilityTrust.h"
 #include "platform/x11/X11HotKeyCenter.h"
@@ -87,7 +88,11 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
     }
 
     Connections connections;
-    WaylandPasteboard pasteboard{*connections.clipboard};
+    x11::SecretMark secretMark{*connections.xwayland};
+    WaylandPasteboard pasteboard{*connections.clipboard,
+                                 [this](const std::vector<QByteArray>& types, x11::SecretMark::Answer answer) {
+                                     secretMark.ask(types, std::move(answer));
+                                 }};
 
     x11::Keyboard keyboard{*connections.xwayland};
     x11::Windows windows{*connections.xwayland};

@@ -3,7 +3,7 @@
 """The program on Wayland: what is recorded of other programs' copies, and what they get back."""
 
 from case import PASTED_LINE, PASTING_LINE
-from harness import Begun, Editor, Foot, holds_for, png_bytes, wait_until
+from harness import Begun, Editor, Foot, SelectionOwner, holds_for, png_bytes, wait_until
 from wayland_case import SwayTestCase
 
 UTF8 = "text/plain;charset=utf-8"
@@ -56,6 +56,42 @@ class SwayCaptureTest(SwayTestCase):
         self.let_a_poll_pass()
         self.copy_and_wait("harmless", ["harmless"])
         self.assertEqual(owner.requests(), [HINT])
+
+
+class SwaySecretsOfXTest(SwayTestCase):
+    """sway does not pass on what a program of X marks its copy with."""
+
+    def setUp(self):
+        super().setUp()
+        self.of_x = Editor(self.desktop, "Of X", GDK_BACKEND="x11")
+        self.x_owner = SelectionOwner(self.desktop)
+
+    def test_a_secret_of_a_program_of_x_is_neither_asked_for_nor_kept(self):
+        self.x_owner.offer({HINT: b"secret", "UTF8_STRING": b"my password"})
+        wait_until(lambda: HINT in self.x_owner.requests(), what="the hint to be read")
+        self.let_a_poll_pass()
+        self.copy_and_wait("harmless", ["harmless"])
+        self.assertNotIn("UTF8_STRING", self.x_owner.requests())
+
+    def test_a_hint_that_says_otherwise_is_no_secret(self):
+        self.x_owner.offer({HINT: b"public", "UTF8_STRING": b"harmless"})
+        self.zamber.wait_for_history(["harmless"])
+
+    def test_a_copy_of_a_wayland_program_after_it_is_recorded(self):
+        owner = self.owner()
+        for number in range(5):
+            self.x_owner.offer({HINT: b"secret", "UTF8_STRING": b"my password"})
+            wait_until(lambda: self.x_owner.requests().count(HINT) > number, what="the hint to be read")
+            owner.offer({UTF8: b"copy %d" % number, "text/plain": b"copy %d" % number})
+            wait_until(lambda: self.zamber.history()[:1] == [f"copy {number}"], 6.0, "the next copy")
+
+
+class SwayEndTest(SwayTestCase):
+    def test_it_ends_with_its_compositor(self):
+        self.desktop.compositor_process.kill()
+        wait_until(lambda: not self.zamber.is_running(), 5.0, "the program to end")
+        self.zamber_has_ended = True
+        self.expected_errors = self.zamber.stderr_lines()
 
 
 class SwayOwnersTest(SwayTestCase):

@@ -232,15 +232,41 @@ private:
     std::string m_number;
 };
 
-struct PlainSlashes {
+struct Piece {
     std::string_view text;
-    char* rest; ///< a backslash at the very end, of which it is not known yet what it stands before; else the end
+    char* rest; ///< what belongs together with bytes that are still to come; else the end
 };
 
+/// How many bytes belong to an escape; 12 where it may be the first half of a pair.
+std::size_t escapeLength(const char* backslash, std::size_t left) {
+    if (left < 3 || backslash[1] != 'u') {
+        return left >= 2 && backslash[1] != 'u' ? 2 : 6;
+    }
+    return backslash[2] == 'd' || backslash[2] == 'D' ? 12 : 6;
+}
+
+/// How many bytes at the end are the beginning of a character.
+std::size_t begunCharacterLength(std::string_view text) {
+    for (std::size_t length = 1; length <= std::min<std::size_t>(3, text.size()); ++length) {
+        const auto byte = static_cast<unsigned char>(text[text.size() - length]);
+        if (byte >= 0xC0) {
+            const std::size_t whole = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : 2;
+            return whole > length ? length : 0;
+        }
+        if (byte < 0x80) {
+            break;
+        }
+    }
+    return 0;
+}
+
+/// What of the bytes may be parsed now. The parser of Boost 1.81 must not be left in the middle of an escape or of a
+/// character: it goes on with a buffer of 4096 bytes, of which it then fills a few too many.
+///
 /// Takes away, in place, the backslash before each slash. One writer puts it there, so that a picture has one in every
 /// 64 characters, and the parser copies from one backslash to the next. A slash may stand without it wherever it may
 /// stand with it.
-PlainSlashes withPlainSlashes(char* begin, char* end) {
+Piece nextPiece(char* begin, char* end) {
     char* to = begin;
     char* from = begin;
     while (from != end) {
@@ -253,7 +279,8 @@ PlainSlashes withPlainSlashes(char* begin, char* end) {
         }
         to += plain;
         from = backslash;
-        if (end - from < 2) {
+        const auto leftFromHere = static_cast<std::size_t>(end - from);
+        if (leftFromHere == 0 || leftFromHere < escapeLength(from, leftFromHere)) {
             break;
         }
         if (from[1] != '/') {
@@ -262,7 +289,8 @@ PlainSlashes withPlainSlashes(char* begin, char* end) {
         *to++ = from[1];
         from += 2;
     }
-    return {.text = {begin, to}, .rest = from};
+    const auto begun = from == end ? begunCharacterLength({begin, to}) : 0;
+    return {.text = {begin, to - begun}, .rest = from - begun};
 }
 
 } // namespace
@@ -291,7 +319,7 @@ std::optional<QList<ClipboardItem>> readHistoryJson(const ReadBytes& read) {
     std::size_t kept = 0;
     while (size > kept) {
         char* const end = begin + size;
-        const auto [text, rest] = withPlainSlashes(begin, end);
+        const auto [text, rest] = nextPiece(begin, end);
         if (!isParsed(text)) {
             return std::nullopt;
         }

@@ -4,6 +4,7 @@
 #include "install/DMGCleanup.h"
 #include "platform/AppBundle.h"
 #include "platform/HotKeyCenter.h"
+#include "platform/ImageLimit.h"
 #include "platform/PopoverHost.h"
 #include "platform/UserDefaults.h"
 #include "settings/SettingsWindow.h"
@@ -53,6 +54,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "zamber: %s\n", prepared.error().c_str());
         return EXIT_FAILURE;
     }
+    zamber::raiseImageLimit();
     int noArguments = argc > 0 ? 1 : 0; // there is no command line, not even Qt's own
     const QApplication application(noArguments, argv);
     QApplication::setApplicationName(QStringLiteral("Zamber"));

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <mutex>
 #include <utility>
 
@@ -32,12 +33,17 @@ class Lazy {
 public:
     template <class Make>
     const T& get(Make make) const {
-        std::call_once(m_once, [&] { m_value = make(); });
+        std::call_once(m_once, [&] {
+            m_value = make();
+            m_isMade = true;
+        });
         return m_value;
     }
+    bool isMade() const { return m_isMade; }
 
 private:
     mutable std::once_flag m_once;
+    mutable std::atomic<bool> m_isMade = false;
     mutable T m_value{};
 };
 
@@ -122,6 +128,17 @@ qsizetype ClipboardContent::lineCount() const {
 qsizetype ClipboardContent::charCount() const {
     return m_payload->charCount.get(
         [this] { return isImage() ? 0 : static_cast<qsizetype>(text::countCharacters(view(bytes())).count); });
+}
+
+void ClipboardContent::measure() const {
+    lineCount();
+    charCount();
+    isSensitive();
+}
+
+bool ClipboardContent::isMeasured() const {
+    return isImage() ||
+           (m_payload->lineCount.isMade() && m_payload->charCount.isMade() && m_payload->isSensitive.isMade());
 }
 
 bool ClipboardContent::isImage() const {

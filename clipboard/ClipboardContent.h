@@ -42,6 +42,11 @@ public:
     /// The number of user-perceived characters of the untrimmed text; 0 for an image.
     qsizetype charCount() const;
 
+    /// Makes what the three above tell, which takes a moment for a large text.
+    void measure() const;
+    /// Do they tell without a moment's work?
+    bool isMeasured() const;
+
     bool isImage() const;
 
     /// The image decoded in full, or nothing for a text and for bytes that do not decode. Decoded anew at each call:

@@ -11,6 +11,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -231,6 +232,67 @@ private:
     std::string m_number;
 };
 
+struct Piece {
+    std::string_view text;
+    char* rest; ///< what belongs together with bytes that are still to come; else the end
+};
+
+/// How many bytes belong to an escape; 12 where it may be the first half of a pair.
+std::size_t escapeLength(const char* backslash, std::size_t left) {
+    if (left < 3 || backslash[1] != 'u') {
+        return left >= 2 && backslash[1] != 'u' ? 2 : 6;
+    }
+    return backslash[2] == 'd' || backslash[2] == 'D' ? 12 : 6;
+}
+
+/// How many bytes at the end are the beginning of a character.
+std::size_t begunCharacterLength(std::string_view text) {
+    for (std::size_t length = 1; length <= std::min<std::size_t>(3, text.size()); ++length) {
+        const auto byte = static_cast<unsigned char>(text[text.size() - length]);
+        if (byte >= 0xC0) {
+            const std::size_t whole = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : 2;
+            return whole > length ? length : 0;
+        }
+        if (byte < 0x80) {
+            break;
+        }
+    }
+    return 0;
+}
+
+/// What of the bytes may be parsed now. The parser of Boost 1.81 must not be left in the middle of an escape or of a
+/// character: it goes on with a buffer of 4096 bytes, of which it then fills a few too many.
+///
+/// Takes away, in place, the backslash before each slash. One writer puts it there, so that a picture has one in every
+/// 64 characters, and the parser copies from one backslash to the next. A slash may stand without it wherever it may
+/// stand with it.
+Piece nextPiece(char* begin, char* end) {
+    char* to = begin;
+    char* from = begin;
+    while (from != end) {
+        const auto left = static_cast<std::size_t>(end - from);
+        auto* const found = static_cast<char*>(std::memchr(from, '\\', left));
+        char* const backslash = found != nullptr ? found : end;
+        const auto plain = static_cast<std::size_t>(backslash - from);
+        if (to != from) {
+            std::memmove(to, from, plain);
+        }
+        to += plain;
+        from = backslash;
+        const auto leftFromHere = static_cast<std::size_t>(end - from);
+        if (leftFromHere == 0 || leftFromHere < escapeLength(from, leftFromHere)) {
+            break;
+        }
+        if (from[1] != '/') {
+            *to++ = '\\';
+        }
+        *to++ = from[1];
+        from += 2;
+    }
+    const auto begun = from == end ? begunCharacterLength({begin, to}) : 0;
+    return {.text = {begin, to - begun}, .rest = from - begun};
+}
+
 } // namespace
 
 std::optional<QList<ClipboardItem>> readHistoryJson(const ReadBytes& read) {
@@ -246,16 +308,26 @@ std::optional<QList<ClipboardItem>> readHistoryJson(const ReadBytes& read) {
         before = size;
         size = fill(size);
     }
-    std::string_view text(buffer.constData(), size);
-    if (text.starts_with(BYTE_ORDER_MARK)) {
-        text.remove_prefix(BYTE_ORDER_MARK.size());
+    const auto isParsed = [&](std::string_view text) {
+        return parser.write_some(true, text.data(), text.size(), error) == text.size() && !error;
+    };
+    char* const begin = buffer.data();
+    if (std::string_view(begin, size).starts_with(BYTE_ORDER_MARK)) {
+        std::copy(begin + BYTE_ORDER_MARK.size(), begin + size, begin);
+        size = fill(size - BYTE_ORDER_MARK.size());
     }
-    while (size > 0) {
-        if (parser.write_some(true, text.data(), text.size(), error) < text.size() || error) {
+    std::size_t kept = 0;
+    while (size > kept) {
+        char* const end = begin + size;
+        const auto [text, rest] = nextPiece(begin, end);
+        if (!isParsed(text)) {
             return std::nullopt;
         }
-        size = fill(0);
-        text = {buffer.constData(), size};
+        kept = static_cast<std::size_t>(std::copy(rest, end, begin) - begin);
+        size = fill(kept);
+    }
+    if (!isParsed({begin, kept})) {
+        return std::nullopt;
     }
     parser.write_some(false, nullptr, 0, error);
     return error ? std::nullopt : std::optional(parser.handler().takeItems());

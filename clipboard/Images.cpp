@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/Images.h"
 
+#include "platform/ImageLimit.h"
+
 #include <QBuffer>
 #include <QImageReader>
 
@@ -9,15 +11,8 @@ namespace zamber::clipboard {
 
 namespace {
 
-/// 16384 × 16384 pixels. Qt's own limit refuses what a large screen or a phone's panorama has.
-constexpr int LARGEST_IMAGE_MEGABYTES = 1024;
-
 void open(QImageReader& reader, QBuffer& buffer) {
-    static const bool isLimitSet = [] {
-        QImageReader::setAllocationLimit(LARGEST_IMAGE_MEGABYTES);
-        return true;
-    }();
-    Q_UNUSED(isLimitSet)
+    raiseImageLimit();
     reader.setAutoTransform(true);
     reader.setDecideFormatFromContent(true);
     buffer.open(QIODevice::ReadOnly);

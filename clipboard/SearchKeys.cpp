@@ -46,6 +46,7 @@ void SearchKeys::make(const QList<ClipboardItem>& items, text::CaseFolding foldi
     qsizetype bytes = 0;
     for (const auto& item : items) {
         made.append({item, makeSearchKey(item.content.bytes(), folding, m_isStopped)});
+        item.content.measure();
         if (m_isStopped) {
             return;
         }

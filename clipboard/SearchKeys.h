@@ -16,8 +16,9 @@
 
 namespace zamber::clipboard {
 
-/// Makes texts ready for searching on another thread: with many megabytes that takes a second, which nobody has at the
-/// first letter of a search. What was made comes back by the scheduler and is kept with the content.
+/// Makes texts ready for searching on another thread, and measures them for their rows: with many megabytes that takes
+/// a second, which nobody has at the first letter of a search or when the list opens. What was made for searching comes
+/// back by the scheduler and is kept with the content.
 ///
 /// Lives on the main thread. What is under way is dropped when it goes. The scheduler must outlive it.
 class SearchKeys {

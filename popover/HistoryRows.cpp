@@ -86,12 +86,13 @@ TextState HistoryRows::textState(const clipboard::ClipboardItem& item) {
         return TextState::Measured;
     }
     HistoryRow& row = of(item.id);
+    if (!row.textState && item.content.isMeasured()) {
+        row.textState = TextState::Measured;
+    }
     if (!row.textState) {
         row.textState = TextState::Pending;
         m_measurers.start([this, id = item.id, content = item.content] {
-            content.lineCount();
-            content.charCount();
-            content.isSensitive();
+            content.measure();
             QMetaObject::invokeMethod(this, [this, id] {
                 if (HistoryRow* const waiting = find(id)) {
                     waiting->textState = TextState::Measured;

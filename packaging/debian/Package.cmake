@@ -17,7 +17,7 @@ and puts an earlier one back into the application that was in use, by keys
 alone. It searches as one types, keeps what is pinned, and leaves out what a
 password manager marks as secret.
 
-It runs on desktops with an X server, and on Wayland through XWayland.")
+It runs on desktops with an X server; on Wayland its windows are XWayland's.")
 
 # The libraries are found by the tool that knows them; what is loaded at run time it does not see. The sound, the
 # session's bus, the certificates, the default handlers and the letters are missed where they are missing, no more.

@@ -19,7 +19,8 @@ struct Connection::PendingSync {
 };
 
 std::expected<std::unique_ptr<Connection>, std::string> Connection::open() {
-    wl_display* const display = wl_display_connect(nullptr);
+    // Where none is named, the library looks for one of the usual name, which may be another session's of this user.
+    wl_display* const display = qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? nullptr : wl_display_connect(nullptr);
     if (display == nullptr) {
         return std::unexpected("there is no Wayland compositor to be reached");
     }

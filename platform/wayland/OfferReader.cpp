@@ -4,22 +4,57 @@
 
 #include "platform/wayland/Connection.h"
 
+#include <QPointer>
 #include <QTimer>
 
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
 namespace zamber::wayland {
 
-OfferReader::OfferReader(Connection& connection, std::shared_ptr<DataOffer> offer, CopyReader::Tell tell)
+namespace {
+
+/// Compositors that drop a mark of X drop whatever is no MIME type; where one is left, the mark would be, too.
+bool mayLackItsMark(const std::vector<QByteArray>& types) {
+    return std::ranges::all_of(types, [](const QByteArray& type) { return type.contains('/'); });
+}
+
+} // namespace
+
+OfferReader::OfferReader(Connection& connection, std::shared_ptr<DataOffer> offer, const AskForMark& askForMark,
+                         CopyReader::Tell tell)
     : m_connection(connection)
     , m_offer(std::move(offer))
-    , m_reader([this](const QByteArray& type, const Answer& answer) { ask(type, answer); }, std::move(tell)) {
+    , m_tell(std::move(tell))
+    , m_reader([this](const QByteArray& type, const Answer& answer) { ask(type, answer); }, m_tell) {
     // Not at once: of the changes that come in one go only the last is worth a request.
-    QTimer::singleShot(0, this, [this] { m_reader.begin(m_offer->types()); });
+    QTimer::singleShot(0, this, [this, askForMark] { begin(askForMark); });
+}
+
+void OfferReader::begin(const AskForMark& askForMark) {
+    if (!askForMark || !mayLackItsMark(m_offer->types())) {
+        handleMark(false);
+        return;
+    }
+    askForMark(m_offer->types(), [self = QPointer(this)](std::optional<bool> isSecret) {
+        if (self) {
+            self->handleMark(isSecret);
+        }
+    });
+}
+
+void OfferReader::handleMark(std::optional<bool> isSecret) {
+    if (!isSecret) {
+        m_tell(CopyReader::Failed{});
+    } else if (*isSecret) {
+        m_tell(CopyReader::Secret{});
+    } else {
+        m_reader.begin(m_offer->types());
+    }
 }
 
 void OfferReader::ask(const QByteArray& type, const Answer& answer) {

@@ -9,10 +9,18 @@
 #include "platform/freedesktop/tray/TrayIcon.h"
 #include "platform/wayland/Connection.h"
 #include "platform/wayland/DataControl.h"
+#include "platform/wayland/SwayConnection.h"
+#include "platform/wayland/SwayHotKeyCenter.h"
+#include "platform/wayland/ToplevelWorkspace.h"
+#include "platform/wayland/Toplevels.h"
+#include "platform/wayland/VirtualKeyboard.h"
+#include "platform/wayland/VirtualKeyboardTrust.h"
+#include "platform/wayland/VirtualKeystrokePoster.h"
 #include "platform/wayland/WaylandPasteboard.h"
 #include "platform/x11/ButtonPresses.h"
 #include "platform/x11/Connection.h"
 #include "platform/x11/Keyboard.h"
+#include "platform/x11/SecretMark.h"
 #include "platform/x11/Windows.h"
 #include "platform/x11/X11AccessibilityTrust.h"
 #include "platform/x11/X11HotKeyCenter.h"
@@ -22,11 +30,17 @@
 
 #include <QApplication>
 
+#include <optional>
 #include <utility>
 
 namespace zamber::wayland {
 
 namespace {
+
+/// The preference whose hot keys are the user's own again while it is off.
+QString quickPaste() {
+    return QStringLiteral("quickPasteEnabled");
+}
 
 void closeMenus() {
     while (QWidget* const menu = QApplication::activePopupWidget()) {
@@ -36,14 +50,26 @@ void closeMenus() {
 
 } // namespace
 
+/// Hot keys, keystroke and who is in front are the compositor's where it has a way to them, else XWayland's, which
+/// knows of programs of X alone. The pasteboard has a connection to itself, so that a large transfer does not stand
+/// before a keystroke.
 struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
-    Adapters(freedesktop::desktop::Claim claim, std::unique_ptr<Connection> compositor,
-             std::unique_ptr<x11::Connection> xwayland)
+    struct Connections {
+        std::unique_ptr<Connection> clipboard;
+        std::unique_ptr<Connection> input;
+        std::unique_ptr<x11::Connection> xwayland;
+    };
+
+    Adapters(freedesktop::desktop::Claim claim, Connections opened)
         : CommonAdapters(std::move(claim))
-        , clipboardConnection(std::move(compositor))
-        , x11Connection(std::move(xwayland)) {
+        , connections(std::move(opened)) {
         QObject::connect(claimed.instance.get(), &freedesktop::session::SingleInstance::showRequested,
                          claimed.instance.get(), [this] { application.requestShow(); });
+        userDefaults.addObserver(quickPaste(), [this] {
+            if (swayHotKeys) {
+                swayHotKeys->update();
+            }
+        });
     }
 
     ~Adapters() { stop(); }
@@ -53,26 +79,73 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
 
     void bringToFront(WId window) const { windows.activate(static_cast<xcb_window_t>(window)); }
 
-    std::unique_ptr<Connection> clipboardConnection;
-    std::unique_ptr<x11::Connection> x11Connection;
+    bool isWanted(PhysicalKey key) const {
+        return key == PhysicalKey::V || userDefaults.boolean(quickPaste()).value_or(false);
+    }
 
-    WaylandPasteboard pasteboard{*clipboardConnection};
-    x11::Keyboard keyboard{*x11Connection};
-    x11::Windows windows{*x11Connection};
-    x11::ButtonPresses presses{*x11Connection};
-    x11::X11WindowSystem windowSystem{*x11Connection, windows};
-    x11::X11HotKeyCenter hotKeys{*x11Connection, keyboard, closeMenus};
-    x11::X11Workspace workspace{*x11Connection, windows, [this](const QString& windowClass) {
-                                    return applicationNames.ofWindowClass(windowClass);
-                                }};
-    x11::X11KeystrokePoster keystrokes{*x11Connection, keyboard, windows, hotKeys, workspace, pasteboard};
-    x11::X11AccessibilityTrust trust{*x11Connection};
+    std::optional<QString> nameOf(const QString& applicationId) {
+        return applicationNames.ofWindowClass(applicationId);
+    }
+
+    Connections connections;
+    x11::SecretMark secretMark{*connections.xwayland};
+    WaylandPasteboard pasteboard{*connections.clipboard,
+                                 [this](const std::vector<QByteArray>& types, x11::SecretMark::Answer answer) {
+                                     secretMark.ask(types, std::move(answer));
+                                 }};
+
+    x11::Keyboard keyboard{*connections.xwayland};
+    x11::Windows windows{*connections.xwayland};
+    x11::ButtonPresses presses{*connections.xwayland};
+    x11::X11WindowSystem windowSystem{*connections.xwayland, windows};
+    x11::X11HotKeyCenter x11HotKeys{*connections.xwayland, keyboard, closeMenus};
+    x11::X11Workspace x11Workspace{*connections.xwayland, windows,
+                                   [this](const QString& windowClass) { return nameOf(windowClass); }};
+    x11::X11KeystrokePoster x11Keystrokes{*connections.xwayland, keyboard,  windows, x11HotKeys,
+                                          x11Workspace,          pasteboard};
+    x11::X11AccessibilityTrust x11Trust{*connections.xwayland};
+
+    std::unique_ptr<SwayConnection> sway = SwayConnection::open();
+    std::unique_ptr<SwayHotKeyCenter> swayHotKeys =
+        sway ? std::make_unique<SwayHotKeyCenter>(
+                   *sway, [this](PhysicalKey key) { return isWanted(key); }, closeMenus)
+             : nullptr;
+    HotKeyCenter& hotKeys = swayHotKeys ? static_cast<HotKeyCenter&>(*swayHotKeys) : x11HotKeys;
+
+    /// Of use together alone: a keystroke is typed when the right window is in front.
+    struct Typing {
+        std::unique_ptr<Toplevels> toplevels;
+        std::unique_ptr<VirtualKeyboard> keyboard;
+        std::unique_ptr<ToplevelWorkspace> workspace;
+        std::unique_ptr<VirtualKeystrokePoster> keystrokes;
+        VirtualKeyboardTrust trust;
+    };
+    std::optional<Typing> typing = makeTyping();
+    Workspace& workspace = typing ? static_cast<Workspace&>(*typing->workspace) : x11Workspace;
+    KeystrokePoster& keystrokes = typing ? static_cast<KeystrokePoster&>(*typing->keystrokes) : x11Keystrokes;
+    AccessibilityTrust& trust = typing ? static_cast<AccessibilityTrust&>(typing->trust) : x11Trust;
 
     freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
     freedesktop::TextFieldPaste textFieldPaste{pasteboard};
     freedesktop::popover::PopoverWindow popover{appearance, windowSystem};
     freedesktop::tray::TrayClicks trayClicks{popover, presses, scheduler};
     freedesktop::tray::TrayIcon statusItem{trayClicks, windowSystem, hotKeys.commandKeyHint()};
+
+private:
+    std::optional<Typing> makeTyping() {
+        auto toplevels = Toplevels::create(*connections.input);
+        auto virtualKeyboard = VirtualKeyboard::create(*connections.input);
+        if (!toplevels || !virtualKeyboard) {
+            return std::nullopt;
+        }
+        Typing made;
+        made.toplevels = std::move(toplevels);
+        made.keyboard = std::move(virtualKeyboard);
+        made.workspace = std::make_unique<ToplevelWorkspace>(
+            *made.toplevels, [this](const QString& applicationId) { return nameOf(applicationId); });
+        made.keystrokes = std::make_unique<VirtualKeystrokePoster>(*made.keyboard, *made.toplevels, pasteboard);
+        return made;
+    }
 };
 
 std::unique_ptr<Connection> WaylandDesktop::reachCompositor() {
@@ -82,11 +155,18 @@ std::unique_ptr<Connection> WaylandDesktop::reachCompositor() {
 
 std::expected<std::unique_ptr<WaylandDesktop>, std::string>
 WaylandDesktop::create(freedesktop::desktop::Claim claim, std::unique_ptr<Connection> compositor) {
+    auto input = Connection::open();
+    if (!input) {
+        return std::unexpected(input.error());
+    }
     auto xwayland = x11::Connection::open();
     if (!xwayland) {
         return std::unexpected(xwayland.error());
     }
-    auto adapters = std::make_unique<Adapters>(std::move(claim), std::move(compositor), std::move(*xwayland));
+    auto adapters =
+        std::make_unique<Adapters>(std::move(claim), Adapters::Connections{.clipboard = std::move(compositor),
+                                                                           .input = std::move(*input),
+                                                                           .xwayland = std::move(*xwayland)});
     return std::unique_ptr<WaylandDesktop>(new WaylandDesktop(std::move(adapters)));
 }
 

@@ -13,8 +13,8 @@ namespace zamber::wayland {
 
 class Connection;
 
-/// The adapters for a compositor that lets programs control the clipboard, with windows and hot keys that are
-/// XWayland's. The application object comes before them and goes after them.
+/// The adapters for a compositor that lets programs control the clipboard, with windows that are XWayland's. The
+/// application object comes before them and goes after them.
 class WaylandDesktop final : public freedesktop::desktop::FreedesktopDesktop {
 public:
     /// A connection to the compositor of the environment; null where there is none, or none with data control.

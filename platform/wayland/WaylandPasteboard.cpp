@@ -3,7 +3,6 @@
 #include "platform/wayland/WaylandPasteboard.h"
 
 #include "platform/wayland/Connection.h"
-#include "platform/wayland/OfferReader.h"
 
 #include <QRandomGenerator>
 #include <QTimer>
@@ -24,8 +23,9 @@ bool isOffered(const DataOffer& offer, const QByteArray& type) {
 
 } // namespace
 
-WaylandPasteboard::WaylandPasteboard(Connection& connection)
+WaylandPasteboard::WaylandPasteboard(Connection& connection, OfferReader::AskForMark askForMark)
     : m_connection(connection)
+    , m_askForMark(std::move(askForMark))
     , m_control(DataControl::create(connection)) {
     Counts counts = Counts::NotAtAll; // what is told before the compositor has answered was there before
     connect(m_control.get(), &DataControl::clipboardChanged, this,
@@ -107,7 +107,7 @@ void WaylandPasteboard::handleChange(const std::shared_ptr<DataOffer>& offer, Co
     }
     startReading(
         [this, &offer](CopyReader::Tell tell) {
-            return std::make_unique<OfferReader>(m_connection, offer, std::move(tell));
+            return std::make_unique<OfferReader>(m_connection, offer, m_askForMark, std::move(tell));
         },
         counts);
 }

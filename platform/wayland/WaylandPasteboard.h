@@ -5,6 +5,7 @@
 #include "platform/freedesktop/selection/SelectionOffer.h"
 #include "platform/freedesktop/selection/SelectionPasteboard.h"
 #include "platform/wayland/DataControl.h"
+#include "platform/wayland/OfferReader.h"
 #include "platform/wayland/OutgoingPipes.h"
 
 #include <functional>
@@ -24,7 +25,7 @@ class WaylandPasteboard final : public freedesktop::selection::SelectionPasteboa
 
 public:
     /// The compositor has to offer data control. What the clipboard holds at this moment counts as no change.
-    explicit WaylandPasteboard(Connection& connection);
+    explicit WaylandPasteboard(Connection& connection, OfferReader::AskForMark askForMark = {});
     ~WaylandPasteboard() override;
 
     void borrowPrimary(int changeCount, std::function<void()> done) override;
@@ -55,6 +56,7 @@ private:
     void handleCancelled(Publication& publication);
 
     Connection& m_connection;
+    OfferReader::AskForMark m_askForMark;
     std::unique_ptr<DataControl> m_control;
     OutgoingPipes m_outgoing;
     Publication m_clipboard;

@@ -3,10 +3,11 @@
 """Where the desktop has a clipboard manager, what was pasted last outlives the program."""
 
 import json
+import signal
 import time
 
 from case import DesktopTestCase
-from harness import png_bytes, wait_until
+from harness import SessionManager, png_bytes, wait_until
 from harness.clipboard import PARTNERS
 from hostile import sha256
 
@@ -37,6 +38,14 @@ class ManagerTestCase(DesktopTestCase):
         self.zamber_has_ended = True
         started = time.monotonic()
         self.keyboard.type_text("q")
+        self.assertEqual(self.zamber.child.wait(LONGEST_END_SECONDS), 0)
+        return time.monotonic() - started
+
+    def end(self, tell):
+        """The end as somebody else tells it: a signal, or the session manager."""
+        self.zamber_has_ended = True
+        started = time.monotonic()
+        tell()
         self.assertEqual(self.zamber.child.wait(LONGEST_END_SECONDS), 0)
         return time.monotonic() - started
 
@@ -78,8 +87,50 @@ class ClipboardManagerTest(ManagerTestCase):
         self.assertEqual(self.clipboard.text(), "naïve words")
 
 
+    def test_the_program_is_told_to_end_by_a_signal(self):
+        for told in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+            with self.subTest(told):
+                if self.zamber_has_ended:
+                    self.manager.stop()
+                    self.prepare()
+                    self.expected_lines = []
+                    self.start_zamber()
+                    self.zamber_has_ended = False
+                self.paste_entry(2)
+                self.wait_for_expected_lines()
+                self.end(lambda: self.zamber.child.process.send_signal(told))
+                self.assertEqual(self.clipboard.text(), "naïve words")
+                self.saved()
+
+
+class ClipboardManagerAtLogoutTest(ManagerTestCase):
+    """The session ends, and with it the program, before the clipboard manager."""
+
+    def prepare(self):
+        super().prepare()
+        self.session = SessionManager(self.desktop)
+        self.zamber.environment = dict(self.zamber.environment, SESSION_MANAGER=self.session.address)
+
+    def test_it_has_what_was_pasted_last(self):
+        self.paste_entry(2)
+        self.wait_for_expected_lines()
+        self.assertLess(self.end(self.session.log_out), LONGEST_END_SECONDS)
+        self.assertEqual(self.clipboard.text(), "naïve words")
+
+    def test_a_picture(self):
+        self.paste_entry(0)
+        self.wait_for_expected_lines()
+        self.end(self.session.log_out)
+        self.assertEqual(self.clipboard.read("image/png"), self.picture)
+
+
 class ClipboardManagerThatHangsTest(ManagerTestCase):
     manager_options = ("--hang",)
+
+    def test_nor_does_a_signal_wait_for_it(self):
+        self.paste_entry(2)
+        self.wait_for_expected_lines()
+        self.assertLess(self.end(self.zamber.child.process.terminate), LONGEST_END_SECONDS)
 
     def test_the_program_ends_all_the_same(self):
         self.assertLess(self.paste_and_quit(2), LONGEST_END_SECONDS)

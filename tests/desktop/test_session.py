@@ -2,11 +2,8 @@
 # SPDX-License-Identifier: MIT
 """A session manager that starts anew what ran when the session ended."""
 
-import json
-import subprocess
-
 from case import DesktopTestCase
-from harness import PARTNERS, wait_until
+from harness import SessionManager, wait_until
 
 RESTART_NEVER = 3
 
@@ -15,21 +12,18 @@ class SessionManagerTest(DesktopTestCase):
     history = ("first",)
 
     def prepare(self):
-        self.manager = self.desktop.start("session_manager", ["/usr/bin/python3", PARTNERS / "session_manager.py"],
-                                          stdin=subprocess.PIPE)
-        wait_until(self.manager.stdout_lines, 10.0, lambda: f"the session manager: {self.manager.stderr()}")
-        self.zamber.environment = dict(self.zamber.environment, SESSION_MANAGER=self.manager.stdout_lines()[0])
+        self.manager = SessionManager(self.desktop)
+        self.zamber.environment = dict(self.zamber.environment, SESSION_MANAGER=self.manager.address)
 
     def restart_hints(self):
-        told = [json.loads(line) for line in self.manager.stdout_lines()[1:]]
+        told = self.manager.told()
         return [properties["RestartStyleHint"] for properties in told if "RestartStyleHint" in properties]
 
     def test_it_is_told_never_to_start_the_program(self):
-        wait_until(self.restart_hints, what=lambda: f"the program's hint; {self.manager.stdout_lines()}")
+        wait_until(self.restart_hints, what=lambda: f"the program's hint; {self.manager.told()}")
         self.assertEqual(set(self.restart_hints()), {RESTART_NEVER})
         known = len(self.restart_hints())
-        self.manager.process.stdin.write(b"save\n")
-        self.manager.process.stdin.flush()
+        self.manager.save()
         wait_until(lambda: len(self.restart_hints()) > known, what="its hint when the session is saved")
         self.assertEqual(set(self.restart_hints()), {RESTART_NEVER})
 

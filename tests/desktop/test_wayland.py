@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 """The program on Wayland: what is recorded of other programs' copies, and what they get back."""
 
-from harness import Begun, Editor, holds_for, png_bytes, wait_until
+from case import PASTED_LINE, PASTING_LINE
+from harness import Begun, Editor, Foot, SelectionOwner, holds_for, png_bytes, wait_until
 from wayland_case import SwayTestCase
 
 UTF8 = "text/plain;charset=utf-8"
@@ -57,6 +58,42 @@ class SwayCaptureTest(SwayTestCase):
         self.assertEqual(owner.requests(), [HINT])
 
 
+class SwaySecretsOfXTest(SwayTestCase):
+    """sway does not pass on what a program of X marks its copy with."""
+
+    def setUp(self):
+        super().setUp()
+        self.of_x = Editor(self.desktop, "Of X", GDK_BACKEND="x11")
+        self.x_owner = SelectionOwner(self.desktop)
+
+    def test_a_secret_of_a_program_of_x_is_neither_asked_for_nor_kept(self):
+        self.x_owner.offer({HINT: b"secret", "UTF8_STRING": b"my password"})
+        wait_until(lambda: HINT in self.x_owner.requests(), what="the hint to be read")
+        self.let_a_poll_pass()
+        self.copy_and_wait("harmless", ["harmless"])
+        self.assertNotIn("UTF8_STRING", self.x_owner.requests())
+
+    def test_a_hint_that_says_otherwise_is_no_secret(self):
+        self.x_owner.offer({HINT: b"public", "UTF8_STRING": b"harmless"})
+        self.zamber.wait_for_history(["harmless"])
+
+    def test_a_copy_of_a_wayland_program_after_it_is_recorded(self):
+        owner = self.owner()
+        for number in range(5):
+            self.x_owner.offer({HINT: b"secret", "UTF8_STRING": b"my password"})
+            wait_until(lambda: self.x_owner.requests().count(HINT) > number, what="the hint to be read")
+            owner.offer({UTF8: b"copy %d" % number, "text/plain": b"copy %d" % number})
+            wait_until(lambda: self.zamber.history()[:1] == [f"copy {number}"], 6.0, "the next copy")
+
+
+class SwayEndTest(SwayTestCase):
+    def test_it_ends_with_its_compositor(self):
+        self.desktop.compositor_process.kill()
+        wait_until(lambda: not self.zamber.is_running(), 5.0, "the program to end")
+        self.zamber_has_ended = True
+        self.expected_errors = self.zamber.stderr_lines()
+
+
 class SwayOwnersTest(SwayTestCase):
     history = ("old",)
 
@@ -108,3 +145,142 @@ class SwayOwnersTest(SwayTestCase):
         self.assertEqual(self.zamber.stop(), 0)
         self.zamber_has_ended = True
 
+
+
+class SwayHotKeysTest(SwayTestCase):
+    history = ("first", "second", "third")
+
+    def test_the_hot_key_opens_the_history_whatever_is_in_front(self):
+        self.zamber.open_popover()
+        self.keyboard.tap("Escape")
+        self.zamber.wait_until_closed()
+        self.desktop.wait_until_active(self.editor.window)
+        of_x = Editor(self.desktop, "Of X", GDK_BACKEND="x11")
+        self.zamber.open_popover()
+        self.keyboard.tap("Escape")
+        self.zamber.wait_until_closed()
+        self.assertEqual(self.editor.text() + of_x.text(), "")
+
+    def test_held_as_hands_hold_it_it_opens_once(self):
+        self.keyboard.play((0.0, "+Super_L"), (0.08, "+Shift_L"), (0.16, "+v"), (0.5, "-Super_L"), (0.6, "-v"),
+                           (0.7, "-Shift_L"))
+        self.zamber.wait_for_popover()
+        holds_for(lambda: self.zamber.popover() is not None, 0.5, "the history is open")
+        self.assertEqual(self.editor.text(), "")
+
+    def test_it_is_there_again_when_the_configuration_has_been_read_anew(self):
+        self.desktop.tell("reload")
+        wait_until(lambda: self.opens(), 8.0, "the history to open after the reload")
+
+    def opens(self):
+        self.zamber.press_hot_key()
+        try:
+            self.zamber.wait_for_popover(1.0)
+        except AssertionError:
+            return False
+        return True
+
+    def test_it_is_given_back_at_the_end(self):
+        self.assertEqual(self.zamber.stop(), 0)
+        self.zamber_has_ended = True
+        self.zamber.press_hot_key()
+        wait_until(lambda: any(key["code"] == 55 for key in self.editor.keys()), what="the key to reach the editor")
+
+    def test_the_keys_of_quick_paste_are_the_users_own_while_it_is_off(self):
+        self.keyboard.chord("Super_L", "Shift_L", "2")
+        wait_until(lambda: any(key["code"] == 11 for key in self.editor.keys()), what="the key to reach the editor")
+
+
+class SwayTakenHotKeyTest(SwayTestCase):
+    history = ("first",)
+    configuration = "set $mod Mod4\nbindsym $mod+Shift+v exec touch pressed"
+
+    def prepare(self):
+        super().prepare()
+        self.expected_errors.append("zamber: the hot key Mod4+Shift+55 is bound by sway's configuration")
+
+    def test_what_the_users_configuration_binds_is_left_alone(self):
+        self.zamber.press_hot_key()
+        wait_until((self.desktop.home / "pressed").exists, what="the user's own command")
+        self.assertIsNone(self.zamber.popover())
+        second = self.desktop.start("second", [self.zamber.binary])
+        self.assertEqual(second.wait(5), 0)
+        self.zamber.wait_for_popover()
+
+
+class SwayPasteTest(SwayTestCase):
+    history = ("first", "second", "third")
+    preferences = {"quickPasteEnabled": True}
+
+    def paste_entry(self, position=0):
+        self.zamber.open_popover()
+        self.choose(position)
+        self.expect_paste()
+
+    def test_an_entry_goes_into_the_program_that_was_in_front(self):
+        bystander = Editor(self.desktop, "Bystander")
+        self.editor.activate()
+        for count in range(1, 6):
+            self.paste_entry(1)
+            self.editor.wait_for_text("second" * count)
+        self.keyboard.type_text("x")
+        self.editor.wait_for_text("second" * 5 + "x")
+        self.assertEqual(bystander.keys(), [])
+        self.assertEqual(self.clipboard.text(), "second")
+
+    def test_an_entry_goes_into_a_program_of_x(self):
+        of_x = Editor(self.desktop, "Of X", GDK_BACKEND="x11")
+        self.paste_entry(2)
+        of_x.wait_for_text("third")
+        self.assertEqual(self.editor.text(), "")
+
+    def test_a_terminal_gets_its_own_keystroke(self):
+        foot = Foot(self.desktop)
+        self.paste_entry()
+        foot.wait_for(b"first")
+
+    def test_a_picture_goes_into_the_program_that_was_in_front(self):
+        self.owner().offer({"image/png": png_bytes()})
+        self.zamber.wait_for_history([png_bytes(), "first", "second", "third"])
+        self.copy_and_wait("later", ["later", png_bytes(), "first", "second", "third"])
+        self.paste_entry(1)
+        self.editor.wait_for_image(png_bytes())
+
+    def test_a_quick_paste_with_the_modifiers_still_held(self):
+        self.keyboard.play((0.0, "+Super_L"), (0.08, "+Shift_L"), (0.16, "+3"), (0.4, "-3"), (0.8, "-Shift_L"),
+                           (0.9, "-Super_L"))
+        self.expected_lines.append(PASTED_LINE)
+        self.editor.wait_for_text("third")
+        self.keyboard.type_text("x")
+        self.editor.wait_for_text("thirdx")
+
+    def test_two_quick_pastes_each_paste_their_own(self):
+        self.keyboard.press("Super_L", "Shift_L")
+        self.keyboard.tap("2")
+        self.keyboard.tap("3")
+        self.keyboard.release("Shift_L", "Super_L")
+        self.expected_lines += [PASTED_LINE] * 2
+        self.editor.wait_for_text("secondthird")
+
+    def test_a_copy_that_comes_before_the_keystroke_is_not_overwritten(self):
+        owner = self.owner()
+        self.zamber.open_popover()
+        self.choose(1)
+        self.expected_lines.append(PASTING_LINE)
+        wait_until(lambda: PASTING_LINE.fullmatch(self.zamber.stdout_lines()[-1]), what="the choice")
+        owner.offer({UTF8: b"newer"})
+        self.zamber.wait_for_history(["newer", "first", "second", "third"])
+        self.assertEqual(self.clipboard.text(), "newer")
+
+
+class SwayRussianPasteTest(SwayTestCase):
+    history = ("first",)
+    layout = "ru"
+
+    def test_the_keystroke_is_right_in_a_layout_without_latin_letters(self):
+        self.zamber.open_popover()
+        self.choose()
+        self.expect_paste()
+        self.editor.wait_for_text("first")
+        self.keyboard.tap("v")
+        self.editor.wait_for_text("firstм")

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/selection/ImageFormat.h"
 
+#include "platform/ImageLimit.h"
+
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QImageReader>
@@ -11,16 +13,12 @@
 #include <QThreadPool>
 #include <QtEndian>
 
-#include <mutex>
 #include <new>
 #include <utility>
 
 namespace zamber::freedesktop::selection {
 
 namespace {
-
-/// An 8K screen decoded is 133 MB, above Qt's own bound of 128; this one still stops a bomb of a few bytes.
-constexpr int LARGEST_DECODED_MEGABYTES = 1024;
 
 const char* nameOf(ImageFormat format) {
     switch (format) {
@@ -32,12 +30,6 @@ const char* nameOf(ImageFormat format) {
         return "bmp";
     }
     return "png";
-}
-
-/// Set once for all threads, since it is the whole program's.
-void raiseAllocationLimit() {
-    static std::once_flag isSet;
-    std::call_once(isSet, [] { QImageReader::setAllocationLimit(LARGEST_DECODED_MEGABYTES); });
 }
 
 QByteArray converted(QByteArray bytes, ImageFormat format) {
@@ -89,15 +81,15 @@ bool decodes(QByteArray bytes) {
     constexpr qint64 BYTES_A_PIXEL = 4;
     const QSize size = reader.size();
     const qint64 needed = BYTES_A_PIXEL * size.width() * size.height();
-    return (size.isValid() && needed > (qint64{LARGEST_DECODED_MEGABYTES} << 20)) || !reader.read().isNull();
+    return (size.isValid() && needed > (qint64{LARGEST_IMAGE_MEGABYTES} << 20)) || !reader.read().isNull();
 }
 
 /// Runs the work on a thread of the pool, and then `done` with its result where the context lives. Where there is no
 /// memory for the work, its result is that of bytes which do not decode.
 template <class Result>
 void runInPool(QObject* context, std::function<Result()> work, std::function<void(Result)> done) {
+    raiseImageLimit();
     QThreadPool::globalInstance()->start([work = std::move(work), context = QPointer(context), done = std::move(done)] {
-        raiseAllocationLimit();
         Result result{};
         try {
             result = work();

@@ -13,7 +13,7 @@ enum class PasteKeystroke {
     ShiftInsert,   ///< old terminals and editors, most of which paste the PRIMARY selection by it
 };
 
-/// By the class of the program's window, in any letter case.
+/// By the class of the program's window, or by its id on Wayland, in any letter case.
 PasteKeystroke pasteKeystrokeOf(const QString& windowClass);
 
 } // namespace zamber::freedesktop::selection

@@ -5,6 +5,7 @@
 #include "tests/contracts/PasteboardContract.h"
 #include "tests/contracts/wayland/WaylandPartner.h"
 
+#include <QFile>
 #include <QGuiApplication>
 
 #include <gmock/gmock.h>
@@ -190,6 +191,16 @@ TEST_F(WaylandPasteboardTest, APrimaryThatWasBorrowedHoldsWhatWasWritten) {
     ASSERT_TRUE(rig.waitUntil([&isThere] { return isThere; }));
     EXPECT_EQ(rig.pastedText(), "for both");
     pasteboard.giveBackPrimary();
+}
+
+TEST(WaylandConnection, ACompositorThatTheSessionDoesNotNameIsNotReached) {
+    const QByteArray name = qgetenv("WAYLAND_DISPLAY");
+    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    QFile::link(folder + u'/' + QString::fromLocal8Bit(name), folder + QStringLiteral("/wayland-0"));
+    EXPECT_TRUE(Connection::open());
+    qunsetenv("WAYLAND_DISPLAY");
+    EXPECT_FALSE(Connection::open());
+    qputenv("WAYLAND_DISPLAY", name);
 }
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Wayland, PasteboardContract, WaylandPasteboardRig);

@@ -99,4 +99,31 @@ bool WaylandPartner::waitUntil(const std::function<bool()>& condition, int milli
     return true;
 }
 
+WaylandEditor::WaylandEditor() {
+    QStringList arguments{QStringLiteral(ZAMBER_EDITOR)};
+    for (const auto& file : {QStringLiteral("text-file"), QStringLiteral("key-log"), QStringLiteral("image-file")}) {
+        arguments << QStringLiteral("--") + file << m_folder.filePath(file);
+    }
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process.start(QStringLiteral("/usr/bin/python3"), arguments);
+}
+
+WaylandEditor::~WaylandEditor() {
+    m_process.kill();
+    m_process.waitForFinished(ANSWER_MILLISECONDS);
+}
+
+int WaylandEditor::pastesReceived() const {
+    constexpr int CONTROL = 4;
+    QFile log(m_folder.filePath(QStringLiteral("key-log")));
+    int pastes = 0;
+    const QByteArrayList lines = log.open(QIODevice::ReadOnly) ? log.readAll().split('\n') : QByteArrayList();
+    for (const QByteArray& line : lines) {
+        const QJsonDocument key = QJsonDocument::fromJson(line);
+        const bool isPress = key[QStringLiteral("pressed")].toBool() && key[QStringLiteral("name")].toString() == u"v";
+        pastes += isPress && (key[QStringLiteral("state")].toInt() & CONTROL) != 0 ? 1 : 0;
+    }
+    return pastes;
+}
+
 } // namespace zamber::wayland

@@ -49,4 +49,20 @@ private:
     int m_files = 0;
 };
 
+/// A program with a window that texts are pasted into, in front once it has come up.
+class WaylandEditor final {
+public:
+    WaylandEditor();
+    ~WaylandEditor();
+    WaylandEditor(const WaylandEditor&) = delete;
+    WaylandEditor& operator=(const WaylandEditor&) = delete;
+
+    /// How often Ctrl and V were pressed in it.
+    int pastesReceived() const;
+
+private:
+    QTemporaryDir m_folder;
+    QProcess m_process;
+};
+
 } // namespace zamber::wayland

@@ -22,7 +22,7 @@ from .clipboard import PARTNERS, Begun, Clipboard, SelectionOwner, WaylandOwner
 from .desktop import PrivateDesktop
 from .keyboard import ALT, CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER
 from .notifier import NotifierHost
-from .partners import Browser, Editor, Foot, Gvim, LineEdit, Mousepad, Partner, Terminal
+from .partners import Browser, Editor, Foot, Gvim, LineEdit, Mousepad, Partner, SessionManager, Terminal
 from .portal import GtkPortal, SettingsPortal, XSettings
 from .processes import Child
 from .recorder import KeyEvent, Recorder
@@ -35,7 +35,7 @@ from .zamber import Zamber, default_binary
 __all__ = [
     "ALT", "Begun", "Browser", "CONTROL", "Child", "Clipboard", "Editor", "Foot", "GtkPortal", "Gvim", "KEY_CODES",
     "KeyEvent", "LOCK", "LineEdit", "Mousepad", "NUM", "NotifierHost", "PARTNERS", "Partner", "PrivateDesktop",
-    "Recorder", "SHIFT", "SUPER", "SelectionOwner", "SettingsPortal", "SwayDesktop", "Terminal", "WaitTimeout",
-    "WaylandOwner", "Window", "XSettings", "Zamber", "convert", "default_binary", "holds_for", "mean_color", "pixels",
-    "png_bytes", "wait_until",
+    "Recorder", "SHIFT", "SUPER", "SelectionOwner", "SessionManager", "SettingsPortal", "SwayDesktop", "Terminal",
+    "WaitTimeout", "WaylandOwner", "Window", "XSettings", "Zamber", "convert", "default_binary", "holds_for",
+    "mean_color", "pixels", "png_bytes", "wait_until",
 ]

@@ -5,6 +5,7 @@
 import itertools
 import json
 import pathlib
+import subprocess
 
 from .clipboard import PARTNERS
 from .waiting import wait_until
@@ -159,3 +160,28 @@ class Foot(Partner):
     def wait_for(self, expected, timeout=6.0):
         wait_until(lambda: self._path.read_bytes() == expected, timeout,
                    lambda: f"{expected!r}; the terminal sent {self._path.read_bytes()!r}")
+
+
+class SessionManager:
+    """What programs ask to be told of the end of the session, by the address in SESSION_MANAGER."""
+
+    def __init__(self, desktop):
+        self._child = desktop.start("session_manager", [PYTHON, PARTNERS / "session_manager.py"], stdin=subprocess.PIPE)
+        wait_until(self._child.stdout_lines, START_SECONDS, lambda: f"the session manager: {self._child.stderr()}")
+        self.address = self._child.stdout_lines()[0]
+
+    def told(self):
+        """What programs have told it of themselves, one set of properties after the other."""
+        return [json.loads(line) for line in self._child.stdout_lines()[1:]]
+
+    def save(self):
+        """Has every program save itself."""
+        self._command("save")
+
+    def log_out(self):
+        """Ends every program."""
+        self._command("die")
+
+    def _command(self, word):
+        self._child.process.stdin.write(f"{word}\n".encode())
+        self._child.process.stdin.flush()

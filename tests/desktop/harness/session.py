@@ -41,6 +41,7 @@ class PrivateSession:
 
     def __init__(self):
         self._children = []
+        self._runtime_folders = []  # what runs inside has one of them in its environment
         self.accessibility = None
 
     def __enter__(self):
@@ -75,23 +76,25 @@ class PrivateSession:
                 failures.append(failure)
 
         inside = set()
-        if hasattr(self, "runtime_folder"):
-            inside.update(pids_with_environment("XDG_RUNTIME_DIR", self.runtime_folder))
+        for folder in self._runtime_folders:
+            inside.update(pids_with_environment("XDG_RUNTIME_DIR", folder))
         for closer in self._closers():
             attempt(closer)
         while self._children:
             attempt(self._children.pop().stop)
-        if hasattr(self, "runtime_folder"):
-            attempt(end_all_with_environment, "XDG_RUNTIME_DIR", self.runtime_folder)
+        if self._runtime_folders:
+            for folder in self._runtime_folders:
+                attempt(end_all_with_environment, "XDG_RUNTIME_DIR", folder)
             attempt(reap, inside)
             attempt(shutil.rmtree, self.directory)
-            del self.runtime_folder
+            self._runtime_folders.clear()
         if failures:
             raise failures[0]
 
     def _make_folders(self):
         self.directory = pathlib.Path(tempfile.mkdtemp(prefix="zamber-desktop-"))
         self.runtime_folder = self._folder("runtime")
+        self._runtime_folders.append(self.runtime_folder)
         self.home = self._folder("home")
         self.config_home = self._folder("config")
         self.data_home = self._folder("data")

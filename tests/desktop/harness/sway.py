@@ -18,6 +18,7 @@ from .waiting import wait_until
 from .wayland_clipboard import WaylandClipboard
 
 IPC_COMMAND, IPC_TREE = 0, 4
+NOBODY = 65534
 IPC_MAGIC = b"i3-ipc"
 
 
@@ -54,18 +55,22 @@ class SwayDesktop(PrivateSession):
         """Part of coming up; called again by whoever has stopped `compositor_process`."""
         self._disconnect()
         width, height = self._size
-        configuration, told = self.directory / "sway.conf", self.directory / "sway-told"
+        configuration, folder = self.directory / "sway.conf", self.directory / "sway"
+        told = folder / "told"
         told.unlink(missing_ok=True)
+        if not folder.exists():
+            folder.mkdir(mode=0o700)
+            self._runtime_folders.append(folder)
         configuration.write_text(SWAY_CONFIGURATION.format(
             xwayland="force" if self._with_xwayland else "disable", width=width, height=height, layout=self._layout,
             told=told, more=self._configuration))
-        environment = dict(self.environment, WLR_BACKENDS="headless", WLR_LIBINPUT_NO_DEVICES="1", WLR_RENDERER="pixman")
+        environment = dict(self.environment, WLR_BACKENDS="headless", WLR_LIBINPUT_NO_DEVICES="1", WLR_RENDERER="pixman",
+                           XDG_RUNTIME_DIR=str(folder))
         for stale in ("WAYLAND_DISPLAY", "SWAYSOCK", "DISPLAY"):
             environment.pop(stale, None)
-        # Root is refused by sway; in a namespace where the same user has another number it is not root.
-        other_number = ["unshare", "--user", "--map-user=1000", "--map-group=1000", "--"] if os.geteuid() == 0 else []
+        as_user = self._as_nobody(folder, environment) if os.geteuid() == 0 else []
         process = self.compositor_process = self.start(
-            "sway", [*other_number, "sway", "--config", configuration], environment=environment, death_signal="TERM")
+            "sway", [*as_user, "sway", "--config", configuration], environment=environment, death_signal="TERM")
 
         def answers():
             if not process.is_running():
@@ -73,13 +78,24 @@ class SwayDesktop(PrivateSession):
             return told.read_text().splitlines() if told.exists() and told.read_text().endswith("\n\n") else None
 
         wayland, ipc, x11 = wait_until(answers, START_SECONDS, lambda: f"sway: {process.stderr()}")[:3]
-        self.environment.update(WAYLAND_DISPLAY=wayland, SWAYSOCK=ipc)
+        self.environment.update(WAYLAND_DISPLAY=str(folder / wayland), SWAYSOCK=ipc)
         if self._with_xwayland:
             self.environment["DISPLAY"] = x11
             self.display = Display(x11)
         self.keyboard = VirtualKeyboard(self.environment, self._layout)
         self.mouse = VirtualMouse(self.environment, self._size)
         self.clipboard = WaylandClipboard(self)
+
+    def _as_nobody(self, folder, environment):
+        """How a command is started that refuses root: as the user nobody, with an X server that lets root in."""
+        self.directory.chmod(0o711)
+        os.chown(folder, NOBODY, NOBODY)
+        open_server = self.directory / "Xwayland"
+        open_server.write_text('#!/bin/sh\nexec Xwayland "$@" -ac\n')
+        open_server.chmod(0o755)
+        environment["WLR_XWAYLAND"] = str(open_server)
+        # The kernel forgets with another user which signal a parent's end is to send.
+        return ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups", "--pdeathsig", "TERM", "--"]
 
     def tell(self, command):
         """A command as in sway's configuration; fails when sway refuses it."""

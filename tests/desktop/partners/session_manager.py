@@ -5,7 +5,7 @@
 
 Writes a line with the addresses for SESSION_MANAGER, and then one for every set of properties that a client gives: a
 JSON object from their names to the numbers or texts in them. Each client is asked to save itself as it registers, as
-the protocol has it; a line on standard input has all of them do so again.
+the protocol has it. On standard input, "save" has all of them do so again, and "die" ends the session for them.
 """
 
 import ctypes
@@ -124,11 +124,12 @@ while True:
     ready, _, _ = select.select([sys.stdin, *by_descriptor, *connections], [], [])
     for source in ready:
         if source is sys.stdin:
-            if not sys.stdin.readline():
+            command = sys.stdin.readline().strip()
+            if not command:
                 ICE.IceFreeListenObjs(count, listeners)  # takes its sockets away
                 sys.exit()
             for client in clients:
-                save(client)
+                save(client) if command == "save" else SM.SmsDie(c_void_p(client))
         elif source in by_descriptor:
             status = c_int()
             connection = ICE.IceAcceptConnection(c_void_p(by_descriptor[source]), byref(status))

@@ -134,6 +134,47 @@ TEST(HistoryJson, EscapesInBase64AreUndoneFirst) {
     EXPECT_EQ(summary(R"([{"type":"image","value":"\/\/4\u003d","timestamp":1}])"), "[\xFF\xFE] ");
 }
 
+TEST(HistoryJson, ASlashIsTheSameWithABackslashAndWithoutButForOneAfterAnEscapedBackslash) {
+    EXPECT_EQ(summary(R"([{"type":"text","value":"\/a\/\/","timestamp":1},
+        {"type":"text","value":"\\/b\\\/","timestamp":1},
+        {"type":"text","value":"\n/c\"\/\u005c/","timestamp":1},
+        {"ty\/pe":"image","type":"image","value":"\/\/\/\/","timestamp":1}])"),
+              "/a// \\/b\\/ \n/c\"/\\/ [\xFF\xFF\xFF] ");
+    EXPECT_TRUE(isRefused(R"([{"type":"text","value":"a","timestamp":1}]\/)"));
+    EXPECT_TRUE(isRefused(R"([{"type":"text","value":"a","timestamp":1}]\)"));
+    EXPECT_TRUE(isRefused(R"([\/{"type":"text","value":"a","timestamp":1}])"));
+    EXPECT_TRUE(isRefused(R"([\/\/ a comment)"));
+}
+
+TEST(HistoryJson, ALongTextIsReadWholeWhereverItIsCut) {
+    const std::string letters[] = {"a", "\u00E9", "\u4E00", "\U0001F600"};
+    const std::string escapes[] = {R"(\n)", R"(\u00e9)", R"(\u4e00)", R"(\ud83d\ude00)"};
+    const std::string escaped[] = {"\n", "\u00E9", "\u4E00", "\U0001F600"};
+    std::mt19937 random(7);
+    std::string json;
+    std::string text;
+    for (const std::size_t plain : {0, 1, 20'000}) {
+        for (int at = 0; at < 3'000; ++at) {
+            const auto kind = random() % std::size(letters);
+            json += escapes[kind] + letters[kind];
+            text += escaped[kind] + letters[kind];
+        }
+        json += std::string(plain, 'x');
+        text += std::string(plain, 'x');
+        for (int at = 0; at < 10'000; ++at) {
+            const auto& letter = letters[random() % std::size(letters)];
+            json += letter;
+            text += letter;
+        }
+    }
+    const auto file = R"([{"type":"text","value":")" + json + R"(","timestamp":1}])";
+    for (std::size_t step = 4'085; step < 4'125; ++step) {
+        const auto items = historyFromJson(file, step);
+        ASSERT_TRUE(items && items->size() == 1) << step;
+        ASSERT_TRUE(items->first().content.bytes().toStdString() == text) << step;
+    }
+}
+
 TEST(HistoryJson, UnknownKeysAndOrderDoNotMatterAndTheLastOfTwoCounts) {
     EXPECT_EQ(summary(R"([{"isPinned":true,"id":"x","more":{"type":"image","list":[1,{"a":2}]},"timestamp":1,
         "value":"first","value":"last","t\u0079pe":"text"}])"),

@@ -3,9 +3,11 @@
 #include "clipboard/Images.h"
 
 #include "clipboard/ClipboardContent.h"
+#include "platform/ImageLimit.h"
 
 #include <QBuffer>
 #include <QColor>
+#include <QImageReader>
 
 #include <gtest/gtest.h>
 
@@ -88,6 +90,11 @@ TEST(Images, TheThumbnailLastAskedForIsKept) {
     EXPECT_EQ(content.thumbnail({40, 30}).constBits(), first.constBits());
     EXPECT_EQ(content.thumbnail({80, 60}).size(), QSize(80, 60));
     EXPECT_TRUE(content.thumbnail({0, 0}).isNull());
+}
+
+TEST(Images, TheLimitIsTheProgramsOwn) {
+    EXPECT_TRUE(decodedImage(encoded(tricolour({3, 1}), "PNG")));
+    EXPECT_EQ(QImageReader::allocationLimit(), LARGEST_IMAGE_MEGABYTES);
 }
 
 TEST(Images, AnImageBeyondQtsOwnLimitDecodes) {

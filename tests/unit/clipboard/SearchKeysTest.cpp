@@ -63,6 +63,14 @@ protected:
     }
 };
 
+TEST_F(SearchKeysTest, TextsAreMeasuredBeforeAnybodyAsks) {
+    startWith({"apple", large("bear")});
+    ASSERT_TRUE(becomesReady());
+    for (const auto& item : manager->items()) {
+        EXPECT_TRUE(item.content.isMeasured());
+    }
+}
+
 TEST_F(SearchKeysTest, ALargeTextIsListedAsItIsUntilItIsReady) {
     startWith({"apple", large("bear"), "cherry", large("deer apple")});
     search(QStringLiteral("apple"));

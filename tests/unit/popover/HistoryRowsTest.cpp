@@ -114,6 +114,15 @@ TEST_F(HistoryRowsTest, ALargeTextIsMeasuredOnceOnAnotherThread) {
     EXPECT_EQ(item.content.lineCount(), 1'000'000);
 }
 
+TEST_F(HistoryRowsTest, ALargeTextThatSomebodyHasMeasuredNeedsNoThread) {
+    QSignalSpy changed(&rows, &HistoryRows::changed);
+    const clipboard::ClipboardItem item(clipboard::ClipboardContent::text(LARGE), 0);
+    item.content.measure();
+    EXPECT_EQ(rows.textState(item), TextState::Measured);
+    QTest::qWait(0);
+    EXPECT_EQ(changed.count(), 0);
+}
+
 TEST_F(HistoryRowsTest, OneThatIsDroppedMeanwhileIsNotTold) {
     const clipboard::ClipboardItem gone(clipboard::ClipboardContent::text(LARGE), 0);
     const clipboard::ClipboardItem kept(clipboard::ClipboardContent::text(LARGE + "x"), 0);

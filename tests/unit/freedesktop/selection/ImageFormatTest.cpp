@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/selection/ImageFormat.h"
 
+#include "platform/ImageLimit.h"
+
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QImage>
+#include <QImageReader>
 
 #include <gtest/gtest.h>
 
@@ -44,6 +47,12 @@ std::optional<QByteArray> conversion(const QByteArray& bytes, ImageFormat format
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
     }
     return result;
+}
+
+TEST(ImageFormat, TheLimitIsTheProgramsOwnAndSetBeforeAnotherThreadReadsIt) {
+    QObject context;
+    convertImage({}, ImageFormat::Png, &context, [](const QByteArray&) {});
+    EXPECT_EQ(QImageReader::allocationLimit(), LARGEST_IMAGE_MEGABYTES);
 }
 
 TEST(ImageFormat, IsToldByTheFirstBytes) {

@@ -16,8 +16,9 @@ TEST(PasteKeystroke, EditorsAndBrowsersGetControlV) {
 }
 
 TEST(PasteKeystroke, TerminalsGetControlShiftV) {
-    for (const char* name : {"Gnome-terminal", "konsole", "Xfce4-terminal", "kitty", "Alacritty", "Tilix", "Terminator",
-                             "org.wezfurlong.wezterm", "st-256color"}) {
+    for (const char* name :
+         {"Gnome-terminal", "konsole", "Xfce4-terminal", "kitty", "Alacritty", "Tilix", "Terminator",
+          "org.wezfurlong.wezterm", "st-256color", "foot", "org.kde.konsole", "org.gnome.Terminal"}) {
         EXPECT_EQ(pasteKeystrokeOf(QString::fromLatin1(name)), PasteKeystroke::ControlShiftV) << name;
     }
 }

@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/wayland/SwayConnection.h"
+
+#include <QDeadlineTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace zamber::wayland {
+
+enum class SwayConnection::Kind : std::uint32_t { RunCommand = 0, Subscribe = 2, GetConfiguration = 9 };
+
+namespace {
+
+constexpr QByteArrayView MAGIC = "i3-ipc";
+constexpr qsizetype HEADER_BYTES = 14; // the magic, the length of what follows, and its kind
+constexpr std::uint32_t EVENT_BIT = 0x8000'0000;
+constexpr std::uint32_t WORKSPACE_EVENT = EVENT_BIT;
+constexpr std::uint32_t BINDING_EVENT = EVENT_BIT | 5;
+constexpr int LONGEST_MILLISECONDS = 1000;
+
+std::uint32_t numberAt(const QByteArray& bytes, qsizetype place) {
+    std::uint32_t number = 0;
+    std::memcpy(&number, bytes.constData() + place, sizeof number); // in the machine's own order
+    return number;
+}
+
+QByteArray bytesOf(std::uint32_t number) {
+    QByteArray bytes(sizeof number, Qt::Uninitialized);
+    std::memcpy(bytes.data(), &number, sizeof number);
+    return bytes;
+}
+
+} // namespace
+
+std::unique_ptr<SwayConnection> SwayConnection::open() {
+    const QString path = qEnvironmentVariable("SWAYSOCK");
+    if (path.isEmpty()) {
+        return nullptr;
+    }
+    std::unique_ptr<SwayConnection> connection(new SwayConnection(path));
+    const auto answer = connection->ask(Kind::Subscribe, R"(["binding","workspace"])");
+    return answer && QJsonDocument::fromJson(*answer)[QStringLiteral("success")].toBool() ? std::move(connection)
+                                                                                          : nullptr;
+}
+
+SwayConnection::SwayConnection(const QString& path) {
+    m_socket.connectToServer(path);
+    m_socket.waitForConnected(LONGEST_MILLISECONDS);
+    connect(&m_socket, &QLocalSocket::readyRead, this, &SwayConnection::readMore);
+}
+
+bool SwayConnection::run(const QByteArray& command) {
+    const auto answer = ask(Kind::RunCommand, command);
+    const QJsonArray results = answer ? QJsonDocument::fromJson(*answer).array() : QJsonArray();
+    return !results.isEmpty() && std::ranges::all_of(results, [](const QJsonValue& result) {
+        return result[QStringLiteral("success")].toBool();
+    });
+}
+
+QByteArray SwayConnection::configuration() {
+    const auto answer = ask(Kind::GetConfiguration, {});
+    return answer ? QJsonDocument::fromJson(*answer)[QStringLiteral("config")].toString().toUtf8() : QByteArray();
+}
+
+std::optional<QByteArray> SwayConnection::ask(Kind kind, const QByteArray& payload) {
+    m_answer.reset();
+    m_socket.write(MAGIC.toByteArray() + bytesOf(static_cast<std::uint32_t>(payload.size())) +
+                   bytesOf(static_cast<std::uint32_t>(kind)) + payload);
+    const QDeadlineTimer deadline(LONGEST_MILLISECONDS);
+    while (!m_answer && m_socket.waitForReadyRead(static_cast<int>(deadline.remainingTime()))) {
+        readMore();
+    }
+    return std::exchange(m_answer, std::nullopt);
+}
+
+void SwayConnection::readMore() {
+    m_unread += m_socket.readAll();
+    while (const auto message = takeMessage()) {
+        if ((message->kind & EVENT_BIT) == 0) {
+            m_answer = message->payload;
+        } else {
+            // Later: an answer may be waited for just now.
+            QTimer::singleShot(0, this, [this, event = *message] { handleEvent(event); });
+        }
+    }
+}
+
+std::optional<SwayConnection::Message> SwayConnection::takeMessage() {
+    if (m_unread.size() < HEADER_BYTES) {
+        return std::nullopt;
+    }
+    const auto length = static_cast<qsizetype>(numberAt(m_unread, MAGIC.size()));
+    if (m_unread.size() < HEADER_BYTES + length) {
+        return std::nullopt;
+    }
+    Message message{.kind = numberAt(m_unread, MAGIC.size() + 4), .payload = m_unread.mid(HEADER_BYTES, length)};
+    m_unread.remove(0, HEADER_BYTES + length);
+    return message;
+}
+
+void SwayConnection::handleEvent(const Message& event) {
+    const QJsonDocument told = QJsonDocument::fromJson(event.payload);
+    if (event.kind == BINDING_EVENT) {
+        const QJsonValue command = told[QStringLiteral("binding")][QStringLiteral("command")];
+        Q_EMIT bindingPressed(command.toString().toUtf8());
+    } else if (event.kind == WORKSPACE_EVENT && told[QStringLiteral("change")].toString() == QStringLiteral("reload")) {
+        Q_EMIT reloaded();
+    }
+}
+
+} // namespace zamber::wayland

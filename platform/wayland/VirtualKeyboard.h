@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/freedesktop/selection/PasteKeystroke.h"
+#include "platform/wayland/Proxy.h"
+
+#include <memory>
+
+struct xkb_keymap;
+
+namespace zamber::wayland {
+
+class Connection;
+
+/// A keyboard of our own beside the user's, by virtual-keyboard-unstable-v1. It has a layout of its own, so that a key
+/// is what it is whatever the user types in, and modifiers of its own, so that those that the user holds do not count.
+class VirtualKeyboard final {
+public:
+    /// Null where the compositor lets no program be a keyboard.
+    static std::unique_ptr<VirtualKeyboard> create(Connection& connection);
+    ~VirtualKeyboard();
+    VirtualKeyboard(const VirtualKeyboard&) = delete;
+    VirtualKeyboard& operator=(const VirtualKeyboard&) = delete;
+
+    /// Presses the keys and lets them go, in the window that has the focus.
+    void type(freedesktop::selection::PasteKeystroke keystroke);
+
+private:
+    VirtualKeyboard(Connection& connection, zwp_virtual_keyboard_v1* keyboard);
+    bool sendKeymap();
+    void send(std::uint32_t key, std::uint32_t state);
+
+    Connection& m_connection;
+    Proxy<zwp_virtual_keyboard_v1> m_keyboard;
+};
+
+} // namespace zamber::wayland

@@ -34,9 +34,6 @@ public:
     /// The portal sends its signal with arguments of another kind.
     void emitSignal(const QString& signature, const QString& arguments);
 
-    /// Lets the event loop run until the condition holds; false after ten seconds in vain.
-    static bool waitUntil(const std::function<bool()>& condition);
-
 private:
     void command(const QStringList& words);
     void deliverSignals() const;

@@ -3,9 +3,9 @@
 #include "preferences/PreferenceKeys.h"
 
 #include "platform/freedesktop/SettingsUserDefaults.h"
+#include "tests/support/Waiting.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileSystemWatcher>
 #include <QProcess>
@@ -75,16 +75,7 @@ protected:
         ASSERT_EQ(process.exitCode(), 0);
     }
 
-    static bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit = 10s) {
-        const QDeadlineTimer deadline(limit);
-        while (!condition() && !deadline.hasExpired()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 5);
-        }
-        return condition();
-    }
-    static void settle() {
-        waitUntil([] { return false; }, 300ms);
-    }
+    static void settle() { letPass(300ms); }
 
     QString theme() const { return read(*defaults, appTheme); }
 };

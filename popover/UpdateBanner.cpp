@@ -28,7 +28,7 @@ UpdateBanner::UpdateBanner(const Symbols& symbols, QWidget* parent)
     , m_icon(new ui::SymbolView(symbols, u"arrow.down.circle.fill"_s, 10, QFont::Normal, this))
     , m_text(new ui::TextLabel({}, ui::textFont(11, QFont::Medium), this))
     , m_update(new ui::BorderedButton(
-          u"Update"_s, {.prominence = ui::ButtonLook::Prominence::Prominent, .size = ui::ControlSize::Mini}, this))
+          u"Update"_s, {.prominence = ui::ButtonStyle::Prominence::Prominent, .size = ui::ControlSize::Mini}, this))
     , m_skip(
           new ui::PlainButton(symbols, {.symbol = u"xmark"_s, .symbolPoints = 8, .symbolWeight = QFont::Bold}, this)) {
     setFixedHeight(LINE + 2 * PADDING_VERTICAL);

@@ -130,7 +130,7 @@ QWidget* GeneralSettingsView::grantedLabel() const {
 
 QWidget* GeneralSettingsView::grantButton() {
     auto* button = new ui::BorderedButton(
-        u"Grant Access"_s, {.prominence = ui::ButtonLook::Prominence::Prominent, .size = ui::ControlSize::Small});
+        u"Grant Access"_s, {.prominence = ui::ButtonStyle::Prominence::Prominent, .size = ui::ControlSize::Small});
     look().apply(button, [button](const ui::Palette& palette) { button->setColors(palette); });
     connect(button, &ui::BorderedButton::clicked, this, [this] {
         if (const auto address = m_services.trust.settingsAddress()) {

@@ -40,7 +40,7 @@ ConfirmationSheet::ConfirmationSheet(const Confirmation& confirmation, QWidget* 
     , m_title(centredLabel(confirmation.title, textFont(13, QFont::Bold), m_card))
     , m_message(centredLabel(confirmation.message, textFont(11), m_card))
     , m_confirm(new BorderedButton(confirmation.destructiveButton,
-                                   {.prominence = ButtonLook::Prominence::Destructive, .size = ControlSize::Large},
+                                   {.prominence = ButtonStyle::Prominence::Destructive, .size = ControlSize::Large},
                                    m_card))
     , m_cancel(new BorderedButton(u"Cancel"_s, {.size = ControlSize::Large}, m_card)) {
     installAccessibleRoles();

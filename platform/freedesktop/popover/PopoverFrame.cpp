@@ -147,8 +147,8 @@ void PopoverFrame::setShape(FrameShape shape) {
     }
 }
 
-void PopoverFrame::setLook(FrameLook look) {
-    m_look = look;
+void PopoverFrame::setColorScheme(ColorScheme colorScheme) {
+    m_colorScheme = colorScheme;
     m_rim->update();
 }
 
@@ -195,7 +195,7 @@ void PopoverFrame::paintShadow(QPainter& painter) const {
 
 void PopoverFrame::paintRim(QPainter& painter) const {
     const QRect inner = rect().marginsRemoved(shadowMargins());
-    const QColor color = m_look == FrameLook::Dark ? QColor(255, 255, 255, 46) : QColor(0, 0, 0, 40);
+    const QColor color = m_colorScheme == ColorScheme::Dark ? QColor(255, 255, 255, 46) : QColor(0, 0, 0, 40);
     const int inset = m_shape == FrameShape::RoundedWithShadow ? CORNER_RADIUS : 0;
     const int length = inner.width() - 2 * inset;
     painter.fillRect(inner.left() + inset, inner.top(), length, LINE_WIDTH, color);

@@ -88,7 +88,7 @@ void PopoverWindow::setContentSize(QSize points) {
 
 void PopoverWindow::setAppearance(PopoverAppearance appearance) {
     m_appearance = appearance;
-    applyLook();
+    applyColorScheme();
 }
 
 void PopoverWindow::show(const Anchor& anchor, PopoverEdge preferredEdge) {
@@ -97,7 +97,7 @@ void PopoverWindow::show(const Anchor& anchor, PopoverEdge preferredEdge) {
     const bool isOpening = !isShown();
 
     makeContentUnlessMade();
-    applyLook();
+    applyColorScheme();
     applyShape();
     place();
     m_frame.show();
@@ -137,7 +137,7 @@ bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {
         const auto& mouse = *static_cast<QMouseEvent*>(event);
         press(mouse.button(), mouse.globalPosition().toPoint());
     } else if (event->type() == QEvent::ApplicationPaletteChange) {
-        applyLook();
+        applyColorScheme();
     }
     return false;
 }
@@ -157,10 +157,10 @@ void PopoverWindow::applyShape() {
     m_windowSystem.setShadow(m_frame.winId(), (QMarginsF(shadow) * ratio).toMargins());
 }
 
-void PopoverWindow::applyLook() {
+void PopoverWindow::applyColorScheme() {
     const bool isDark = m_appearance == PopoverAppearance::Dark ||
                         (m_appearance == PopoverAppearance::System && m_systemAppearance.isDark());
-    m_frame.setLook(isDark ? FrameLook::Dark : FrameLook::Light);
+    m_frame.setColorScheme(isDark ? ColorScheme::Dark : ColorScheme::Light);
 }
 
 void PopoverWindow::closeUnlessOursIsActive() {

@@ -59,7 +59,7 @@ private:
     bool isInside(QPoint place) const;
     void place();
     void applyShape();
-    void applyLook();
+    void applyColorScheme();
     void closeUnlessOursIsActive();
 
     const Appearance& m_systemAppearance;

@@ -230,6 +230,6 @@ BREAKAGES = (
     Breakage(
         "who owns our content again has copied", SELECTION + "SelectionPasteboard.cpp",
         "    if (written && isRecent) {", "    if (false) {",
-        "test_paste.SharedClipboardTest.test_a_paste_of_the_popover",
+        "test_paste_targets.SharedClipboardTest.test_a_paste_of_the_popover",
     ),
 )

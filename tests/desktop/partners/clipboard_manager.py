@@ -11,12 +11,12 @@ With --hang it never answers. An error of X ends it.
 import argparse
 import hashlib
 import json
-import os
-import sys
 import time
 
-from Xlib import X, Xatom, display
+from Xlib import X, Xatom
 from Xlib.protocol import event
+
+import x_program
 
 PATIENCE_SECONDS = 10.0
 
@@ -24,14 +24,7 @@ parser = argparse.ArgumentParser()
 parser.add_argument("--hang", action="store_true")
 arguments = parser.parse_args()
 
-
-def die_of(error, _request):
-    print(f"error of X: {error}", file=sys.stderr, flush=True)
-    os._exit(1)
-
-
-connection = display.Display()
-connection.set_error_handler(die_of)
+connection = x_program.connect()
 window = connection.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent, event_mask=X.PropertyChangeMask)
 CLIPBOARD, MANAGER, SAVE, TARGETS, INCR, NULL, PLACE = map(connection.intern_atom, (
     "CLIPBOARD", "CLIPBOARD_MANAGER", "SAVE_TARGETS", "TARGETS", "INCR", "NULL", "ZAMBER_TEST_SAVED"))

@@ -14,13 +14,11 @@ Every target that is asked for is written to the log file, a line each. Ends wit
 """
 
 import argparse
-import json
-import os
-import select
-import sys
 
 from Xlib import X, Xatom, display
 from Xlib.protocol import event, request
+
+import x_program
 
 parser = argparse.ArgumentParser()
 parser.add_argument("--log", required=True)
@@ -88,22 +86,15 @@ def answer(asked):
     connection.flush()
 
 
-unread = b""
-while True:
-    while connection.pending_events():
-        handle(connection.next_event())
-    ready, _, _ = select.select([connection.fileno(), sys.stdin.fileno()], [], [])
-    if sys.stdin.fileno() not in ready:
-        continue
-    chunk = os.read(sys.stdin.fileno(), 65536)
-    if not chunk:
-        break
-    unread += chunk
-    *lines, unread = unread.split(b"\n")
-    for line in lines:
-        order = json.loads(line)
+orders = x_program.Orders(connection)
+came = []
+while came is not None:
+    for order in came:
         if "offer" in order:
             take(order["selection"], order["offer"])
         elif "release" in order:
             release()
         print("done", flush=True)
+    while connection.pending_events():
+        handle(connection.next_event())
+    came = orders.wait()

@@ -33,7 +33,7 @@ UpdateBanner::UpdateBanner(const Symbols& symbols, QWidget* parent)
           new ui::PlainButton(symbols, {.symbol = u"xmark"_s, .symbolPoints = 8, .symbolWeight = QFont::Bold}, this)) {
     setFixedHeight(LINE + 2 * PADDING_VERTICAL);
     m_text->setObjectName(u"updateText"_s);
-    m_text->setMinimumWidth(1); // whatever the service calls its version, the buttons stay
+    m_text->setMinimumWidth(1); // a long version must not push the buttons out
     m_update->setObjectName(u"updateButton"_s);
     m_update->setFocusPolicy(Qt::NoFocus); // the keyboard belongs to the search field
     m_skip->setObjectName(u"skipUpdateButton"_s);
@@ -52,7 +52,7 @@ UpdateBanner::UpdateBanner(const Symbols& symbols, QWidget* parent)
     row->addSpacing(SPACING - ui::PlainButton::GROUND_PADDING);
     row->addWidget(m_skip);
 
-    // Copies: what is called may set another notice, or take this one away.
+    // Copies are called, since the call may replace the notice that they belong to.
     connect(m_update, &ui::BorderedButton::clicked, this, [this] { std::function(m_notice.download)(); });
     connect(m_skip, &ui::PlainButton::clicked, this, [this] { std::function(m_notice.skip)(); });
 }

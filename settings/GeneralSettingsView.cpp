@@ -53,7 +53,7 @@ QWidget* GeneralSettingsView::startupSection() {
 
 void GeneralSettingsView::changeLaunchAtLogin(bool isOn) {
     LoginItem& item = m_services.loginItem;
-    // The switch stays where the user has put it, whatever comes of it.
+    // The switch stays where the user has put it, also when the desktop refuses.
     if (const auto done = isOn ? item.registerItem() : item.unregisterItem(); !done) {
         logLine("❌ Launch at login: " + done.error().toStdString());
     }

@@ -37,7 +37,7 @@ UpdateStatus::UpdateStatus(const SettingsLook& look, update::UpdateManager& upda
     line->addWidget(m_text);
     line->addWidget(m_download);
     line->addWidget(m_check);
-    // Whatever it shows, the row around it keeps its height.
+    // The row around it keeps its height in every state.
     setFixedHeight(std::max({m_check->sizeHint().height(), m_download->sizeHint().height(),
                              m_progress->sizeHint().height(), m_text->sizeHint().height()}));
     connect(m_download, &ui::BorderedButton::clicked, this, [&updates] { updates.downloadUpdate(); });

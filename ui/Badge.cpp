@@ -21,7 +21,7 @@ Badge::Badge(const QFont& font, QSize padding, double radius, QWidget* parent)
     : QWidget(parent)
     , m_padding(padding)
     , m_radius(radius) {
-    installAccessibleRoles(); // before the name is set, which has the role asked for
+    installAccessibleRoles(); // before the name is set: Qt asks for the role then
     setFont(font);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

@@ -8,7 +8,7 @@
 
 namespace zamber::ui {
 
-/// How large a control is, and its text with it.
+/// The size of a control and its text.
 enum class ControlSize { Large, Regular, Small, Mini };
 
 /// The style of a button with a ground of its own.
@@ -16,7 +16,7 @@ struct ButtonStyle {
     enum class Prominence {
         Bordered,   ///< a quiet ground
         Prominent,  ///< filled with the accent: the one button that is meant to be pressed
-        Destructive ///< says in red that something will be gone
+        Destructive ///< in red, for an action that deletes something
     };
     enum class Shape { Rounded, Capsule };
 

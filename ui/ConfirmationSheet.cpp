@@ -96,20 +96,20 @@ void ConfirmationSheet::paintEvent(QPaintEvent*) {
 
 void ConfirmationSheet::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    // The harmless button is the one that a press of the space bar finds.
+    // The space bar presses the button with the focus: the harmless one.
     m_cancel->setFocus(Qt::OtherFocusReason);
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }
 
 bool ConfirmationSheet::focusNextPrevChild(bool) {
-    // Only the two buttons are to be reached: what lies under the sheet is not.
+    // The focus moves between the two buttons and not to the view under the sheet.
     (m_cancel->hasFocus() ? m_confirm : m_cancel)->setFocus(Qt::TabFocusReason);
     return true;
 }
 
 void ConfirmationSheet::mousePressEvent(QMouseEvent* event) {
-    event->accept(); // what lies under the sheet is out of reach
+    event->accept(); // a press must not reach the view under the sheet
 }
 
 bool ConfirmationSheet::eventFilter(QObject* watched, QEvent* event) {

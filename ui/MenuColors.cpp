@@ -11,7 +11,7 @@ namespace zamber::ui {
 
 namespace {
 
-/// Marks the menus that have their colours from here.
+/// Set on the menus whose colours come from here.
 constexpr auto PROPERTY = "zamberMenuColors";
 
 } // namespace

@@ -12,11 +12,11 @@ class QMenu;
 namespace zamber::ui {
 
 /// The colours of every menu that has none of its own: the tray icon's, and those of text fields. Each menu gets them
-/// as it opens. As the application's colours for menus they would last until the next change of the desktop's theme,
-/// and Qt would tell of them as it tells of a new theme.
+/// as it opens. Set for the whole application, they would last until the next change of the desktop's theme, and Qt
+/// would report them as a new theme.
 class MenuColors final : public QObject {
 public:
-    /// Comes after the application object. Does nothing before the first `set`.
+    /// The application object exists before. Does nothing before the first `set`.
     MenuColors();
 
     void set(const QPalette& palette);

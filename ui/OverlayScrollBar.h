@@ -11,8 +11,8 @@ class QScrollBar;
 
 namespace zamber::ui {
 
-/// A thin scroll bar over the right edge of a scroll area, which takes no room from it and is there only while there
-/// is something to scroll. The wheel and the keyboard stay the area's own.
+/// A thin scroll bar over the right edge of a scroll area, which takes no room from it and is shown only while the
+/// content is larger than the area. The wheel and the keyboard stay the area's own.
 class OverlayScrollBar final : public QWidget {
     Q_OBJECT
 

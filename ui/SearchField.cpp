@@ -36,7 +36,7 @@ SearchField::SearchField(const Symbols& symbols, const QString& placeholder, QWi
     m_field->setFrame(false);
     m_field->setFont(textFont(13));
     m_field->setTextMargins(0, 0, 0, 0);
-    // The desktop's own menu would offer what the arrow keys and Return do not reach here.
+    // No context menu: the popover handles the arrow keys and Return itself, so no menu could be used with them.
     m_field->setContextMenuPolicy(Qt::NoContextMenu);
     setFocusProxy(m_field);
     setFixedHeight(HEIGHT);

@@ -46,7 +46,7 @@ struct QtSchedulerRig {
     }
 };
 
-/// Does at its end what the last owner of a timer may do.
+/// Its destructor stops a timer and starts others, as one of an object may that an action has owned.
 struct StopsTimersAtItsEnd {
     freedesktop::QtScheduler& scheduler;
     Scheduler::Token token;

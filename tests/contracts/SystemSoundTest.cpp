@@ -44,7 +44,7 @@ public:
         EXPECT_EQ(listen(m_socket, 8), 0);
         qputenv("PULSE_SERVER", "unix:" + path);
     }
-    /// Every connection ends, so that nobody waits any longer.
+    /// Ends every connection, and with it the wait for an answer.
     ~SilentServer() {
         close(m_socket);
         qunsetenv("PULSE_SERVER");

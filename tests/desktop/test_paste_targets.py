@@ -9,7 +9,7 @@ from harness import Browser, LineEdit, Mousepad, SelectionOwner, wait_until
 
 
 class PasteTargetsTest(DesktopTestCase):
-    """What people paste into. The terminals are in PasteTest."""
+    """Programs of several toolkits. The terminals are in PasteTest."""
 
     history = ("größe 漢字 👍", "second")
     preferences = {"quickPasteEnabled": True}

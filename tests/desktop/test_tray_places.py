@@ -32,7 +32,7 @@ class WithoutAnyTrayTest(WithoutTrayTestCase):
 
 
 class PanelsTest(WithoutTrayTestCase):
-    """Where nobody tells where the icon is: it hangs next to the panel."""
+    """Where the icon's place is not known, the popover hangs next to the panel."""
 
     def start_panel(self, position, size):
         configuration = self.desktop.directory / "panel"

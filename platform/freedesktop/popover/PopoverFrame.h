@@ -30,7 +30,7 @@ public:
     void setShape(FrameShape shape);
     void setColorScheme(ColorScheme colorScheme);
 
-    /// Moves and sizes the window so that its content lies there (points, on the screen).
+    /// Moves and sizes the window so that its content lies at the rectangle (points, on the screen).
     void setContentGeometry(const QRect& rectangle);
     QRect contentGeometry() const;
 

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""A clipboard manager as desktops have one: it saves what programs hand to it as they end, and serves it after them.
+"""A clipboard manager as desktops have one: it saves the clipboard of programs that end, and serves it after them.
 
 Prints "ready" once it is the manager, then a JSON line for each hand-over: the types that it has saved, with the SHA-256
 of their bytes.
@@ -50,7 +50,7 @@ def take_property():
 
 
 def fetch(target):
-    """The bytes of the clipboard in that type and what they are called, or None."""
+    """The type that the owner names and the bytes of the clipboard, or None."""
     window.delete_property(PLACE)
     window.convert_selection(CLIPBOARD, target, PLACE, X.CurrentTime)
     answer = next_of(X.SelectionNotify, lambda seen: seen.target == target)

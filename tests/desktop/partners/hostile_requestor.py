@@ -81,7 +81,7 @@ class Answer:
 
 
 def collect(answers, most_pieces):
-    """Takes what comes for the properties until all is there or time is up."""
+    """Takes the answers' pieces until all are complete or time is up."""
     deadline = time.monotonic() + PATIENCE_SECONDS
     while not all(answer.is_complete for answer in answers.values()):
         seen = next_event(deadline)

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""A program that owns a selection: told by JSON lines on standard input what to offer, answering each with a line.
+"""A program that owns a selection. JSON lines on standard input say what it offers; it answers each with a line.
 
   {"offer": {"UTF8_STRING": "68656c6c6f", "image/png": null}, "selection": "CLIPBOARD"}
       takes the selection; data in hexadecimal, null for a target that is offered but never delivered

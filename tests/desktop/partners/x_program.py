@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""What the partners share that are programs of the X server without a toolkit."""
+"""Shared by the partners that speak to the X server without a toolkit."""
 
 import json
 import os

@@ -20,7 +20,7 @@ using testing::IsEmpty;
 
 // Start-up
 
-/// The journal, and what nobody is asked about at each of its notes.
+/// The journal, and the state at each of its notes that no port is told of.
 struct Trace {
     std::map<std::string, bool> hasOnPaste;
     std::map<std::string, std::size_t> timers;

@@ -197,7 +197,7 @@ TEST_F(AppDelegateTest, EachPasteIsOfWhatWasWrittenForIt) {
     }
     scheduler.advance(1s);
     ASSERT_EQ(keystrokes.asked.size(), 3U);
-    // The popover's has the longest delay, though here not longer than that of the second press.
+    // The popover's paste has the longest delay, though here not longer than that of the second press.
     std::ranges::sort(keystrokes.asked, {}, &Paste::changeCount);
     for (std::size_t i = 0; i < counts.size(); ++i) {
         EXPECT_EQ(keystrokes.asked[i].changeCount, counts[i]) << i;

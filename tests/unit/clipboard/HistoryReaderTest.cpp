@@ -28,7 +28,7 @@ std::optional<std::string> summary(std::string_view json, std::size_t step) {
     return result;
 }
 
-/// The same at once and bit by bit.
+/// The same, with the text read at once and in small steps: all have to agree.
 std::optional<std::string> summary(std::string_view json) {
     const auto result = summary(json, json.size());
     for (const std::size_t step : {1, 2, 3, 5, 64}) {
@@ -233,7 +233,7 @@ TEST(HistoryReader, ANumberTooSmallForADoubleIsZeroAndOneTooLargeIsNoTimestamp) 
     const auto items = historyFromJson(R"([{"type":"text","value":"a","timestamp":1e-400}])");
     ASSERT_TRUE(items && items->size() == 1);
     EXPECT_EQ(items->first().timestamp, 0.0);
-    // As long a fraction as anybody likes.
+    // A fraction may be as long as it likes.
     EXPECT_EQ(summary(R"([{"type":"text","value":"a","timestamp":0.)" + std::string(5000, '0') + R"(1}])"), "a ");
     EXPECT_EQ(summary(R"([{"type":"text","value":"a","timestamp":1)" + std::string(400, '0') + R"(}])"), "");
 }

@@ -50,7 +50,7 @@ protected:
 
     DMGCleanup::Ports ports() { return {bundle, alert, files, tool, workspace, application, scheduler}; }
 
-    /// A whole launch, answered so.
+    /// A whole launch, with these answers to its questions.
     void launch(const QList<int>& answers) {
         alert.answers = answers;
         DMGCleanup::checkAndPromptMove(ports());

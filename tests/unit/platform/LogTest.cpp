@@ -85,7 +85,7 @@ std::string drain(int descriptor) {
     return text;
 }
 
-/// Whether that many lines are written within a bound, though nobody reads.
+/// Whether that many lines are written within a bound, though the pipe is not read.
 bool returnsThough(const Ends& output, const std::string& line, int count = 100) {
     const Redirection redirection(output.writer);
     auto done = std::async(std::launch::async, [&] {

@@ -43,7 +43,7 @@ protected:
         start();
     }
 
-    /// It waits for a file that is being rewritten as long as the test takes, however slow the machine is.
+    /// A file that is being rewritten is given all the time of the test, however slow the machine is.
     void startPatientlyWith(const QByteArray& bytes) {
         put(bytes);
         defaults.emplace(path, 1h);
@@ -53,7 +53,7 @@ protected:
         QObject::connect(&watcher, &QFileSystemWatcher::fileChanged, &watcher, noticed);
         QObject::connect(&watcher, &QFileSystemWatcher::directoryChanged, &watcher, noticed);
     }
-    /// Watches as the preferences do, so that what has reached it has reached them in the same turn or the next.
+    /// Watches as the preferences do: they learn of a change in the same turn of the loop or the next.
     QFileSystemWatcher watcher;
     bool isNoticed = false;
 

@@ -40,7 +40,7 @@ protected:
     std::vector<QByteArray> asked;
     std::vector<CopyReader::Outcome> told;
 
-    /// Reads to the end; what was asked for and told stands in the members.
+    /// Reads to the end. The questions are in `asked`, the outcomes in `told`.
     void read(bool canTell = true) {
         told.clear();
         CopyReader reader([this](const QByteArray& type, auto answer) { handleQuestion(type, answer); },

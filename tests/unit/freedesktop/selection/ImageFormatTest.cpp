@@ -29,7 +29,7 @@ QImage picture() {
     return image;
 }
 
-/// What the conversion tells, or nothing within the bound.
+/// The result of the conversion, or nothing if there is none within the bound.
 std::optional<QByteArray> conversion(const QByteArray& bytes, ImageFormat format) {
     QObject context;
     std::optional<QByteArray> result;

@@ -25,7 +25,7 @@ class SelectionOfferTest : public testing::Test {
 protected:
     SelectionOffer offer;
 
-    /// What those who ask get, once everything under way has arrived.
+    /// The answers to so many requests, once all have arrived.
     std::vector<std::optional<SelectionOffer::Data>> ask(const QByteArray& type, std::size_t times = 1) {
         std::vector<std::optional<SelectionOffer::Data>> answers;
         for (std::size_t i = 0; i < times; ++i) {
@@ -64,7 +64,7 @@ TEST_F(SelectionOfferTest, ATextIsOfferedUnderAllItsNames) {
 
 TEST_F(SelectionOfferTest, AnImageIsGivenUnchangedUnderItsLabelAndConvertedUnderTheOthers) {
     const QByteArray png = picture("PNG");
-    // Labelled TIFF whatever the bytes are, as the program writes them.
+    // The label is TIFF for a PNG's bytes, too, as the program writes them.
     offer.setContent({.text = {}, .image = png, .imageLabel = ImageFormat::Tiff, .files = {}});
     EXPECT_THAT(offer.types(), ElementsAre("image/png", "image/tiff", "image/bmp"));
     EXPECT_EQ(bytesOf("image/tiff"), png);

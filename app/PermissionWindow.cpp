@@ -29,12 +29,12 @@ PermissionWindow::PermissionWindow(const Appearance& appearance, const Symbols& 
                            Qt::WindowStaysOnTopHint)
     , m_view(new PermissionView(appearance, symbols, this)) {
     setWindowTitle(QStringLiteral("Zamber — Permission Required"));
-    // It comes by itself; what the user types goes on to where it was going.
+    // The window appears unasked, while the user may be typing into another one.
     setAttribute(Qt::WA_ShowWithoutActivating);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
-    // The window takes its content's height; with small fonts it stays as high as it began.
+    // As high as its content, but no lower than designed where the font is small.
     setFixedSize(CONTENT_POINTS.width(), std::max(CONTENT_POINTS.height(), m_view->sizeHint().height()));
 }
 

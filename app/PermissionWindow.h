@@ -13,8 +13,8 @@ namespace zamber::app {
 
 class PermissionView;
 
-/// A small window that floats above ordinary ones while the permission to post key events is missing. It can be moved
-/// and closed, and nothing else, and does not take the keyboard as it comes. Closing it hides it.
+/// A small window that floats above ordinary ones while the permission to post key events is missing. The user can move
+/// it and close it, which hides it, and do nothing else with it. It appears without taking the keyboard.
 class PermissionWindow final : public QWidget {
     Q_OBJECT
 

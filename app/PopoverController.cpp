@@ -61,7 +61,7 @@ void AppDelegate::followUpdates() {
 }
 
 void AppDelegate::observePreferences() {
-    // Not at once: the change comes in the middle of the write that causes it.
+    // In the loop's next turn: observers are called in the middle of the write that changes the preference.
     m_desktop.userDefaults.addObserver(preferences::popoverSize.name, [this] {
         m_desktop.scheduler.soon([self = shared_from_this()] { self->updatePopoverSize(); });
     });
@@ -75,7 +75,7 @@ void AppDelegate::showPopover() {
     if (!button) {
         return;
     }
-    // Before anything of ours changes the focus.
+    // Asked before a window of ours takes the focus.
     m_previousApp = m_desktop.workspace.frontmostApplication();
     m_desktop.popover.show(*button, PopoverEdge::MinY);
     m_desktop.application.activate();

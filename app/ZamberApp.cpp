@@ -48,7 +48,7 @@ void keepStandardStreamsOpen() {
 int main(int argc, char** argv) {
     keepStandardStreamsOpen();
     std::optional<ChosenDesktop::StartUp> startUp(std::in_place);
-    // The log's reader may go away; the program does not end for it.
+    // A program that reads the log through a pipe may end before this one.
     std::signal(SIGPIPE, SIG_IGN);
     if (const auto prepared = ChosenDesktop::prepare(); !prepared) {
         std::fprintf(stderr, "zamber: %s\n", prepared.error().c_str());
@@ -82,7 +82,7 @@ int main(int argc, char** argv) {
                                                .commandKeyHint = ports.hotKeys.commandKeyHint(),
                                                .desktopShortcut = ports.desktopShortcut},
                                               [&desktop](WId window) { (*desktop)->bringToFront(window); });
-    // Keys that are pressed in the settings are not the popover's.
+    // The popover's keys must not work on the history while the user types in the settings.
     QObject::connect(&settings, &zamber::settings::SettingsWindow::cameToFront, &settings,
                      [ports] { ports.popover.performClose(); });
     for (const auto& action : {QStringLiteral("showSettingsWindow:"), QStringLiteral("showPreferencesWindow:")}) {
@@ -105,6 +105,6 @@ int main(int argc, char** argv) {
     delegate->applicationDidFinishLaunching();
     startUp.reset();
     const int status = QApplication::exec();
-    zamber::update::UpdateManager::setShared(nullptr); // before what it refers to
+    zamber::update::UpdateManager::setShared(nullptr); // before the desktop, whose ports it refers to
     return status;
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 
-// What a Qt program costs that does nothing but sit in the tray: the measure for x11_cost.py.
+// A Qt program that does nothing but sit in the tray: x11_cost.py measures the program against its cost.
 
 #include <QApplication>
 #include <QDBusConnection>

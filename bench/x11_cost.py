@@ -115,7 +115,7 @@ def smaps(pid, *fields):
 
 
 def cpu_milliseconds(pid):
-    """What all threads have run, by the scheduler's own count."""
+    """The processor time of all threads, by the scheduler's count."""
     total = 0
     for task in pathlib.Path(f"/proc/{pid}/task").iterdir():
         total += int((task / "schedstat").read_text().split()[0])
@@ -155,7 +155,7 @@ def measure_start(figures, zamber, empty, runs):
                 private[program].append(smaps(process.pid, "Pss"))
                 end(process)
         for _ in range(runs):
-            # Owned before the start, so that it is what the program finds; the wait is the same.
+            # The clipboard has an owner before the start, as the program usually finds it; the wait is the same.
             began = time.perf_counter()
             process = start(desktop, zamber)
             partner.copy_and_wait({"UTF8_STRING": b"what was there at the start"})

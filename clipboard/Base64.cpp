@@ -58,11 +58,11 @@ std::optional<QByteArray> fromBase64(std::string_view text) {
 
 std::optional<QByteArray> fromSlashEscapedBase64(std::string_view text) {
     Decoder decoder(text.size());
-    // Room for the block that fills it, what is copied too much, and the last two blocks.
+    // Beyond a full piece: room for one more block, for the surplus bytes of a copy, and for the last two blocks.
     std::array<char, PIECE_BYTES + 4 * text::BYTE_BLOCK> piece; // NOLINT(cppcoreguidelines-pro-type-member-init)
     std::size_t filled = 0;
     const auto decodeFull = [&](bool isLast) {
-        // What does not fill four characters waits for the next piece. Padding is for the end alone.
+        // Characters that do not make up a group of four wait for the next piece. Padding is for the end alone.
         const auto length = isLast ? filled : filled / 4 * 4;
         const bool isWellPadded = isLast || length == 0 || piece[length - 1] != '=';
         if (!isWellPadded || !decoder.add({piece.data(), length})) {
@@ -79,7 +79,7 @@ std::optional<QByteArray> fromSlashEscapedBase64(std::string_view text) {
         }
         const char* block = text.data() + at;
         std::size_t from = 0;
-        // A whole block each time: more than is needed costs less than to copy a length that nobody could predict.
+        // A whole block is copied each time: surplus bytes cost less than a length that the processor cannot predict.
         for (auto bits = text::blockBits(block, isBackslash); bits != 0; bits &= bits - 1) {
             const auto backslash = static_cast<std::size_t>(std::countr_zero(bits));
             if (block[backslash + 1] != '/') {

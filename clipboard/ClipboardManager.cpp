@@ -152,7 +152,7 @@ void ClipboardManager::copyToClipboard(const ClipboardItem& item) {
     const auto& bytes = item.content.bytes();
     m_pasteboard.clearContents();
     if (item.content.isImage()) {
-        m_pasteboard.setData(ImageType::Tiff, bytes); // also when it is a PNG: the adapter knows what it is
+        m_pasteboard.setData(ImageType::Tiff, bytes); // PNG bytes, too: the adapter looks at them
     } else {
         m_pasteboard.setString(bytes);
     }

@@ -64,7 +64,7 @@ public:
 
 signals:
     void itemsChanged();
-    /// Or what it finds has changed.
+    /// The search text has changed, or the entries that it finds.
     void searchTextChanged();
 
 private:

@@ -67,7 +67,7 @@ public:
             return true;
         }
         if (errno != EOPNOTSUPP && errno != ENOSYS && errno != EINVAL) {
-            setSize(m_size); // lets go of what part of it there was
+            setSize(m_size); // gives back the part that could be reserved
             return false;
         }
         const QByteArray zeros(std::min<qint64>(newSize - m_size, ZEROS_AT_ONCE_BYTES), '\0');
@@ -131,7 +131,7 @@ void HistoryFile::createFolder() const {
 
 std::optional<QList<ClipboardItem>> HistoryFile::read() const {
     createFolder();
-    // Not mapped into memory: should somebody else shorten the file meanwhile, that would be the end of us.
+    // Not mapped into memory: when another program shortens a mapped file, reading it kills the process.
     const RegularFile file(m_path, O_RDONLY);
     if (!file.isUsable()) {
         return std::nullopt;
@@ -157,8 +157,8 @@ void HistoryFile::write(const QList<ClipboardItem>& items) const {
     if (!file.reserve(*size)) {
         return;
     }
-    // A history of several blocks has no opening bracket until it is whole: whoever ends us meanwhile leaves a file
-    // that is not taken for a history with one odd image where new and old bytes meet.
+    // A history of several blocks gets its opening bracket last. A process that is killed before leaves a file that is
+    // refused, instead of a history with one image that begins with new bytes and ends with old ones.
     qint64 offset = 0;
     bool isMarked = false;
     const bool isWhole = writeHistoryJson(items, [&](std::string_view block) {

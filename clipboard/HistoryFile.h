@@ -28,8 +28,8 @@ public:
     std::optional<QList<ClipboardItem>> read() const;
 
     /// Writes the file in place, readable for its owner alone. Failures are ignored; where there is no space for a
-    /// longer history, the file stays as it was. Who is killed while writing leaves a file
-    /// that `read` refuses.
+    /// longer history, the file stays as it was. A process that is killed while it writes
+    /// leaves a file that `read` refuses.
     void write(const QList<ClipboardItem>& items) const;
 
 private:

@@ -23,21 +23,21 @@ namespace {
 namespace json = boost::json;
 
 constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
-/// The array and the record, and what a value of the record may have below.
+/// The array, the record, and the levels that a value of the record may have.
 constexpr std::size_t DEEPEST_NESTING = 2 + 512;
 /// Small enough to be still in the processor's cache when it is parsed.
 constexpr std::size_t READ_STEP_BYTES = std::size_t{1} << 18;
-/// No key or type that counts is longer; of longer ones no more is kept.
+/// No key or type that has a meaning is longer. Of longer ones only the beginning is kept.
 constexpr std::size_t LONGEST_NAME_BYTES = 16;
 
-/// The nearest double, 0 where the number is too small for one; nothing when it is too large. The parser's own value
-/// is only roughly the number's.
+/// The nearest double, 0 where the number is too small for one; nothing when it is too large. The parser's own value,
+/// `roughly`, is not always the nearest.
 std::optional<double> numberFrom(std::string_view text, double roughly) {
 #ifdef __cpp_lib_to_chars
     double number = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
     const bool isNumber = result.ec == std::errc{};
-#else // a standard library without fractions
+#else // a standard library whose from_chars has no fractions
     bool isNumber = false;
     const double number = QByteArrayView(text.data(), text.size()).toDouble(&isNumber);
 #endif

@@ -30,7 +30,7 @@ std::string_view view(const QByteArray& bytes) {
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
-/// Adds up what the other output would write.
+/// An output that counts the bytes instead of writing them.
 struct Measure {
     std::int64_t size = 0;
 
@@ -112,7 +112,7 @@ void putNumber(Output& output, double number) {
     std::array<char, 512> digits{};
     const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
     output.put({digits.data(), result.ptr});
-#else // a standard library without fractions
+#else // a standard library whose to_chars has no fractions
     output.put(view(QByteArray::number(number, 'f', QLocale::FloatingPointShortest)));
 #endif
 }

@@ -10,7 +10,8 @@ namespace zamber::clipboard {
 
 namespace {
 
-/// So much text is made ready before the list hears of it: often enough to be seen, seldom enough to cost nothing.
+/// How much text is made ready before the list hears of it: small enough for the user to see progress, large enough for
+/// the list not to be redone all the time.
 constexpr qsizetype HANDED_OVER_AT_ONCE_BYTES = qsizetype{4} << 20;
 
 } // namespace

@@ -20,7 +20,7 @@ namespace zamber::clipboard {
 /// a second, which nobody has at the first letter of a search or when the list opens. What was made for searching comes
 /// back by the scheduler and is kept with the content.
 ///
-/// Lives on the main thread. What is under way is dropped when it goes. The scheduler must outlive it.
+/// Lives on the main thread. Its destruction drops the work under way. The scheduler must outlive it.
 class SearchKeys {
 public:
     /// Called on the main thread, each time that some more texts are ready.
@@ -47,10 +47,10 @@ private:
     void handOver(QList<Made> made, text::CaseFolding folding) const;
 
     Scheduler& m_scheduler;
-    /// What is handed over holds it weakly.
+    /// Actions that the scheduler still has to run hold it weakly.
     const std::shared_ptr<State> m_state;
     std::atomic<bool> m_isStopped = false;
-    /// Last, so that nothing is made any more when the rest goes.
+    /// The last member, so that its work has ended before the others are destroyed.
     QThreadPool m_thread;
 };
 

@@ -1,4 +1,4 @@
-# What those get who are handed a build: the same bytes, wherever it was made, and a program that is hard to break into.
+# A build for users: the same bytes, wherever it was made, and a program that is hard to break into.
 # A sanitizer's build looks after itself, and a debugger's keeps its folders.
 set(optimised "$<CONFIG:Release,RelWithDebInfo,MinSizeRel>")
 

@@ -109,8 +109,8 @@ void moveToApplications(const Ports& ports) {
         return;
     }
     promptEjectDMG(ports);
-    // The new instance does not wait for an answer to the prompt: what comes first, the prompt or our end, decides
-    // whether the user sees it.
+    // The prompt to eject comes while the new instance starts. Once that has started this one ends, and the prompt with
+    // it, answered or not.
     ports.workspace.openNewInstance(destination, [ports](const std::optional<QString>& error) {
         if (error) {
             logLine("❌ Relaunch error: " + error->toStdString());

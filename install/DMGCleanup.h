@@ -22,7 +22,7 @@ namespace zamber::install {
 /// from there, and to eject the image and throw it away. Once a launch, and with no state of its own.
 class DMGCleanup final {
 public:
-    /// What it works through. All of it must outlive the launch.
+    /// The ports that it uses. All of them must outlive the launch.
     struct Ports {
         AppBundle& bundle;
         Alert& alert;

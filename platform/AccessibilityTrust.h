@@ -16,7 +16,7 @@ public:
     /// Asked anew at each call; never shows a prompt.
     virtual bool isTrusted() const = 0;
 
-    /// The page of the system's settings where the user grants it; nothing where nobody can.
+    /// The page of the system's settings where the user grants it; nothing where it cannot be granted.
     virtual std::optional<QUrl> settingsAddress() const = 0;
 };
 

@@ -13,7 +13,7 @@ class AppBundle {
 public:
     virtual ~AppBundle() = default;
 
-    /// Where it lies: an absolute path that ends in the name of the folder, or of the one file, that it is.
+    /// The absolute path of the bundle's folder, or of its file where the bundle is a single one.
     virtual QString path() const = 0;
 
     /// What people call the release ("1.0.0"), and the build's number, a text as well. Each is absent when the bundle

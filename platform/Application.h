@@ -22,11 +22,11 @@ public:
     /// Ends the event loop, and with it the process. Nothing is saved on the way.
     virtual void terminate() = 0;
 
-    /// Sends an action by its name, which ends in a colon, to whoever in the program answers to it. False when nobody
-    /// does.
+    /// Sends an action by its name, which ends in a colon, to the part of the program that answers to it. False when
+    /// there is none.
     virtual bool sendAction(const QString& name) = 0;
 
-    /// Tells whoever in the program has asked to hear of notifications of that name, possibly nobody.
+    /// Tells the parts of the program that observe notifications of that name; there may be none.
     virtual void postNotification(const QString& name) = 0;
 
     /// Called when the user starts the program while it runs: there is one a session, and it is asked to show itself.

@@ -14,14 +14,14 @@ class BundleFiles {
 public:
     virtual ~BundleFiles() = default;
 
-    /// Something is there, be it a link to nothing.
+    /// Whether there is anything at the path, be it a link to nothing.
     virtual bool exists(const QString& path) const = 0;
 
-    /// Removes it with all it holds. A link is removed, not what it names.
+    /// Removes the bundle with all that it holds. Of a link only the link is removed.
     virtual std::expected<void, QString> remove(const QString& path) = 0;
 
-    /// Copies it whole: links as links, modes, extended attributes where the destination can hold them. Fails where
-    /// something is at the destination already, and leaves nothing there that was not there before.
+    /// Copies the bundle whole: links as links, modes, extended attributes where the destination can hold them. Fails
+    /// where something is at the destination already, and a copy that fails leaves nothing behind.
     virtual std::expected<void, QString> copy(const QString& source, const QString& destination) = 0;
 };
 

@@ -28,7 +28,7 @@ public:
     /// out; the error, in words, is that there is no tool or no report that can be read.
     virtual std::expected<QList<AttachedImage>, QString> attachedImages() = 0;
 
-    /// Ejects the volume that is mounted there, by force. Nobody learns whether it worked.
+    /// Ejects the volume that is mounted there, by force. Does not tell whether that worked.
     virtual void detach(const QString& volumePath) = 0;
 };
 

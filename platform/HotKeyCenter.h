@@ -19,13 +19,13 @@ struct HotKeyModifiers {
     bool shift = false;
 };
 
-/// What tells one registration from another: a four-character code (first character in the highest byte) and a number.
+/// The name of a registration: a four-character code (first character in the highest byte) and a number.
 struct HotKeyId {
     std::uint32_t signature = 0;
     std::uint32_t id = 0;
 };
 
-/// Names a registration that succeeded.
+/// A registration that succeeded.
 struct HotKeyRef {
     std::uint32_t id = 0;
 };
@@ -40,7 +40,7 @@ public:
     /// Which key Command is, as a sentence for people; empty where the keyboard says so itself.
     virtual QString commandKeyHint() const = 0;
 
-    /// Returns nothing when somebody else holds the combination; the other registrations are not affected.
+    /// Returns nothing when another program holds the combination; the other registrations are not affected.
     virtual std::optional<HotKeyRef> registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) = 0;
 
     /// The handler of all registrations: told the id at each press, on the main loop. Releases are not told.

@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::string_view ELLIPSIS = "…";
 
-/// One character of UTF-8, or one byte that is none.
+/// The first character of a text, or its first byte where the text is not UTF-8.
 std::string_view firstCharacter(std::string_view text) {
     const auto first = static_cast<unsigned char>(text.front());
     std::size_t length = 1;
@@ -81,9 +81,9 @@ std::string printableLine(std::string_view line) {
     return text + '\n';
 }
 
-/// Standard output once more, as a description of the open file that does not wait. Setting that on the one that
-/// there is would set it for whoever shares it, such as the shell. Only pipes and terminals make anybody wait, and
-/// only systems with /proc can open them again.
+/// Standard output opened once more, without waiting for its reader. The flag belongs to the open file, and the first
+/// one is shared with the shell and others, so it must not be set there. Only pipes and terminals make a writer wait,
+/// and only systems with /proc can open them again.
 class NonWaitingOutput {
 public:
     NonWaitingOutput() {

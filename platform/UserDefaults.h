@@ -43,7 +43,7 @@ public:
     virtual ObserverToken addObserver(const QString& key, Observer observer) = 0;
     virtual void removeObserver(ObserverToken token) = 0;
 
-    /// The preferences of this user and program. Set once by whoever starts the program, or by a test.
+    /// The preferences of this user and program. The entry point sets them, or a test.
     static UserDefaults& standard();
     static void setStandard(UserDefaults* defaults);
 };

@@ -155,11 +155,11 @@ void ClipboardListView::refreshRows() {
 
 void ClipboardListView::searchChanged() {
     refreshRows();
-    m_list->showSelection(); // which Return is about to take
+    m_list->showSelection(); // the row that Return is about to choose
 }
 
 void ClipboardListView::updateSize() {
-    // No smaller than that by itself; on a low screen the popover gives it less.
+    // The wanted size; on a low screen the popover is smaller.
     const QSize size = popoverSize(m_defaults);
     setMaximumSize(size);
     resize(size);
@@ -246,7 +246,7 @@ void ClipboardListView::openAddress(const QUrl& address) {
 
 void ClipboardListView::showClearConfirmation() {
     if (!isVisible()) {
-        return; // a press by assistive technology takes its time, and the popover may have closed meanwhile
+        return; // a press by assistive technology may come after the popover has closed
     }
     m_clearConfirmation->raise();
     m_clearConfirmation->show();
@@ -258,7 +258,7 @@ void ClipboardListView::dismissClearConfirmation() {
 }
 
 void ClipboardListView::paintEvent(QPaintEvent*) {
-    if (!testAttribute(Qt::WA_TranslucentBackground)) { // else the host has laid its material behind
+    if (!testAttribute(Qt::WA_TranslucentBackground)) { // else the host has a material of its own behind the content
         QPainter(this).fillRect(rect(), m_palette.ultraThinMaterial);
     }
 }

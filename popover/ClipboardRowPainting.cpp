@@ -82,7 +82,7 @@ void ClipboardRowView::paint(QPainter& painter, const QRect& row, const RowStyle
 void ClipboardRowView::paintGround(QPainter& painter, const QRect& row, const RowStyle& style) const {
     const ui::Palette& palette = style.palette;
     painter.setPen(Qt::NoPen);
-    // Opaque, though they are meant to shine through: Qt hands large translucent shapes to other threads and waits.
+    // Mixed beforehand instead of drawn translucent: Qt hands large translucent shapes to other threads and waits.
     const QColor quiet = ui::composed(palette.primaryAt(GROUND_OPACITY), palette.ultraThinMaterial);
     const QColor lit = ui::composed(ui::faded(palette.accent, HIGHLIGHT_OPACITY), palette.ultraThinMaterial);
     QColor ground = mixed(quiet, lit, style.highlight);

@@ -20,8 +20,8 @@ namespace zamber::popover {
 
 class ExpandedText;
 
-/// One entry of the history as the list shows it. A value: everything is computed from what it was made of, and
-/// whatever moves or changes is handed in by the list.
+/// One entry of the history as the list shows it. A value: everything is computed from the constructor's arguments, and
+/// the list hands in all that moves or changes.
 class ClipboardRowView {
 public:
     /// The item must outlive the row.
@@ -33,14 +33,14 @@ public:
     struct TypeIcon {
         QString symbol;
         QColor ui::Palette::* color;
-        QString meaning; ///< for those who do not see it; empty for a plain text
+        QString meaning; ///< in words, for assistive technology; empty for a plain text
     };
     TypeIcon typeIcon() const;
 
     /// Is there more to show than the preview while the row is highlighted?
     bool isExpandable() const;
     bool isExpanded() const { return m_isHovered && isExpandable(); }
-    /// What stands in the line under the preview, if there is one: counts, and a dot between two of them.
+    /// The line under the preview, if there is one: counts, and a dot between two of them.
     QStringList counts() const;
     /// The address's host, or all of it where there is no host; only for a row with a link.
     QString linkTitle() const;
@@ -52,9 +52,9 @@ public:
 
     /// The row's height (points) at that width, not expanded.
     int compactHeight(int width) const;
-    /// Its height with that much of the whole text shown.
+    /// The row's height with so much of the whole text shown (points).
     int expandedHeight(double textHeight) const;
-    /// How wide the preview or text is in a row of the width.
+    /// The width of the preview or text in a row of the width.
     int contentWidth(int rowWidth) const;
 
     void paint(QPainter& painter, const QRect& row, const RowStyle& style, ExpandedText* expandedText) const;

@@ -13,9 +13,9 @@ namespace zamber::popover {
 namespace {
 
 constexpr std::size_t SHORT_TEXT_CHARACTERS = 200;
-/// A long text that does not begin with so much of a link is none, however long it goes on.
+/// A long text is a link only if this much of its beginning is one.
 constexpr qsizetype BEGINNING_UNITS = 2048;
-/// What a link may seem to lack at its end because it is cut there: punctuation, an unclosed bracket.
+/// How much may seem to be missing at the end of a link that was cut there: punctuation, an unclosed bracket.
 constexpr qsizetype CUT_UNITS = 64;
 
 bool isAllLink(const std::optional<DetectedLink>& link, const QString& text, qsizetype tolerance) {
@@ -33,7 +33,7 @@ std::optional<QUrl> detectedUrl(const clipboard::ClipboardContent& content, Link
     const std::string_view inner = text::trimmed(whole);
     const bool isShort = text::countCharacters(inner, SHORT_TEXT_CHARACTERS).count < SHORT_TEXT_CHARACTERS;
     if (!isShort) {
-        // Blanks are in no link; and nobody wants megabytes searched for one that cannot be there.
+        // A link has no blanks, and megabytes are not searched for a link that cannot be in them.
         const QString beginning = QString::fromUtf8(utf8.first(std::min(utf8.size(), BEGINNING_UNITS)));
         if (inner.size() != whole.size() || !isAllLink(detector.firstLink(beginning), beginning, CUT_UNITS)) {
             return std::nullopt;

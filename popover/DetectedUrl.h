@@ -14,8 +14,8 @@ class LinkDetector;
 
 namespace zamber::popover {
 
-/// Where a content leads: a short text to the first link in it, a long one only when all of it is a link; an image
-/// nowhere.
+/// The link of a content: of a short text the first one in it, of a long text only one that is all of the text, of an
+/// image none.
 std::optional<QUrl> detectedUrl(const clipboard::ClipboardContent& content, LinkDetector& detector);
 
 } // namespace zamber::popover

@@ -17,7 +17,7 @@ double ExpandedText::shownHeight() {
 }
 
 bool ExpandedText::scrollBy(double distance) {
-    // Not by how much of it is in view at this moment: the row may still be growing.
+    // By the height that the row will have, not by its present one: the row may still be growing.
     const double shown = shownHeight();
     const double whole = m_layout.height(m_scrollOffset + 2 * shown + std::abs(distance));
     const double wanted = std::clamp(m_scrollOffset + distance, 0.0, std::max(0.0, whole - shown));

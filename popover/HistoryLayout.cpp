@@ -65,7 +65,7 @@ void HistoryLayout::setItems(const QList<clipboard::ClipboardItem>& items) {
 
 std::optional<HistoryLayout::Anchor> HistoryLayout::anchorAcross(const QList<clipboard::ClipboardItem>& items) const {
     const auto held = hold();
-    // Somebody at the top wants to see what is new.
+    // At the top of the list, new entries come into view.
     if (!held || (!m_hovered && m_geometry.offset() <= 0)) {
         return std::nullopt;
     }
@@ -74,7 +74,7 @@ std::optional<HistoryLayout::Anchor> HistoryLayout::anchorAcross(const QList<cli
     for (int row = 0; row < items.size(); ++row) {
         rows.insert(items[row].id, row);
     }
-    // An entry that changes its section goes away from where it was.
+    // An entry that was pinned or unpinned leaves its place for another section.
     const auto rowInItems = [&](int row) {
         const auto found = rows.constFind(m_items[row].id);
         const bool stays = found != rows.constEnd() && items[*found].isPinned == m_items[row].isPinned;

@@ -13,7 +13,7 @@
 namespace zamber::popover {
 
 /// The rows of the history in their places: their heights, which change with the highlight, and how far the list is
-/// scrolled. What is in view stays where it is, whatever changes above or below it. Points; needs no window.
+/// scrolled. Rows in view stay where they are, whatever changes above or below them. Points; needs no window.
 class HistoryLayout final : public QObject {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ public:
     /// when the pointer was on it.
     void setItems(const QList<clipboard::ClipboardItem>& items);
     const QList<clipboard::ClipboardItem>& items() const { return m_items; }
-    /// Forgets what is known about all other entries.
+    /// Forgets the measures and pictures of all other entries.
     void keepOnly(const QList<clipboard::ClipboardItem>& items) { m_rows.keepOnly(items); }
     void setPreferences(const RowPreferences& preferences);
     void setView(QSize size, double devicePixelRatio);
@@ -61,14 +61,14 @@ public:
 
 signals:
     void changed();
-    /// The list has moved by itself.
+    /// The list has moved in the course of an animation.
     void glided();
     void settled();
 
 private:
     int rowWidth() const;
     int measuredHeight(int row);
-    /// A row that is to stay where it is when the list becomes another one.
+    /// A row that is to stay where it is while the entries are replaced.
     struct Anchor {
         ListGeometry::Hold hold;
         bool isSuccessor; ///< it is, or takes the place of, the row that is held now; else it lies above that

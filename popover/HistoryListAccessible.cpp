@@ -43,7 +43,7 @@ void HistoryListAccessible::announceSelection(HistoryListWidget* list, int row) 
     }
     QAccessibleEvent selected(item, QAccessible::Selection);
     QAccessible::updateAccessibility(&selected);
-    // The keyboard focus stays in the search field, so readers would say nothing: the row takes it in their eyes.
+    // The keyboard focus stays in the search field, so readers would say nothing. They are told that the row has it.
     QAccessibleEvent focused(item, QAccessible::Focus);
     QAccessible::updateAccessibility(&focused);
 }

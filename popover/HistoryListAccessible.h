@@ -20,7 +20,7 @@ public:
     /// Makes Qt use this class for history lists. May be called any number of times.
     static void install();
 
-    /// Says that the selection has moved to the row, to those who follow the focus as well.
+    /// Reports that the selection has moved to the row, and the focus with it: some screen readers follow only that.
     static void announceSelection(HistoryListWidget* list, int row);
 
     int childCount() const override;

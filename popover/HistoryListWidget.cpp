@@ -83,7 +83,7 @@ QStringList HistoryListWidget::describe(int index) {
 }
 
 void HistoryListWidget::choose(int index) {
-    const clipboard::ClipboardItem copy = items()[index]; // the list may change while it is told
+    const clipboard::ClipboardItem copy = items()[index]; // the list may change in the course of the signal
     emit chosen(copy);
 }
 

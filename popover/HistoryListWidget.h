@@ -13,9 +13,9 @@ class Appearance;
 
 namespace zamber::popover {
 
-/// The scrolling list of rows, pinned ones first. It draws the rows that are in view and hands on what is done to them;
-/// where they lie is the layout's business, what the pointer means is the pointer's. It never has the keyboard focus;
-/// the selection is told to it.
+/// The scrolling list of rows, pinned ones first. It draws the rows in view and emits what the user does to them;
+/// HistoryLayout places the rows, ListPointer gives the pointer its meaning. The list never has the keyboard focus;
+/// its owner sets the selection.
 class HistoryListWidget final : public QWidget {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ public:
 
     void setItems(const QList<clipboard::ClipboardItem>& items);
     const QList<clipboard::ClipboardItem>& items() const { return m_layout.items(); }
-    /// Forgets what is known about all other entries.
+    /// Forgets the measures and pictures of all other entries.
     void keepOnly(const QList<clipboard::ClipboardItem>& items) { m_layout.keepOnly(items); }
     void setPreferences(const RowPreferences& preferences) { m_layout.setPreferences(preferences); }
     void setColors(const ui::Palette& palette);
@@ -49,14 +49,14 @@ public:
     QRect actionRectangle(int index, RowAction action);
     QRect expandedTextRectangle(int index);
 
-    /// What a press of the row, or of one of its buttons, does; also for assistive technology.
+    /// Does the same as a click on the row, or on one of its buttons; also for assistive technology.
     void choose(int index);
     void perform(int index, RowAction action);
     /// The row's text as it is shown, unexpanded.
     QString preview(int index) { return m_layout.rowView(index).preview(); }
-    /// Where the row's link leads, if it has one.
+    /// The row's link, if it has one.
     std::optional<QUrl> link(int index) { return m_layout.link(index); }
-    /// What is beside the preview, in words: the kind of content, the counts, the age.
+    /// The facts beside the preview, in words: the kind of content, the counts, the age.
     QStringList describe(int index);
     /// The small buttons that the row has while it is highlighted.
     QList<RowAction> actions(int index) { return m_layout.rowView(index).actions(); }

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// More than any reader reads out; a message on the bus has its limit, and breaking it ends the connection.
+/// More than any screen reader reads out. A message on the bus must not exceed its limit, which ends the connection.
 constexpr qsizetype MOST_EXPOSED_BYTES = 4'000'000;
 
 RowPart partOf(RowAction action) {
@@ -82,7 +82,7 @@ QList<RowPart> HistoryRowAccessible::parts() const {
     if (m_part || !index) {
         return {};
     }
-    // The text comes and goes with the screen. The buttons stay: whoever cannot point is to reach those of any row.
+    // The text is there while it is on the screen. The buttons always are, for users who cannot point at a row.
     QList<RowPart> parts;
     if (m_list->isExpanded(*index)) {
         parts.append(RowPart::Text);
@@ -143,7 +143,7 @@ QString HistoryRowAccessible::name(int row) const {
 }
 
 QString HistoryRowAccessible::description(int row) const {
-    // What the eye gets from the symbols, the counts and the age.
+    // The symbols, the counts and the age in words.
     QStringList facts = m_list->describe(row);
     if (m_list->items()[row].isPinned) {
         facts.prepend(u"pinned"_s);

@@ -15,7 +15,7 @@ namespace zamber::popover {
 
 class HistoryListWidget;
 
-/// What a row has inside for assistive technology.
+/// The parts of a row for assistive technology.
 enum class RowPart { Text, OpenLink, Pin, Delete };
 
 /// One row of the list, or a part of it. Found again by its entry's id, so that it survives every reordering; without

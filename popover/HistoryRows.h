@@ -22,7 +22,7 @@ class LinkDetector;
 
 namespace zamber::popover {
 
-/// What the list knows of an entry beyond the entry itself.
+/// The list's record of an entry: measures, highlight, picture.
 struct HistoryRow {
     std::optional<int> height; ///< in points, as last measured
 
@@ -33,12 +33,12 @@ struct HistoryRow {
     std::unique_ptr<ExpandedText> expandedText; ///< only while the row is highlighted
 
     std::optional<std::optional<QUrl>> link; ///< absent until it has been looked for
-    std::optional<TextState> textState;      ///< absent until somebody asked
+    std::optional<TextState> textState;      ///< absent until it is needed
     QSize thumbnailPixels;                   ///< of the thumbnail last asked for
     Thumbnail thumbnail{ThumbnailState::Undecodable};
 };
 
-/// A record for each entry that somebody has looked at, kept as long as the entry is in the history. Pictures are
+/// A record for each entry whose row was in view, kept as long as the entry is in the history. Pictures are
 /// decoded and large texts are measured on other threads when first asked for.
 class HistoryRows final : public QObject {
     Q_OBJECT
@@ -50,7 +50,7 @@ public:
 
     /// The entry's record, which stays where it is in memory until it is dropped.
     HistoryRow& of(const QUuid& id) { return m_rows[id]; }
-    /// The same, or null when nobody has looked at the entry yet.
+    /// The same, or null when the entry has none yet.
     HistoryRow* find(const QUuid& id);
     auto begin() { return m_rows.begin(); }
     auto end() { return m_rows.end(); }
@@ -62,7 +62,7 @@ public:
     /// The picture for the row; `changed` follows when it is still being decoded. Nothing to show for a text.
     const Thumbnail& thumbnail(const clipboard::ClipboardItem& item, double devicePixelRatio);
     std::optional<QUrl> link(const clipboard::ClipboardItem& item);
-    /// Can the entry be asked for its counts and its preview without waiting? If not, `changed` follows.
+    /// Whether the entry's counts and preview are at hand without waiting. If not, `changed` follows.
     TextState textState(const clipboard::ClipboardItem& item);
 
     /// Texts from this size on are counted, and searched for secrets, on another thread: with hundreds of megabytes
@@ -81,7 +81,7 @@ private:
 
     LinkDetector* m_linkDetector;
     std::unordered_map<QUuid, HistoryRow, IdHash> m_rows;
-    /// Last, so that nothing is decoded or measured any more when the rest goes.
+    /// The last member, so that its work has ended before the others are destroyed.
     QThreadPool m_decoders;
     QThreadPool m_measurers;
 };

@@ -12,7 +12,7 @@ namespace {
 constexpr int PADDING_VERTICAL = 4;
 constexpr int ROW_GAP = 6;
 constexpr int GUESSED_ROW_HEIGHT = 36;
-/// Measuring rows moves others into view, which are then measured in turn; it settles at once but for odd lists.
+/// Measuring rows moves others into view, which are then measured in turn. Hardly any list takes more than two rounds.
 constexpr int MOST_MEASURING_ROUNDS = 8;
 
 } // namespace
@@ -113,7 +113,7 @@ void ListGeometry::keep(const Hold& hold, RoomBelow room) {
         const int element = m_sections.elementOfRow(hold.row);
         const double top = hold.isCutOff ? std::min(0.0, hold.bottom - m_stack.height(element)) : hold.top;
         const double offset = std::max(0.0, m_stack.top(element) - top);
-        // Room below is for rows that stay where they are; without any in view there is none to be left.
+        // Room is left below so that rows can stay where they are. Without a row in view none is left.
         const bool leavesRoom = room == RoomBelow::Leave && offset < m_stack.totalHeight() - PADDING_VERTICAL;
         return leavesRoom ? offset : std::min(offset, endOffset());
     });

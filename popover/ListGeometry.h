@@ -34,7 +34,7 @@ public:
     };
 
     /// Whether the list may end above the lower edge of the view: it does after rows have gone from its end, until
-    /// somebody scrolls or the room is closed.
+    /// the user scrolls or the room is closed.
     enum class RoomBelow { Close, Leave };
 
     ListGeometry(MeasureRow measureRow, int headerHeight);

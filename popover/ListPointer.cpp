@@ -99,8 +99,8 @@ void ListPointer::scrollingPaused() {
         hover(underneath, m_motion());
         return;
     }
-    // First the row that the wheel has left behind shrinks, then the row that has come to the pointer by that grows:
-    // both at once would move the one under the pointer away.
+    // First the row that was scrolled away shrinks, then the row that is under the pointer by then grows: both at once
+    // would move the latter away from the pointer.
     hover(std::nullopt, m_motion());
     m_isHoverAwaited = m_layout.isFading();
     if (!m_isHoverAwaited) {

@@ -20,7 +20,7 @@ struct RowTarget {
     bool operator==(const RowTarget&) const = default;
 };
 
-/// What the pointer does to the list: which row it highlights, what a click hits, where the wheel goes. Points, in the
+/// The pointer over the list: the row that it highlights, the target of a click, the turns of the wheel. Points, in the
 /// view; needs no window.
 class ListPointer final : public QObject {
 public:
@@ -30,7 +30,7 @@ public:
     void moved(QPoint point);
     void left();
     void pressed(QPoint point, bool isMainButton);
-    /// What was clicked, if the button was pressed on the same.
+    /// The target of the click, if the button was pressed on the same one.
     std::optional<RowTarget> released(QPoint point, bool isMainButton);
     /// The wheel was turned by that distance; down is positive.
     void wheelTurned(QPoint point, double distance);
@@ -38,13 +38,13 @@ public:
     /// Lists other entries. The pointer highlights and hits the row that has taken the place of the one it was on; if
     /// that lies elsewhere, a click does nothing until the pointer is moved.
     void setItems(const QList<clipboard::ClipboardItem>& items);
-    /// The keyboard moves the list from now on.
+    /// To be called when the keyboard moves the list.
     void endScrolling();
     void reset();
 
     /// The small button under the pointer in that row.
     std::optional<RowAction> hoveredAction(const QUuid& row) const;
-    /// What of the row is pressed; nothing while the pointer has left what it was pressed on.
+    /// The part of the row that is pressed; none while the pointer has left it.
     PressedPart pressedPart(const QUuid& row) const;
 
 private:
@@ -57,9 +57,9 @@ private:
     HistoryLayout& m_layout;
     std::function<Motion()> m_motion;
     ScrollPhase m_scrolling;
-    bool m_isHoverAwaited = false;        ///< until what the wheel has left behind has faded out
+    bool m_isHoverAwaited = false;        ///< until the row that was scrolled away has faded out
     std::optional<QPoint> m_point;        ///< while the pointer is over the list
-    std::optional<QPoint> m_ignoredPoint; ///< where rows have moved under the pointer that are not to be hit
+    std::optional<QPoint> m_ignoredPoint; ///< where another row has moved under the pointer; no click hits it
     std::optional<RowTarget> m_hovered;
     std::optional<RowTarget> m_pressed;
 };

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int BAR_PADDING_HORIZONTAL = 16;
-constexpr double BAR_OPACITY_ON_MATERIAL = 0.5; ///< what is left to be seen of a material behind the bar
+constexpr double BAR_OPACITY_ON_MATERIAL = 0.5; ///< so that a material behind the bar is seen through it
 constexpr int HEADER_PADDING_TOP = 14;
 constexpr int HEADER_PADDING_BOTTOM = 10;
 constexpr int HEADER_LINE = 20;

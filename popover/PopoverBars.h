@@ -21,7 +21,7 @@ class TextLabel;
 
 namespace zamber::popover {
 
-/// The top of the popover: the program's name, how full the history is, and the way to the settings.
+/// The top of the popover: the program's name, how full the history is, and the button for the settings.
 class PopoverHeader final : public QWidget {
     Q_OBJECT
 
@@ -44,7 +44,7 @@ private:
     ui::PlainButton* m_settings = nullptr;
 };
 
-/// The bottom of the popover: what the keys do, and the way to clear the history.
+/// The bottom of the popover: hints about the keys, and the button that clears the history.
 class PopoverFooter final : public QWidget {
     Q_OBJECT
 
@@ -67,7 +67,7 @@ private:
     ui::Palette m_palette;
 };
 
-/// What stands in the list's place when there is nothing to list.
+/// Stands in the list's place when no entry is to be listed.
 class EmptyState final : public QWidget {
     Q_OBJECT
 

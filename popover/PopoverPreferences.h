@@ -14,10 +14,10 @@ class UserDefaults;
 
 namespace zamber::popover {
 
-/// The popover's size in points, as the user wants it at this moment.
+/// The popover's size in points, by the present preference.
 QSize popoverSize(const UserDefaults& defaults);
 
-/// Light, dark, or as the desktop has it, as the user wants it at this moment.
+/// Light, dark, or as the desktop has it, by the present preference.
 PopoverAppearance popoverAppearance(const UserDefaults& defaults);
 
 /// The colours for that choice on this desktop.

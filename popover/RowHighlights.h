@@ -28,9 +28,9 @@ public:
     bool isMoving() const { return m_frames.isActive(); }
 
 signals:
-    /// These rows are highlighted in another way, or to another degree.
+    /// The highlights of these rows have begun, ended or faded by a step.
     void advanced(const QList<QUuid>& rows);
-    /// Nothing moves any more.
+    /// All highlights have reached their end.
     void settled();
 
 private:

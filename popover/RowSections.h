@@ -6,8 +6,8 @@
 
 namespace zamber::popover {
 
-/// What stands below each other in the list: all rows, the pinned ones first, and, when there are pinned ones, a header
-/// above each of the two groups that has rows.
+/// The elements of the list from top to bottom: all rows, the pinned ones first, and, when there are pinned ones, a
+/// header above each of the two groups that has rows.
 class RowSections {
 public:
     RowSections() = default;

@@ -14,7 +14,7 @@ class Symbols;
 
 namespace zamber::popover {
 
-/// What the user wants rows to show.
+/// The user's preferences about rows.
 struct RowPreferences {
     bool showLineCount = true;
     bool showCharCount = true;
@@ -24,10 +24,10 @@ struct RowPreferences {
     bool operator==(const RowPreferences&) const = default;
 };
 
-/// What a row's small buttons do.
+/// The actions of a row's small buttons.
 enum class RowAction { OpenLink, Pin, Delete };
 
-/// An image entry's picture: still being decoded, decoded, or not to be decoded at all.
+/// An image entry's picture: still being decoded, decoded, or not decodable.
 enum class ThumbnailState { Pending, Ready, Undecodable };
 struct Thumbnail {
     ThumbnailState state = ThumbnailState::Pending;
@@ -37,10 +37,10 @@ struct Thumbnail {
 /// Whether a text's counts are known yet, and whether it is sensitive.
 enum class TextState { Measured, Pending };
 
-/// What the pointer's button is down on.
+/// The part of a row on which the pointer's button is held down.
 enum class PressedPart { None, Row, Action };
 
-/// What a row is drawn with.
+/// Everything besides the entry that a row is drawn with.
 struct RowStyle {
     const ui::Palette& palette;
     const Symbols& symbols;

@@ -15,7 +15,7 @@ namespace zamber::popover {
 /// pointer is moved. A hand on a wheel trembles, so that moving by a point or two does not count.
 class ScrollPhase {
 public:
-    /// Tells of the end when it comes by itself. The scheduler outlives the phase.
+    /// `paused` is called when the phase ends for want of turns. The scheduler outlives the phase.
     ScrollPhase(Scheduler& scheduler, std::function<void()> paused);
     ~ScrollPhase() { end(); }
     ScrollPhase(const ScrollPhase&) = delete;
@@ -23,10 +23,10 @@ public:
 
     /// The wheel was turned with the pointer there (points).
     void wheelTurned(QPoint pointer);
-    /// Does the pointer's new place end the scrolling, or is there none that goes on?
+    /// Whether there is no scrolling once the pointer has come to the place.
     bool isEndedBy(QPoint pointer) const;
     bool isActive() const { return m_pause.has_value(); }
-    /// Ends it without telling.
+    /// Ends the phase without a call of `paused`.
     void end();
 
 private:

@@ -16,7 +16,7 @@ namespace zamber::popover {
 
 namespace {
 
-/// More than fits into three lines of the widest popover, whatever the letters.
+/// More characters than fit into three lines of the widest popover, whatever the letters.
 constexpr qsizetype MOST_SHOWN_CHARACTERS = 1024;
 /// How much text is laid out in one go: about the height of two popovers.
 constexpr qsizetype PIECE_BYTES = 4096;
@@ -61,7 +61,7 @@ QString elided(const QString& line, const QFont& font, int width) {
     return text;
 }
 
-/// What a prepared text depends on; the interface has one typeface.
+/// All that a prepared text depends on; the typeface is always the same.
 struct LineKey {
     QString text;
     int pixelSize;
@@ -77,7 +77,7 @@ struct LineKey {
 
 constexpr qsizetype MOST_KEPT_TEXTS = 400;
 
-/// Goes with the application, before what its fonts stand on.
+/// Destroyed with the application object, as long as Qt's fonts exist.
 QHash<LineKey, QList<QStaticText>>* keptLines() {
     static QPointer<QObject> owner;
     static QHash<LineKey, QList<QStaticText>> kept;
@@ -130,7 +130,7 @@ QStringList elidedLines(const QString& text, const QFont& font, int width, int m
         }
         QString piece = shown.mid(start, line.textLength());
         piece.remove(QChar::LineSeparator);
-        // A blank where the line was broken would stand before a text that reads from the right.
+        // The blank at which the line was broken would stand before a text that reads from right to left.
         lines.append(withoutTrailingBlanks(piece));
     }
     layout.endLayout();

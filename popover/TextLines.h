@@ -30,7 +30,7 @@ QList<QStaticText> preparedLines(const QString& text, const QFont& font, int wid
 /// A text that is drawn on one line, however long it is.
 QStaticText preparedLine(const QString& text, const QFont& font);
 
-/// A text of any length, broken into lines only as far down as somebody looks.
+/// A text of any length, broken into lines only as far down as it is drawn or measured.
 class LazyTextLayout {
 public:
     /// The text is UTF-8, the width in points.

@@ -29,12 +29,12 @@ UpdateBanner::UpdateBanner(const Symbols& symbols, QWidget* parent)
     , m_icon(new ui::SymbolView(symbols, u"arrow.down.circle.fill"_s, 10, QFont::Normal, this))
     , m_text(new ui::TextLabel({}, ui::textFont(11, QFont::Medium), this))
     , m_update(new ui::BorderedButton(
-          u"Update"_s, {.prominence = ui::ButtonLook::Prominence::Prominent, .size = ui::ControlSize::Mini}, this))
+          u"Update"_s, {.prominence = ui::ButtonStyle::Prominence::Prominent, .size = ui::ControlSize::Mini}, this))
     , m_skip(
           new ui::PlainButton(symbols, {.symbol = u"xmark"_s, .symbolPoints = 8, .symbolWeight = QFont::Bold}, this)) {
     setFixedHeight(LINE + 2 * PADDING_VERTICAL);
     m_text->setObjectName(u"updateText"_s);
-    m_text->setMinimumWidth(1); // whatever the service calls its version, the buttons stay
+    m_text->setMinimumWidth(1); // a long version must not push the buttons out
     m_update->setObjectName(u"updateButton"_s);
     m_update->setFocusPolicy(Qt::NoFocus); // the keyboard belongs to the search field
     m_update->setToolTip(withKeys(u"Update"_s, PopoverCommand::Update));

@@ -29,14 +29,14 @@ namespace zamber::popover {} // namespace zamber::popover
 
 namespace zamber::popover {
 
-/// A newer version that the user is to be told of, and what can be done about it.
+/// A newer version for the banner to name, and the actions of its buttons.
 struct UpdateNotice {
     QString latestVersion;
     std::function<void()> download;
     std::function<void()> skip;
 };
 
-/// A line that tells of a newer version, with a button to get it and one to hear no more of it.
+/// A line that names a newer version, with a button to get it and one to skip it.
 class UpdateBanner final : public QWidget {
     Q_OBJECT
 

@@ -58,7 +58,7 @@ inline constexpr PreferenceKey<bool> previewURLs{"previewURLs"_L1, true};
 inline constexpr PreferenceKey<bool> hideSensitive{"hideSensitive"_L1, false};
 inline constexpr PreferenceKey<bool> quickPasteEnabled{"quickPasteEnabled"_L1, false};
 
-/// The hot keys are fixed: these three are bound by the Shortcuts page, and nobody reads or writes them.
+/// The hot keys are fixed: the Shortcuts page binds these three, and their values are neither read nor written.
 inline constexpr PreferenceKey<QStringView> mainShortcut{"mainShortcut"_L1, u"⌘⇧V"};
 inline constexpr PreferenceKey<QStringView> paste2nd{"paste2nd"_L1, u"⌘⇧2"};
 inline constexpr PreferenceKey<QStringView> paste3rd{"paste3rd"_L1, u"⌘⇧3"};

@@ -16,7 +16,7 @@ namespace zamber::settings {
 
 class SettingsLook;
 
-/// What this program is, and who made it: one column in the middle of the page.
+/// The page about the program: its icon, version and makers in one column in the middle.
 class AboutSettingsView final : public QWidget {
     Q_OBJECT
 

@@ -14,7 +14,7 @@ namespace zamber::settings {}
 
 namespace zamber::settings {
 
-/// How much is kept, what the rows of the popover show, and what they mask.
+/// The page about the history: its length, the facts that rows show, and the masking of sensitive texts.
 class ClipboardSettingsView final : public SettingsPage {
     Q_OBJECT
 

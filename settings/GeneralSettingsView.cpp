@@ -53,7 +53,7 @@ QWidget* GeneralSettingsView::startupSection() {
 
 void GeneralSettingsView::changeLaunchAtLogin(bool isOn) {
     LoginItem& item = m_services.loginItem;
-    // The switch stays where the user has put it, whatever comes of it.
+    // The switch stays where the user has put it, also when the desktop refuses.
     if (const auto done = isOn ? item.registerItem() : item.unregisterItem(); !done) {
         logLine("❌ Launch at login: " + done.error().toStdString());
     }
@@ -130,7 +130,7 @@ QWidget* GeneralSettingsView::grantedLabel() const {
 
 QWidget* GeneralSettingsView::grantButton() {
     auto* button = new ui::BorderedButton(
-        u"Grant Access"_s, {.prominence = ui::ButtonLook::Prominence::Prominent, .size = ui::ControlSize::Small});
+        u"Grant Access"_s, {.prominence = ui::ButtonStyle::Prominence::Prominent, .size = ui::ControlSize::Small});
     look().apply(button, [button](const ui::Palette& palette) { button->setColors(palette); });
     connect(button, &ui::BorderedButton::clicked, this, [this] {
         if (const auto address = m_services.trust.settingsAddress()) {

@@ -7,7 +7,7 @@
 
 namespace zamber::settings {
 
-/// When the program starts, how it looks and sounds, how old it is, and whether it may paste.
+/// The page about the program as a whole: start at login, look and sound, updates, and the permission to paste.
 class GeneralSettingsView final : public SettingsPage {
     Q_OBJECT
 

@@ -19,11 +19,11 @@ namespace zamber::settings {} // namespace zamber::settings
 
 namespace zamber::settings {
 
-/// Shows what the preference of that name asks for now and after each of its changes, for as long as the context lives.
+/// Calls `show` now and after each change of the preference of that name, for as long as the context lives.
 void follow(QObject& context, UserDefaults& defaults, QLatin1StringView key, std::function<void()> show);
 
-// Keep a control and a preference alike for as long as the control lives: what the user chooses is written at once,
-// and what anybody else writes is shown at once. Binding writes nothing.
+// Bind a control to a preference for as long as the control lives: the user's choice is written at once, and every
+// other change of the preference is shown at once. Binding itself writes nothing.
 void bind(ui::Switch& control, UserDefaults& defaults, const preferences::PreferenceKey<bool>& key);
 void bind(ui::SegmentedPicker& control, UserDefaults& defaults, const preferences::PreferenceKey<QStringView>& key);
 /// The choices' values are decimal numbers. A number that is none of them shows no segment and is left alone.

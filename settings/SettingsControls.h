@@ -23,7 +23,7 @@ class SettingsLook;
 /// A switch in the colours of the window.
 ui::Switch* settingsSwitch(const SettingsLook& look, const QString& label);
 
-/// A row with a switch for the preference, and an explanation under it unless that is empty.
+/// A row with a switch for the preference, and the explanation under it unless the text is empty.
 QWidget* settingsSwitchRow(const SettingsLook& look, UserDefaults& defaults,
                            const preferences::PreferenceKey<bool>& key, const QString& label,
                            const QString& caption = {});

@@ -12,7 +12,7 @@ namespace zamber::settings {
 
 namespace {
 constexpr int PADDING = 20;
-constexpr int FOCUS_MARGIN = 24; // so that a row is seen whole, not its control alone
+constexpr int FOCUS_MARGIN = 24; // scrolls the whole row into view, not its control alone
 } // namespace
 
 SettingsPage::SettingsPage(const SettingsLook& look)

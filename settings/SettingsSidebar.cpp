@@ -159,7 +159,7 @@ void SettingsSidebar::mousePressEvent(QMouseEvent* event) {
 }
 
 void SettingsSidebar::mouseMoveEvent(QMouseEvent* event) {
-    // A pressed button that is drawn along would select every page on its way.
+    // Moving the pointer with its button down would select every page on the way.
     if (event->buttons() == Qt::NoButton) {
         QListWidget::mouseMoveEvent(event);
     }

@@ -14,11 +14,11 @@ namespace zamber::settings {
 /// The pages of the settings window.
 enum class SettingsTab { General, Clipboard, Shortcuts, About };
 
-/// In the order of the sidebar.
+/// All pages in the order of the sidebar.
 inline constexpr std::array ALL_SETTINGS_TABS{SettingsTab::General, SettingsTab::Clipboard, SettingsTab::Shortcuts,
                                               SettingsTab::About};
 
-/// What the sidebar calls the page.
+/// The page's name in the sidebar.
 QString rawValue(SettingsTab tab);
 
 /// The page of exactly that name, if there is one.

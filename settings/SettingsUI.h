@@ -26,7 +26,7 @@ class SettingsLook;
 /// Adds the content of a card or a row to its layout.
 using SettingsContent = std::function<void(QBoxLayout&)>;
 
-/// What every page is built from, so that all pages look alike. Measures are points.
+/// The building blocks of every page, so that all pages look alike. Measures are points.
 struct SettingsUI {
     /// A page's title beside its symbol.
     static QWidget* header(const SettingsLook& look, const QString& title, const QString& icon);
@@ -34,7 +34,7 @@ struct SettingsUI {
     /// A titled card; without a title the card starts at the top.
     static QWidget* section(const SettingsLook& look, const QString& title, const SettingsContent& content);
 
-    /// One line of a card. What the content adds stands side by side.
+    /// One line of a card, in which the widgets that the content adds stand side by side.
     static QWidget* row(const SettingsContent& content);
 
     /// A key of the keyboard; wide texts make it wider.

@@ -50,7 +50,7 @@ void SettingsWindow::show() {
 
 bool SettingsWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Close) {
-        m_view.release()->deleteLater(); // its events are still under way
+        m_view.release()->deleteLater(); // this may be called by one of its events
     } else if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Close)) {
         m_view->close();
         return true;

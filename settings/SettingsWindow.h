@@ -14,15 +14,15 @@ namespace zamber::settings {
 
 class SettingsView;
 
-/// The one settings window of the program, in the middle of the screen. What is in it lasts until it is closed.
+/// The one settings window of the program, in the middle of the screen. Its widgets are made anew at each opening.
 class SettingsWindow final : public QObject {
     Q_OBJECT
 
 public:
-    /// Brings a window to the front and to the desktop that the user is on, which showing one may not.
+    /// Brings a window to the front and to the desktop that the user is on: showing it may do neither.
     using BringToFront = std::function<void(WId)>;
 
-    /// All of them outlive the window.
+    /// All arguments outlive the window.
     SettingsWindow(const Symbols& symbols, Appearance& appearance, const SettingsServices& services,
                    BringToFront bringToFront);
     ~SettingsWindow() override;
@@ -34,7 +34,7 @@ public:
     SettingsView* view() const { return m_view.get(); }
 
 signals:
-    /// The window has come to the front, opened or not before.
+    /// The window has come to the front, just opened or not.
     void cameToFront();
 
 protected:

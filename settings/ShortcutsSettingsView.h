@@ -15,7 +15,7 @@ class UserDefaults;
 
 namespace zamber::settings {
 
-/// Which keys do what, and whether the two for quick paste do anything.
+/// The page that lists the keys, with the switch for the two of quick paste.
 class ShortcutsSettingsView final : public SettingsPage {
     Q_OBJECT
 

@@ -28,7 +28,7 @@ UpdateStatus::UpdateStatus(const SettingsLook& look, update::UpdateManager& upda
     , m_progress(new ui::ProgressIndicator(u"Checking for updates"_s, this))
     , m_text(new ui::TextLabel({}, ui::textFont(TEXT_POINTS), this))
     , m_download(new ui::BorderedButton(
-          u"Download"_s, {.prominence = ui::ButtonLook::Prominence::Prominent, .size = ui::ControlSize::Small}, this))
+          u"Download"_s, {.prominence = ui::ButtonStyle::Prominence::Prominent, .size = ui::ControlSize::Small}, this))
     , m_check(new ui::BorderedButton(u"Check"_s, {.size = ui::ControlSize::Small}, this)) {
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
@@ -37,7 +37,7 @@ UpdateStatus::UpdateStatus(const SettingsLook& look, update::UpdateManager& upda
     line->addWidget(m_text);
     line->addWidget(m_download);
     line->addWidget(m_check);
-    // Whatever it shows, the row around it keeps its height.
+    // The row around it keeps its height in every state.
     setFixedHeight(std::max({m_check->sizeHint().height(), m_download->sizeHint().height(),
                              m_progress->sizeHint().height(), m_text->sizeHint().height()}));
     connect(m_download, &ui::BorderedButton::clicked, this, [&updates] { updates.downloadUpdate(); });

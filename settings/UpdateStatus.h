@@ -26,8 +26,8 @@ namespace zamber::settings {
 
 class SettingsLook;
 
-/// What there is to say about updates, and the one thing to do about it: nothing but that a check is under way; else
-/// the version that there is; else that there is none.
+/// The state of updates and the one button for it: a check that is under way; else the newer version; else that there
+/// is none.
 class UpdateStatus final : public QWidget {
     Q_OBJECT
 

@@ -11,7 +11,7 @@
 
 namespace zamber::text {
 
-/// So many bytes at a time, with no way out in between: the compiler makes a few vector instructions of it.
+/// A loop over so many bytes that does not end early is made into a few vector instructions by the compiler.
 inline constexpr std::size_t BYTE_BLOCK = 32;
 
 /// Is there a byte in the block that the predicate (of an `unsigned char`, free of branches) holds for?

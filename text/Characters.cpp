@@ -19,7 +19,7 @@ namespace {
 /// ICU addresses a text with 32 bits.
 constexpr std::size_t MAX_WALKED_BYTES = std::size_t{1} << 30;
 
-/// What stands around a place decides whether it is a boundary; no character that anybody typed is longer.
+/// How much text around a place is looked at to decide whether it is a boundary: more than any written character has.
 constexpr std::size_t BOUNDARY_CONTEXT_BYTES = 1024;
 
 /// ICU's rules, walking over a UTF-8 text in place.
@@ -101,7 +101,7 @@ CharacterRun plainStart(std::string_view text, std::size_t limit) {
             after = end;
             next = after < text.size() ? nextCodePoint(text, end) : 0;
         } else if (!isPlain(next)) {
-            break; // it may belong to this one
+            break; // the next character may be a mark that belongs to this one
         }
         ++run.count;
         run.bytes = after;
@@ -111,8 +111,8 @@ CharacterRun plainStart(std::string_view text, std::size_t limit) {
     return run;
 }
 
-/// The ASCII characters at the start, a block at a time, as long as there are more than so many bytes and ASCII
-/// comes behind.
+/// The ASCII characters at the start, counted a block at a time. The last block is left out, and so is one that other
+/// characters follow, which may be marks on its last letter.
 CharacterRun asciiStart(std::string_view text, std::size_t limit) {
     CharacterRun run;
     while (run.bytes + BYTE_BLOCK < text.size() && limit - run.count >= BYTE_BLOCK) {
@@ -123,14 +123,14 @@ CharacterRun asciiStart(std::string_view text, std::size_t limit) {
             seen |= bytes[i];
             pairs = static_cast<unsigned char>(pairs + ((bytes[i] == '\r') & (bytes[i + 1] == '\n')));
         }
-        // A pair that crosses the end is counted with its line feed, in the next block.
+        // A CR LF that crosses the block's end is one character, counted with its line feed in the next block.
         if (((seen | bytes[BYTE_BLOCK]) & 0x80U) != 0) {
             break;
         }
         run.bytes += BYTE_BLOCK;
         run.count += BYTE_BLOCK - pairs;
     }
-    // Not between the two of a pair.
+    // The run must not end between CR and LF.
     if (run.bytes > 0 && text[run.bytes - 1] == '\r' && text[run.bytes] == '\n') {
         --run.bytes;
     }
@@ -212,7 +212,7 @@ std::string_view trimmed(std::string_view text) {
 }
 
 std::size_t countLines(std::string_view text) {
-    // The bytes that a newline starts with, or something else.
+    // Every newline starts with one of these bytes; other characters may, too.
     const auto mayBeNewline = [](unsigned char byte) {
         return static_cast<unsigned char>(((byte >= '\n') & (byte <= '\r')) | (byte == 0xC2) | (byte == 0xE2));
     };

@@ -24,7 +24,7 @@ constexpr std::size_t SHORTEST_ASCII_PIECE = 64;
 constexpr std::size_t COMPARED_AT_ONCE_BYTES = 1024;
 /// A piece of more is cut in the middle of its marks, since ICU counts with 32 bits.
 constexpr std::size_t LONGEST_PIECE = std::size_t{1} << 28;
-/// ICU sorts a run of combining marks in the square of its length, which nobody notices up to here.
+/// ICU sorts a run of combining marks in the square of its length, which takes no noticeable time up to here.
 constexpr int MOST_UNITS_FOR_ICU = 8192;
 constexpr std::size_t LONGEST_ASCII_PIECE = std::size_t{1} << 12;
 
@@ -174,7 +174,7 @@ bool canonicallyEqual(std::string_view left, std::string_view right) {
     if (same == left.size() && same == right.size()) {
         return true;
     }
-    // Equal starts cancel out, combining marks and all; only a code point must not be cut.
+    // Equal beginnings need no decomposition, even where a mark follows them. Only a code point must not be cut.
     same = same > 0 ? previousCodePoint(left, same) : 0;
 
     DecomposedPieces leftPieces(left.substr(same));

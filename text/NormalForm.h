@@ -26,7 +26,7 @@ public:
     /// The next piece, at least one code point, or an empty one at the end. ASCII at the start is given out as long
     /// as it goes, up to its last character, which a combining mark may follow.
     std::string_view next();
-    /// The pieces of ASCII alone need nothing done.
+    /// Whether the piece is of ASCII alone, and so its own decomposition.
     static bool isAscii(std::string_view piece);
 
 private:

@@ -4,8 +4,8 @@
 
 namespace zamber::ui {
 
-/// Tells assistive technology what the controls of this folder are that Qt takes for empty boxes. May be called any
-/// number of times.
+/// Gives controls of this folder their roles for assistive technology, where Qt takes them for empty boxes. May be
+/// called any number of times.
 void installAccessibleRoles();
 
 } // namespace zamber::ui

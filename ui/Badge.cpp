@@ -20,7 +20,7 @@ Badge::Badge(const QFont& font, QSize padding, Corners corners, double radius, Q
     , m_padding(padding)
     , m_corners(corners)
     , m_radius(radius) {
-    installAccessibleRoles(); // before the name is set, which has the role asked for
+    installAccessibleRoles(); // before the name is set: Qt asks for the role then
     setFont(font);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

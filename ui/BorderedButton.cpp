@@ -36,20 +36,20 @@ Measures measures(ControlSize size) {
     return {10, 16, 7, 4};
 }
 
-QFont fontFor(const ButtonLook& look) {
-    const bool isStrong = look.prominence == ButtonLook::Prominence::Prominent || look.size == ControlSize::Large;
-    return textFont(measures(look.size).fontSize, isStrong ? QFont::DemiBold : QFont::Medium);
+QFont fontFor(const ButtonStyle& style) {
+    const bool isStrong = style.prominence == ButtonStyle::Prominence::Prominent || style.size == ControlSize::Large;
+    return textFont(measures(style.size).fontSize, isStrong ? QFont::DemiBold : QFont::Medium);
 }
 
 } // namespace
 
-BorderedButton::BorderedButton(const QString& text, ButtonLook look, QWidget* parent)
+BorderedButton::BorderedButton(const QString& text, ButtonStyle style, QWidget* parent)
     : QAbstractButton(parent)
-    , m_look(look)
+    , m_style(style)
     , m_palette(Palette::light(Qt::blue)) {
     setText(text);
     setAccessibleName(text);
-    setFont(fontFor(look));
+    setFont(fontFor(style));
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
@@ -61,31 +61,31 @@ void BorderedButton::setColors(const Palette& palette) {
 }
 
 QSize BorderedButton::sizeHint() const {
-    const Measures measured = measures(m_look.size);
+    const Measures measured = measures(m_style.size);
     return {QFontMetrics(font()).horizontalAdvance(text()) + 2 * measured.paddingHorizontal, measured.height};
 }
 
 QColor BorderedButton::groundColor() const {
     const double strength = isDown() ? 1.9 : underMouse() ? 1.45 : 1.0;
-    switch (m_look.prominence) {
-    case ButtonLook::Prominence::Prominent:
+    switch (m_style.prominence) {
+    case ButtonStyle::Prominence::Prominent:
         return isDown() ? composed(faded(Qt::black, 0.18), m_palette.accentFill)
                         : composed(faded(Qt::white, underMouse() ? 0.06 : 0), m_palette.accentFill);
-    case ButtonLook::Prominence::Destructive:
+    case ButtonStyle::Prominence::Destructive:
         return faded(m_palette.red, 0.13 * strength);
-    case ButtonLook::Prominence::Bordered:
+    case ButtonStyle::Prominence::Bordered:
         break;
     }
     return faded(m_palette.primary, 0.09 * strength);
 }
 
 QColor BorderedButton::textColor() const {
-    switch (m_look.prominence) {
-    case ButtonLook::Prominence::Prominent:
+    switch (m_style.prominence) {
+    case ButtonStyle::Prominence::Prominent:
         return m_palette.onAccent;
-    case ButtonLook::Prominence::Destructive:
+    case ButtonStyle::Prominence::Destructive:
         return m_palette.red;
-    case ButtonLook::Prominence::Bordered:
+    case ButtonStyle::Prominence::Bordered:
         break;
     }
     return m_palette.primary;
@@ -97,9 +97,9 @@ void BorderedButton::paintEvent(QPaintEvent*) {
     if (!isEnabled()) {
         painter.setOpacity(0.45);
     }
-    const double radius = m_look.shape == ButtonLook::Shape::Capsule
+    const double radius = m_style.shape == ButtonStyle::Shape::Capsule
                               ? height() / 2.0
-                              : std::min(measures(m_look.size).radius, height() / 2.0);
+                              : std::min(measures(m_style.size).radius, height() / 2.0);
     painter.setPen(Qt::NoPen);
     painter.setBrush(groundColor());
     painter.drawRoundedRect(rect(), radius, radius);

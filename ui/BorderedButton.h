@@ -8,15 +8,15 @@
 
 namespace zamber::ui {
 
-/// How large a control is, and its text with it.
+/// The size of a control and its text.
 enum class ControlSize { Large, Regular, Small, Mini };
 
-/// How a button with a ground of its own looks.
-struct ButtonLook {
+/// The style of a button with a ground of its own.
+struct ButtonStyle {
     enum class Prominence {
         Bordered,   ///< a quiet ground
         Prominent,  ///< filled with the accent: the one button that is meant to be pressed
-        Destructive ///< says in red that something will be gone
+        Destructive ///< in red, for an action that deletes something
     };
     enum class Shape { Rounded, Capsule };
 
@@ -31,11 +31,11 @@ class BorderedButton final : public QAbstractButton {
     Q_OBJECT
 
 public:
-    explicit BorderedButton(const QString& text, ButtonLook look = {}, QWidget* parent = nullptr);
+    explicit BorderedButton(const QString& text, ButtonStyle style = {}, QWidget* parent = nullptr);
 
     void setColors(const Palette& palette);
 
-    const ButtonLook& look() const { return m_look; }
+    const ButtonStyle& buttonStyle() const { return m_style; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -47,7 +47,7 @@ private:
     QColor groundColor() const;
     QColor textColor() const;
 
-    ButtonLook m_look;
+    ButtonStyle m_style;
     Palette m_palette;
 };
 

@@ -40,7 +40,7 @@ ConfirmationSheet::ConfirmationSheet(const Confirmation& confirmation, QWidget* 
     , m_title(centredLabel(confirmation.title, textFont(13, QFont::Bold), m_card))
     , m_message(centredLabel(confirmation.message, textFont(11), m_card))
     , m_confirm(new BorderedButton(confirmation.destructiveButton,
-                                   {.prominence = ButtonLook::Prominence::Destructive, .size = ControlSize::Large},
+                                   {.prominence = ButtonStyle::Prominence::Destructive, .size = ControlSize::Large},
                                    m_card))
     , m_cancel(new BorderedButton(u"Cancel"_s, {.size = ControlSize::Large}, m_card)) {
     installAccessibleRoles();
@@ -104,13 +104,13 @@ void ConfirmationSheet::showEvent(QShowEvent* event) {
 }
 
 bool ConfirmationSheet::focusNextPrevChild(bool) {
-    // Only the two buttons are to be reached: what lies under the sheet is not.
+    // The focus moves between the two buttons and not to the view under the sheet.
     (m_cancel->hasFocus() ? m_confirm : m_cancel)->setFocus(Qt::TabFocusReason);
     return true;
 }
 
 void ConfirmationSheet::mousePressEvent(QMouseEvent* event) {
-    event->accept(); // what lies under the sheet is out of reach
+    event->accept(); // a press must not reach the view under the sheet
 }
 
 bool ConfirmationSheet::eventFilter(QObject* watched, QEvent* event) {

@@ -11,7 +11,7 @@ namespace zamber::ui {
 class BorderedButton;
 class TextLabel;
 
-/// What a confirmation asks, and what its destructive button is called.
+/// The texts of a confirmation: the question, and the title of its destructive button.
 struct Confirmation {
     QString title;
     QString message;

@@ -123,7 +123,7 @@ void OverlayScrollBar::paintEvent(QPaintEvent*) {
 void OverlayScrollBar::mousePressEvent(QMouseEvent* event) {
     const QRectF place = thumb();
     const double y = event->position().y();
-    // Beside the thumb, it comes to the pointer.
+    // A press beside the thumb brings its middle to the pointer.
     m_grabbedAt = y >= place.top() && y <= place.bottom() ? y - place.top() : place.height() / 2;
     m_isDragging = true;
     mouseMoveEvent(event);

@@ -30,7 +30,7 @@ QColor white(double opacity) {
 QColor legibleAccent(QColor accent, const QColor& ground, bool isDark) {
     constexpr int mostSteps = 24;
     for (int step = 0; step < mostSteps && contrastRatio(accent, ground) < MINIMUM_ACCENT_CONTRAST; ++step) {
-        // Black has no lightness to multiply, so each step also mixes in a little of the far end.
+        // Black has no lightness to multiply, so each step also mixes in a little white or black.
         accent =
             isDark ? composed(white(0.06), accent.lighter(ACCENT_STEP_PERCENT)) : accent.darker(ACCENT_STEP_PERCENT);
     }

@@ -15,7 +15,7 @@ namespace zamber::ui {
 /// Every colour that the program draws with, by its level in the hierarchy. One value is a whole look: nothing is
 /// ever mixed with the desktop's own colours, so that no theme can make a text unreadable.
 struct Palette {
-    QColor primary;    ///< what is read first
+    QColor primary;    ///< the main texts
     QColor secondary;  ///< supporting texts and symbols
     QColor tertiary;   ///< headings, hints, quiet controls
     QColor quaternary; ///< the quietest text that must still be readable
@@ -24,7 +24,7 @@ struct Palette {
     QColor quinaryFill;  ///< behind a text field
 
     QColor accent;     ///< symbols and rings in the user's colour
-    QColor accentFill; ///< the ground of the button that is meant to be pressed
+    QColor accentFill; ///< the ground of the default button
     QColor onAccent;   ///< texts on that ground
     QColor separator;
     QColor windowBorder;
@@ -41,16 +41,16 @@ struct Palette {
 
     bool isDark = false;
 
-    /// With the accent that the user has chosen; it is made lighter or darker where it would drown.
+    /// With the user's accent, made lighter or darker where it would not stand out from the ground.
     static Palette light(const QColor& userAccent);
     static Palette dark(const QColor& userAccent);
     /// Light or dark and the accent as the desktop has them at this moment.
     static Palette of(const Appearance& desktop);
 
-    /// The primary colour's hue at an opacity of its own: what levels' colours have is not multiplied in.
+    /// The primary colour's hue at just this opacity: the primary colour's own is not multiplied in.
     QColor primaryAt(double opacity) const;
 
-    /// The same look for what Qt draws itself: menus, tool tips, the text field's selection.
+    /// The same look for the things that Qt draws: menus, tool tips, the text field's selection.
     QPalette forWidgets() const;
 };
 

@@ -16,10 +16,10 @@ namespace zamber::ui {}
 
 namespace zamber::ui {
 
-/// What the pointer becomes over a button.
+/// The pointer's shape over a button.
 enum class HoverPointer { Arrow, PointingHand };
 
-/// What a plain button shows: a symbol, a text, or both beside each other.
+/// The label of a plain button: a symbol, a text, or both beside each other.
 struct PlainButtonLabel {
     QString symbol;
     double symbolPoints = 12;

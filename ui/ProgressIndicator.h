@@ -9,7 +9,7 @@
 
 namespace zamber::ui {
 
-/// Says that something is under way and not for how long: small, and turning while it is shown.
+/// A small wheel that turns while it is shown: work is under way, of unknown length.
 class ProgressIndicator final : public QWidget {
     Q_OBJECT
 

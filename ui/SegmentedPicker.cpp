@@ -26,7 +26,7 @@ constexpr std::chrono::milliseconds SLIDING{150};
 
 } // namespace
 
-/// One title; what stands out under it is the picker's.
+/// One title; the picker draws the highlight under it.
 class SegmentedPicker::Segment final : public QRadioButton {
 public:
     Segment(const QString& title, QWidget* parent)
@@ -111,7 +111,7 @@ std::optional<QString> SegmentedPicker::value() const {
 void SegmentedPicker::setValue(const QString& value) {
     const QSignalBlocker silence(this);
     for (qsizetype i = 0; i < m_segments.size(); ++i) {
-        // Radio buttons that exclude each other let go of the last one only for another.
+        // Radio buttons that exclude each other cannot all be off.
         m_segments[i]->setAutoExclusive(false);
         m_segments[i]->setChecked(m_choices[i].value == value);
     }

@@ -28,7 +28,7 @@ public:
     /// The name is for assistive technology: the label beside the picker says it to everybody else.
     SegmentedPicker(const QString& name, const QList<Choice>& choices, QWidget* parent = nullptr);
 
-    /// The value among the choices, or nothing where it was set to another: then no segment stands out.
+    /// The value, or nothing where it was set to one that is not among the choices: then no segment stands out.
     std::optional<QString> value() const;
     /// Emits nothing.
     void setValue(const QString& value);
@@ -59,7 +59,7 @@ private:
     Palette m_palette;
     Motion m_motion = Motion::Full;
     QVariantAnimation* m_sliding;
-    double m_position = 0; ///< of what stands out, in segments from the left
+    double m_position = 0; ///< of the highlight under the titles, in segments from the left
 };
 
 } // namespace zamber::ui

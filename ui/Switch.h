@@ -12,8 +12,8 @@ namespace zamber::ui {
 
 enum class Motion { Full, Reduced };
 
-/// A label, and at the far end of the row a switch that slides. To the keyboard and to assistive technology it is the
-/// check box that it is by its behaviour.
+/// A label, and at the far end of the row a switch that slides. To the keyboard and to assistive technology it is a
+/// check box.
 class Switch final : public QCheckBox {
     Q_OBJECT
 

@@ -10,8 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The first of the families that is installed, else the one the desktop has chosen. A missing family is not simply
-/// asked for: the substitute would come with another's metrics.
+/// The first of the families that is installed, else the desktop's own. A missing family is never asked for: Qt would
+/// take a substitute with other metrics.
 QString installedFamily(std::initializer_list<QString> wanted, QFontDatabase::SystemFont otherwise) {
     for (const QString& family : wanted) {
         if (QFontDatabase::hasFamily(family)) {

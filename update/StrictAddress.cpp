@@ -7,7 +7,7 @@
 namespace zamber::update {
 
 std::optional<QUrl> strictAddress(const QString& text) {
-    // Brackets are the host's alone, if it is a number; where they stand the parser looks after itself.
+    // Brackets belong around a numeric host alone; that they stand nowhere else, the parser checks.
     static const QRegularExpression allowed(
         QRegularExpression::anchoredPattern(uR"((?:[A-Za-z0-9\-._~:/?#\[\]@!$&'()*+,;=]|%[0-9A-Fa-f]{2})*)"));
     if (!allowed.match(text).hasMatch()) {

@@ -127,7 +127,7 @@ void UpdateManager::checkForUpdates() {
     if (isChecking()) {
         return;
     }
-    // The version goes into the address as it is; if that makes it none, there is nothing to ask.
+    // The version goes into the address unencoded. Where the result is no valid address, there is no request.
     const std::optional<QUrl> address = strictAddress(m_apiBase + u"/update/check?version="_s + currentVersion() +
                                                       u"&build="_s + QString::number(currentBuild()));
     if (!address) {
@@ -150,7 +150,7 @@ void UpdateManager::checkForUpdates() {
 }
 
 void UpdateManager::finishCheck() {
-    // It is calling us.
+    // This is called by the request, which must not be destroyed in its own call.
     m_request.release()->deleteLater();
     m_lastChecked = m_scheduler.now();
 }
@@ -167,7 +167,7 @@ void UpdateManager::handleBody(const QByteArray& body) {
                 std::to_string(error.offset));
         return;
     }
-    const QJsonObject reply = document.object(); // empty when it is none
+    const QJsonObject reply = document.object(); // empty where the document is not an object
     m_updateAvailable = reply["updateAvailable"_L1].toBool(false);
     if (m_updateAvailable) {
         m_latestVersion = reply["latestVersion"_L1].toString();

@@ -35,7 +35,7 @@ class UpdateManager final : public QObject, public std::enable_shared_from_this<
     Q_OBJECT
 
 public:
-    /// Makes what requests go out by, at the first check. The manager gives it a cache of its own.
+    /// Makes the network access that requests go out by, at the first check.
     using AccessFactory = std::function<std::unique_ptr<QNetworkAccessManager>()>;
 
     /// The ports must outlive the manager. The base address is the build's unless a test has a service of its own.
@@ -44,7 +44,7 @@ public:
                                                  QString apiBase = defaultApiBase());
     ~UpdateManager() override;
 
-    /// The one of the process. Set once by whoever starts the program, or by a test.
+    /// The manager of the process. The entry point sets it, or a test.
     static UpdateManager& shared();
     static void setShared(std::shared_ptr<UpdateManager> manager);
 
@@ -63,11 +63,11 @@ public:
     /// When the last answer or failure came, in seconds since 1970-01-01 00:00:00 UTC.
     std::optional<double> lastChecked() const { return m_lastChecked; }
 
-    /// "1.0.0" when the bundle does not say it; 1 when the bundle does not say it as a whole decimal number.
+    /// The bundle's; "1.0.0" where it has no version, and 1 where it has no build that is a whole decimal number.
     QString currentVersion() const;
     qint64 currentBuild() const;
 
-    /// True also while nothing was ever skipped and no version was ever heard of: the texts are compared, no more.
+    /// Whether the latest version is the skipped one. True also while there is neither: both texts are empty then.
     bool isVersionSkipped() const;
 
     /// Meant to be called once: a second call adds a second timer.

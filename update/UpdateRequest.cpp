@@ -24,7 +24,7 @@ constexpr int MOST_REDIRECTIONS = 16;
 const QString TIMED_OUT = u"The request timed out."_s;
 
 constexpr int FIRST_ERROR_STATUS = 400;
-/// Above are those that stand for a status.
+/// Qt's errors above this one stand for HTTP statuses.
 constexpr int LAST_TRANSPORT_ERROR = 99;
 
 QNetworkRequest requestFor(const QUrl& address) {
@@ -34,8 +34,8 @@ QNetworkRequest requestFor(const QUrl& address) {
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
     request.setRawHeader("Accept-Language", "*");
-    // Qt takes a redirection that names no place to go to for a failure and throws its body away, but a body counts
-    // whatever its status is. So redirections are followed here.
+    // Redirections are followed here: Qt takes one without a target for a failure and throws its body away, but a body
+    // counts whatever its status is.
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setTransferTimeout(static_cast<int>(std::chrono::milliseconds(LONGEST_SILENCE).count()));
     return request;
@@ -78,7 +78,7 @@ UpdateRequest::~UpdateRequest() {
 }
 
 void UpdateRequest::takeData() {
-    // A byte more than fits tells that there is more; what is beyond is never unpacked.
+    // At most one byte more than fits is read, which tells that the body is too large; the rest is never unpacked.
     QByteArray chunk;
     do {
         chunk = m_reply->read(LARGEST_BODY_BYTES + 1 - m_body.size());
@@ -92,7 +92,7 @@ void UpdateRequest::takeData() {
 void UpdateRequest::giveUp(const QString& reason) {
     if (!m_failure) {
         m_failure = reason;
-        m_reply->abort(); // finishes it
+        m_reply->abort(); // emits finished()
     }
 }
 
@@ -127,7 +127,7 @@ void UpdateRequest::finish() {
     Answer answer = std::move(m_body);
     if (m_failure) {
         answer = std::unexpected(*m_failure);
-    } else if (m_reply->error() == QNetworkReply::OperationCanceledError) { // by the transfer timeout: nobody else does
+    } else if (m_reply->error() == QNetworkReply::OperationCanceledError) { // only the transfer timeout cancels
         answer = std::unexpected(TIMED_OUT);
     } else if (!hasBody(*m_reply)) {
         answer = std::unexpected(m_reply->errorString());

@@ -8,7 +8,7 @@ configure_file("${CPACK_ZAMBER_CHANGELOG}" "${share}/doc/zamber/changelog.Debian
 configure_file("${CPACK_ZAMBER_OVERRIDES}" "${share}/lintian/overrides/zamber" COPYONLY)
 execute_process(COMMAND gzip -9n "${share}/doc/zamber/changelog.Debian" "${share}/man/man1/zamber.1"
                         COMMAND_ERROR_IS_FATAL ANY)
-# Whatever the umask of who packs.
+# Whatever the umask of the packer.
 set(for_everybody OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 set(executable ${for_everybody} OWNER_EXECUTE GROUP_EXECUTE WORLD_EXECUTE)
 file(

@@ -6,8 +6,8 @@
 
 namespace zamber::freedesktop {
 
-/// There are no bundles here: the program is its executable file, and version and build are those it was built with.
-/// To be asked after the application object was made.
+/// Where there are no bundles, the program is its executable file, and version and build are those it was built with.
+/// Usable once there is the application object.
 class BuiltAppBundle final : public AppBundle {
 public:
     QString path() const override;

@@ -79,7 +79,7 @@ public:
     void play(const QString& name) {
         const QByteArray file = sampleFile(name);
         if (!file.isEmpty() && !playFile(name.toUtf8(), file)) {
-            // A sound server that was restarted wants to be called again.
+            // After a sound server was restarted, only a new context reaches it.
             m_context.reset();
             playFile(name.toUtf8(), file);
         }
@@ -109,7 +109,7 @@ private:
     }
 
     std::atomic<bool> m_isBusy = false;
-    // Below: touched by whoever has claimed the player.
+    // The members below belong to the thread that has claimed the player.
     Context m_context;
     QString m_sampleName;
     std::unique_ptr<MemoryFile> m_sample;

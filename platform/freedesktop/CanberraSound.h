@@ -9,7 +9,7 @@
 namespace zamber::freedesktop {
 
 /// Sounds by libcanberra, from samples of our own that are in the binary. A sound server that hangs keeps a thread
-/// waiting, never the program; what would be played meanwhile is not.
+/// waiting, never the program; sounds that are asked for meanwhile are not played.
 class CanberraSound final : public SystemSound {
 public:
     CanberraSound();

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 int QtAlert::run(const AlertContent& content) {
     QMessageBox box;
     box.setWindowTitle(u"Zamber"_s);
-    box.setWindowFlag(Qt::WindowStaysOnTopHint); // there is no window of ours that it could be in front of
+    box.setWindowFlag(Qt::WindowStaysOnTopHint); // the program may have no window for it to be in front of
     box.setIcon(content.style == AlertStyle::Warning ? QMessageBox::Warning : QMessageBox::Information);
     box.setTextFormat(Qt::PlainText);
     box.setText(content.message);
@@ -20,7 +20,7 @@ int QtAlert::run(const AlertContent& content) {
     QList<QAbstractButton*> buttons;
     const QStringList titles = content.buttons.isEmpty() ? QStringList{u"OK"_s} : content.buttons;
     for (const QString& title : titles) {
-        // An ampersand is one, and no mnemonic; all in one role stay in their order.
+        // An ampersand is shown, not taken for a mnemonic's. Buttons of one role stay in their order.
         QString label = title;
         label.replace(u'&', u"&&"_s);
         buttons.append(box.addButton(label, QMessageBox::ActionRole));

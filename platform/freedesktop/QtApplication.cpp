@@ -22,7 +22,7 @@ QWidget* frontWindow() {
     for (QWidget* const window : QApplication::topLevelWidgets()) {
         const bool isOrdinary = window->windowType() == Qt::Window || window->windowType() == Qt::Dialog ||
                                 window->windowType() == Qt::Tool;
-        const bool isManaged = !window->windowFlags().testFlag(Qt::BypassWindowManagerHint); // a tray icon's is not
+        const bool isManaged = !window->windowFlags().testFlag(Qt::BypassWindowManagerHint); // a tray icon is not
         if (window->isVisible() && isOrdinary && isManaged && (front == nullptr || window->windowType() == Qt::Tool)) {
             front = window;
         }
@@ -41,7 +41,7 @@ QtApplication::QtApplication(std::function<void(WId)> activateWindow)
 }
 
 void QtApplication::setAccessoryPolicy() {
-    // The windows themselves keep out of the taskbar; what is left is not to end with the last of them.
+    // The windows keep out of the taskbar themselves; beyond that, the program must not end with the last of them.
     QGuiApplication::setQuitOnLastWindowClosed(false);
 }
 

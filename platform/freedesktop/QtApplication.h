@@ -17,7 +17,7 @@ public:
     /// `activateWindow` asks the window manager to bring one of our windows to the front.
     explicit QtApplication(std::function<void(WId)> activateWindow);
 
-    /// Another start asks for the program.
+    /// Called when the program was started another time: the show-requested handler runs.
     void requestShow() const;
 
     /// Has the responder answer to the action of that name from now on; the newest one of a name counts.

@@ -42,7 +42,7 @@ void QtKeyMonitor::removeHandler(Token token) {
 }
 
 bool QtKeyMonitor::eventFilter(QObject* watched, QEvent* event) {
-    // A press comes to a window first and is then handed down to its widgets: the window is where it is new.
+    // A press comes to a window first and is then handed down to its widgets. Only the first of these events counts.
     const bool isPress = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
     if (!isPress || !watched->isWindowType()) {
         return false;
@@ -52,8 +52,8 @@ bool QtKeyMonitor::eventFilter(QObject* watched, QEvent* event) {
     }
     const HardwareKey key = hardwareKey(static_cast<const QKeyEvent*>(event)->nativeScanCode());
     if (event->type() == QEvent::ShortcutOverride) {
-        // Only a question whether the press is to be kept from the shortcuts. It may come before earlier presses are
-        // through, so nothing may be done yet; the press itself follows and is asked about.
+        // Qt asks whether to keep the press from the shortcuts, perhaps before earlier presses have been delivered. So
+        // no handler may act yet; the press itself follows.
         if (key == HardwareKey::Other || m_handlers.empty()) {
             return false;
         }

@@ -19,7 +19,7 @@ class QtKeyMonitor final : public QObject, public KeyMonitor {
     Q_OBJECT
 
 public:
-    /// Comes after the application object, and goes before it.
+    /// The application object exists before this one, and outlives it.
     QtKeyMonitor();
 
     Token addHandler(Handler handler) override;

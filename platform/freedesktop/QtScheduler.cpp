@@ -17,7 +17,7 @@ QtScheduler::~QtScheduler() {
 }
 
 void QtScheduler::stop() {
-    // An action that goes may hold the last of something whose end starts or stops a timer here.
+    // An action may own an object whose destructor starts or stops a timer here.
     std::unique_ptr<QObject> context;
     {
         const std::scoped_lock lock(m_contextMutex);

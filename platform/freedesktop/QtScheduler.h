@@ -26,8 +26,8 @@ public:
     void soon(Action action) override;
     double now() const override;
 
-    /// Drops all that is still to be run, and what it holds, and runs nothing any more. Called once the main loop has
-    /// ended, as long as everything that the actions may hold or use is there.
+    /// Destroys all actions that have not run yet, and runs none any more. To be called when the main loop has ended,
+    /// while everything that the actions hold or use still exists.
     void stop();
 
 private:

@@ -14,7 +14,7 @@ namespace zamber::freedesktop {
 
 namespace {
 
-/// What the getters convert from: a truth value or a text, numbers being texts in the file.
+/// A value of the file, before a getter converts it: a truth value or a text; numbers are texts in the file.
 struct Stored {
     enum class Kind { Absent, Truth, Text };
 
@@ -98,7 +98,7 @@ SettingsUserDefaults::SettingsUserDefaults(const QString& path, std::chrono::mil
 
 QString SettingsUserDefaults::defaultPath() {
     auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    if (QDir::isRelativePath(folder)) { // from a variable that is to be ignored then
+    if (QDir::isRelativePath(folder)) { // the standard has a relative path in the variable ignored
         folder = QDir::homePath() + QStringLiteral("/.config");
     }
     return folder + QStringLiteral("/Zamber/Zamber.conf");

@@ -20,8 +20,8 @@ namespace zamber::freedesktop {
 /// The file does not tell a number from a text, which the getters do not mind, nor true from "true": a text of that
 /// kind is stored as QSettings stores bytes. A list (a comma in a text written by hand) counts as absent.
 ///
-/// Who edits the file in place empties it first, who replaces it may take it away first: a file that is found so is
-/// waited for, the rewriting time long, before its keys count as absent.
+/// A program that edits the file in place empties it first, and one that replaces it may remove it first. A file that
+/// is found empty or missing is given the rewriting time before its keys count as absent.
 class SettingsUserDefaults final : public UserDefaults {
 public:
     /// Makes the file's folder where it is missing; the file itself appears with the first setting.

@@ -52,7 +52,7 @@ bool TextFieldPaste::eventFilter(QObject* watched, QEvent* event) {
 
 void TextFieldPaste::pasteInto(QLineEdit& field) const {
     if (const std::optional<QByteArray> text = m_pasteboard.string()) {
-        // No more than the field can hold: what was copied may be a whole book.
+        // No more is converted than the field can hold: the copied text may be a whole book.
         const qsizetype bytes = std::min(text->size(), MOST_BYTES_A_CHARACTER * field.maxLength());
         field.insert(QString::fromUtf8(QByteArrayView(*text).first(bytes)));
     }

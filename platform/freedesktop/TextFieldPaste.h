@@ -19,13 +19,13 @@ namespace zamber::freedesktop {
 
 /// Pastes into the program's own text fields from what the pasteboard already holds.
 ///
-/// Qt's fields ask the clipboard's owner and wait in place for the answer. When the owner is this program, nobody would
-/// be there to answer; and another owner may hang.
+/// Qt's fields ask the clipboard's owner and wait in place for the answer. This program cannot answer while it waits,
+/// and another owner may hang.
 class TextFieldPaste final : public QObject {
     Q_OBJECT
 
 public:
-    /// Comes after the application object, and goes before it.
+    /// The application object exists before this one, and outlives it.
     explicit TextFieldPaste(const Pasteboard& pasteboard);
 
 protected:

@@ -18,7 +18,7 @@ namespace {
 
 constexpr qsizetype LONGEST_LABEL = 63;
 
-/// Of letters, digits and hyphens, the latter inside only (RFC 1123; the letters of RFC 5890).
+/// A label has letters, digits and hyphens, the latter inside only (RFC 1123; the letters of RFC 5890).
 bool isLabel(QStringView label) {
     if (label.isEmpty() || label.size() > LONGEST_LABEL || label.front() == u'-' || label.back() == u'-') {
         return false;
@@ -35,7 +35,7 @@ bool isNumber(QStringView label) {
     return std::ranges::all_of(label, [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
-/// Of letters alone, two at least, or an international name as the name servers have it.
+/// A top-level domain has letters alone, two at least, or is an international name as the name servers have it.
 bool mayBeTopLevel(QStringView label) {
     const QList<uint> characters = label.toUcs4();
     return label.startsWith(u"xn--", Qt::CaseInsensitive) ||

@@ -11,8 +11,8 @@ bool isNameCharacter(char32_t character);
 /// Korean (its particles), Thai, Lao, Khmer and Burmese.
 bool isOfUnspacedScript(char32_t character);
 
-/// No address goes on beyond it: blanks, controls, quotation marks, brackets other than (), [] and {}, and the
-/// punctuation of other scripts. RFC 3987 would let the latter in, but nobody who writes it means it.
+/// Whether an address ends before the character: a blank, a control, a quotation mark, a bracket other than (), [] and
+/// {}, or the punctuation of another script. RFC 3987 allows the latter, but in a text it belongs to the sentence.
 bool endsAddress(char32_t character);
 
 /// May stand in the local part of a mail address, between the name characters.

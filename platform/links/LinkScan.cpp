@@ -39,12 +39,12 @@ bool isOneOf(QStringView name, std::initializer_list<QStringView> names) {
     return std::ranges::any_of(names, [&](QStringView other) { return name.compare(other, Qt::CaseInsensitive) == 0; });
 }
 
-/// Those whose address is nothing without a host.
+/// The schemes whose addresses must have a host.
 bool isWebScheme(QStringView scheme) {
     return isOneOf(scheme, {u"http", u"https", u"ftp", u"ws", u"wss"});
 }
 
-/// Those whose address is a program, which nobody should start by a click.
+/// The schemes whose addresses are programs, which nobody should start by a click.
 bool isScriptScheme(QStringView scheme) {
     return isOneOf(scheme, {u"javascript", u"vbscript", u"data"});
 }
@@ -100,7 +100,7 @@ std::optional<DetectedLink> LinkScan::linkWithScheme(qsizetype colon) {
     return link({start, end}, QUrl(text({start, end}).toString()));
 }
 
-/// What stands before the colon of a scheme's "://" without a blank is not always part of the scheme.
+/// A scheme begins later than at the blank before its "://" where a sentence or source code runs into it.
 qsizetype LinkScan::startOfScheme(qsizetype colon) {
     qsizetype start = colon;
     while (isSchemeUnit(unit(start - 1))) {

@@ -10,9 +10,9 @@
 
 namespace zamber::links {
 
-/// One pass over a text for its first link. Three things can make one: "://", an "@", and a name with dots; each is
-/// looked at where it stands, and what was looked at for nothing is not read again, so that the time grows with the
-/// length of the text and no faster.
+/// One pass over a text for its first link. Three marks can make one: "://", an "@", and a name with dots. Each is
+/// looked at where it stands, and text that turned out to be no link is not read again, so that the time grows with
+/// the length of the text and no faster.
 class LinkScan {
 public:
     explicit LinkScan(QStringView text)
@@ -53,7 +53,7 @@ private:
     QStringView m_text;
     /// Where the scan goes on when an address was read to its end and was no link after all.
     qsizetype m_scannedTo = 0;
-    /// The @ that the last look ahead has met.
+    /// Where the last look ahead has met an @.
     qsizetype m_nextMailSign = -1;
 };
 

@@ -66,8 +66,8 @@ qsizetype LinkScan::endOfHostRun(qsizetype from) {
     return end;
 }
 
-/// "请访问example.com": a name that begins in an unspaced script and goes on in another begins where that ends. One
-/// that is of it altogether is taken for a name.
+/// "请访问example.com": a run that begins in an unspaced script and goes on in another has its name in the latter. A
+/// run that is in an unspaced script altogether is a name.
 qsizetype LinkScan::startAfterUnspacedText(Range run) {
     qsizetype at = run.start;
     qsizetype start = run.start;
@@ -104,7 +104,7 @@ qsizetype LinkScan::endBeforeUnspacedText(Range run) {
     return run.end;
 }
 
-/// Those of an emphasis: _example.com_
+/// The underscores of an emphasis are no part of the name: _example.com_
 LinkScan::Range LinkScan::withoutUnderscores(Range run) {
     while (run.end - run.start > 2 && unit(run.start) == u'_' && unit(run.end - 1) == u'_') {
         ++run.start;
@@ -141,7 +141,7 @@ qsizetype LinkScan::endOfPath(qsizetype start, qsizetype from) {
     return withoutTrailingPunctuation(start, from, end);
 }
 
-/// Cuts what belongs to the sentence around the link, but nothing before `least`.
+/// Cuts off the punctuation of the sentence around the link, but nothing before `least`.
 qsizetype LinkScan::withoutTrailingPunctuation(qsizetype start, qsizetype least, qsizetype end) {
     const char16_t before = unit(start - 1);
     const bool isEmphasized = before == u'_' || before == u'~';

@@ -9,7 +9,7 @@
 
 namespace zamber::links {
 
-// What stands around a name with dots tells whether it is a link, or a member, a path or half a mail address.
+// A name with dots is a link, or a member, a path or half a mail address: the text around it tells which.
 
 namespace {
 
@@ -19,7 +19,7 @@ qsizetype widthOf(char32_t character) {
 
 } // namespace
 
-/// Not in the middle of something else: a path, a mail address, a variable, an argument.
+/// A domain does not begin in the middle of a path, a mail address, a variable or an argument.
 bool LinkScan::mayBeginDomain(qsizetype start) {
     const char32_t before = characterBefore(start);
     const char32_t beforeThat = characterBefore(start - widthOf(before));

@@ -12,8 +12,8 @@
 
 namespace zamber::x11 {
 
-/// What the types of selections are called, which is what they are chosen by. Names that have been asked for once are
-/// known; the others cost one round trip to the server, however many they are.
+/// The names of the types of selections, by which they are chosen. Names are remembered; those that are not known yet
+/// cost one round trip to the server, however many they are.
 class AtomNames final {
 public:
     explicit AtomNames(Connection& connection);
@@ -26,7 +26,7 @@ public:
     xcb_atom_t atomOf(const QByteArray& name);
 
 private:
-    /// Programs make names up for each copy, so that the known ones are forgotten when they become more than this.
+    /// Some programs make names up for each copy, so all names are forgotten when they become more than this.
     static constexpr std::size_t MOST_KNOWN = 4096;
 
     void note(xcb_atom_t atom, const QByteArray& name);

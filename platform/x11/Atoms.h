@@ -9,7 +9,7 @@ namespace zamber::x11 {
 
 /// The atoms that the adapters use, interned together when a connection opens.
 enum class Atom : std::size_t {
-    // Selections and how they are spoken about (ICCCM, section 2)
+    // Selections and their protocol (ICCCM, section 2)
     Clipboard,
     ClipboardManager,
     Targets,
@@ -29,7 +29,7 @@ enum class Atom : std::size_t {
     NetWmState,
     NetWmStateSkipPager,
     NetWmStateSkipTaskbar,
-    // The property of ours that a request's answer arrives in
+    // The property of our windows that answers arrive in
     ZamberAnswer,
 };
 

@@ -14,8 +14,8 @@ class Clients final {
 public:
     explicit Clients(Connection& connection);
 
-    /// The process that a window, or what is left of it, belongs to: by the server's own knowledge, for programs on its
-    /// machine. Nothing when that program is connected no longer, or from elsewhere, or when the server does not tell.
+    /// The process that a window belongs to, or belonged to before it was destroyed, as the server knows it. Nothing
+    /// when that program is no longer connected, runs on another machine, or when the server does not tell.
     std::optional<std::uint32_t> processOf(xcb_window_t window) const;
 
 private:

@@ -13,7 +13,7 @@ namespace zamber::x11 {
 /// manager protocol, the side of the owner).
 class ClipboardHandOver final {
 public:
-    /// The user has asked for the end, and is not kept waiting for it longer than this.
+    /// The user, who has quit the program, is not kept waiting longer than this.
     static constexpr std::chrono::seconds LONGEST{3};
 
     ClipboardHandOver(Connection& connection, AtomNames& names);
@@ -21,8 +21,8 @@ public:
     ClipboardHandOver(const ClipboardHandOver&) = delete;
     ClipboardHandOver& operator=(const ClipboardHandOver&) = delete;
 
-    /// Asks the manager, the window's owner, to save these types of the clipboard, and serves it in place, nothing else
-    /// of the program being served, until it says that it is done, refuses, or has gone, or the time is over.
+    /// Asks the manager, which owns the window, to save these types of the clipboard. Waits in place, answering the
+    /// requests for the clipboard and nothing else, until the manager is done, refuses, or has gone, or time is up.
     void run(xcb_window_t manager, const std::vector<QByteArray>& types);
 
 private:

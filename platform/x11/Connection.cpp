@@ -16,14 +16,14 @@ namespace zamber::x11 {
 
 namespace {
 
-/// Errors of requests about windows of other programs, which may vanish at any moment, are part of life here: the
-/// requests whose outcome matters are checked where they are made.
+/// Errors are passed over: windows of other programs may vanish at any moment. The requests whose outcome matters are
+/// checked where they are made.
 constexpr std::uint8_t ERROR_CODE = 0;
 
-/// Partners can keep us busy for as long as they like; the user is served in between.
+/// Other programs may send events without a pause; the user's input is handled after this time at the latest.
 constexpr std::chrono::milliseconds LONGEST_TURN{5};
 
-/// Programs send each other answers and messages; that they send what only the server can know is a lie.
+/// Programs may send each other answers and messages. Any other event that a program has sent is forged.
 bool isForged(const xcb_generic_event_t& event) {
     constexpr std::uint8_t SENT = 0x80;
     const std::uint8_t code = codeOf(event);
@@ -56,8 +56,8 @@ Connection::Connection(xcb_connection_t* connection, int screenNumber)
 
     m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &Connection::dispatchEvents);
-    // Whoever waits for a reply may pull events off the socket into xcb's queue, where the notifier does not see
-    // them; and requests of this turn have to leave before the loop sleeps.
+    // Waiting for a reply may pull events off the socket into xcb's queue, where the notifier does not see them. And
+    // the requests of this turn have to leave before the loop sleeps.
     const auto* const loop = QAbstractEventDispatcher::instance();
     connect(loop, &QAbstractEventDispatcher::aboutToBlock, this, &Connection::dispatchQueuedEvents);
     connect(loop, &QAbstractEventDispatcher::awake, this, &Connection::dispatchQueuedEvents);
@@ -211,7 +211,7 @@ void Connection::dispatchUntilEmpty(xcb_generic_event_t* (*poll)(xcb_connection_
     while (const Owned<xcb_generic_event_t> event{poll(m_connection)}) {
         dispatch(*event);
         if (turn.hasExpired(LONGEST_TURN.count())) {
-            QAbstractEventDispatcher::instance()->wakeUp(); // the rest after what others have to do
+            QAbstractEventDispatcher::instance()->wakeUp(); // the rest comes after the other work of the loop
             return;
         }
     }
@@ -227,7 +227,7 @@ void Connection::dispatch(const xcb_generic_event_t& event) {
         m_lastTimestamp = notify.time;
         if (notify.window == m_clockWindow) {
             if (m_timestampHandlers.empty()) {
-                return; // somebody else has written there
+                return; // another program has written to the property
             }
             const TimestampHandler handler = std::move(m_timestampHandlers.front());
             m_timestampHandlers.pop_front();

@@ -27,7 +27,7 @@ struct Free {
     void operator()(void* memory) const { std::free(memory); }
 };
 
-/// What xcb hands out with malloc: replies, events, errors.
+/// Memory that xcb has allocated with malloc: a reply, an event, an error.
 template <class T>
 using Owned = std::unique_ptr<T, Free>;
 
@@ -40,8 +40,8 @@ struct Property {
 
 /// A connection to the X server of our own, served by Qt's event loop and idle when nothing happens.
 ///
-/// Being apart from Qt's connection, it sees its events whatever Qt does with its own: an open menu's grab, a modal
-/// dialog, a busy paint. Waiting for a reply here is waiting for the X server alone, never for another program.
+/// Its events arrive whatever Qt does with a connection of its own: an open menu's grab, a modal dialog, a busy paint.
+/// Waiting for a reply here is waiting for the X server alone, never for another program.
 class Connection final : public QObject {
     Q_OBJECT
 
@@ -62,7 +62,7 @@ public:
     /// Interns a name at once, by a round trip to the server.
     xcb_atom_t intern(std::string_view name) const;
 
-    /// Every event goes to every handler, in the order of their adding; they live as long as the connection.
+    /// Every event goes to every handler, in the order in which they were added; they live as long as the connection.
     void addEventHandler(EventHandler handler);
 
     /// An invisible window of ours that can hold properties. The caller destroys it.
@@ -75,7 +75,7 @@ public:
     enum class Afterwards { Keep, Delete };
     Property readProperty(xcb_window_t window, xcb_atom_t property, Afterwards afterwards) const;
 
-    /// The window that owns a selection, by one round trip; none when nobody does.
+    /// The window that owns a selection, by one round trip; none when no window does.
     xcb_window_t selectionOwner(xcb_atom_t selection) const;
 
     /// Asks for events of a window of another program: structure or property changes. Each call is undone by one
@@ -90,7 +90,7 @@ public:
     xcb_timestamp_t lastTimestamp() const { return m_lastTimestamp; }
     void noteTimestamp(xcb_timestamp_t time) { m_lastTimestamp = time; }
 
-    /// Sends a client message about the window to the root window, for those who have selected one of these events.
+    /// Sends a client message about the window to the root window, for the programs that have selected these events.
     void tellRoot(xcb_window_t window, xcb_atom_t type, const std::array<std::uint32_t, 5>& data,
                   std::uint32_t eventMask) const;
 
@@ -130,7 +130,7 @@ const T& as(const xcb_generic_event_t& event) {
     return reinterpret_cast<const T&>(event);
 }
 
-/// The code of an event, without the bit that tells who sent it.
+/// The code of an event, without the bit that is set when a program has sent it.
 inline std::uint8_t codeOf(const xcb_generic_event_t& event) {
     return event.response_type & 0x7f;
 }

@@ -61,15 +61,15 @@ void IncomingTransfer::handleAnswer(const xcb_selection_notify_event_t& notify) 
         finish(TransferEnd::Refused);
         return;
     }
-    // Deleting the property tells an INCR owner to begin, so it is done also for an answer that is not wanted any
-    // more: an owner that is left waiting serves nobody else meanwhile.
+    // Deleting the property tells an INCR owner to begin. It is deleted for an abandoned answer, too, since an owner
+    // that is left waiting may serve no other program.
     const std::optional<Property> answer = takeProperty(notify.property);
     if (!answer) {
         finish(TransferEnd::BrokenOff);
     } else if (answer->type != m_connection.atom(Atom::Incr)) {
         finish(answer->type == XCB_ATOM_NONE ? TransferEnd::Refused : TransferEnd::Delivered, *answer);
     } else {
-        // The size that it announces is the owner's word, and nothing is reserved on it: growing by steps is as fast.
+        // No memory is reserved for the size that the owner announces, which may be wrong: growing by steps is as fast.
         m_step = Step::Receiving;
         m_sinceUnwanted.start();
         if (m_done) {

@@ -15,11 +15,11 @@
 
 namespace zamber::x11 {
 
-/// What a selection's owner is asked for.
+/// A question to the owner of a selection.
 struct SelectionQuery {
     xcb_atom_t selection = XCB_ATOM_NONE;
     xcb_atom_t target = XCB_ATOM_NONE;
-    xcb_timestamp_t time = XCB_CURRENT_TIME; ///< of the event that made us ask (ICCCM, section 2.4)
+    xcb_timestamp_t time = XCB_CURRENT_TIME; ///< of the event that led to the question (ICCCM, section 2.4)
     xcb_window_t owner = XCB_WINDOW_NONE;
 };
 
@@ -40,7 +40,7 @@ public:
     static constexpr std::chrono::seconds PATIENCE{10};
     static constexpr qint64 LARGEST = qint64{1} << 30; // bytes
 
-    /// So long an answer that is not wanted any more is still taken from its owner, which serves nobody else meanwhile.
+    /// How long an abandoned answer is still taken from its owner, which may serve no other program until it is taken.
     static constexpr std::chrono::seconds DRAINING{10};
 
     /// Told once; with the property as the owner gave it when it was delivered.
@@ -50,7 +50,7 @@ public:
     IncomingTransfer(const IncomingTransfer&) = delete;
     IncomingTransfer& operator=(const IncomingTransfer&) = delete;
 
-    /// The answer is not wanted any more, and `done` will not be called.
+    /// Gives the answer up: `done` will not be called.
     void abandon();
 
     /// The owner is done with the window (or has gone), so that this object may be destroyed.

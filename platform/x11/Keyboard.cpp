@@ -34,7 +34,7 @@ Keyboard::Keyboard(Connection& connection)
     , m_xkbEvent(setUpExtension(connection))
     , m_device(xkb_x11_get_core_keyboard_device_id(connection.raw()))
     , m_context(xkb_context_new(XKB_CONTEXT_NO_FLAGS)) {
-    // A key held down then comes as presses without releases between them, told from one pressed again.
+    // A key that is held then repeats as presses without releases between them, unlike a key that is pressed again.
     xcb_discard_reply(connection.raw(),
                       xcb_xkb_per_client_flags(connection.raw(), static_cast<xcb_xkb_device_spec_t>(m_device),
                                                XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT,
@@ -52,7 +52,7 @@ void Keyboard::selectEvents() {
     xcb_xkb_select_events_details_t details{};
     details.affectNewKeyboard = XCB_XKB_NKN_DETAIL_KEYCODES;
     details.newKeyboardDetails = XCB_XKB_NKN_DETAIL_KEYCODES;
-    // Only changes of what is held: typing and locks need not wake us.
+    // Only changes of the held modifiers: typing and locks need not wake the program.
     details.affectState = XCB_XKB_STATE_PART_MODIFIER_BASE;
     details.stateDetails = XCB_XKB_STATE_PART_MODIFIER_BASE;
     xcb_xkb_select_events_aux(m_connection.raw(), static_cast<xcb_xkb_device_spec_t>(m_device), EVENTS, 0, 0, MAP_PARTS,

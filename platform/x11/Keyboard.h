@@ -13,7 +13,7 @@
 
 namespace zamber::x11 {
 
-/// The core keyboard: which key is which modifier, where a letter lies in the layouts, what the user holds down.
+/// The core keyboard: which key is which modifier, where a letter lies in the layouts, which keys are held down.
 /// Key codes are X's (evdev's plus 8). Protocol: X Keyboard Extension.
 class Keyboard final : public QObject {
     Q_OBJECT

@@ -13,7 +13,7 @@ constexpr auto WATCHED =
 
 constexpr qsizetype REQUEST_HEADER_BYTES = 64;
 
-/// A server with large requests would take 16 MB in one, and be deaf to everybody meanwhile. Smaller pieces than these
+/// A server with large requests takes 16 MB in one, and serves no other program meanwhile. Smaller pieces than these
 /// gain nothing; with pieces of 1 MB the popover already opens seconds late while many programs paste at once.
 constexpr qsizetype LARGEST_INCR_PIECE_BYTES = 1 << 18;
 

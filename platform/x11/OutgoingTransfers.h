@@ -24,13 +24,13 @@ struct Destination {
 /// piece by piece (INCR; ICCCM, section 2.7.2), any number side by side.
 class OutgoingTransfers final {
 public:
-    /// A requestor that has not taken its piece by then is given up.
+    /// A requestor that takes longer for a piece is given up.
     static constexpr std::chrono::seconds PATIENCE{30};
 
     explicit OutgoingTransfers(Connection& connection);
     ~OutgoingTransfers();
 
-    /// Writes the property, format 8. A transfer to the same destination that is under way gives way to the new one.
+    /// Writes the property, format 8. Replaces a transfer to the same destination that is under way.
     void send(const Destination& destination, xcb_atom_t type, const QByteArray& bytes);
 
 private:

@@ -11,8 +11,8 @@
 
 namespace zamber::x11 {
 
-/// A strip along an edge of the desktop that a panel keeps for itself, in pixels: how far it reaches in from the edge,
-/// and from where to where it runs along it (the last one included).
+/// A strip along an edge of the desktop that a panel reserves, in pixels: its depth from the edge, and its first and
+/// last pixel along the edge.
 struct ReservedStrip {
     enum class Edge { Left, Right, Top, Bottom };
     Edge edge = Edge::Top;
@@ -21,8 +21,8 @@ struct ReservedStrip {
     int last = 0;
 };
 
-/// What the strips leave of a monitor. A strip that would leave less than half of it is another monitor's: those are
-/// counted from the edge of the whole desktop, also for panels on an edge between two monitors.
+/// The part of a monitor that the strips leave free. A strip that would leave less than half of the monitor belongs to
+/// another one: depths are counted from the edge of the whole desktop, also for panels between two monitors.
 QRect withoutStrips(const QRect& monitor, QSize desktop, const std::vector<ReservedStrip>& strips);
 
 /// The panels of the desktop (EWMH, `_NET_WM_STRUT_PARTIAL`).
@@ -30,7 +30,7 @@ class Panels final {
 public:
     explicit Panels(const Connection& connection);
 
-    /// What they leave of a monitor, in pixels. Asks the X server twice, however many windows there are.
+    /// The part of a monitor that panels leave free, in pixels. Two round trips, however many windows there are.
     QRect workArea(const QRect& monitor) const;
 
 private:

@@ -10,7 +10,7 @@ namespace zamber::x11 {
 
 namespace {
 
-/// A paste does not wait longer than this for what it puts back afterwards.
+/// A paste does not wait longer than this for the former content, which is offered again afterwards.
 constexpr std::chrono::milliseconds PATIENCE{300};
 
 } // namespace
@@ -31,7 +31,7 @@ void PrimaryLoan::borrow(const SelectionContent& content, std::function<void()> 
     m_lent = content;
     m_done = std::move(done);
     if (m_server.isOwner()) {
-        take(); // what was there before is known from the last time
+        take(); // the former content is known from the last loan
         return;
     }
     m_former = {};
@@ -53,11 +53,11 @@ void PrimaryLoan::borrow(const SelectionContent& content, std::function<void()> 
 
 void PrimaryLoan::keepFormer(const CopyReader::Outcome& outcome) {
     if (!std::exchange(m_isWaitingForFormer, false)) {
-        return; // further forms of the same content, which nobody waits for
+        return; // further forms of the same content, for which no paste waits
     }
     m_patience.stop();
     if (m_reader) {
-        m_reader.release()->deleteLater(); // it may be the one that calls
+        m_reader.release()->deleteLater(); // the reader may be the caller
     }
     if (const auto* arrived = std::get_if<CopyReader::Arrived>(&outcome)) {
         m_former = arrived->content;

@@ -12,8 +12,8 @@
 
 namespace zamber::x11 {
 
-/// Borrows the PRIMARY selection for a paste into a program that pastes nothing else, and gives its former content
-/// back. The program that it was borrowed from shows its text as selected no more; who pastes it gets it from us.
+/// Borrows the PRIMARY selection for a paste into a program that pastes nothing else, and then offers its former
+/// content again. Its former owner no longer shows the text as selected; programs that paste it get it from this one.
 class PrimaryLoan final : public QObject {
     Q_OBJECT
 
@@ -25,11 +25,11 @@ public:
     /// Offers the content as PRIMARY. `done` is called when it is there: soon, whatever the present owner does.
     void borrow(const SelectionContent& content, std::function<void()> done);
 
-    /// Offers again what was there before, unless somebody has selected something meanwhile.
+    /// Offers the former content again, unless the user has selected something meanwhile.
     void giveBack();
 
 Q_SIGNALS:
-    /// The program of that window has asked for the content.
+    /// The program that the window belongs to has asked for the content.
     void served(xcb_window_t requestor);
 
 private:

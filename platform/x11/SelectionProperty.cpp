@@ -12,7 +12,7 @@ std::vector<std::uint32_t> numbersOf(const Property& property) {
         return {};
     }
     std::vector<std::uint32_t> numbers(static_cast<std::size_t>(property.bytes.size()) / sizeof(std::uint32_t));
-    if (!numbers.empty()) { // an empty vector has no place to copy to, not even nothing
+    if (!numbers.empty()) { // memcpy must not be given the null pointer of an empty vector
         std::memcpy(numbers.data(), property.bytes.constData(), numbers.size() * sizeof(std::uint32_t));
     }
     return numbers;

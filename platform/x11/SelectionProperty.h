@@ -10,13 +10,13 @@
 
 namespace zamber::x11 {
 
-/// What stands in the properties that other programs fill for us. Any program may own or ask for a selection, so that
-/// any bytes of any type may come.
+/// The content of properties that other programs have filled. Any program may own or ask for a selection, so the bytes
+/// and their type may be anything.
 
 /// More targets than this are no honest offer; the others are passed over.
 inline constexpr std::size_t MOST_TARGETS = 1024;
 
-/// The elements of 32 bits, none when the property has others. What is left of an incomplete one is passed over.
+/// The elements of 32 bits; none when the property's are of another size. An incomplete one at the end is left out.
 std::vector<std::uint32_t> numbersOf(const Property& property);
 
 /// The answer to TARGETS, whose atom that is: what the owner offers; nothing when it is no list.

@@ -47,7 +47,7 @@ SelectionReader::SelectionReader(Connection& connection, AtomNames& names, Incom
               });
           },
           std::move(tell)) {
-    // Not at once: of the changes that come in one go only the last is worth a request.
+    // In the loop's next turn: of several changes in one turn only the last is worth a request.
     QTimer::singleShot(0, this, [this] {
         ask(m_connection.atom(Atom::Targets),
             [this](TransferEnd end, const Property& answer) { handleTargets(end, answer); });

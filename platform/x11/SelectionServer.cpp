@@ -35,7 +35,7 @@ SelectionServer::~SelectionServer() {
 bool SelectionServer::acquire(const SelectionContent& content, xcb_timestamp_t time) {
     xcb_set_selection_owner(m_connection.raw(), m_window, m_selection, time);
     if (!isOwnerOnServer()) {
-        return false; // somebody has taken it at a later time than ours
+        return false; // another program has taken it at a later time
     }
     m_offer.setContent(content);
     m_acquiredAt = time;
@@ -67,7 +67,7 @@ void SelectionServer::handleEvent(const xcb_generic_event_t& event) {
         }
         break;
     case XCB_SELECTION_CLEAR:
-        // It may have been lost just before we took it again.
+        // A late message: the selection was lost, and has been taken again since.
         if (as<xcb_selection_clear_event_t>(event).owner == m_window && !isOwnerOnServer()) {
             m_acquiredAt.reset();
             m_offer.setContent({});

@@ -14,7 +14,7 @@ namespace zamber::x11 {
 
 class OutgoingTransfers;
 
-/// Owns one selection and answers those who ask for it, each request on its own (ICCCM, section 2.2).
+/// Owns one selection and answers the programs that ask for it, each request on its own (ICCCM, section 2.2).
 class SelectionServer final : public QObject {
     Q_OBJECT
 
@@ -24,26 +24,26 @@ public:
     SelectionServer(Connection& connection, AtomNames& names, OutgoingTransfers& transfers, xcb_atom_t selection);
     ~SelectionServer() override;
 
-    /// Becomes the owner, with the time of the event that made us (or of the server's clock). False when somebody
-    /// else became it later than that.
+    /// Becomes the owner, with the time of the event that led to it (or of the server's clock). False when another
+    /// program became the owner after that time.
     bool acquire(const SelectionContent& content, xcb_timestamp_t time);
 
-    /// Has nobody own the selection, if it is ours.
+    /// Leaves the selection without an owner, if this is the owner.
     void release(xcb_timestamp_t time);
 
     bool isOwner() const { return m_acquiredAt.has_value(); }
     xcb_window_t window() const { return m_window; }
     std::vector<QByteArray> typesToSave() const { return m_offer.typesToSave(); }
 
-    /// A target with a meaning beyond conversion, answered by somebody else: true for done.
+    /// Answers a target that asks for an action instead of the content: calls back with true when it is done.
     using SideEffect = std::function<void(xcb_atom_t target, std::function<void(bool)> done)>;
     void setSideEffect(xcb_atom_t target, SideEffect effect);
 
 Q_SIGNALS:
-    /// Somebody else has become the owner.
+    /// Another program has become the owner.
     void lost();
 
-    /// The program of that window has been sent the content, or its beginning; the rest is sent from a copy.
+    /// The program that the window belongs to has been sent the content, or its beginning; the rest goes from a copy.
     void served(xcb_window_t requestor);
 
 private:

@@ -11,7 +11,7 @@ namespace zamber::x11 {
 
 namespace {
 
-// Who sends a message to the window manager. A pager's is taken as the user's own wish by every one of them.
+// The sender of a message to the window manager. Every window manager takes a pager's for the user's own wish.
 constexpr std::uint32_t SOURCE_APPLICATION = 1;
 constexpr std::uint32_t SOURCE_PAGER = 2;
 
@@ -52,10 +52,10 @@ std::optional<xcb_window_t> Windows::activeWindow() const {
     const Property property = m_connection.readProperty(m_connection.root(), m_connection.atom(Atom::NetActiveWindow),
                                                         Connection::Afterwards::Keep);
     if (const std::optional<std::uint32_t> window = firstNumber(property)) {
-        // Openbox lets the last window's number stand when that window has gone.
+        // Openbox leaves the property as it is when its last window has gone.
         return isMapped(*window) ? window : std::nullopt;
     }
-    // A window manager that tells has nothing to tell yet; the focus is at some window of its own.
+    // A window manager that has named no window yet has the focus at a window of its own.
     return hasWindowManager() ? std::nullopt : focusedTopLevel();
 }
 

@@ -12,8 +12,8 @@
 
 namespace zamber::x11 {
 
-/// The windows of the desktop, asked and told by the window manager's conventions (EWMH), or by the X server alone
-/// where there is no window manager.
+/// The windows of the desktop, by the conventions of window managers (EWMH), or by the X server alone where there is
+/// no window manager.
 class Windows final : public QObject {
     Q_OBJECT
 
@@ -46,7 +46,7 @@ public:
     /// Whether the input focus is at a window of that process, whatever the window manager says (`_NET_WM_PID`).
     bool isFocusOf(std::int64_t processId) const;
 
-    /// Whether the window is there and not hidden.
+    /// Whether the window exists and is not hidden.
     bool isMapped(xcb_window_t window) const;
 
 Q_SIGNALS:

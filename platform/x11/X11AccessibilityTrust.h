@@ -7,7 +7,7 @@
 
 namespace zamber::x11 {
 
-/// Key events can be posted where the X server has XTEST; nobody grants or refuses it.
+/// Key events can be posted where the X server has XTEST; the user can neither grant nor refuse that.
 class X11AccessibilityTrust final : public AccessibilityTrust {
 public:
     explicit X11AccessibilityTrust(Connection& connection)

@@ -16,11 +16,11 @@ namespace zamber::x11 {
 
 namespace {
 
-/// How often and how many times the keyboard is tried for, once an open menu has been told to close.
+/// How often, and how many times, a grab of the keyboard is tried once an open menu has been told to close.
 constexpr std::chrono::milliseconds GRAB_INTERVAL{5};
 constexpr int MOST_GRAB_ATTEMPTS = 20;
 
-/// How often the keyboard is asked while a hot key is held: its release may go elsewhere, with its grab.
+/// How often the keyboard is asked while a hot key is held: without the grab, its release goes to another program.
 constexpr std::chrono::milliseconds LOOK_INTERVAL{50};
 
 xcb_keycode_t keyCodeOf(PhysicalKey key) {
@@ -259,7 +259,7 @@ void X11HotKeyCenter::forgetKey(xcb_keycode_t key, xcb_timestamp_t time) {
         return;
     }
     if (m_hasGrabbedKeyboard) {
-        endGrab(time); // of a key that has been pressed since, the server keeps the grab
+        endGrab(time); // the server keeps the grab of a key that was pressed after that time
     }
     m_lookAtHeldKeys.stop();
     Q_EMIT keysReleased();

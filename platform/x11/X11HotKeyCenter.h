@@ -31,11 +31,11 @@ public:
     std::optional<HotKeyRef> registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) override;
     void setPressedHandler(PressedHandler handler) override;
 
-    /// The keys of hot keys that have been pressed and not let go. As long as there is one, its grab takes every key
-    /// event of the keyboard, those that this program types included.
+    /// The keys of hot keys that are held down. As long as there is one, its grab takes every key event of the
+    /// keyboard, those that this program types included.
     std::vector<xcb_keycode_t> heldKeys() const;
 
-    /// Ends the grabs of the keys that are held; what is typed from here on goes where the focus is.
+    /// Ends the grabs of the keys that are held, so that key events go to the window with the focus again.
     void ungrabKeyboard();
 
 Q_SIGNALS:

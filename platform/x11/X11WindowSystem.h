@@ -10,7 +10,7 @@ namespace zamber::x11 {
 
 class Windows;
 
-/// What the popover and the tray icon ask of an X server and its window manager.
+/// The X server and its window manager, as the popover and the tray icon need them.
 class X11WindowSystem final : public freedesktop::popover::WindowSystem {
 public:
     /// Both outlive this object.

@@ -14,7 +14,7 @@ namespace zamber::x11 {
 /// Applications are the windows that were seen in front. One is forgotten as soon as its window is destroyed.
 class X11Workspace final : public Workspace {
 public:
-    /// Gives the name that people know the program of a window class by, where the desktop has one.
+    /// Gives the name of the program with that window class, for people, where the desktop has one.
     using NameOfClass = std::function<std::optional<QString>(const QString& windowClass)>;
 
     X11Workspace(Connection& connection, Windows& windows, NameOfClass nameOfClass);
@@ -26,7 +26,7 @@ public:
     void activate(const RunningApplication& application) override;
     void open(const QUrl& address) override;
 
-    /// The window of an application that is still there.
+    /// The application's window, if it still exists.
     std::optional<xcb_window_t> windowOf(const RunningApplication& application) const;
 
 private:

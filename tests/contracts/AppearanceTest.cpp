@@ -4,6 +4,7 @@
 #include "tests/contracts/AppearanceContract.h"
 #include "tests/contracts/PortalRig.h"
 #include "tests/fakes/FakeAppearance.h"
+#include "tests/support/Waiting.h"
 
 #include <QApplication>
 #include <QPalette>
@@ -73,7 +74,7 @@ TEST(PortalAppearance, WhatThePortalSaidBeforeWeStartedArrivesAsAChange) {
     int changes = 0;
     appearance.addChangedHandler([&] { ++changes; });
     EXPECT_FALSE(appearance.isDark()) << "nothing waits for the answer";
-    EXPECT_TRUE(PortalRig::waitUntil([&] { return appearance.isDark(); }));
+    EXPECT_TRUE(waitUntil([&] { return appearance.isDark(); }));
     EXPECT_EQ(changes, 1);
 }
 

@@ -42,7 +42,7 @@ struct KeyWindow final : QWindow {
         return QWindow::event(event);
     }
 
-    /// As Qt delivers a press: first the question whether somebody wants it before the shortcuts do, then the press.
+    /// As Qt delivers a press: first the question whether to keep it from the shortcuts, then the press.
     void deliver(quint32 scanCode, int key = Qt::Key_unknown, bool isRepeated = false) {
         ++m_timestamp;
         QKeyEvent question(QEvent::ShortcutOverride, key, {}, scanCode, 0, 0, {}, isRepeated);
@@ -120,7 +120,7 @@ TEST_F(QtKeyMonitorTest, APressIsAskedAboutOnceThoughItComesTwice) {
 }
 
 TEST_F(QtKeyMonitorTest, WhenTwoPressesComeAtOnceEachIsSeenOnceAndInItsTurn) {
-    // Who types fast, or on a busy machine: Qt asks about both before it delivers the first.
+    // At fast typing, or on a busy machine, Qt asks about both before it delivers the first.
     for (const QEvent::Type type : {QEvent::ShortcutOverride, QEvent::KeyPress}) {
         for (const auto& [scanCode, timestamp] : {std::pair(LETTER_V, quint64(1)), {RETURN, 2}, {DOWN, 3}}) {
             QKeyEvent one(type, Qt::Key_unknown, {}, scanCode, 0, 0);

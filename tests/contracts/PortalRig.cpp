@@ -4,7 +4,6 @@
 
 #include <QCoreApplication>
 #include <QDBusMessage>
-#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QProcessEnvironment>
@@ -68,15 +67,6 @@ void PortalRig::change(const QString& group, const QString& key, const QString& 
 void PortalRig::emitSignal(const QString& signature, const QString& arguments) {
     command({u"emit"_s, signature, arguments});
     deliverSignals();
-}
-
-bool PortalRig::waitUntil(const std::function<bool()>& condition) {
-    QElapsedTimer time;
-    time.start();
-    while (!condition() && time.elapsed() < PATIENCE_MS) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-    }
-    return condition();
 }
 
 void PortalRig::command(const QStringList& words) {

@@ -24,7 +24,7 @@ public:
     /// The connection of the program that asks.
     QDBusConnection client() const { return *m_client; }
 
-    /// The portal has the value from now on, without a word to anybody. Values are written as GVariant's text form:
+    /// The portal has the value from now on, without sending a signal. Values are written as GVariant's text form:
     /// "uint32 1", "(0.5, 0.25, 0.0)".
     void set(const QString& group, const QString& key, const QString& value);
 
@@ -33,9 +33,6 @@ public:
 
     /// The portal sends its signal with arguments of another kind.
     void emitSignal(const QString& signature, const QString& arguments);
-
-    /// Lets the event loop run until the condition holds; false after ten seconds in vain.
-    static bool waitUntil(const std::function<bool()>& condition);
 
 private:
     void command(const QStringList& words);

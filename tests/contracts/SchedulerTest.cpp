@@ -3,9 +3,9 @@
 #include "platform/freedesktop/QtScheduler.h"
 #include "tests/contracts/SchedulerContract.h"
 #include "tests/fakes/FakeScheduler.h"
+#include "tests/support/Waiting.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 
 #include <array>
 #include <memory>
@@ -39,28 +39,14 @@ struct QtSchedulerRig {
 
     Scheduler& scheduler() { return real; }
     auto elapsed() { return std::chrono::steady_clock::now().time_since_epoch(); }
-    void letPass(std::chrono::milliseconds time) {
-        const auto end = elapsed() + time;
-        runUntil([&] { return elapsed() >= end; });
-    }
-    bool waitUntil(const std::function<bool()>& condition) { return runUntil(condition); }
+    void letPass(std::chrono::milliseconds time) { zamber::letPass(time); }
+    bool waitUntil(const std::function<bool()>& condition) { return zamber::waitUntil(condition); }
     double wallClock() {
         return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
     }
-
-private:
-    bool runUntil(const std::function<bool()>& condition) {
-        const auto end = elapsed() + PATIENCE;
-        while (!condition() && elapsed() < end) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents);
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            std::this_thread::sleep_for(1ms);
-        }
-        return condition();
-    }
 };
 
-/// Does at its end what the last owner of a timer may do.
+/// Its destructor stops a timer and starts others, as one of an object may that an action has owned.
 struct StopsTimersAtItsEnd {
     freedesktop::QtScheduler& scheduler;
     Scheduler::Token token;

@@ -4,7 +4,16 @@
 #include "tests/contracts/SystemSoundContract.h"
 #include "tests/fakes/FakeSystemSound.h"
 
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstring>
+#include <future>
 
 namespace zamber {
 
@@ -22,6 +31,39 @@ struct CanberraSoundRig {
 
     SystemSound& sounds() { return adapter; }
 };
+
+/// A sound server that lets programs connect and answers none of them.
+class SilentServer final {
+public:
+    SilentServer()
+        : m_socket(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        const QByteArray path = QFile::encodeName(m_folder.filePath(QStringLiteral("pulse")));
+        sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+        std::strncpy(address.sun_path, path.constData(), sizeof address.sun_path - 1);
+        EXPECT_EQ(bind(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(listen(m_socket, 8), 0);
+        qputenv("PULSE_SERVER", "unix:" + path);
+    }
+    /// Ends every connection, and with it the wait for an answer.
+    ~SilentServer() {
+        close(m_socket);
+        qunsetenv("PULSE_SERVER");
+    }
+    SilentServer(const SilentServer&) = delete;
+    SilentServer& operator=(const SilentServer&) = delete;
+
+private:
+    QTemporaryDir m_folder;
+    int m_socket;
+};
+
+TEST(CanberraSound, AServerThatNeverAnswersKeepsNobodyWaiting) {
+    const SilentServer server;
+    freedesktop::CanberraSound adapter;
+    const auto played = std::async(std::launch::async, [&adapter] { adapter.play(QStringLiteral("Tink")); });
+    // A call that waits for the server waits for ever; the bound only turns that into a failure.
+    EXPECT_EQ(played.wait_for(std::chrono::seconds(20)), std::future_status::ready);
+}
 
 } // namespace
 

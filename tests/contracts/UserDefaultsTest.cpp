@@ -3,15 +3,13 @@
 #include "platform/freedesktop/SettingsUserDefaults.h"
 #include "tests/contracts/UserDefaultsContract.h"
 #include "tests/fakes/FakeUserDefaults.h"
+#include "tests/support/Waiting.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QSaveFile>
 #include <QTemporaryDir>
 
 #include <chrono>
-#include <thread>
 
 namespace zamber {
 
@@ -59,19 +57,8 @@ struct SettingsRig {
         }
     }
 
-    bool waitUntil(const std::function<bool()>& condition) {
-        const QDeadlineTimer deadline(10s);
-        while (!condition() && !deadline.hasExpired()) {
-            QCoreApplication::processEvents();
-            std::this_thread::sleep_for(1ms);
-        }
-        return condition();
-    }
-
-    void settle() {
-        const QDeadlineTimer deadline(50ms);
-        waitUntil([&] { return deadline.hasExpired(); });
-    }
+    bool waitUntil(const std::function<bool()>& condition) { return zamber::waitUntil(condition); }
+    void settle() { letPass(50ms); }
 };
 
 } // namespace

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""What every desktop test stands on: a desktop of its own with two windows in it, and the questions asked after each."""
+"""The base of every desktop test: a desktop of its own with two windows in it, and the checks after each case."""
 
 import re
 import sys
@@ -77,7 +77,7 @@ class DesktopTestCase(LogAssertions, unittest.TestCase):
         self.start_zamber()
 
     def prepare(self):
-        """What a case needs to have happened before the program starts."""
+        """A case's own preparations, before the program starts."""
 
     def start_zamber(self):
         if self.zamber.history_path.exists():
@@ -85,7 +85,7 @@ class DesktopTestCase(LogAssertions, unittest.TestCase):
         self.expected_lines.append(self.ready_line)
         self.zamber.start()
 
-    # What users do
+    # The user's acts
 
     def choose(self, position=0):
         """Takes the entry at that place of the open popover."""
@@ -101,12 +101,12 @@ class DesktopTestCase(LogAssertions, unittest.TestCase):
         self.expected_lines += [PASTING_LINE, PASTED_LINE]
 
     def copy_and_wait(self, text, expected):
-        """Another program copies a text; waits for the history file to hold what is expected then."""
+        """Another program copies a text; waits until the history file has the expected entries."""
         self.clipboard.copy_text(text)
         self.zamber.wait_for_history(expected)
 
     def let_a_poll_pass(self):
-        """For what must not be captured: long enough for the program to have looked at the clipboard."""
+        """Copies something that must not be captured, and waits long enough for the program to look at the clipboard."""
         holds_for(self.zamber.is_running, CAPTURE_SECONDS, "the program runs")
 
     def wait_for_tray_icon(self):
@@ -124,7 +124,7 @@ class DesktopTestCase(LogAssertions, unittest.TestCase):
         self.desktop.mouse.click(icon.x + icon.width // 2, icon.y + icon.height // 2, button)
         return icon
 
-    # What is asked after every case
+    # The checks after every case
 
     def tearDown(self):
         self.wait_for_expected_lines()

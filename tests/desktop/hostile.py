@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""Partners that misbehave, and what the user must not notice of it."""
+"""Partners that misbehave, and checks that the user does not notice."""
 
 import hashlib
 import itertools
@@ -14,7 +14,7 @@ from case import DesktopTestCase
 from harness import PARTNERS, wait_until
 from harness.windows import focused_window
 
-# Both far above what it takes, so that a busy machine does not fail the test, and far below any time-out of a transfer.
+# Both far above the usual time, so that a busy machine fails no test, and far below any time-out of a transfer.
 LONGEST_OPENING_SECONDS = 1.0
 SLOWER_THAN_UNDISTURBED = 4
 # A busy machine may stall for so long once, but not twice in a row.
@@ -52,7 +52,7 @@ class HostilePartner:
 
 
 class HostileOwner(HostilePartner):
-    """See partners/hostile_owner.py for what an answer may be."""
+    """The form of an answer is described in partners/hostile_owner.py."""
 
     script = "hostile_owner"
 
@@ -81,7 +81,7 @@ class HostileOwner(HostilePartner):
         self._tell({"hand_over": True})
 
     def notes(self, key):
-        """What it has noted under that name, oldest first."""
+        """The partner's notes of that name, oldest first."""
         lines = self._log.read_text().splitlines() if self._log.exists() else []
         return [note[key] for note in map(json.loads, lines) if key in note]
 
@@ -130,7 +130,7 @@ class HostileTestCase(DesktopTestCase):
         self.partners.append(HostileRequestor(self.desktop))
         return self.partners[-1]
 
-    # What the user must not notice
+    # Checks that the user notices nothing
 
     def opening_seconds(self):
         """From the hot key to the focused popover; closes it again."""
@@ -188,12 +188,12 @@ class HostileTestCase(DesktopTestCase):
     # Memory
 
     def memory_bytes(self):
-        """What the program has for itself alone."""
+        """The program's private memory."""
         with open(f"/proc/{self.zamber.pid}/smaps_rollup", encoding="ascii") as rollup:
             return 1024 * sum(int(line.split()[1]) for line in rollup if line.startswith("Private_"))
 
     def address_space_bytes(self):
-        """What it has reserved, whether used or not."""
+        """The program's address space, used or not."""
         with open(f"/proc/{self.zamber.pid}/statm", encoding="ascii") as statm:
             return int(statm.read().split()[0]) * os.sysconf("SC_PAGE_SIZE")
 

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""The popover for those who do not see it: driven by nothing but the accessibility tree, and by what it tells."""
+"""The popover for users who cannot see it: driven by the accessibility tree and its events alone."""
 
 import json
 import pathlib
@@ -20,7 +20,7 @@ class AccessibilityTestCase(DesktopTestCase):
 
     def setUp(self):
         super().setUp()
-        # Who asks about a row that has just gone gets no answer, and Qt says so; that is no fault.
+        # A question about a row that has just gone gets no answer, and Qt writes a line about it; that is no fault.
         all_lines = self.zamber.stderr_lines
         self.zamber.stderr_lines = lambda: [line for line in all_lines() if "Accessible invalid" not in line]
         self.zamber.open_popover()

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""Light and dark, accent and motion: what desktops say at the start and while the program runs."""
+"""Light and dark, accent and motion, as desktops report them at the start and while the program runs."""
 
 import itertools
 
@@ -129,7 +129,7 @@ class GtkThemeTest(AppearanceTestCase):
 
     def prepare(self):
         self.settings = XSettings(self.desktop, "Adwaita")
-        # As the name of the desktop decides, whatever else Qt finds installed.
+        # By the name of the desktop, also when Qt finds others installed.
         self.zamber.environment = dict(self.zamber.environment, XDG_CURRENT_DESKTOP="XFCE", QT_QPA_PLATFORMTHEME="gtk3")
 
     def test_other_themes_are_survived(self):

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""Texts that other programs copy: what becomes an entry, and that it comes back as it was."""
+"""Texts that other programs copy: which of them become entries, and that they are pasted unchanged."""
 
 import time
 

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""Where the desktop has a clipboard manager, what was pasted last outlives the program."""
+"""Where the desktop has a clipboard manager, the last paste outlives the program."""
 
 import json
 import signal
@@ -11,7 +11,7 @@ from harness import SessionManager, png_bytes, wait_until
 from harness.clipboard import PARTNERS
 from hostile import sha256
 
-# How long the end may take at most: what a manager that hangs is waited for, and as much again for a busy machine.
+# How long quitting may take: the wait for a manager that hangs, and as much again for a busy machine.
 LONGEST_END_SECONDS = 6.0
 
 

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""Copies that come in several forms: which of them becomes the entry, and what is served on when the program has gone."""
+"""Copies in several forms: which one becomes the entry, and which are served when their program has gone."""
 
 from harness import holds_for, png_bytes, wait_until
 from hostile import HINT, HostileTestCase, text
@@ -43,7 +43,7 @@ class FormsTestCase(HostileTestCase):
 
 class TextOrPictureTest(FormsTestCase):
     def test_copied_cells_and_words_are_a_text_and_their_picture_is_not_asked_for(self):
-        # What the programs of Debian 12 offer, besides names that say nothing.
+        # The types that the programs of Debian 12 offer; names without a meaning are left out.
         programs = {
             "Calc": ("application/x-openoffice-embed-source-xml;windows_formatname=\"Star Embed Source (XML)\"",
                      "application/x-openoffice-sylk;windows_formatname=\"Sylk\"", "text/html", "text/rtf",

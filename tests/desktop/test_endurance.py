@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""What must not grow."""
+"""Memory, threads and files that must not grow."""
 
 from Xlib.ext import res
 

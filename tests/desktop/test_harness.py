@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""The harness against its partners, without the program: what the other tests take for granted."""
+"""The harness against its partners, without the program: the other tests rely on this."""
 
 import pathlib
 import subprocess

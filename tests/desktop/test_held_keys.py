@@ -17,7 +17,7 @@ def entry_of(digit):
 
 
 class HeldDigitTest(DesktopTestCase):
-    """The hot key's own key is down longer than its modifiers: its grab takes whatever is typed."""
+    """The hot key's own key is down longer than its modifiers: its grab takes all keys that are typed."""
 
     history = HISTORY
     preferences = {"quickPasteEnabled": True}
@@ -85,7 +85,7 @@ class HeldDigitTest(DesktopTestCase):
 
 
 class OneAfterTheOtherTest(DesktopTestCase):
-    """Each paste inserts what was chosen with it, whatever is chosen before its turn comes."""
+    """Each paste inserts the entry that was chosen for it, though others are chosen before its turn comes."""
 
     history = HISTORY
     preferences = {"quickPasteEnabled": True}

@@ -24,7 +24,7 @@ IN_NONBLOCK = os.O_NONBLOCK
 
 
 class FileWatch:
-    """What the kernel tells of the writing of a file, seen from outside."""
+    """The writing of a file as the kernel reports it."""
 
     EVENT = struct.Struct("iIII")
 
@@ -47,7 +47,7 @@ class FileWatch:
         return found
 
     def closings_within(self, seconds):
-        """When somebody who had written closed the file."""
+        """The times at which the file was closed after writing."""
         deadline, closings = time.monotonic() + seconds, []
         while (left := deadline - time.monotonic()) > 0:
             closings += [moment for mask, moment in self.events(left) if mask & IN_CLOSE_WRITE]
@@ -87,7 +87,7 @@ class KilledTest(HistoryTestCase):
 
     def test_killed_two_seconds_after_a_copy_loses_nothing(self):
         self.clipboard.copy_text("in time")
-        time.sleep(2.0)  # what is promised after this time, not sooner: nothing to wait for
+        time.sleep(2.0)  # no save is due for this time, so there is no condition to wait for
         self.kill()
         self.assertEqual(self.zamber.history(), ["in time", "old", "older"])
         self.restart(loaded=3)
@@ -176,7 +176,7 @@ class ReplacedFileTest(HistoryTestCase):
 
 
 class OddFileAtStartTest(HistoryTestCase):
-    """Whatever lies in the file's place, the program starts within the usual time."""
+    """The program starts within the usual time, also when the file's place is taken by something else."""
 
     def start_zamber(self):
         self.expected_lines = ["✅ Accessibility: trusted"]
@@ -191,7 +191,7 @@ class OddFileAtStartTest(HistoryTestCase):
         self.zamber.history_path.unlink()
 
     def tearDown(self):
-        self.take_it_away()  # who reads a pipe waits for ever
+        self.take_it_away()  # reading the pipe would wait for ever
         super().tearDown()
 
     def test_it_starts_with_an_empty_history_and_goes_on_capturing(self):
@@ -235,7 +235,7 @@ class OneWriteTest(HistoryTestCase):
         closings = watch.closings_within(SAVED_SECONDS)
         wait_until(lambda: "third" in self.zamber.history(), 10.0, "the last change to be written")
         closings += watch.closings_within(SAVED_SECONDS)
-        # What was captured, and when, is in the file; on a slow machine a poll comes late and may miss a copy.
+        # The file says which copies were captured, and when; on a slow machine a poll comes late and may miss a copy.
         records = self.zamber.records()
         captured = sorted(record["timestamp"] for record in records[:len(records) - before])
         gaps = [later - earlier for earlier, later in zip(captured, captured[1:])]

@@ -68,7 +68,7 @@ class SilentOwnersTest(HostileTestCase):
         owner = self.owner()
         self.offer_and_stop(owner)
         self.assert_unharmed()
-        holds_for(self.zamber.is_running, 10.5, "the program runs")  # longer than it takes pieces that nobody wants
+        holds_for(self.zamber.is_running, 10.5, "the program runs")  # longer than it takes unwanted pieces
         owner.child.resume()
         wait_until(lambda: owner.notes("finished"), 5.0, lambda: f"the rest: {owner.child.stderr()}")
         self.assert_unharmed()

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""Programs that paste in ways that strain whoever serves them: what we serve stays served, and nobody waits."""
+"""Programs that paste in ways that strain the owner of the clipboard: it goes on serving the others."""
 
 import os
 import pathlib
@@ -13,7 +13,7 @@ from harness import convert, holds_for, png_bytes, wait_until
 from hostile import HostileTestCase, sha256, text
 
 HINT = "x-kde-passwordManagerHint"
-# One request takes 16 MB with the servers of today; what is larger goes piece by piece, in pieces of one.
+# Today's servers take 16 MB in one request; larger answers go piece by piece.
 LARGE_BYTES = 40_000_000
 
 
@@ -63,7 +63,7 @@ class LargeRequestsTest(RequestorsTestCase):
         with self.subTest("others get it all"):
             self.assertTrue(self.assert_served(self.requestor(), "UTF8_STRING", data)["incremental"])
         self.assert_unharmed()
-        # What nobody takes is still held for him; it is one copy, however many ask.
+        # An answer that is not taken is still held; it is one copy for all requests.
         self.assert_memory_back(before)
 
     def test_many_large_requests_side_by_side_keep_nobody_waiting(self):
@@ -111,13 +111,13 @@ class ManyRequestsTest(RequestorsTestCase):
         together = self.cpu_seconds() - together
         (bmp,) = {answer and (answer["type"], answer["bytes"], answer["sha256"]) for answer in answers}
         self.assertEqual(bmp[:2], ("image/bmp", len(convert(picture, "png", "bmp3"))))
-        # Two hundred times as much, if each had its own conversion; what is left is the sending.
+        # Two hundred times as much, if each request had its own conversion; one conversion leaves only the sending.
         self.assertLess(together, 80 * alone)
         self.assert_unharmed()
         self.assert_memory_back(before)
 
     def cpu_seconds(self):
-        """What the program has run, all its threads together."""
+        """The processor time of the program, all threads together."""
         with open(f"/proc/{self.zamber.pid}/stat", encoding="ascii") as stat:
             user, system = stat.read().rpartition(")")[2].split()[11:13]
         return (int(user) + int(system)) / os.sysconf("SC_CLK_TCK")

@@ -70,7 +70,7 @@ class LayoutsTest(DesktopTestCase):
         mark = self.keys.mark()
         self.choose()
         self.expect_paste()
-        # GTK finds no Ctrl+V on such a keyboard, whoever presses it; others do.
+        # GTK finds no Ctrl+V on such a keyboard, also when the user presses it; other toolkits do.
         self.assert_pasted_by("v", CONTROL, mark)
 
     def test_dvorak_has_its_v_elsewhere(self):
@@ -111,7 +111,7 @@ class LayoutsBeforeStartTest(DesktopTestCase):
 
 
 class RivalTest(DesktopTestCase):
-    """Somebody else holds a combination before the program starts."""
+    """Another program holds a combination before this one starts."""
 
     history = ("first", "second", "third")
     preferences = {"quickPasteEnabled": True}

@@ -33,7 +33,7 @@ class ImageTest(DesktopTestCase):
         self.editor.wait_for_image(picture)
         self.assertLessEqual({"image/png", "image/tiff", "image/bmp"}, set(self.clipboard.targets()))
         self.assertEqual(self.clipboard.read("image/png"), picture)
-        # Labelled TIFF whatever they are, the bytes are those that were captured.
+        # The label is always TIFF, the bytes are the captured ones.
         self.assertEqual(pixels(self.clipboard.read("image/tiff")), pixels(picture))
         self.assertEqual(pixels(self.clipboard.read("image/bmp"), "bmp"), pixels(picture))
 

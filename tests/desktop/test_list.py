@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""The list under a real wheel and real clicks: what lies under the pointer, by what assistive technology is told."""
+"""The list under a real wheel and real clicks: the row under the pointer, as assistive technology sees it."""
 
 import time
 

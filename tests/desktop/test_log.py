@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""Standard output: whole lines, at once, and no concern of the program's whether anybody reads them."""
+"""Standard output: whole lines, at once, and the program goes on when they are not read."""
 
 import fcntl
 import os
@@ -29,7 +29,7 @@ class LogTestCase(DesktopTestCase):
         return ()
 
     def paste_all(self):
-        """What would be logged is nowhere to be seen; what is done is."""
+        """The log is lost; the program works all the same."""
         for position, expected in ((0, "first"), (1, "firstsecond")):
             self.zamber.open_popover()
             self.choose(position)
@@ -111,7 +111,7 @@ class ReaderThatStopsReadingTest(PipeTestCase):
 
     def start_zamber(self):
         super().start_zamber()
-        # What somebody else wrote before: there is no room for another line.
+        # Another program has filled the pipe: there is no room for another line.
         with open(f"/proc/{self.zamber.pid}/fd/1", "wb", buffering=0) as stuffing:
             os.set_blocking(stuffing.fileno(), False)
             try:

@@ -79,7 +79,7 @@ class LoginItemTest(LoginItemTestCase):
 
 
 class OddPlaceTest(LoginItemTestCase):
-    """The program lies in a folder whose name is full of what shells and desktop entries take for something else."""
+    """The program lies in a folder whose name is full of characters with a meaning to shells and desktop entries."""
 
     def prepare(self):
         super().prepare()

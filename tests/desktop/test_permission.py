@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""An X server that lets nobody press keys: the window that says so, and the rest, which works without."""
+"""An X server without XTEST: the window about the missing permission, and all the rest, which works without it."""
 
 from Xlib import X, Xatom
 from Xlib.protocol import event
@@ -15,7 +15,7 @@ NOT_GRANTED_LINES = [
     "💡 To fix: System Settings → Privacy → Accessibility → add Xcode (or Zamber)",
     "💡 Then REMOVE it and RE-ADD it, then restart the app.",
 ]
-# What the window manager is told that the user may do with a window (Motif's hints).
+# The actions that a window allows to the user (Motif's hints for window managers).
 MAY_MINIMISE, MAY_MAXIMISE = 1 << 3, 1 << 4
 
 

@@ -197,7 +197,7 @@ class TrayTest(DesktopTestCase):
     def test_after_the_menu_a_click_opens_the_popover_again(self):
         self.open_menu()
         self.keyboard.tap("Escape")
-        # The pointer is let go of a moment after the window has gone; nobody's hand is faster.
+        # The grab of the pointer ends a moment after the window has gone; no hand is faster.
         wait_until(lambda: self.zamber.menu() is None, what="the menu to be gone")
         holds_for(lambda: self.zamber.menu() is None, 0.3, "the menu stays closed")
         self.click_tray_icon()
@@ -213,7 +213,7 @@ class TrayTest(DesktopTestCase):
 
 
 class OtherDesktops:
-    """What has to work wherever it runs."""
+    """Cases for every kind of desktop."""
 
     history = HISTORY
 

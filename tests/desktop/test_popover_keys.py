@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""The keyboard in the popover: what the list takes, and what the search field."""
+"""The keyboard in the popover: keys of the list, and keys of the search field."""
 
 from case import DesktopTestCase
 from harness import holds_for, wait_until
@@ -11,7 +11,7 @@ KEYPAD_ENTER, DEAD_ACUTE, LETTER_E = 104, 21, 26
 
 
 class KeysTest(DesktopTestCase):
-    """The four keys are the popover's whatever has the focus; all others are the search field's."""
+    """Four keys are the popover's, wherever the focus is; all others are the search field's."""
 
     history = HISTORY
 
@@ -166,7 +166,7 @@ class DeadKeysTest(DesktopTestCase):
     def test_a_dead_key_and_its_letter_search_for_the_accented_letter(self):
         self.zamber.open_popover()
         self.keyboard.type_text("caf")
-        # Qt delivers what a dead key has made at once, and overtakes the letters that still wait.
+        # Qt delivers the letter of a dead key at once, before other letters that still wait.
         wait_until(lambda: [node.text for node in self.zamber.tree().all(role="text")] == ["caf"], 5.0, "the letters")
         self.keyboard.tap(DEAD_ACUTE, LETTER_E)
         wait_until(lambda: [node.name for node in self.zamber.tree().all(role="list item")] == ["café au lait"], 5.0,

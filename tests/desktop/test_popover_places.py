@@ -111,7 +111,7 @@ class LowScreenTwiceTest(LowScreenTestCase, DesktopTestCase):
 
 
 class CompositedPlacesTestCase:
-    """Where a compositor runs, the window is larger than what is seen of it: the shadow lies around it."""
+    """Where a compositor runs, the window is larger than the card in it: the shadow lies around."""
 
     compositor = "picom"
     history = HISTORY
@@ -124,7 +124,7 @@ class CompositedPlacesTestCase:
         (search,) = seen.all(role="text", states=["showing"])
         popover = self.zamber.popover()
         self.assertGreater(popover.width, 440)
-        # The shadow's depth on each side of what is seen; the popover is 440 by 420.
+        # The shadow's depth on each side of the card, which is 440 by 420.
         left = popover.x + (popover.width - 440) // 2
         top = popover.y + 18
         self.assertEqual(left + 440, 1280 - 6, "a margin at the screen's edge")

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""The program ends when it is told to, at whatever moment of whatever it is doing: in order, with status 0."""
+"""The program ends when it is told to, in the middle of any work: in order, with status 0."""
 
 import pathlib
 import re
@@ -27,7 +27,7 @@ class QuittingTestCase(DesktopTestCase):
             self.zamber_has_ended = False
 
     def assert_ends(self, moment, *lines, tell=signal.SIGTERM):
-        """`lines` are what may have been logged by then, in their order."""
+        """`lines` are those that may have been logged by then, in their order."""
         if tell is not None:
             self.zamber.child.process.send_signal(tell)
         try:

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""A session manager that starts anew what ran when the session ended."""
+"""A session manager that starts the programs of the last session again."""
 
 from case import DesktopTestCase
 from harness import SessionManager, wait_until
@@ -29,7 +29,7 @@ class SessionManagerTest(DesktopTestCase):
 
 
 class OpenedAddressTest(DesktopTestCase):
-    """What the user opens from the history is started as the desktop would start it."""
+    """Programs that the history opens are started as the desktop would start them."""
 
     address = "https://example.org/page"
     history = (f"see {address} there",)
@@ -65,7 +65,7 @@ mv {self.report}.new {self.report}
 
 
 class WithoutSessionBusTest(DesktopTestCase):
-    """Nobody can ask the program that runs; two of them would write the same history."""
+    """Without a bus the running program cannot be asked; two programs would write the same history."""
 
     history = ("first",)
 

@@ -50,7 +50,7 @@ class SettingsTestCase(DesktopTestCase):
         return next(window for window in self.zamber.tree().children if window.name == TITLE)
 
     def focused(self):
-        """What has the keyboard focus: the innermost node that says so."""
+        """The node with the keyboard focus, the innermost one that says so."""
         return next(reversed(self.node().all(states=["focused"])), None)
 
     def tab_to(self, role, name):

@@ -128,7 +128,7 @@ class StartByTheBusTest(DesktopTestCase):
         """The bus does."""
 
     def tearDown(self):
-        """What the bus has started is no child of ours: the desktop ends it."""
+        """A process that the bus has started is no child of ours: the desktop ends it."""
 
     def test_the_program_is_started_and_shown(self):
         self.zamber.activate_by_bus()

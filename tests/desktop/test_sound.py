@@ -18,7 +18,7 @@ START_SECONDS = 10.0
 
 
 class SoundServer:
-    """A sound server whose only output is a record of what was played."""
+    """A sound server that records the sounds instead of playing them."""
 
     def __init__(self, desktop):
         self._desktop = desktop

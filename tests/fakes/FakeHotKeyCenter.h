@@ -47,7 +47,7 @@ public:
         }
     }
 
-    /// A press that nobody registered, as far as its id tells.
+    /// A press with an id that was never registered.
     void pressUnknown(std::uint32_t id) {
         if (m_handler) {
             m_handler(id);

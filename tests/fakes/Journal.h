@@ -9,7 +9,7 @@
 
 namespace zamber {
 
-/// What several fakes were asked, in the order in which it happened.
+/// The calls of several fakes, in the order in which they happened.
 class Journal {
 public:
     void note(std::string entry) {
@@ -22,7 +22,7 @@ public:
     const std::vector<std::string>& entries() const { return m_entries; }
     void clear() { m_entries.clear(); }
 
-    /// Called after each note: for looking at what nobody is asked about. It may note something itself.
+    /// Called after each note, for looking at state that no port is told of. It may note something itself.
     std::function<void()> onNote;
 
 private:

@@ -29,7 +29,7 @@ void require(bool condition) {
     }
 }
 
-/// What another implementation makes of the bytes: broken sequences replaced.
+/// The same repair by another implementation: broken sequences replaced.
 std::string repairedByIcu(const QByteArray& bytes) {
     std::string repaired;
     icu::UnicodeString::fromUTF8({bytes.constData(), static_cast<std::int32_t>(bytes.size())}).toUTF8String(repaired);
@@ -75,7 +75,7 @@ void tryAsTypes(const QByteArray& bytes) {
 
 } // namespace
 
-/// Anything that another program may hand us: the first byte chooses its type, the second the format of its property.
+/// An answer of another program: the first byte chooses its type, the second the format of its property.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 2) {
         return 0;

@@ -59,8 +59,8 @@ BREAKAGES = (
     ),
     Breakage(
         "a mark of secrets that never comes counts as none", SELECTION + "CopyReader.cpp",
-        "} else if (answer.outcome == Silent || answer.outcome == BrokenOff) {\n        m_tell(Failed{}); // it may",
-        "} else if (false) {\n        m_tell(Failed{}); // it may",
+        "} else if (answer.outcome == Silent || answer.outcome == BrokenOff) {\n        m_tell(Failed{}); // the hint",
+        "} else if (false) {\n        m_tell(Failed{}); // the hint",
         "test_hostile_owners.SilentOwnersTest.test_who_does_not_say_whether_it_is_a_secret_is_not_asked_for_it",
     ),
     Breakage(
@@ -143,7 +143,7 @@ BREAKAGES = (
     ),
     Breakage(
         "a picture that breaks off gives way to its text", SELECTION + "CopyReader.cpp",
-        "        m_tell(Failed{}); // not something less in its place\n", "        askForNextCandidate();\n",
+        "        m_tell(Failed{}); // a poorer type must not take its place\n", "        askForNextCandidate();\n",
         "test_copied_forms.TextOrPictureTest.test_a_picture_that_breaks_off_is_not_recorded_as_its_text",
     ),
     Breakage(
@@ -230,6 +230,6 @@ BREAKAGES = (
     Breakage(
         "who owns our content again has copied", SELECTION + "SelectionPasteboard.cpp",
         "    if (written && isRecent) {", "    if (false) {",
-        "test_paste.SharedClipboardTest.test_a_paste_of_the_popover",
+        "test_paste_targets.SharedClipboardTest.test_a_paste_of_the_popover",
     ),
 )

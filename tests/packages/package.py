@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""The package that was made of this build, what the build says of itself, and a root to install it in."""
+"""The package of this build, the build's own version, and a root to install the package in."""
 
 import hashlib
 import os
@@ -22,7 +22,7 @@ TOOL_SECONDS = 100.0
 
 
 def run(*command, status=0, **arguments):
-    """What a program writes, both streams of it; it has to end with that status."""
+    """Runs a program, which has to end with that status, and returns the output of both streams."""
     answer = subprocess.run([*map(str, command)], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                             stderr=subprocess.STDOUT, timeout=TOOL_SECONDS, check=False, **arguments)
     output = answer.stdout.decode("utf-8", "replace")
@@ -57,7 +57,7 @@ def entry_keys(path):
 
 
 def tree(folder):
-    """Everything below a folder: its kind, its mode, and what it holds."""
+    """Everything below a folder: kinds, modes and contents."""
     found = {}
     for path in sorted(pathlib.Path(folder).rglob("*")):
         status = path.lstat()
@@ -71,7 +71,7 @@ def tree(folder):
 
 
 def changes(before, after):
-    """What differs between two trees, by name."""
+    """The names that differ between two trees."""
     return {name: (before.get(name), after.get(name)) for name in before.keys() | after.keys()
             if before.get(name) != after.get(name)}
 
@@ -99,7 +99,7 @@ class Root:
             self._dpkg("--purge", "--force-depends", "zamber")  # this machine has it; this root has not
 
     def _dpkg(self, *arguments):
-        # Who is not the superuser keeps the files that are unpacked; some machines leave out man pages and documents.
+        # Without the superuser's rights files keep their owner; some machines leave out man pages and documents.
         return run("dpkg", f"--root={self.folder}", "--path-include=/*", "--force-not-root", "--force-bad-path",
                    *arguments, env=dict(os.environ, LC_ALL="C.UTF-8"))
 
@@ -113,7 +113,7 @@ class Root:
         return self._dpkg("--purge", "zamber")
 
     def status(self):
-        """What the database knows of the package, as "Status: …"; nothing when it never was there."""
+        """The package's status in the database; nothing when it was never there."""
         stanzas = (self._database / "status").read_text().split("\n\n")
         found = next((stanza for stanza in stanzas if "Package: zamber\n" in stanza + "\n"), "")
         return re.search(r"^Status: .*$", found, re.MULTILINE)[0] if found else None

@@ -28,7 +28,7 @@ def copy_sources():
 
 
 def build(jobs):
-    # Warnings are errors here, which they are not in the first one: it is what users build, with compilers of theirs.
+    # Warnings are errors here and not in the first build, which is the users', with their compilers.
     # No launcher, and no cache behind the compiler's name either.
     fresh = {"CMAKE_CXX_COMPILER_LAUNCHER": "", "CCACHE_DISABLE": "1"}
     run("cmake", "--preset", "release", "-D", "ZAMBER_TESTS=OFF", "-D", "ZAMBER_WERROR=ON", folder=OTHER, **fresh)

@@ -38,7 +38,7 @@ class InstalledTestCase(DesktopTestCase):
         self.zamber_has_ended = True
 
     def files_of_the_user(self):
-        """What lies in the user's folders, but for the window manager's log."""
+        """The files in the user's folders, but for the window manager's log."""
         folders = {"home": self.desktop.home, "config": self.desktop.config_home, "data": self.desktop.data_home,
                    "cache": self.desktop.directory / "cache", "state": self.desktop.directory / "state"}
         return {f"{name}/{path}" for name, folder in folders.items()

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""The package file: what is in it, what it needs, and what the tools say that judge such things."""
+"""The package file: its contents, its dependencies, and the verdicts of the tools that check packages."""
 
 import gzip
 import re

@@ -32,7 +32,7 @@ def files(folder):
 
 
 class PrefixTest(DesktopTestCase):
-    """The folder is not on the path, and its name is full of what shells and entries take for something else."""
+    """The folder is not on the path, and its name is full of characters with a meaning to shells and entries."""
 
     resource_lock = "installation"  # an installation writes its entries in the build folder first
 
@@ -61,7 +61,7 @@ class PrefixTest(DesktopTestCase):
         wait_until(lambda: self.desktop.window(title="Zamber", pid=pid), what="its popover")
 
     def tearDown(self):
-        # What the bus has started is no child of ours: the desktop ends it.
+        # A process that the bus has started is no child of ours: the desktop ends it.
         if self.zamber.child:
             super().tearDown()
 

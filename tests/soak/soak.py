@@ -29,14 +29,14 @@ from harness import (  # noqa: E402
 
 WARM_UP_LAPS = 3
 MAX_ITEMS = 20
-# What a lap may leave behind, over all laps after the warm-up: the allocator's leftovers, not a leak.
+# The growth that is allowed over all laps after the warm-up: the allocator's leftovers, not a leak.
 MOST_GROWTH_KIBIBYTES = 2048
 POLL_SECONDS = 0.55
 LONG_TEXT_CHARACTERS = 2_000_000
 
 
 class Measures:
-    """What the program holds at one moment."""
+    """The program's memory, threads and files at one moment."""
 
     def __init__(self, desktop, pid):
         rollup = pathlib.Path(f"/proc/{pid}/smaps_rollup").read_text().splitlines()
@@ -156,7 +156,7 @@ class Soak:
         for _ in range(15):
             self.zamber.open_popover()
             self.desktop.keyboard.tap("Down", "Down", "Up")
-            # What is typed stays for the next opening.
+            # The typed search stays for the next opening.
             self.desktop.keyboard.type_text(self.random.choice(["text", "one ", "zzzz"]))
             self.desktop.keyboard.tap(*["BackSpace"] * 4)
             self.desktop.keyboard.tap("Escape")
@@ -296,12 +296,12 @@ class Soak:
 
 
 def judge(laps, soak):
-    """What is wrong after all laps, in sentences."""
+    """The faults after all laps, in sentences."""
     complaints = [f"lost: {what} ({count} times)" for what, count in collections.Counter(soak.lost).items()]
     steady = laps[WARM_UP_LAPS:]
     if len(steady) < 4:
         return [*complaints, "too few laps to tell: give it more minutes"]
-    # Each lap ends at a slightly different moment. What grows is more at its least than it was at its most.
+    # Each lap ends at a slightly different moment. A value has grown when its least is above its former most.
     first, last = steady[: len(steady) // 2], steady[-(len(steady) // 2):]
 
     def growth(amount):

@@ -66,7 +66,7 @@ def attribute(ancestry, name, fallback):
 
 
 def classes(folders):
-    """Of the first folder; the others are where its modules find what they import."""
+    """The classes of cases in the first folder; the others are where its modules find their imports."""
     sources = Sources(folders)
     for path in sorted(pathlib.Path(folders[0]).glob("test_*.py")):
         for node in sources.module(path.stem).body:

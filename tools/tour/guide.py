@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""Leads through the stages of a tour: says what happens, says what was checked, takes a picture of each."""
+"""Leads through the stages of a tour: announces each, reports its checks, takes a picture."""
 
 import contextlib
 import sys
@@ -43,7 +43,7 @@ class Guide:
             raise TourFailed from failure
 
     def ok(self, text):
-        """What was found to be as it should be, in the words of somebody who looked."""
+        """The checks that have passed, in sentences."""
         say(f"ok: {text}", INDENTATION)
 
 

@@ -98,7 +98,7 @@ protected:
     }
 
     void resizeEvent(QResizeEvent*) override {
-        // Only where it draws: what lies under it would have to be painted anew with every change of the content.
+        // The rim is no larger than what it draws: it is painted anew with every change of the content under it.
         QRegion ring = rect();
         ring -= rect().adjusted(LINE_WIDTH, LINE_WIDTH, -LINE_WIDTH, -LINE_WIDTH);
         for (const QRect& corner : cornersOf(rect())) {
@@ -147,8 +147,8 @@ void PopoverFrame::setShape(FrameShape shape) {
     }
 }
 
-void PopoverFrame::setLook(FrameLook look) {
-    m_look = look;
+void PopoverFrame::setColorScheme(ColorScheme colorScheme) {
+    m_colorScheme = colorScheme;
     m_rim->update();
 }
 
@@ -195,7 +195,7 @@ void PopoverFrame::paintShadow(QPainter& painter) const {
 
 void PopoverFrame::paintRim(QPainter& painter) const {
     const QRect inner = rect().marginsRemoved(shadowMargins());
-    const QColor color = m_look == FrameLook::Dark ? QColor(255, 255, 255, 46) : QColor(0, 0, 0, 40);
+    const QColor color = m_colorScheme == ColorScheme::Dark ? QColor(255, 255, 255, 46) : QColor(0, 0, 0, 40);
     const int inset = m_shape == FrameShape::RoundedWithShadow ? CORNER_RADIUS : 0;
     const int length = inner.width() - 2 * inset;
     painter.fillRect(inner.left() + inset, inner.top(), length, LINE_WIDTH, color);
@@ -218,8 +218,8 @@ void PopoverFrame::paintCorner(QPainter& painter, const QRect& corner, const QCo
     painter.save();
     painter.setClipRect(corner);
     painter.setRenderHint(QPainter::Antialiasing);
-    // The content is square and knows nothing of corners: they are taken away from the picture, softly, and what
-    // lies under them is put back.
+    // The content is square. Its corners are taken away from the picture, with soft edges, and the shadow below them is
+    // put back.
     QPainterPath outside;
     outside.addRect(inner);
     outside.addRoundedRect(inner, CORNER_RADIUS, CORNER_RADIUS);

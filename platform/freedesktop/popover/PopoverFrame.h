@@ -14,7 +14,7 @@ enum class FrameShape {
     Square,            ///< the window is the content; nothing in it is translucent
 };
 
-enum class FrameLook { Light, Dark };
+enum class ColorScheme { Light, Dark };
 
 /// The popover's window: a content with a border around it, above all other windows and in no task bar.
 class PopoverFrame final : public QWidget {
@@ -28,9 +28,9 @@ public:
     QWidget* content() const { return m_content; }
 
     void setShape(FrameShape shape);
-    void setLook(FrameLook look);
+    void setColorScheme(ColorScheme colorScheme);
 
-    /// Moves and sizes the window so that its content lies there (points, on the screen).
+    /// Moves and sizes the window so that its content lies at the rectangle (points, on the screen).
     void setContentGeometry(const QRect& rectangle);
     QRect contentGeometry() const;
 
@@ -59,7 +59,7 @@ private:
     QPointer<QWidget> m_content;
     Rim* m_rim;
     FrameShape m_shape = FrameShape::Square;
-    FrameLook m_look = FrameLook::Light;
+    ColorScheme m_colorScheme = ColorScheme::Light;
     mutable QPixmap m_shadowTile;
 };
 

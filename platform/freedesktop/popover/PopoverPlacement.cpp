@@ -8,7 +8,7 @@ namespace zamber::freedesktop::popover {
 
 namespace {
 
-/// The start of a stretch of the length that lies inside [low, low + room), as near to the wish as can be.
+/// Where a stretch of the length starts that lies inside [low, low + room), as near to the wish as possible.
 int inside(int wish, int length, int low, int room) {
     return std::max(low, std::min(wish, low + room - length));
 }

@@ -20,8 +20,8 @@ namespace zamber::freedesktop::popover {
 
 namespace {
 
-/// Fonts and layout take longer than all else at the start; what is on the clipboard then is read before, and the
-/// icon is in the tray.
+/// Fonts and layout take longer than all else at the start. The delay lets the clipboard be read and the icon be shown
+/// before.
 constexpr std::chrono::milliseconds CONTENT_DELAY{100};
 
 /// How often the focus is looked at while a grab hides it from Qt.
@@ -55,7 +55,7 @@ PopoverWindow::PopoverWindow(const Appearance& appearance, WindowSystem& windowS
     , m_windowSystem(windowSystem) {
     m_frame.winId(); // creates the window now, so that the first opening does not wait for it
     connect(&m_frame, &PopoverFrame::hidden, this, &PopoverWindow::closed);
-    // Which window becomes active instead is known only after this turn of the main loop.
+    // The window that becomes active instead is known only after this turn of the main loop.
     connect(&m_frame, &PopoverFrame::deactivated, this,
             [this] { QTimer::singleShot(0, this, &PopoverWindow::closeUnlessOursIsActive); });
     // A compositor that ends while the popover is open would leave the shadow's room black.
@@ -88,7 +88,7 @@ void PopoverWindow::setContentSize(QSize points) {
 
 void PopoverWindow::setAppearance(PopoverAppearance appearance) {
     m_appearance = appearance;
-    applyLook();
+    applyColorScheme();
 }
 
 void PopoverWindow::show(const Anchor& anchor, PopoverEdge preferredEdge) {
@@ -97,7 +97,7 @@ void PopoverWindow::show(const Anchor& anchor, PopoverEdge preferredEdge) {
     const bool isOpening = !isShown();
 
     makeContentUnlessMade();
-    applyLook();
+    applyColorScheme();
     applyShape();
     place();
     m_frame.show();
@@ -125,7 +125,7 @@ void PopoverWindow::press(Qt::MouseButton button, QPoint place) {
 }
 
 bool PopoverWindow::isInside(QPoint place) const {
-    // The window reaches further than the popover is seen; its menus reach out of it.
+    // The popover's window is larger than the card that is seen, and its menus are windows of their own.
     return std::ranges::any_of(QApplication::topLevelWidgets(), [&](const QWidget* window) {
         return window->isVisible() && belongsTo(window, &m_frame) &&
                (window == &m_frame ? frameRectangle() : window->geometry()).contains(place);
@@ -137,7 +137,7 @@ bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {
         const auto& mouse = *static_cast<QMouseEvent*>(event);
         press(mouse.button(), mouse.globalPosition().toPoint());
     } else if (event->type() == QEvent::ApplicationPaletteChange) {
-        applyLook();
+        applyColorScheme();
     }
     return false;
 }
@@ -157,10 +157,10 @@ void PopoverWindow::applyShape() {
     m_windowSystem.setShadow(m_frame.winId(), (QMarginsF(shadow) * ratio).toMargins());
 }
 
-void PopoverWindow::applyLook() {
+void PopoverWindow::applyColorScheme() {
     const bool isDark = m_appearance == PopoverAppearance::Dark ||
                         (m_appearance == PopoverAppearance::System && m_systemAppearance.isDark());
-    m_frame.setLook(isDark ? FrameLook::Dark : FrameLook::Light);
+    m_frame.setColorScheme(isDark ? ColorScheme::Dark : ColorScheme::Light);
 }
 
 void PopoverWindow::closeUnlessOursIsActive() {
@@ -169,7 +169,7 @@ void PopoverWindow::closeUnlessOursIsActive() {
         return;
     }
     if (m_windowSystem.hasKeyboardFocus()) {
-        // A hot key is held, whose grab has the keyboard. Where the focus goes meanwhile, Qt does not tell.
+        // The grab of a hot key that is held has the keyboard. Qt does not report where the focus goes meanwhile.
         QTimer::singleShot(LOOK_INTERVAL, this, &PopoverWindow::closeUnlessOursIsActive);
         return;
     }

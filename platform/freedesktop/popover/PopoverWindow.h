@@ -24,10 +24,10 @@ class PopoverWindow final : public QObject, public PopoverHost {
     Q_OBJECT
 
 public:
-    /// Whether a press of that button at that place (points) leaves the popover open, though it is outside it.
+    /// Whether a press of the button at the place (points), which is outside the popover, leaves it open.
     using PressFilter = std::function<bool(Qt::MouseButton button, QPoint place)>;
 
-    /// All of them outlive this object.
+    /// Both outlive this object.
     PopoverWindow(const Appearance& appearance, WindowSystem& windowSystem);
 
     void setPressFilter(PressFilter filter) { m_pressFilter = std::move(filter); }
@@ -41,8 +41,8 @@ public:
     bool isComposited() const override { return m_windowSystem.isComposited(); }
     bool showMenu(const QList<MenuItem>&, QPoint) override { return false; } // a menu of Qt's is one here
 
-    /// To be told of each press anywhere on the screen (points), in whatever program: one outside the popover closes
-    /// it. The presses in windows of ours are seen without.
+    /// To be called at each press on the screen (points), in whatever program: one outside the popover closes it.
+    /// Presses in windows of this program need not be reported.
     void press(Qt::MouseButton button, QPoint place);
 
     /// Where the visible popover lies on the screen, without its shadow.
@@ -60,7 +60,7 @@ private:
     bool isInside(QPoint place) const;
     void place();
     void applyShape();
-    void applyLook();
+    void applyColorScheme();
     void closeUnlessOursIsActive();
 
     const Appearance& m_systemAppearance;

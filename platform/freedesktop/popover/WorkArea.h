@@ -11,7 +11,7 @@ namespace zamber::freedesktop::popover {
 
 class WindowSystem;
 
-/// What panels leave of a screen, in points on the desktop.
+/// The part of a screen that panels leave free, in points on the desktop.
 QRect workAreaOf(const QScreen& screen, const WindowSystem& windowSystem);
 
 /// The corner of the work area where a tray is most likely near: trays stand at the end of a panel. The top right

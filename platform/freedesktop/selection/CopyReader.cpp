@@ -41,7 +41,7 @@ void CopyReader::handleHint(const OwnerAnswer& answer) {
     if (answer.outcome == Delivered && saysSecret(answer.bytes)) {
         m_tell(Secret{});
     } else if (answer.outcome == Silent || answer.outcome == BrokenOff) {
-        m_tell(Failed{}); // it may have been about to say so
+        m_tell(Failed{}); // the hint may have marked a secret
     } else {
         askForNextCandidate();
     }
@@ -66,7 +66,7 @@ void CopyReader::askForNextCandidate() {
 
 void CopyReader::handleCandidate(const QByteArray& asked, const OwnerAnswer& answer) {
     if (answer.outcome == BrokenOff) {
-        m_tell(Failed{}); // not something less in its place
+        m_tell(Failed{}); // a poorer type must not take its place
     } else if (answer.outcome != Delivered) {
         askForNextCandidate();
     } else if (isImageType(asked)) {
@@ -109,7 +109,7 @@ void CopyReader::handleImage(const OwnerAnswer& answer) {
     }
     const SelectionContent content{.text = {}, .image = answer.bytes, .imageLabel = *format, .files = {}};
     if (!m_plan.textBesideImage) {
-        handleArrival(content); // there is nothing better to be had, whatever the bytes are
+        handleArrival(content); // the copy has nothing better, whatever the bytes are
         return;
     }
     checkImage(answer.bytes, this, [this, content](bool isReadable) {
@@ -147,12 +147,12 @@ void CopyReader::askForNextBeside() {
 
 void CopyReader::handleBeside(const QByteArray& asked, const OwnerAnswer& answer) {
     if (answer.outcome == Silent || answer.outcome == BrokenOff) {
-        m_beside.clear(); // whoever does not answer the one does not answer the next
+        m_beside.clear(); // an owner that does not answer one question does not answer the next
     } else if (answer.outcome == Delivered && !answer.bytes.isEmpty()) {
         if (asked == m_plan.textBesideImage) {
             m_content.text = textOf(answer.type, answer.bytes);
         } else if (saysCut(asked, answer.bytes)) {
-            // To be moved by the program that they were cut in, which will have gone.
+            // Files that were cut can only be moved by the program they were cut in, which will have gone.
             m_content.files.clear();
             m_beside.clear();
         } else if (asked != TYPE_KDE_CUT_MARK) {

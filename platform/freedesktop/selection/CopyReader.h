@@ -35,7 +35,7 @@ class CopyReader final : public QObject {
     Q_OBJECT
 
 public:
-    /// So many of the types that could become the content are tried.
+    /// How many of the types that could become the content are tried.
     static constexpr int MOST_TRIES = 2;
 
     struct Arrived {
@@ -43,7 +43,7 @@ public:
         bool isComplete = true; ///< otherwise it is told again with more
     };
     struct Secret {}; ///< marked as such; none of its data was asked for
-    struct Failed {}; ///< the owner did not answer, or not by the rules
+    struct Failed {}; ///< the owner did not answer, or broke the rules
     using Outcome = std::variant<Arrived, Secret, Failed>;
     using Tell = std::function<void(const Outcome&)>;
 

@@ -28,7 +28,7 @@ void append(std::vector<QByteArray>& list, const auto& more) {
 ReadingPlan planReading(const std::optional<std::vector<QByteArray>>& offered) {
     ReadingPlan plan;
     if (!offered) {
-        // The two names that every program of old knows.
+        // The two names that programs older than MIME types know.
         plan.candidates = {TYPE_UTF8_STRING.toByteArray(), TYPE_STRING.toByteArray()};
         return plan;
     }
@@ -40,7 +40,7 @@ ReadingPlan planReading(const std::optional<std::vector<QByteArray>>& offered) {
         append(plan.candidates, texts);
         append(plan.candidates, images);
     } else {
-        // After the best image its text: an owner that does not give the one will not give another.
+        // After the best image comes the text: an owner that does not give that image will not give another one.
         append(plan.candidates, images | std::views::take(1));
         append(plan.candidates, texts);
         append(plan.candidates, images | std::views::drop(1));

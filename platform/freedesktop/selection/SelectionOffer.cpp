@@ -35,7 +35,7 @@ std::optional<ImageFormat> offeredFormat(QByteArrayView type) {
 
 } // namespace
 
-/// An image on its way into another format, and those who wait for it.
+/// An image on its way into another format, and the requests that wait for it.
 struct SelectionOffer::Conversion {
     std::vector<std::function<void(const QByteArray&)>> waiting;
 };
@@ -103,7 +103,7 @@ std::optional<SelectionOffer::Data> SelectionOffer::immediately(const QByteArray
         }
         return Data{.type = type, .bytes = *m_latin1};
     }
-    // TEXT leaves the encoding to the owner, who tells it by the type of the answer.
+    // TEXT leaves the encoding to the owner; the type of the answer names it.
     return Data{.type = type == TYPE_TEXT ? TYPE_UTF8_STRING.toByteArray() : type, .bytes = *m_content.text};
 }
 

@@ -13,7 +13,7 @@
 namespace zamber::freedesktop::selection {
 
 /// A content as other programs get it: the types that it is offered in, and its bytes in each of them. What has to be
-/// converted is converted once somebody asks, off the main thread, and once however many ask for it.
+/// converted is converted at the first request, off the main thread, and once for all requests.
 class SelectionOffer final : public QObject {
     Q_OBJECT
 
@@ -21,13 +21,13 @@ public:
     SelectionOffer();
     ~SelectionOffer() override;
 
-    /// Those who wait for a conversion of the former content still get it.
+    /// Requests that wait for a conversion of the former content still get it.
     void setContent(const SelectionContent& content);
 
     /// The best first, as many programs take the first type that they know.
     std::vector<QByteArray> types() const;
 
-    /// Those that another program has to be given so that nothing is lost when it serves the content in our place.
+    /// The types that a clipboard manager needs so that nothing is lost when it serves the content after this program.
     std::vector<QByteArray> typesToSave() const;
 
     struct Data {

@@ -66,7 +66,7 @@ bool saysCut(QByteArrayView type, QByteArrayView bytes) {
 }
 
 std::optional<QByteArray> textOf(const QByteArray& type, const QByteArray& bytes) {
-    // Programs that count the end of their string in.
+    // Some programs count the end of their string in.
     const QByteArray text = bytes.endsWith('\0') ? bytes.chopped(1) : bytes;
     if (type == TYPE_STRING) {
         return utf8FromLatin1(text);

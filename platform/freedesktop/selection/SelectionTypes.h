@@ -36,11 +36,11 @@ constexpr std::array<QByteArrayView, 6> TEXT_TYPES{
 constexpr QByteArrayView TYPE_URI_LIST = "text/uri-list";
 constexpr QByteArrayView TYPE_KDE_CUT_MARK = "application/x-kde-cutselection";
 
-/// Those of GNOME's file manager and its relatives: the word "copy" or "cut", then an address a line.
+/// Lists of files of GNOME's file manager and its relatives: the word "copy" or "cut", then an address a line.
 constexpr std::array<QByteArrayView, 2> FILE_MANAGER_TYPES{"x-special/gnome-copied-files",
                                                            "x-special/mate-copied-files"};
 
-/// What password managers mark their copies with.
+/// The type that marks a password manager's copy.
 constexpr QByteArrayView TYPE_PASSWORD_MANAGER_HINT = "x-kde-passwordManagerHint";
 
 /// Whether the hint says that the copy is to be kept nowhere. Some programs put other values there, meaning no secret.

@@ -10,7 +10,7 @@ namespace zamber::freedesktop::selection {
 
 /// Where the content that is held comes from, which decides whether it may be served on when its owner goes away.
 enum class ContentSource {
-    Nothing,   ///< it is not the content of whoever owns the clipboard now
+    Nothing,   ///< not from the present owner of the clipboard
     Ourselves, ///< this program wrote it, or has taken it over
     Foreign,   ///< it was read from the owner
     Secret,    ///< the owner has marked its content; none is held
@@ -37,7 +37,7 @@ public:
     /// To be called when the owner is lost, with what it had offered. False when that is not to be served on.
     bool begin(OwnerLoss loss, ContentSource source, const SelectionContent& content);
 
-    /// Somebody has the clipboard again, or wrote it.
+    /// To be called when the clipboard has an owner again.
     void cancel() { m_content = {}; }
 
     /// What the lost owner had offered; empty when nothing is to be served on.

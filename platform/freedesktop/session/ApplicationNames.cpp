@@ -67,7 +67,7 @@ std::optional<QString> ApplicationNames::ofWindowClass(const QString& windowClas
 }
 
 std::optional<QString> ApplicationNames::ofEntryCalled(const QString& name) const {
-    // Any program may give its windows any class; none names a file in another folder.
+    // A program may give its windows any class; it must not become the path of a file in another folder.
     if (name.contains(u'/') || name.contains(QChar::Null)) {
         return std::nullopt;
     }
@@ -96,7 +96,7 @@ void ApplicationNames::readEntriesIfChanged() {
             const QString entryName = file.key().toLower();
             const std::optional<DesktopEntry> entry = DesktopEntry::readFile(file.value());
             const QString name = entry ? entry->localeString(u"Name"_s, m_locales) : QString();
-            // The first of several is the more important one.
+            // Of several entries of one name, the first is the most important one.
             if (name.isEmpty() || namesByEntry.contains(entryName)) {
                 continue;
             }

@@ -19,7 +19,7 @@ struct BusSignal {
 
 /// Calls the slot (`SLOT(…)`) whenever the signal comes, from now on. A slot that takes a `QDBusMessage` gets signals
 /// with arguments of any kind. Where the bus is there but Qt refuses the subscription, which it does silently, a line
-/// on standard error names the signal: whoever waits for it would wait for ever. Returns whether the slot will be
+/// on standard error names the signal, which would be awaited for ever. Returns whether the slot will be
 /// called.
 bool subscribe(QDBusConnection bus, const BusSignal& busSignal, QObject* receiver, const char* slot);
 

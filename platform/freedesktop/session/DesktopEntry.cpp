@@ -20,7 +20,7 @@ constexpr qint64 LARGEST_FILE = 1'000'000;
 /// Characters that mean something to a shell; an argument that has one is quoted.
 constexpr QStringView RESERVED = u" \t\n\"'\\><~|&;$*?#()`";
 
-/// Those that mean something even between quotes.
+/// Characters that mean something to a shell even between quotes.
 constexpr QStringView ESCAPED_IN_QUOTES = u"\"`$\\";
 
 QString unescaped(const QString& value) {
@@ -47,7 +47,7 @@ QString unescaped(const QString& value) {
             text += u'\\';
             break;
         default:
-            // No escape of the standard's; what quoting makes of it is another matter.
+            // No escape of a value. The backslash stays, since it may be one of the quoting in a command line.
             text += u'\\';
             text += value[i];
         }
@@ -122,7 +122,7 @@ std::optional<DesktopEntry> DesktopEntry::parse(const QByteArray& text) {
 
 std::optional<DesktopEntry> DesktopEntry::readFile(const QString& path) {
     QFile file(path);
-    // A pipe of that name would never end.
+    // Reading a pipe might never end.
     if (!QFileInfo(file).isFile() || file.size() > LARGEST_FILE || !file.open(QIODevice::ReadOnly)) {
         return std::nullopt;
     }
@@ -156,7 +156,7 @@ QString DesktopEntry::program() const {
     const QStringList words = arguments(string(u"Exec"_s));
     auto word = words.begin();
     if (word != words.end() && (*word == u"env" || word->endsWith(u"/env"))) {
-        // Its options are rare and not read; variables come before the program.
+        // Options of env are rare and not understood here; its variables come before the program.
         word = std::find_if(word + 1, words.end(), [](const QString& text) { return !text.contains(u'='); });
     }
     return word == words.end() ? QString() : *word;

@@ -17,7 +17,7 @@ public:
     /// Nothing for a text without that group.
     static std::optional<DesktopEntry> parse(const QByteArray& text);
 
-    /// Nothing for what is no file, cannot be read, or is larger than any entry is.
+    /// Nothing where the path is no file's, the file cannot be read, or is larger than any entry is.
     static std::optional<DesktopEntry> readFile(const QString& path);
 
     bool contains(const QString& key) const { return m_values.contains(key); }

@@ -32,7 +32,7 @@ void makeFolderOf(const std::filesystem::path& file) {
 std::unique_ptr<FileLock> FileLock::take(const std::filesystem::path& file, std::chrono::milliseconds longestWait) {
     makeFolderOf(file);
     const std::string path = file.string() + ".lock";
-    // Not following links: what is opened for writing here is this very file.
+    // Links are not followed, so that no other file is opened for writing here.
     const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR);
     std::unique_ptr<FileLock> lock(new FileLock(descriptor));
     if (descriptor < 0) {

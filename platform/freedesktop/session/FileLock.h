@@ -8,13 +8,13 @@
 
 namespace zamber::freedesktop::session {
 
-/// One process at a time has the lock of a file, from the making of this object to its end or the process's, however
-/// that ends. It is on a file beside the one that it is about, which may be replaced meanwhile; that file stays.
+/// The lock of a file, which one process at a time has, from the construction of this object to its destruction or to
+/// the end of the process. The lock is on a second file beside the first, which may be replaced; the second stays.
 class FileLock {
 public:
-    /// Takes the lock, waiting for another process to give it up for no longer than that. Nothing when another process
-    /// keeps it. Where no lock can be had at all, such as in a folder that cannot be written, there is nobody to be
-    /// kept out either, and the lock counts as taken. Makes the folder, for this user alone, when it is missing.
+    /// Takes the lock, waiting no longer than that for another process to give it up. Nothing when another process
+    /// keeps it. Where no process can have a lock, such as in a folder that cannot be written, it counts as taken.
+    /// Makes the folder, for this user alone, when it is missing.
     static std::unique_ptr<FileLock> take(const std::filesystem::path& file, std::chrono::milliseconds longestWait);
 
     ~FileLock();

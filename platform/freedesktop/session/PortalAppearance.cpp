@@ -97,7 +97,7 @@ QColor PortalAppearance::accentColor() const {
 }
 
 bool PortalAppearance::reducedMotion() const {
-    // Qt's own word for it is no help: without a desktop environment it has all effects off, though nobody asked.
+    // Qt's own setting is no help: without a desktop environment Qt turns all effects off, though the user has not.
     return m_portalReducesMotion.value_or(false) || !m_desktopAnimates.value_or(true);
 }
 
@@ -114,7 +114,7 @@ void PortalAppearance::tellIfChanged() {
     if (now == m_told) {
         return;
     }
-    // First of all: a handler that sets a palette brings us here again.
+    // Before the handlers are called: one that sets a palette brings the program here again.
     m_told = now;
     for (const auto& changed : m_changed) {
         changed();

@@ -21,7 +21,7 @@ class PortalAppearance final : public QObject, public Appearance {
     Q_OBJECT
 
 public:
-    /// Comes after the application object.
+    /// The application object exists before.
     explicit PortalAppearance(const QDBusConnection& bus = QDBusConnection::sessionBus());
 
     bool isDark() const override;

@@ -19,7 +19,7 @@ SingleInstance::SingleInstance(const QString& applicationId, const QDBusConnecti
     : m_applicationId(applicationId)
     , m_path(u'/' + QString(applicationId).replace(u'.', u'/'))
     , m_bus(bus) {
-    // The object is there before the name is, so that nobody who finds the name finds nothing behind it.
+    // The object is there before the name, so that a program that finds the name can call the object.
     new ApplicationInterface(this);
     m_bus.registerObject(m_path, this);
 }

@@ -25,12 +25,12 @@ public:
 
     explicit SingleInstance(const QString& applicationId, const QDBusConnection& bus = QDBusConnection::sessionBus());
 
-    /// Takes the application id on the bus, or asks whoever has it to show itself. One that ends meanwhile leaves the
-    /// name to us.
+    /// Takes the application id as a name on the bus, or asks the process that has it to show itself. When that one
+    /// ends meanwhile, this process takes the name.
     Start start();
 
 signals:
-    /// Another start, or the desktop, asks for this program.
+    /// Another start, or the desktop, has asked for this program.
     void showRequested();
 
 private:

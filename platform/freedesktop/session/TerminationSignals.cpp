@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::array SIGNALS{SIGTERM, SIGINT, SIGHUP};
 
-/// A pipe, as a handler may do hardly more than write: its reading end, its writing end.
+/// A pipe's reading and writing ends: a signal handler may do hardly more than write.
 std::array<int, 2> ends{-1, -1};
 
 void noteSignal(int) {

@@ -9,7 +9,7 @@
 namespace zamber::freedesktop::session {
 
 /// Makes SIGTERM, SIGINT and SIGHUP, by which a session ends its programs, the same as the menu's way to quit: the main
-/// loop ends and the program with status 0. A second signal ends it the hard way, should it hang.
+/// loop ends and the program with status 0. A second signal kills the process, should it hang.
 class TerminationSignals final {
 public:
     /// From here on the first signal is only remembered. Comes before everything that takes time at the start. Signals

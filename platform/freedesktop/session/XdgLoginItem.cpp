@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The keys by which desktops switch an entry off that they leave in its place.
+/// The keys by which desktops switch an entry off without removing it.
 constexpr QLatin1StringView ENABLED_KEYS[] = {
     "X-GNOME-Autostart-enabled"_L1,
     "X-MATE-Autostart-enabled"_L1,
@@ -93,7 +93,7 @@ std::expected<void, QString> XdgLoginItem::registerItem() {
 
 std::expected<void, QString> XdgLoginItem::unregisterItem() {
     if (hasSystemEntry()) {
-        // Without one of the user's the system's would count again.
+        // Without an entry of the user's, one of the system's would count again.
         return write("[Desktop Entry]\nType=Application\nName=Zamber\nHidden=true\n");
     }
     QFile file(userFile());

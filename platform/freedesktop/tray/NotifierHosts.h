@@ -10,7 +10,7 @@
 
 namespace zamber::freedesktop::tray {
 
-/// Follows whether somebody shows status notifier items: a watcher is on the session bus, and a host with it
+/// Follows whether status notifier items are shown: whether a watcher is on the session bus, and a host with it
 /// (freedesktop.org, StatusNotifierItem).
 class NotifierHosts final : public QObject {
     Q_OBJECT
@@ -18,16 +18,16 @@ class NotifierHosts final : public QObject {
 public:
     explicit NotifierHosts(const QDBusConnection& bus);
 
-    /// Tells what is there, now and at each change.
+    /// Emits the signals below for the present state and for each change from now on.
     void start();
 
     /// Asks the watcher to take the item in that this process has under that bus name.
     void registerItem(const QString& service) const;
 
 signals:
-    /// A host has come; told again when the watcher is another one, which knows no items yet.
+    /// A host is there; emitted again when another watcher has taken over, which knows no items yet.
     void appeared();
-    /// There is none, or none any more.
+    /// No host is there, or none any more.
     void disappeared();
 
 private slots:

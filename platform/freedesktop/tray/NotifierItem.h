@@ -51,7 +51,7 @@ class NotifierItem final : public QDBusAbstractAdaptor {
     Q_PROPERTY(QDBusObjectPath Menu READ menu CONSTANT)
 
 public:
-    /// What a host tells of. No signals, which an adaptor would send to the bus.
+    /// Called when a host reports the user's act. They are no signals, which an adaptor would send to the bus.
     struct Callbacks {
         std::function<void()> activated;
         std::function<void()> menuRequested; ///< by a host that draws no menus

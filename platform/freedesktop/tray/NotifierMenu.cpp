@@ -21,7 +21,7 @@ bool haveSameLook(const QList<MenuItem>& a, const QList<MenuItem>& b) {
     });
 }
 
-/// Keys are called as X calls them.
+/// The name of a key, as the protocol has it: X's.
 QString keyName(const QString& key) {
     return key == u"," ? u"comma"_s : key;
 }

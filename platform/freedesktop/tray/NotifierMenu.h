@@ -21,7 +21,7 @@ struct NotifierMenuNode {
     QList<NotifierMenuNode> children;
 };
 
-/// What a line is called by and what it is like, without its lines.
+/// A line's number and properties, without the lines below it.
 struct NotifierMenuEntry {
     int id = 0;
     QVariantMap properties;

@@ -7,8 +7,8 @@
 
 namespace zamber::freedesktop::tray {
 
-/// The presses and releases of the pointer's buttons anywhere on the screen, in other programs' windows too. They are
-/// seen, not taken away. A wheel's turns are none.
+/// Reports the presses and releases of the pointer's buttons anywhere on the screen, in other programs' windows too,
+/// which get them all the same. The wheel counts as no button.
 class PointerButtons : public QObject {
     Q_OBJECT
 
@@ -18,8 +18,8 @@ public:
     /// Off at first. While it is off, the desktop is asked for nothing.
     virtual void setListening(Listening listening) = 0;
 
-    /// Tells, before it returns, of all that the desktop has seen up to now. News of the same press that comes another
-    /// way, such as a panel's message over the session bus, may be quicker.
+    /// Emits, before it returns, the signals of all that has happened up to now. A panel's message over the session bus
+    /// about the same press may come sooner than the press.
     virtual void catchUp() = 0;
 
 Q_SIGNALS:

@@ -34,14 +34,14 @@ public:
     /// The icon's rectangle in points; nothing while no embedded icon is shown.
     using EmbeddedIcon = std::function<std::optional<QRect>()>;
 
-    /// All of them outlive this object.
+    /// All three outlive this object.
     TrayClicks(popover::PopoverWindow& popover, PointerButtons& buttons, Scheduler& scheduler);
     ~TrayClicks() override;
 
     void setEmbeddedIcon(EmbeddedIcon embeddedIcon) { m_embeddedIcon = std::move(embeddedIcon); }
 
-    /// For each left click on the icon, when it is told of, with the pointer's place: whether it is still to be acted
-    /// on. It is not when its own press has closed the popover.
+    /// To be asked once for each left click on the icon, with the pointer's place: whether the click is still to be
+    /// acted on. It is not when its own press has closed the popover.
     bool isToBeActedOn(QPoint pointer);
 
 private:

@@ -76,7 +76,7 @@ void TrayIcon::useNotifierHost() {
 }
 
 void TrayIcon::useTray() {
-    // Only now that no host is there: Qt asks once in the life of a process, and what it hears it remembers.
+    // Not before it is known that no host is there: Qt looks for a host once in the life of a process.
     QIcon icon;
     for (const QImage& picture : std::as_const(m_pictures)) {
         icon.addPixmap(QPixmap::fromImage(picture));
@@ -163,7 +163,7 @@ void TrayIcon::tell(MouseButton button) const {
 
 void TrayIcon::handleReleaseOnEmbeddedIcon(const QWidget& icon, const QMouseEvent& release) {
     const bool isClick = std::exchange(m_pressedButton, Qt::NoButton) == release.button();
-    // In the icon's own coordinates: where the icon is on the screen, Qt hears late when the tray moves its icons.
+    // In the icon's own coordinates: Qt learns its place on the screen late when the tray moves its icons.
     if (!isClick || !icon.rect().contains(release.position().toPoint())) {
         return;
     }

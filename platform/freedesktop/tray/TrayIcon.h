@@ -39,7 +39,7 @@ public:
     TrayIcon(TrayClicks& clicks, const popover::WindowSystem& windowSystem, const QString& commandKeyHint);
     ~TrayIcon() override;
 
-    /// Shows the one drawing there is for panels, whatever the symbol.
+    /// Shows the drawing for panels, whatever the symbol's name.
     void showSymbol(const QString& symbol, const QString& accessibilityDescription) override;
     std::optional<Anchor> button() const override;
     void setClickedHandler(ClickedHandler handler) override;

@@ -29,7 +29,7 @@ void TrayMenu::setItems(const QList<MenuItem>& items) {
         }
         QAction* const action = addAction(item.title);
         if (!item.keyEquivalent.isEmpty()) {
-            // What stands behind a tab is shown where shortcuts are. A shortcut of Qt's own would be spelled "Meta+Q".
+            // Text after a tab stands in the shortcuts' column. A shortcut of Qt's own would be spelled "Meta+Q".
             action->setText(u"%1\t⌘%2"_s.arg(item.title, item.keyEquivalent.toUpper()));
             action->setToolTip(m_commandKeyHint);
             action->setData(QVariant::fromValue(QKeySequence(item.keyEquivalent)));
@@ -45,7 +45,7 @@ void TrayMenu::open(QPoint place) {
 }
 
 void TrayMenu::keyPressEvent(QKeyEvent* event) {
-    // With ⌘ or alone: whoever has the menu open has no other use for the key.
+    // With ⌘ or alone: the key has no other use while the menu is open.
     const QVariant pressed = QVariant::fromValue(QKeySequence(event->key()));
     const auto entries = actions();
     const auto chosen = std::ranges::find(entries, pressed, [](const QAction* action) { return action->data(); });

@@ -30,10 +30,13 @@
 #include <QApplication>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThreadPool>
 #include <QTimer>
 #include <QWidget>
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 
 namespace zamber::x11 {
 
@@ -59,7 +62,10 @@ struct X11Rig {
 struct X11PasteboardRig : X11Rig {
     x11::X11Pasteboard adapter{*connection};
 
-    X11PasteboardRig() { settle(); }
+    X11PasteboardRig() {
+        connection->addEventHandler([this](const xcb_generic_event_t&) { m_hasNews = true; });
+        settle();
+    }
 
     Pasteboard& pasteboard() { return adapter; }
     void copyText(const QByteArray& text) { partner.copy({{"UTF8_STRING", text}, {"STRING", "not this one"}}); }
@@ -72,8 +78,16 @@ struct X11PasteboardRig : X11Rig {
     std::optional<QByteArray> pastedImage(ImageType type) { return pasted(nameOf(type)); }
 
     void settle() {
-        // Nothing more is under way when our ownership is confirmed and a while has passed without an event.
-        partner.waitUntil([] { return false; }, 150);
+        // Nothing more is under way when no event comes to either program, twice in a row: a round trip brings what the
+        // requests made before it have caused, and the adapter may answer an event that it tells nobody of.
+        for (int quietRounds = 0; quietRounds < 2; quietRounds = m_hasNews ? 0 : quietRounds + 1) {
+            m_hasNews = false;
+            QThreadPool::globalInstance()->waitForDone(); // a picture may be on its way through a worker
+            QCoreApplication::processEvents();
+            connection->flush();
+            connection->catchUp();
+            m_hasNews = partner.catchUp() || m_hasNews;
+        }
     }
 
 private:
@@ -85,6 +99,8 @@ private:
         EXPECT_TRUE(waitUntil([this] { return partner.pasted().has_value(); })) << "no answer for " << target;
         return partner.pasted().value_or(std::nullopt);
     }
+
+    bool m_hasNews = false;
 };
 
 /// Takes the place of the user's browser: a program of the name that desktops open addresses with, which notes them.
@@ -238,16 +254,14 @@ struct TrayIconRig : X11Rig {
 
     StatusItem& item() { return adapter; }
     void click(MouseButton button) {
-        // The tray takes the icon in when it gets to it, and moves it to its place after that.
+        // The tray takes the icon in when it gets to it, and moves it to its place after that. The click goes to
+        // wherever the icon is at that moment.
         EXPECT_TRUE(waitUntil([this] {
-            const auto widgets = QApplication::topLevelWidgets();
-            const auto icon = std::ranges::find_if(
-                widgets, [](const QWidget* widget) { return widget->inherits("QSystemTrayIconSys"); });
-            return adapter.embeddedRectangle() && icon != widgets.end() &&
-                   partner.isViewable(static_cast<xcb_window_t>((*icon)->winId()));
+            const auto window = iconWindow();
+            return window && partner.isViewable(*window) && adapter.embeddedRectangle() &&
+                   adapter.button()->screenRectangle.contains(partner.centreOf(*window));
         }));
-        partner.waitUntil([] { return false; }, 200);
-        partner.click(adapter.button()->screenRectangle.center(), button == MouseButton::Left ? 1 : 3);
+        partner.clickWindow(iconWindow().value_or(XCB_WINDOW_NONE), button == MouseButton::Left ? 1 : 3);
     }
     void chooseFirst() {
         const auto* const menu = QApplication::activePopupWidget();
@@ -255,6 +269,14 @@ struct TrayIconRig : X11Rig {
         partner.click(menu->mapToGlobal(QPoint(menu->width() / 2, 12)), 1);
     }
     bool isMenuOpen() const { return QApplication::activePopupWidget() != nullptr; }
+
+private:
+    static std::optional<xcb_window_t> iconWindow() {
+        const auto widgets = QApplication::topLevelWidgets();
+        const auto icon =
+            std::ranges::find_if(widgets, [](const QWidget* widget) { return widget->inherits("QSystemTrayIconSys"); });
+        return icon == widgets.end() ? std::nullopt : std::optional(static_cast<xcb_window_t>((*icon)->winId()));
+    }
 };
 
 } // namespace

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/contracts/x11/X11Partner.h"
 
+#include "tests/support/Waiting.h"
+
 #include <QCoreApplication>
-#include <QElapsedTimer>
 
 #include <xcb/xtest.h>
 
@@ -117,6 +118,19 @@ bool X11Partner::isViewable(xcb_window_t window) const {
     return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
+QPoint X11Partner::centreOf(xcb_window_t window) const {
+    const Owned<xcb_get_geometry_reply_t> geometry(
+        xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, window), nullptr));
+    if (!geometry) {
+        return {-1, -1};
+    }
+    const auto x = static_cast<std::int16_t>(geometry->width / 2);
+    const auto y = static_cast<std::int16_t>(geometry->height / 2);
+    const Owned<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(
+        m_connection, xcb_translate_coordinates(m_connection, window, m_root, x, y), nullptr));
+    return place ? QPoint(place->dst_x, place->dst_y) : QPoint(-1, -1);
+}
+
 int X11Partner::pastesReceived(xcb_window_t window) const {
     const auto found = m_pastes.find(window);
     return found == m_pastes.end() ? 0 : found->second;
@@ -146,6 +160,13 @@ void X11Partner::click(QPoint pixels, std::uint8_t button) {
     sync();
 }
 
+void X11Partner::clickWindow(xcb_window_t window, std::uint8_t button) {
+    xcb_grab_server(m_connection);
+    click(centreOf(window), button);
+    xcb_ungrab_server(m_connection);
+    sync();
+}
+
 void X11Partner::grabKey(xcb_keycode_t key, std::uint16_t modifiers) {
     xcb_grab_key(m_connection, 0, m_root, modifiers, key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
     sync();
@@ -172,24 +193,26 @@ void X11Partner::requestPaste(const std::string& target) {
     xcb_flush(m_connection);
 }
 
-void X11Partner::pump() {
-    while (const Owned<xcb_generic_event_t> event{xcb_poll_for_event(m_connection)}) {
+bool X11Partner::catchUp() {
+    sync();
+    bool hasNews = false;
+    while (const Owned<xcb_generic_event_t> event{xcb_poll_for_queued_event(m_connection)}) {
+        hasNews = true;
         handle(*event);
     }
     xcb_flush(m_connection);
+    return hasNews;
 }
 
 bool X11Partner::waitUntil(const std::function<bool()>& condition, int patience) {
-    QElapsedTimer age;
-    age.start();
-    while (!condition()) {
-        if (age.hasExpired(patience)) {
-            return false;
-        }
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-        pump();
-    }
-    return true;
+    return zamber::waitUntil(
+        [&] {
+            while (catchUp()) { // without a pause: a large answer comes in many pieces
+                QCoreApplication::processEvents();
+            }
+            return condition();
+        },
+        std::chrono::milliseconds(patience));
 }
 
 void X11Partner::handle(const xcb_generic_event_t& event) {

@@ -18,8 +18,8 @@
 
 namespace zamber::x11 {
 
-/// Another program on the same X server, and the user at the keyboard and the mouse (by XTEST). It acts when it is
-/// pumped, so that it and the program under test share one thread.
+/// Another program on the same X server, and the user at the keyboard and the mouse (by XTEST). It acts when it
+/// catches up with the server, so that it and the program under test share one thread.
 class X11Partner final {
 public:
     X11Partner();
@@ -34,12 +34,16 @@ public:
     xcb_window_t activeWindow() const;
     /// Whether the window and all that it lies in are on the screen.
     bool isViewable(xcb_window_t window) const;
+    /// The middle of the window, in pixels of the screen.
+    QPoint centreOf(xcb_window_t window) const;
     /// How often Ctrl and the V key were pressed in that window.
     int pastesReceived(xcb_window_t window) const;
 
     // The user
     void pressKey(xcb_keycode_t key, const std::vector<xcb_keycode_t>& held);
     void click(QPoint pixels, std::uint8_t button);
+    /// Clicks on the middle of a window, wherever it is: nobody can move it meanwhile.
+    void clickWindow(xcb_window_t window, std::uint8_t button);
     void grabKey(xcb_keycode_t key, std::uint16_t modifiers);
 
     // The clipboard
@@ -53,7 +57,8 @@ public:
     /// Nothing yet, or the answer: no bytes when it was refused.
     std::optional<std::optional<QByteArray>> pasted() const { return m_pasted; }
 
-    void pump();
+    /// Handles every event that the server had up to this call, and says whether there was one.
+    bool catchUp();
 
     /// Runs Qt's loop and the partner until the condition holds, or for `patience` milliseconds.
     bool waitUntil(const std::function<bool()>& condition, int patience = 3000);

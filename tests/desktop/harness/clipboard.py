@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""Other programs' side of the clipboard: what they copy, and what they get when they ask."""
+"""Other programs' side of the clipboard: their copies, and the answers that they get."""
 
 import json
 import pathlib
@@ -21,7 +21,7 @@ class Clipboard:
         self.selection = selection
 
     def owner(self):
-        """The id of the owning window, 0 when nobody owns the selection."""
+        """The id of the owning window, 0 when no window owns the selection."""
         display = self._desktop.display
         owner = display.get_selection_owner(display.intern_atom(self.selection.upper()))
         return getattr(owner, "id", owner)
@@ -61,7 +61,7 @@ class Clipboard:
 
 
 class SelectionOwner:
-    """A partner that offers exactly what it is told, and notes what it is asked for."""
+    """A partner that offers exactly the given types, and notes each type that it is asked for."""
 
     script = "owner.py"
 

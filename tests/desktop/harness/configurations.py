@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""What the parts of a private desktop are told, instead of what the machine or its user has."""
+"""The configurations of the programs of a private desktop, in place of the machine's and the user's."""
 
 BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
@@ -59,7 +59,7 @@ background_color = #202428 100
 panel_background_id = 1
 """
 
-# A bar on top with a stretch and then what programs put into the tray.
+# A bar on top with an empty stretch and then the tray.
 XFCE_PANEL_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
   <property name="configver" type="int" value="2"/>

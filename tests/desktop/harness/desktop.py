@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""A whole desktop that nobody else sees: X server, buses, window manager, tray, folders."""
+"""A whole desktop for one test: X server, buses, window manager, tray, folders."""
 
 import os
 import select
@@ -122,7 +122,7 @@ class PrivateDesktop(PrivateSession):
             return Display(self.display_name)
 
     def start_window_manager(self):
-        """Part of coming up; called again by whoever has stopped `window_manager_process`."""
+        """Part of coming up. A test that has stopped `window_manager_process` calls it again."""
         if self.window_manager == "none":
             return
         command = ["xfwm4", "--compositor=off"]
@@ -150,7 +150,7 @@ class PrivateDesktop(PrivateSession):
             return False
 
     def start_tray(self, tray=None):
-        """Part of coming up; called again by whoever has stopped `tray_host`, or wants one later."""
+        """Part of coming up. A test that has stopped `tray_host`, or wants one later, calls it again."""
         if (tray or self.tray) == "none":
             return
         configuration = self.directory / "tint2rc"
@@ -160,7 +160,7 @@ class PrivateDesktop(PrivateSession):
                    lambda: f"the tray: {self.tray_host.stderr()}")
 
     def start_compositor(self):
-        """Part of coming up; called again by whoever has stopped `compositor_process`."""
+        """Part of coming up. A test that has stopped `compositor_process` calls it again."""
         if self.compositor == "none":
             return
         compositor = self.compositor_process = self.start("picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
@@ -180,7 +180,7 @@ class PrivateDesktop(PrivateSession):
         self.keyboard.set_group(group)
         wait_until(lambda: self.keyboard.state().group == group, what=f"layout group {group}")
 
-    # What can be seen
+    # The screen
 
     def windows(self):
         return windows.top_level_windows(self.display)

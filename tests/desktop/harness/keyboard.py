@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""A keyboard and a mouse made of XTEST events, which is what a user's hands look like to every program."""
+"""A keyboard and a mouse made of XTEST events, which programs cannot tell from a user's hands."""
 
 import time
 
@@ -9,7 +9,7 @@ from Xlib.ext import xtest
 
 from . import xkb
 
-# Positions on the keyboard, named after what they are on the US layout, as X numbers them (evdev code + 8).
+# Positions on the keyboard by their names on the US layout, as X numbers them (evdev code + 8).
 KEY_CODES = {
     "Escape": 9, "1": 10, "2": 11, "3": 12, "BackSpace": 22, "Tab": 23, "q": 24, "w": 25, "p": 33, "Return": 36, "Control_L": 37, "a":
     38, "s": 39, "d": 40, "Shift_L": 50, "x": 53, "c": 54, "v": 55, "comma": 59, "Shift_R": 62, "Alt_L": 64, "space": 65,

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""A panel that shows status notifier items, and what it sees of them."""
+"""A panel that shows status notifier items, and reports their state."""
 
 import json
 import subprocess

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""The programs that a user would be working in, each with a way to see what reached it."""
+"""The programs that a user would be working in, each with a way to see the keys and pastes that reached it."""
 
 import itertools
 import json
@@ -71,7 +71,7 @@ class Editor(Partner):
 
 
 class Mousepad(Partner):
-    """A real editor, which tells what it holds only by saving it."""
+    """A real editor, whose text is read from the file that it saves."""
 
     def __init__(self, desktop):
         self.path = desktop.home / f"mousepad-{next(_numbers)}.txt"
@@ -106,7 +106,7 @@ class Gvim(Partner):
 
 
 class TextField(Partner):
-    """A single text field of somebody else's making, in a window of its own."""
+    """A program with a single text field, of another toolkit, in a window of its own."""
 
     def __init__(self, desktop, script):
         self._text_file = desktop.directory / f"field-{next(_numbers)}"

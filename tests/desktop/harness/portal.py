@@ -15,7 +15,7 @@ GTK_BACKEND = "org.freedesktop.impl.portal.desktop.gtk"
 
 
 class SettingsPortal:
-    """Answers as it is told to. Values are GVariants in text form; what has none is not known to the portal."""
+    """Answers with the given settings. Values are GVariants in text form; the portal does not know any other setting."""
 
     def __init__(self, desktop):
         self.child = desktop.start("settings_portal", ["/usr/bin/python3", PARTNERS / "settings_portal.py"],
@@ -28,7 +28,7 @@ class SettingsPortal:
         self._command("set", group, key, value)
 
     def change(self, group, key, value):
-        """For those that listen too."""
+        """Changes a setting and sends the portal's signal."""
         self._command("change", group, key, value)
 
     def forget(self):
@@ -51,7 +51,7 @@ class GtkPortal:
 
     def __init__(self, desktop):
         self._desktop = desktop
-        # What the memory holds is seen by nobody else; a file is.
+        # Settings in memory are this process's alone; other processes see those in a file.
         desktop.environment.update(GSETTINGS_BACKEND="keyfile", XDG_CURRENT_DESKTOP="GNOME")
         for name, bus_name in (("xdg-desktop-portal-gtk", GTK_BACKEND), ("xdg-desktop-portal", PORTAL)):
             child = desktop.start(name, [f"/usr/libexec/{name}"])

@@ -15,12 +15,12 @@ PR_SET_CHILD_SUBREAPER = 36
 
 
 def adopt_orphans():
-    """From now on what a child of ours leaves running is our child, so that we can see it to its end."""
+    """From now on a process that outlives a child of ours becomes our child, so that it can be ended."""
     ctypes.CDLL(None, use_errno=True).prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0)
 
 
 class Child:
-    """A started program. What it writes goes to two files, so that nobody has to read along for it to go on."""
+    """A started program. Its output goes to two files: a pipe that is not read would fill and stop it."""
 
     def __init__(self, name, command, environment, directory, *, stdin=None, pass_fds=(), death_signal="KILL", cwd=None):
         self.name = name

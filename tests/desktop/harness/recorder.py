@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""The X server's own record of every key event, whoever made it and whoever received it."""
+"""The X server's own record of every key event: all senders, all receivers."""
 
 import threading
 from dataclasses import dataclass
@@ -76,7 +76,7 @@ class Recorder:
         try:
             self._data.record_enable_context(self._context, self._receive)
             self._data.record_free_context(self._context)
-        except Exception as failure:  # told to whoever stops the recorder
+        except Exception as failure:  # raised again when the recorder is stopped
             self._failure = failure
 
     def _receive(self, reply):
@@ -97,7 +97,7 @@ class Recorder:
             (self._held.add if pressed else self._held.discard)(event.detail)
 
     def mark(self):
-        """A place in the record, to look later at what has come since."""
+        """A place in the record, for looking later at the events since then."""
         return len(self.events)
 
     def since(self, mark):

@@ -12,7 +12,7 @@ TOOL_SECONDS = 20.0
 
 
 def screenshot(desktop, path):
-    """What a user sees, the compositor's work included, as a picture file of the type that the name ends in."""
+    """The screen as a user sees it, the compositor's work included, as a picture file of the type that the name ends in."""
     subprocess.run(
         ["/usr/bin/import", "-window", "root", str(path)], env=desktop.environment, stdin=subprocess.DEVNULL,
         capture_output=True, timeout=TOOL_SECONDS, check=True,
@@ -21,7 +21,7 @@ def screenshot(desktop, path):
 
 
 def mean_color(desktop, x, y, width, height):
-    """Red, green and blue, each from 0 to 255, of what a user sees in that rectangle of the screen, mixed."""
+    """The average colour of a rectangle of the screen: red, green and blue, each from 0 to 255."""
     data = desktop.display.screen().root.get_image(x, y, width, height, X.ZPixmap, 0xFFFFFFFF).data
     count = width * height
     return tuple(sum(data[channel::4]) / count for channel in (2, 1, 0))

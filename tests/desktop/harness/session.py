@@ -21,7 +21,7 @@ KEPT_VARIABLES = ("LD_LIBRARY_PATH", "XDG_DATA_DIRS")
 
 
 def _is_listening(socket_path):
-    # The socket's file is there a moment before anybody answers behind it.
+    # The socket's file is there a moment before the bus answers behind it.
     with socket.socket(socket.AF_UNIX) as caller:
         try:
             caller.connect(str(socket_path))
@@ -164,7 +164,7 @@ class PrivateSession:
         return "true" in self.run(["gdbus", "call", "--session", "-d", "org.freedesktop.DBus", "-o", "/", "-m",
                                    "org.freedesktop.DBus.NameHasOwner", name])
 
-    # What can be seen
+    # The screen
 
     def windows(self):
         """All windows that programs opened, from bottom to top."""

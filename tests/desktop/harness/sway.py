@@ -114,7 +114,7 @@ class SwayDesktop(PrivateSession):
                 length, _ = struct.unpack("=II", stream.read(14)[6:])
                 return json.loads(stream.read(length))
 
-    # What can be seen
+    # The screen
 
     def nodes(self):
         """The tree's windows, as sway describes them."""

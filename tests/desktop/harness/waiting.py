@@ -8,7 +8,7 @@ POLL_SECONDS = 0.01
 
 
 class WaitTimeout(AssertionError):
-    """What was waited for did not happen; an assertion, so that a test that waits in vain has failed."""
+    """A wait was in vain. An assertion, so that the test has failed."""
 
 
 def wait_until(condition, timeout=5.0, what="the condition"):
@@ -27,7 +27,7 @@ def wait_until(condition, timeout=5.0, what="the condition"):
 
 
 def holds_for(condition, seconds, what="the condition"):
-    """Fails as soon as `condition` is false within the next `seconds`: for what must not happen."""
+    """Fails as soon as `condition` is false within the next `seconds`: checks that something does not happen."""
     deadline = time.monotonic() + seconds
     while time.monotonic() < deadline:
         if not condition():

@@ -110,7 +110,7 @@ def _is_client(display, window):
 
 
 def focused_window(display):
-    """The program's window that the keyboard goes to, or None where it goes to nobody."""
+    """The program's window that has the keyboard, or None where no window has it."""
     focus = display.get_input_focus().focus
     if isinstance(focus, int):
         return None
@@ -127,7 +127,7 @@ def focused_window(display):
 
 
 def active_window(display):
-    """What the window manager calls active, or None."""
+    """The active window by the window manager's word, or None."""
     root = display.screen().root
     reply = root.get_full_property(display.intern_atom("_NET_ACTIVE_WINDOW"), Xatom.WINDOW)
     if not reply or not len(reply.value) or not reply.value[0]:

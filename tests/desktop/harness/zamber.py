@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""The program under test, and what can be seen of it from outside."""
+"""The program under test, seen from outside."""
 
 import base64
 import binascii
@@ -110,7 +110,7 @@ class Zamber:
         return self.child.pid
 
     def stdout_lines(self):
-        """What it has logged, but for the news that the update service is out of reach, as it always is here."""
+        """The log, without the line about the update service, which is always out of reach here."""
         return [line for line in self.child.stdout_lines() if not line.startswith(UPDATE_FAILED)]
 
     def has_asked_for_updates(self):

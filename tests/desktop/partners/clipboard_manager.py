@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""A clipboard manager as desktops have one: it saves what programs hand to it as they end, and serves it after them.
+"""A clipboard manager as desktops have one: it saves the clipboard of programs that end, and serves it after them.
 
 Prints "ready" once it is the manager, then a JSON line for each hand-over: the types that it has saved, with the SHA-256
 of their bytes.
@@ -11,12 +11,12 @@ With --hang it never answers. An error of X ends it.
 import argparse
 import hashlib
 import json
-import os
-import sys
 import time
 
-from Xlib import X, Xatom, display
+from Xlib import X, Xatom
 from Xlib.protocol import event
+
+import x_program
 
 PATIENCE_SECONDS = 10.0
 
@@ -24,14 +24,7 @@ parser = argparse.ArgumentParser()
 parser.add_argument("--hang", action="store_true")
 arguments = parser.parse_args()
 
-
-def die_of(error, _request):
-    print(f"error of X: {error}", file=sys.stderr, flush=True)
-    os._exit(1)
-
-
-connection = display.Display()
-connection.set_error_handler(die_of)
+connection = x_program.connect()
 window = connection.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent, event_mask=X.PropertyChangeMask)
 CLIPBOARD, MANAGER, SAVE, TARGETS, INCR, NULL, PLACE = map(connection.intern_atom, (
     "CLIPBOARD", "CLIPBOARD_MANAGER", "SAVE_TARGETS", "TARGETS", "INCR", "NULL", "ZAMBER_TEST_SAVED"))
@@ -57,7 +50,7 @@ def take_property():
 
 
 def fetch(target):
-    """The bytes of the clipboard in that type and what they are called, or None."""
+    """The type that the owner names and the bytes of the clipboard, or None."""
     window.delete_property(PLACE)
     window.convert_selection(CLIPBOARD, target, PLACE, X.CurrentTime)
     answer = next_of(X.SelectionNotify, lambda seen: seen.target == target)

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""A text editor that lets others see what it holds: its whole text is in a file after every change, each key event
+"""A text editor whose state can be read: its whole text is in a file after every change, each key event
 that it received is a line of JSON in another, and a pasted picture's PNG bytes are in a third."""
 
 import argparse
@@ -69,7 +69,7 @@ def take_picture(_):
             replace_file(arguments.image_file, selection.get_data())
 
     png = Gdk.Atom.intern("image/png", False)
-    # Asked first what there is: some owners answer any target with whatever they have.
+    # The targets are asked for first: some owners answer every target with the one form that they have.
     clipboard.request_targets(lambda _, targets, *__: png in (targets or []) and clipboard.request_contents(png, received))
 
 

@@ -32,13 +32,13 @@ What happens is written to the log, a JSON line each. An error of X ends it, as 
 import argparse
 import json
 import os
-import select
 import signal
-import sys
 import time
 
-from Xlib import X, Xatom, display
+from Xlib import X, Xatom
 from Xlib.protocol import event, request
+
+import x_program
 
 LARGEST_REQUEST_BYTES = 200_000
 TAIL_SECONDS = 0.3
@@ -53,13 +53,7 @@ def note(**what):
         log.write(json.dumps(what) + "\n")
 
 
-def die_of(error, _request):
-    print(f"error of X: {error}", file=sys.stderr, flush=True)
-    os._exit(1)
-
-
-connection = display.Display()
-connection.set_error_handler(die_of)
+connection = x_program.connect()
 
 
 def create_window():
@@ -223,27 +217,10 @@ def hand_over():
     connection.flush()
 
 
-unread = b""
-while True:
-    while connection.pending_events():
-        handle(connection.next_event())
-    while tails and tails[0][0] <= time.monotonic():
-        stop_listening(tails.pop(0)[1])
-    while late_pieces and late_pieces[0][0] <= time.monotonic():
-        send_piece(*late_pieces.pop(0)[1:])
-    if end is not None and end <= time.monotonic():
-        break
-    is_waiting = tails or late_pieces or end is not None
-    ready, _, _ = select.select([connection.fileno(), sys.stdin.fileno()], [], [], 0.02 if is_waiting else None)
-    if sys.stdin.fileno() not in ready:
-        continue
-    chunk = os.read(sys.stdin.fileno(), 65536)
-    if not chunk:
-        break
-    unread += chunk
-    *lines, unread = unread.split(b"\n")
-    for line in lines:
-        order = json.loads(line)
+orders = x_program.Orders(connection)
+came = []
+while came is not None:
+    for order in came:
         if "offer" in order:
             take(order)
         elif "release" in order:
@@ -255,3 +232,13 @@ while True:
         elif "leave" in order:
             leave(order["leave"])
         print("done", flush=True)
+    while connection.pending_events():
+        handle(connection.next_event())
+    while tails and tails[0][0] <= time.monotonic():
+        stop_listening(tails.pop(0)[1])
+    while late_pieces and late_pieces[0][0] <= time.monotonic():
+        send_piece(*late_pieces.pop(0)[1:])
+    if end is not None and end <= time.monotonic():
+        break
+    is_waiting = tails or late_pieces or end is not None
+    came = orders.wait(0.02 if is_waiting else None)

@@ -21,18 +21,13 @@ import struct
 import sys
 import time
 
-from Xlib import X, Xatom, display
+from Xlib import X
+
+import x_program
 
 PATIENCE_SECONDS = 20.0
 
-
-def die_of(error, _request):
-    print(f"error of X: {error}", file=sys.stderr, flush=True)
-    os._exit(1)
-
-
-connection = display.Display()
-connection.set_error_handler(die_of)
+connection = x_program.connect()
 window = connection.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent, event_mask=X.PropertyChangeMask)
 CLIPBOARD, INCR, MULTIPLE, ATOM_PAIR = map(connection.intern_atom, ("CLIPBOARD", "INCR", "MULTIPLE", "ATOM_PAIR"))
 TYPES = {8: None, 16: "H", 32: "I"}
@@ -86,7 +81,7 @@ class Answer:
 
 
 def collect(answers, most_pieces):
-    """Takes what comes for the properties until all is there or time is up."""
+    """Takes the answers' pieces until all are complete or time is up."""
     deadline = time.monotonic() + PATIENCE_SECONDS
     while not all(answer.is_complete for answer in answers.values()):
         seen = next_event(deadline)

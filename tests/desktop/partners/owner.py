@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""A program that owns a selection: told by JSON lines on standard input what to offer, answering each with a line.
+"""A program that owns a selection. JSON lines on standard input say what it offers; it answers each with a line.
 
   {"offer": {"UTF8_STRING": "68656c6c6f", "image/png": null}, "selection": "CLIPBOARD"}
       takes the selection; data in hexadecimal, null for a target that is offered but never delivered
@@ -14,13 +14,11 @@ Every target that is asked for is written to the log file, a line each. Ends wit
 """
 
 import argparse
-import json
-import os
-import select
-import sys
 
 from Xlib import X, Xatom, display
 from Xlib.protocol import event, request
+
+import x_program
 
 parser = argparse.ArgumentParser()
 parser.add_argument("--log", required=True)
@@ -88,22 +86,15 @@ def answer(asked):
     connection.flush()
 
 
-unread = b""
-while True:
-    while connection.pending_events():
-        handle(connection.next_event())
-    ready, _, _ = select.select([connection.fileno(), sys.stdin.fileno()], [], [])
-    if sys.stdin.fileno() not in ready:
-        continue
-    chunk = os.read(sys.stdin.fileno(), 65536)
-    if not chunk:
-        break
-    unread += chunk
-    *lines, unread = unread.split(b"\n")
-    for line in lines:
-        order = json.loads(line)
+orders = x_program.Orders(connection)
+came = []
+while came is not None:
+    for order in came:
         if "offer" in order:
             take(order["selection"], order["offer"])
         elif "release" in order:
             release()
         print("done", flush=True)
+    while connection.pending_events():
+        handle(connection.next_event())
+    came = orders.wait()

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""A settings portal (org.freedesktop.portal.Settings) on the session bus that answers what it is told to.
+"""A settings portal (org.freedesktop.portal.Settings) on the session bus that answers with given settings.
 
 Reads commands from standard input, a JSON list a line, and answers each with a line on standard output:
   ["set", GROUP, KEY, VALUE]     has the value from now on; VALUE is a GVariant in text form, such as "uint32 1"
@@ -51,7 +51,7 @@ class Portal:
 
     def tell(self, arguments):
         self.bus.emit_signal(None, PATH, SETTINGS, "SettingChanged", arguments)
-        # The bus handles what a connection sends in its order: with this answer it has passed the signal on.
+        # The bus handles a connection's messages in their order: before this answer it has passed the signal on.
         self.bus.call_sync("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId", None, None,
                            Gio.DBusCallFlags.NONE, -1, None)
 

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""What runs inside a terminal: writes every byte that the terminal sends to a file, line discipline switched off."""
+"""Runs inside a terminal and writes every byte that the terminal sends to a file, line discipline switched off."""
 
 import os
 import sys

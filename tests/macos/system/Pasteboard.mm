@@ -9,7 +9,7 @@
 #include <map>
 
 // The rules (NSPasteboard.h): the contents are the server's, by name, and so is the count, which each change of owner
-// moves: clearContents, by whoever. Writing a type does not move it.
+// moves: clearContents, in any process. Writing a type does not move it.
 
 using namespace zamber::system;
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "AppDelegateFixture.h"
 
+#include "tests/support/LogCapture.h"
+
 #include <QApplication>
 #include <QScreen>
 #include <QWidget>
@@ -19,8 +21,6 @@ using namespace std::chrono_literals;
 using testing::Contains;
 using testing::HasSubstr;
 using testing::Not;
-using testing::internal::CaptureStdout;
-using testing::internal::GetCapturedStdout;
 
 QWidget* permissionWindow() {
     const auto windows = QApplication::topLevelWidgets();
@@ -36,19 +36,19 @@ protected:
 };
 
 TEST_F(AppDelegateTest, StartedWithThePermissionThereIsOneLineNoSettingsNoWindowAndNoPoll) {
-    CaptureStdout();
+    LogCapture log;
     delegate->applicationDidFinishLaunching();
     scheduler.advance(5s);
-    EXPECT_EQ(GetCapturedStdout(), "✅ Accessibility: trusted\n");
+    EXPECT_EQ(log.take(), "✅ Accessibility: trusted\n");
     EXPECT_EQ(permissionWindow(), nullptr);
     EXPECT_THAT(journal.entries(), Not(Contains(HasSubstr("open "))));
     EXPECT_EQ(trust.timesAsked, 1);
 }
 
 TEST_F(AccessibilityFlowTest, WithoutItTheSettingsOpenAndTheWindowAppears) {
-    CaptureStdout();
+    LogCapture log;
     delegate->applicationDidFinishLaunching();
-    EXPECT_EQ(GetCapturedStdout(), "⚠️ Accessibility: NOT trusted — opening System Settings\n");
+    EXPECT_EQ(log.take(), "⚠️ Accessibility: NOT trusted — opening System Settings\n");
     EXPECT_EQ(journal.entries().back(), "open settings:accessibility");
     ASSERT_NE(permissionWindow(), nullptr);
     EXPECT_TRUE(permissionWindow()->isVisible());
@@ -68,10 +68,10 @@ TEST_F(AccessibilityFlowTest, WithinASecondOfGrantingTheWindowClosesByItself) {
     scheduler.advance(10s);
     ASSERT_NE(permissionWindow(), nullptr);
     trust.isGranted = true;
-    CaptureStdout();
+    LogCapture log;
     scheduler.advance(1s);
     EXPECT_EQ(permissionWindow(), nullptr);
-    EXPECT_EQ(GetCapturedStdout(), "✅ Accessibility granted!\n");
+    EXPECT_EQ(log.take(), "✅ Accessibility granted!\n");
 
     const int timesAsked = trust.timesAsked;
     trust.isGranted = false;
@@ -97,9 +97,9 @@ TEST_F(AccessibilityFlowTest, ClosingTheWindowByHandDoesNotStopThePolling) {
     scheduler.advance(5s);
     EXPECT_FALSE(permissionWindow()->isVisible()) << "it is not shown again";
     trust.isGranted = true;
-    CaptureStdout();
+    LogCapture log;
     scheduler.advance(1s);
-    EXPECT_EQ(GetCapturedStdout(), "✅ Accessibility granted!\n");
+    EXPECT_EQ(log.take(), "✅ Accessibility granted!\n");
     EXPECT_EQ(permissionWindow(), nullptr);
 }
 
@@ -109,9 +109,9 @@ TEST_F(AccessibilityFlowTest, WhenTheDelegateHasGoneTheGrantIsLoggedAndThePollSt
     delegate.reset();
     EXPECT_EQ(permissionWindow(), nullptr);
     trust.isGranted = true;
-    CaptureStdout();
+    LogCapture log;
     scheduler.advance(10s);
-    EXPECT_EQ(GetCapturedStdout(), "✅ Accessibility granted!\n");
+    EXPECT_EQ(log.take(), "✅ Accessibility granted!\n");
     EXPECT_LT(scheduler.pendingTimers(), timers);
 }
 

@@ -20,7 +20,7 @@ class AppDelegateTest : public testing::Test, protected FakeDesktop {
 protected:
     AppDelegateTest() {
         UserDefaults::setStandard(&userDefaults);
-        // Nobody answers there, and nobody outside of the machine is asked.
+        // No service answers there, and no request leaves the machine.
         update::UpdateManager::setShared(update::UpdateManager::create(scheduler, userDefaults, bundle, workspace, {},
                                                                        QStringLiteral("http://127.0.0.1:9")));
         delegate = std::make_shared<AppDelegate>(portsOf<FakeDesktop>(*this),

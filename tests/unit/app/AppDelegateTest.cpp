@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "AppDelegateFixture.h"
 
+#include "tests/support/LogCapture.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -18,7 +20,7 @@ using testing::IsEmpty;
 
 // Start-up
 
-/// The journal, and what nobody is asked about at each of its notes.
+/// The journal, and the state at each of its notes that no port is told of.
 struct Trace {
     std::map<std::string, bool> hasOnPaste;
     std::map<std::string, std::size_t> timers;
@@ -85,9 +87,9 @@ TEST_F(AppDelegateTest, WhenTheDelegateHasBeenReleasedALateOnPasteDoesNothing) {
 }
 
 TEST_F(AppDelegateTest, WithThePermissionPresentTheStartLogsOneLine) {
-    testing::internal::CaptureStdout();
+    LogCapture log;
     launch();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "✅ Accessibility: trusted\n");
+    EXPECT_EQ(log.take(), "✅ Accessibility: trusted\n");
 }
 
 TEST_F(AppDelegateTest, AnotherStartShowsThePopover) {
@@ -153,20 +155,20 @@ TEST_F(AppDelegateTest, TheLaunchAtLoginTitleShowsTheStateAtTheMomentOfTheRightC
 
 TEST_F(AppDelegateTest, TogglingLaunchAtLoginAndRightClickingAgainShowsTheOtherTitle) {
     launch();
-    testing::internal::CaptureStdout();
+    LogCapture log;
     openMenu()[2].action();
     EXPECT_EQ(openMenu()[2].title, QStringLiteral("✓ Launch at Login"));
     openMenu()[2].action();
     EXPECT_EQ(openMenu()[2].title, QStringLiteral("  Launch at Login"));
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "✅ Launch at Login: enabled\n✅ Launch at Login: disabled\n");
+    EXPECT_EQ(log.take(), "✅ Launch at Login: enabled\n✅ Launch at Login: disabled\n");
 }
 
 TEST_F(AppDelegateTest, WhenRegistrationFailsTheErrorIsLoggedAndTheTitleStays) {
     launch();
     loginItem.failure = QStringLiteral("Permission denied");
-    testing::internal::CaptureStdout();
+    LogCapture log;
     openMenu()[2].action();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "❌ Launch at Login error: Permission denied\n");
+    EXPECT_EQ(log.take(), "❌ Launch at Login error: Permission denied\n");
     EXPECT_EQ(openMenu()[2].title, QStringLiteral("  Launch at Login"));
 }
 

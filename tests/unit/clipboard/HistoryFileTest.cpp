@@ -29,7 +29,7 @@ int interruptions = 0;
 
 } // namespace
 
-/// In place of the C library's.
+/// Stands in for the C library's function.
 extern "C" int fallocate(int descriptor, int mode, off_t offset, off_t length) {
     if (interruptions > 0) {
         --interruptions;
@@ -75,7 +75,7 @@ QList<ClipboardItem> texts(const QList<QByteArray>& values) {
     return items;
 }
 
-/// No file of this process may grow beyond that, as if the disk were full.
+/// Keeps the files of this process from growing beyond a size, as if the disk were full.
 class OnlySoLongFiles {
 public:
     explicit OnlySoLongFiles(rlim_t bytes) {

@@ -4,8 +4,8 @@
 
 #include "clipboard/ClipboardContent.h"
 #include "platform/ImageLimit.h"
+#include "tests/support/Pictures.h"
 
-#include <QBuffer>
 #include <QColor>
 #include <QImageReader>
 
@@ -14,13 +14,6 @@
 namespace zamber::clipboard {
 
 namespace {
-
-QByteArray encoded(const QImage& image, const char* format) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    EXPECT_TRUE(image.save(&buffer, format));
-    return buffer.data();
-}
 
 /// Red, green and blue thirds, side by side.
 QImage tricolour(QSize size) {

@@ -24,7 +24,7 @@ QByteArray written(const QByteArray& text) {
     return '"' + output + '"';
 }
 
-/// What another reader makes of it.
+/// The string as another reader reads it.
 QByteArray readBack(const QByteArray& json) {
     return QJsonDocument::fromJson('[' + json + ']').array().at(0).toString().toUtf8();
 }

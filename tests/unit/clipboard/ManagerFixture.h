@@ -9,6 +9,7 @@
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/fakes/FakeScheduler.h"
 #include "tests/fakes/FakeUserDefaults.h"
+#include "tests/support/LogCapture.h"
 
 #include <QTemporaryDir>
 
@@ -34,9 +35,9 @@ protected:
 
     /// Starts the program, with the history file as it is.
     void start() {
-        testing::internal::CaptureStdout();
+        LogCapture output;
         manager = ClipboardManager::create(pasteboard, defaults, scheduler, path);
-        log = testing::internal::GetCapturedStdout();
+        log = output.take();
         manager->startMonitoring();
     }
     /// What the last start wrote to the log.

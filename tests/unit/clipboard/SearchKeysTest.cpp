@@ -21,7 +21,7 @@ QByteArray large(const QByteArray& word) {
     return text;
 }
 
-/// A history with texts that are too large to be made ready for searching while somebody waits.
+/// A history with texts that are too large to be made ready for searching while the user waits.
 class SearchKeysTest : public ManagerFixture {
 protected:
     int searchChanges = 0;

@@ -9,6 +9,7 @@
 #include "tests/fakes/FakeDiskImageTool.h"
 #include "tests/fakes/FakeScheduler.h"
 #include "tests/fakes/FakeWorkspace.h"
+#include "tests/support/LogCapture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -40,9 +41,7 @@ protected:
         placeAt(u"/Volumes/Zamber/Zamber.app"_s);
         tool.images = {{.imagePath = u"/home/a/Other.dmg"_s, .mountPoints = {u"/Volumes/Other"_s}},
                        {.imagePath = u"/home/a/Zamber.dmg"_s, .mountPoints = {u"/Volumes/Zamber"_s}}};
-        testing::internal::CaptureStdout();
     }
-    ~DMGCleanupTest() override { log(); }
 
     void placeAt(const QString& path) {
         bundle.bundlePath = path;
@@ -51,21 +50,14 @@ protected:
 
     DMGCleanup::Ports ports() { return {bundle, alert, files, tool, workspace, application, scheduler}; }
 
-    /// A whole launch, answered so.
+    /// A whole launch, with these answers to its questions.
     void launch(const QList<int>& answers) {
         alert.answers = answers;
         DMGCleanup::checkAndPromptMove(ports());
         scheduler.advance(10s);
     }
 
-    std::string log() {
-        if (m_isLogTaken) {
-            return {};
-        }
-        m_isLogTaken = true;
-        return testing::internal::GetCapturedStdout();
-    }
-
+    LogCapture log;
     Journal journal;
     FakeAppBundle bundle;
     FakeAlert alert{journal};
@@ -74,9 +66,6 @@ protected:
     FakeWorkspace workspace{journal};
     FakeApplication application{journal};
     FakeScheduler scheduler;
-
-private:
-    bool m_isLogTaken = false;
 };
 
 } // namespace
@@ -109,7 +98,7 @@ TEST_F(DMGCleanupTest, ALaunchFromAnywhereElseDoesNothing) {
     bundle.bundlePath = u"/Applications/Zamber.app"_s;
     launch({MOVE});
     EXPECT_THAT(journal.entries(), IsEmpty());
-    EXPECT_EQ(log(), "");
+    EXPECT_EQ(log.take(), "");
 }
 
 TEST_F(DMGCleanupTest, TheMoveIsAskedForASecondAfterTheLaunch) {
@@ -170,7 +159,7 @@ TEST_F(DMGCleanupTest, AFailedRemovalIsTold) {
               u"Try dragging Zamber to Applications manually.\n\nError: It is <in> use.");
     EXPECT_TRUE(alert.shown[1].buttons.isEmpty()) << "one default button";
     EXPECT_FALSE(application.isTerminated);
-    EXPECT_EQ(log(), "");
+    EXPECT_EQ(log.take(), "");
 }
 
 TEST_F(DMGCleanupTest, AFailedCopyIsToldAndNothingElseHappens) {
@@ -187,7 +176,7 @@ TEST_F(DMGCleanupTest, AFailedRelaunchIsLoggedAndThisInstanceGoesOn) {
     launch({MOVE, LEAVE_IT});
     EXPECT_FALSE(application.isTerminated);
     EXPECT_TRUE(files.exists(u"/Applications/Zamber.app"_s)) << "the copy stays";
-    EXPECT_EQ(log(), "❌ Relaunch error: No.\n");
+    EXPECT_EQ(log.take(), "❌ Relaunch error: No.\n");
     EXPECT_EQ(alert.shown.size(), 2) << "the prompt comes all the same";
 }
 
@@ -246,13 +235,13 @@ TEST_F(DMGCleanupTest, ThePromptAsksWhatToDoWithTheImage) {
 TEST_F(DMGCleanupTest, LeaveItLeavesIt) {
     launch({MOVE, LEAVE_IT});
     EXPECT_EQ(journal.entries().back(), EJECT_ALERT);
-    EXPECT_EQ(log(), "");
+    EXPECT_EQ(log.take(), "");
 }
 
 TEST_F(DMGCleanupTest, JustEjectEjectsAlone) {
     launch({MOVE, JUST_EJECT});
     EXPECT_EQ(journal.entries().back(), "detach /Volumes/Zamber");
-    EXPECT_EQ(log(), "⏏️ Ejected: /Volumes/Zamber\n");
+    EXPECT_EQ(log.take(), "⏏️ Ejected: /Volumes/Zamber\n");
 }
 
 TEST_F(DMGCleanupTest, OfTwoImagesTheSecondOneWithTheMountPointIsTrashed) {
@@ -261,7 +250,7 @@ TEST_F(DMGCleanupTest, OfTwoImagesTheSecondOneWithTheMountPointIsTrashed) {
     ASSERT_GE(entries.size(), 3U);
     EXPECT_THAT(std::vector(entries.end() - 3, entries.end()),
                 ElementsAre("attached images", "detach /Volumes/Zamber", "trash /home/a/Zamber.dmg"));
-    EXPECT_EQ(log(), "⏏️ Ejected: /Volumes/Zamber\n🗑️ DMG moved to trash: /home/a/Zamber.dmg\n");
+    EXPECT_EQ(log.take(), "⏏️ Ejected: /Volumes/Zamber\n🗑️ DMG moved to trash: /home/a/Zamber.dmg\n");
 }
 
 TEST_F(DMGCleanupTest, TheImageGoesToTheTrashASecondAfterTheEjection) {
@@ -285,7 +274,7 @@ TEST_F(DMGCleanupTest, NoMatchingMountPointLeadsToAPlainEjection) {
                    {.imagePath = u"/home/a/Three.dmg"_s, .mountPoints = {u"/Volumes/Zamber/"_s}}};
     launch({MOVE, EJECT_AND_TRASH});
     EXPECT_EQ(journal.entries().back(), "detach /Volumes/Zamber");
-    EXPECT_EQ(log(), "⏏️ Ejected: /Volumes/Zamber\n");
+    EXPECT_EQ(log.take(), "⏏️ Ejected: /Volumes/Zamber\n");
 }
 
 TEST_F(DMGCleanupTest, AMatchWithoutAFileIsSkipped) {
@@ -300,13 +289,13 @@ TEST_F(DMGCleanupTest, WithoutAReportTheVolumeIsEjectedAllTheSame) {
     tool.reportError = u"No tool."_s;
     launch({MOVE, EJECT_AND_TRASH});
     EXPECT_EQ(journal.entries().back(), "detach /Volumes/Zamber");
-    EXPECT_EQ(log(), "⚠️ hdiutil info failed: No tool.\n⏏️ Ejected: /Volumes/Zamber\n");
+    EXPECT_EQ(log.take(), "⚠️ hdiutil info failed: No tool.\n⏏️ Ejected: /Volumes/Zamber\n");
 }
 
 TEST_F(DMGCleanupTest, AnImageThatCannotBeTrashedIsLogged) {
     workspace.trashError = u"It is locked."_s;
     launch({MOVE, EJECT_AND_TRASH});
-    EXPECT_EQ(log(), "⏏️ Ejected: /Volumes/Zamber\n⚠️ Couldn't trash DMG: It is locked.\n");
+    EXPECT_EQ(log.take(), "⏏️ Ejected: /Volumes/Zamber\n⚠️ Couldn't trash DMG: It is locked.\n");
 }
 
 } // namespace zamber::install

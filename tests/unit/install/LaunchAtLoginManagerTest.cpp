@@ -3,6 +3,7 @@
 #include "install/LaunchAtLoginManager.h"
 
 #include "tests/fakes/FakeLoginItem.h"
+#include "tests/support/LogCapture.h"
 
 #include <gtest/gtest.h>
 
@@ -10,15 +11,12 @@ namespace zamber::install {
 
 namespace {
 
-using testing::internal::CaptureStdout;
-using testing::internal::GetCapturedStdout;
-
 class LaunchAtLoginManagerTest : public testing::Test {
 protected:
     std::string logOf(bool isEnabled) {
-        CaptureStdout();
+        LogCapture log;
         manager.setEnabled(isEnabled);
-        return GetCapturedStdout();
+        return log.take();
     }
 
     FakeLoginItem item;

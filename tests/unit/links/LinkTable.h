@@ -10,8 +10,8 @@
 
 namespace zamber::links {
 
-/// A text as people copy it, and what of it is a link: nothing where that is empty. The address is as it goes over the
-/// wire, and the link itself where it is empty.
+/// A text as people copy it, and the link in it; an empty link means none. The address is as it goes over the wire; an
+/// empty one means the link itself.
 struct LinkCase {
     QStringView text;
     QStringView link = {};
@@ -26,7 +26,7 @@ struct LinkGroup {
     friend std::ostream& operator<<(std::ostream& stream, const LinkGroup& group) { return stream << group.name; }
 };
 
-/// From RFC 3986, RFC 6531 and what stands in front of people all day.
+/// Links from RFC 3986, RFC 6531 and everyday texts.
 std::vector<LinkGroup> linkTable();
 
 } // namespace zamber::links

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Log.h"
 
+#include "tests/support/LogCapture.h"
+
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <pty.h>
@@ -18,14 +20,12 @@ namespace zamber {
 
 namespace {
 
-using testing::internal::CaptureStdout;
-using testing::internal::GetCapturedStdout;
 using namespace std::chrono_literals;
 
 std::string logged(std::string_view line) {
-    CaptureStdout();
+    LogCapture log;
     logLine(line);
-    return GetCapturedStdout();
+    return log.take();
 }
 
 /// Standard output is another file until the end of the test.
@@ -85,7 +85,7 @@ std::string drain(int descriptor) {
     return text;
 }
 
-/// Whether that many lines are written within a bound, though nobody reads.
+/// Whether that many lines are written within a bound, though the pipe is not read.
 bool returnsThough(const Ends& output, const std::string& line, int count = 100) {
     const Redirection redirection(output.writer);
     auto done = std::async(std::launch::async, [&] {
@@ -103,10 +103,10 @@ bool returnsThough(const Ends& output, const std::string& line, int count = 100)
 } // namespace
 
 TEST(Log, EachCallIsOneLineAtOnce) {
-    CaptureStdout();
+    LogCapture log;
     logLine("✅ one");
     logLine("");
-    EXPECT_EQ(GetCapturedStdout(), "✅ one\n\n");
+    EXPECT_EQ(log.take(), "✅ one\n\n");
 }
 
 TEST(Log, ALineBreakInANameMakesNoSecondLine) {

@@ -14,8 +14,7 @@
 
 namespace zamber::popover {
 
-/// Something that was really painted: where (points, in the rendered widget), how large its letters or symbol are, how
-/// bold, and in which colour.
+/// A text or symbol that was painted: its place (points, in the rendered widget), size, weight and colour.
 struct Painted {
     enum class Kind { Text, Symbol, Fill };
     Kind kind = Kind::Fill;

@@ -6,7 +6,7 @@
 
 namespace zamber::popover {
 
-/// Sizes with the most that may stand in them.
+/// The popover's sizes, each with the longest texts that it may have to show.
 class PopoverClippingTest : public PopoverGeometryTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(PopoverClippingTest, NoTextReachesBeyondItsPlace) {

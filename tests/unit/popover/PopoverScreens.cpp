@@ -116,8 +116,8 @@ public:
         freedesktop::popover::PopoverFrame frame;
         frame.setContent(stage.view.get());
         frame.setShape(freedesktop::popover::FrameShape::RoundedWithShadow);
-        frame.setLook(stage.appearance.isDark() ? freedesktop::popover::FrameLook::Dark
-                                                : freedesktop::popover::FrameLook::Light);
+        frame.setColorScheme(stage.appearance.isDark() ? freedesktop::popover::ColorScheme::Dark
+                                                       : freedesktop::popover::ColorScheme::Light);
         frame.setContentGeometry(QRect(QPoint(60, 60), stage.view->size()));
         frame.show();
         if (prepare) {

@@ -3,9 +3,9 @@
 #include "preferences/PreferenceKeys.h"
 
 #include "platform/freedesktop/SettingsUserDefaults.h"
+#include "tests/support/Waiting.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileSystemWatcher>
 #include <QProcess>
@@ -43,7 +43,7 @@ protected:
         start();
     }
 
-    /// It waits for a file that is being rewritten as long as the test takes, however slow the machine is.
+    /// A file that is being rewritten is given all the time of the test, however slow the machine is.
     void startPatientlyWith(const QByteArray& bytes) {
         put(bytes);
         defaults.emplace(path, 1h);
@@ -53,7 +53,7 @@ protected:
         QObject::connect(&watcher, &QFileSystemWatcher::fileChanged, &watcher, noticed);
         QObject::connect(&watcher, &QFileSystemWatcher::directoryChanged, &watcher, noticed);
     }
-    /// Watches as the preferences do, so that what has reached it has reached them in the same turn or the next.
+    /// Watches as the preferences do: they learn of a change in the same turn of the loop or the next.
     QFileSystemWatcher watcher;
     bool isNoticed = false;
 
@@ -75,16 +75,7 @@ protected:
         ASSERT_EQ(process.exitCode(), 0);
     }
 
-    static bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit = 10s) {
-        const QDeadlineTimer deadline(limit);
-        while (!condition() && !deadline.hasExpired()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 5);
-        }
-        return condition();
-    }
-    static void settle() {
-        waitUntil([] { return false; }, 300ms);
-    }
+    static void settle() { letPass(300ms); }
 
     QString theme() const { return read(*defaults, appTheme); }
 };

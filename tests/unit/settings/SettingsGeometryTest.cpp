@@ -194,12 +194,12 @@ TEST_F(SettingsGeometryTest, SmallButtonsAreSmallAndOnlyTheOnesMeantToBePressedA
     stage.trust.isGranted = false;
     select(SettingsTab::About);
     select(SettingsTab::General);
-    using enum ui::ButtonLook::Prominence;
+    using enum ui::ButtonStyle::Prominence;
     for (const auto& [name, prominence] : {std::pair(u"Check"_s, Bordered), std::pair(u"Download"_s, Prominent),
                                            std::pair(u"Grant Access"_s, Prominent)}) {
         const auto* const button = stage.control<ui::BorderedButton>(name);
-        EXPECT_EQ(button->look().size, ui::ControlSize::Small) << name.toStdString();
-        EXPECT_EQ(button->look().prominence, prominence) << name.toStdString();
+        EXPECT_EQ(button->buttonStyle().size, ui::ControlSize::Small) << name.toStdString();
+        EXPECT_EQ(button->buttonStyle().prominence, prominence) << name.toStdString();
     }
 }
 

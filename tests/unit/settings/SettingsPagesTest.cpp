@@ -4,6 +4,7 @@
 #include "preferences/PreferenceKeys.h"
 
 #include "tests/fakes/FakeSymbols.h"
+#include "tests/support/LogCapture.h"
 #include "ui/BorderedButton.h"
 #include "ui/ProgressIndicator.h"
 #include "ui/SegmentedPicker.h"
@@ -94,9 +95,9 @@ TEST_F(SettingsPagesTest, TogglingTheLoginSwitchOnAndOffIssuesOneRegisterAndOneU
 TEST_F(SettingsPagesTest, ALoginItemThatFailsIsLoggedAndTheSwitchStaysWhereItWasPut) {
     stage.loginItem.failure = u"the folder is read-only"_s;
     open(SettingsTab::General);
-    testing::internal::CaptureStdout();
+    LogCapture log;
     QTest::mouseClick(&switchNamed(u"Launch at login"_s), Qt::LeftButton);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "❌ Launch at login: the folder is read-only\n");
+    EXPECT_EQ(log.take(), "❌ Launch at login: the folder is read-only\n");
     EXPECT_TRUE(switchNamed(u"Launch at login"_s).isChecked());
 }
 

@@ -2,35 +2,27 @@
 // SPDX-License-Identifier: MIT
 #include "text/Utf8.h"
 
+#include "tests/support/NamedRow.h"
+
 #include <gtest/gtest.h>
 
 namespace zamber::text {
 
 namespace {
 
-struct Row {
-    const char* name;
-    QByteArray from;
-    QByteArray to;
-};
-
-void PrintTo(const Row& row, std::ostream* out) {
-    *out << row.name;
-}
-
-class RepairedUtf8Test : public testing::TestWithParam<Row> {};
+class RepairedUtf8Test : public testing::TestWithParam<NamedRow> {};
 
 TEST_P(RepairedUtf8Test, ReplacesWhatIsBroken) {
     EXPECT_EQ(repairedUtf8(GetParam().from), GetParam().to);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, RepairedUtf8Test,
-                         testing::Values(Row{"empty", "", ""}, Row{"ascii", "plain", "plain"},
-                                         Row{"whole", "Zoë 文 🙂", "Zoë 文 🙂"},
-                                         Row{"lone continuation", "a\x80z", "a\xef\xbf\xbdz"},
-                                         Row{"cut at the end", "ab\xe6\x96", "ab\xef\xbf\xbd"},
-                                         Row{"latin-1", "Zo\xeb!", "Zo\xef\xbf\xbd!"},
-                                         Row{"nul inside", QByteArray("a\0b", 3), QByteArray("a\0b", 3)}));
+                         testing::Values(NamedRow{"empty", "", ""}, NamedRow{"ascii", "plain", "plain"},
+                                         NamedRow{"whole", "Zoë 文 🙂", "Zoë 文 🙂"},
+                                         NamedRow{"lone continuation", "a\x80z", "a\xef\xbf\xbdz"},
+                                         NamedRow{"cut at the end", "ab\xe6\x96", "ab\xef\xbf\xbd"},
+                                         NamedRow{"latin-1", "Zo\xeb!", "Zo\xef\xbf\xbd!"},
+                                         NamedRow{"nul inside", QByteArray("a\0b", 3), QByteArray("a\0b", 3)}));
 
 TEST(RepairedUtf8, SharesWhatIsValid) {
     const QByteArray text("a text that is long enough to be allocated");

@@ -186,8 +186,8 @@ TEST(FocusRing, ItIsSeenOnEveryControlInEveryState) {
                 EXPECT_GE(pixelsOfFocus(control, palette), about)
                     << isOn << " " << accent.name().toStdString() << " " << palette.isDark;
             }
-            for (const auto prominence : {ButtonLook::Prominence::Bordered, ButtonLook::Prominence::Prominent,
-                                          ButtonLook::Prominence::Destructive}) {
+            for (const auto prominence : {ButtonStyle::Prominence::Bordered, ButtonStyle::Prominence::Prominent,
+                                          ButtonStyle::Prominence::Destructive}) {
                 BorderedButton button(u"Update"_s, {.prominence = prominence});
                 EXPECT_GE(pixelsOfFocus(button, palette), about) << static_cast<int>(prominence);
             }
@@ -216,10 +216,10 @@ TEST(BorderedButton, ItsTextIsReadableInEveryLook) {
 }
 
 TEST(BorderedButton, TheKindsLookDifferentFromEachOther) {
-    using Prominence = ButtonLook::Prominence;
+    using Prominence = ButtonStyle::Prominence;
     QList<QImage> looks;
     for (const Prominence prominence : {Prominence::Bordered, Prominence::Prominent, Prominence::Destructive}) {
-        for (const auto shape : {ButtonLook::Shape::Rounded, ButtonLook::Shape::Capsule}) {
+        for (const auto shape : {ButtonStyle::Shape::Rounded, ButtonStyle::Shape::Capsule}) {
             BorderedButton button(u"Update"_s, {.prominence = prominence, .shape = shape});
             button.setColors(Palette::light(Qt::blue));
             button.resize(button.sizeHint());

@@ -15,7 +15,7 @@
 
 namespace zamber::update {
 
-/// Certificates made on the spot: one authority that the tests trust, and one that nobody does.
+/// Certificates made on the spot: one authority that the tests trust, and one that they do not.
 class Authorities {
 public:
     Authorities();

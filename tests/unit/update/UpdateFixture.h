@@ -8,10 +8,10 @@
 #include "tests/fakes/FakeScheduler.h"
 #include "tests/fakes/FakeUserDefaults.h"
 #include "tests/fakes/FakeWorkspace.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/Waiting.h"
 #include "update/UpdateManager.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QSslConfiguration>
@@ -19,7 +19,6 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cstdio>
 #include <memory>
 #include <optional>
 
@@ -63,36 +62,10 @@ private:
 /// A manager, a service on the loopback interface, and a clock that stands still.
 class UpdateFixture : public testing::Test {
 protected:
-    UpdateFixture() { testing::internal::CaptureStdout(); }
-    ~UpdateFixture() override {
-        const std::string text = takeLog();
-        if (HasFailure()) {
-            std::fputs(text.c_str(), stderr); // the failures stand in it, too
-        }
-    }
-
     std::shared_ptr<UpdateManager> managerFor(const QString& apiBase) {
         return UpdateManager::create(
             scheduler, defaults, bundle, workspace,
             [this] { return std::make_unique<TrustingAccess>(authorities.trusted(), access); }, apiBase);
-    }
-
-    template <class Condition>
-    static bool waitUntil(Condition condition) {
-        return waitUntilFor(std::chrono::seconds(20), condition);
-    }
-
-    template <class Condition>
-    static bool waitUntilFor(std::chrono::milliseconds bound, Condition condition) {
-        const QDeadlineTimer deadline(bound);
-        while (!condition()) {
-            if (deadline.hasExpired()) {
-                return false;
-            }
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        }
-        return true;
     }
 
     /// A whole check; the service's side of it is in `service`.
@@ -106,22 +79,7 @@ protected:
         check();
     }
 
-    std::string takeLog() {
-        if (m_isLogTaken) {
-            return {};
-        }
-        m_isLogTaken = true;
-        return testing::internal::GetCapturedStdout();
-    }
-
-    /// What was logged since the last look.
-    std::string log() {
-        std::string text = takeLog();
-        testing::internal::CaptureStdout();
-        m_isLogTaken = false;
-        return text;
-    }
-
+    LogCapture log;
     static constexpr auto GOOD_REPLY =
         R"({"updateAvailable": true, "latestVersion": "3.0", "downloadUrl": "https://zamber.example/get",)"
         R"( "releaseNotes": "Fine things", "mandatory": true})";
@@ -135,9 +93,6 @@ protected:
     Authorities authorities;
     HttpsServer service{authorities.server(Authorities::Issuer::Trusted, "DNS:localhost,IP:127.0.0.1")};
     std::shared_ptr<UpdateManager> manager = managerFor(service.apiBase());
-
-private:
-    bool m_isLogTaken = false;
 };
 
 } // namespace zamber::update

@@ -59,7 +59,7 @@ TEST_F(UpdateManagerTest, AGoodReplyFillsEveryField) {
     EXPECT_TRUE(manager->isMandatory());
     EXPECT_FALSE(manager->isVersionSkipped());
     EXPECT_EQ(manager->lastChecked(), FakeScheduler::START_TIME);
-    EXPECT_EQ(log(), "🔄 Update available: v3.0\n");
+    EXPECT_EQ(log.take(), "🔄 Update available: v3.0\n");
 }
 
 TEST_F(UpdateManagerTest, TheRequestCarriesVersionAndBuildAndNothingElseOfTheUser) {
@@ -98,9 +98,9 @@ TEST_F(UpdateManagerTest, AVersionWithASpaceMakesNoAddressAndTheCheckSilentlyDoe
     bundle.versionText = u"1.0 beta"_s;
     manager->checkForUpdates();
     EXPECT_FALSE(manager->isChecking());
-    EXPECT_FALSE(waitUntilFor(200ms, [this] { return service.connections > 0; }));
+    EXPECT_FALSE(waitUntil([this] { return service.connections > 0; }, 200ms));
     EXPECT_FALSE(manager->lastChecked());
-    EXPECT_EQ(log(), "");
+    EXPECT_EQ(log.take(), "");
 }
 
 TEST_F(UpdateManagerTest, ABundleWithoutABuildSendsBuild1) {
@@ -131,14 +131,14 @@ TEST_F(UpdateManagerTest, ABundleWithoutAVersionIsVersion1) {
 
 TEST_F(UpdateManagerTest, AReplyOfOnlyTheFlagHasAnEmptyVersionAddressAndNotes) {
     checkWith(GOOD_REPLY);
-    log();
+    log.take();
     checkWith(R"({"updateAvailable": true})");
     EXPECT_TRUE(manager->updateAvailable());
     EXPECT_EQ(manager->latestVersion(), QString());
     EXPECT_EQ(manager->downloadUrl(), QString());
     EXPECT_EQ(manager->releaseNotes(), QString());
     EXPECT_FALSE(manager->isMandatory());
-    EXPECT_EQ(log(), "🔄 Update available: v\n");
+    EXPECT_EQ(log.take(), "🔄 Update available: v\n");
 }
 
 TEST_F(UpdateManagerTest, AnEmptyLatestVersionCountsAsSkippedForTheBannerAndIsStillAnUpdateForThePage) {
@@ -159,7 +159,7 @@ TEST_F(UpdateManagerTest, FieldsOfTheWrongTypeAreEmpty) {
 
 TEST_P(NoUpdate, ClearsTheFlagAndKeepsTheRest) {
     checkWith(GOOD_REPLY);
-    log();
+    log.take();
     scheduler.advance(7s);
     checkWith(GetParam());
     EXPECT_FALSE(manager->updateAvailable());
@@ -168,7 +168,7 @@ TEST_P(NoUpdate, ClearsTheFlagAndKeepsTheRest) {
     EXPECT_EQ(manager->releaseNotes(), u"Fine things");
     EXPECT_TRUE(manager->isMandatory());
     EXPECT_EQ(manager->lastChecked(), FakeScheduler::START_TIME + 7);
-    EXPECT_EQ(log(), "");
+    EXPECT_EQ(log.take(), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Json, NoUpdate,
@@ -180,13 +180,13 @@ INSTANTIATE_TEST_SUITE_P(Json, NoUpdate,
 
 TEST_P(Malformed, IsLoggedAsAParseErrorAndKeepsTheState) {
     checkWith(GOOD_REPLY);
-    log();
+    log.take();
     scheduler.advance(7s);
     checkWith(QByteArray::fromStdString(GetParam().bytes));
     EXPECT_TRUE(manager->updateAvailable());
     EXPECT_EQ(manager->latestVersion(), u"3.0");
     EXPECT_EQ(manager->lastChecked(), FakeScheduler::START_TIME + 7);
-    EXPECT_THAT(log(), StartsWith("⚠️ Update parse error: "));
+    EXPECT_THAT(log.take(), StartsWith("⚠️ Update parse error: "));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -229,7 +229,7 @@ TEST_F(UpdateManagerTest, PressingTheButtonTwiceQuicklySendsOneRequest) {
     EXPECT_TRUE(manager->isChecking());
     manager->checkForUpdates();
     ASSERT_TRUE(waitUntil([this] { return !manager->isChecking(); }));
-    EXPECT_FALSE(waitUntilFor(200ms, [this] { return service.requests.size() > 1; }));
+    EXPECT_FALSE(waitUntil([this] { return service.requests.size() > 1; }, 200ms));
     EXPECT_EQ(service.requests.size(), 1);
 }
 
@@ -286,7 +286,7 @@ TEST_F(UpdateManagerTest, ItsTimersHoldItWeakly) {
     manager.reset();
     EXPECT_TRUE(watched.expired());
     scheduler.advance(30000s);
-    EXPECT_FALSE(waitUntilFor(100ms, [this] { return service.connections > 0; }));
+    EXPECT_FALSE(waitUntil([this] { return service.connections > 0; }, 100ms));
 }
 
 TEST_F(UpdateManagerTest, DownloadingOpensTheAddress) {

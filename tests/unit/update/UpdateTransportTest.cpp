@@ -34,7 +34,7 @@ protected:
     /// An earlier check was answered; a later one is not, and so changes nothing of that answer.
     void learnOfAnUpdate() {
         checkWith(R"({"updateAvailable": true, "latestVersion": "2.9", "downloadUrl": "https://zamber.example/old"})");
-        ASSERT_EQ(log(), "🔄 Update available: v2.9\n");
+        ASSERT_EQ(log.take(), "🔄 Update available: v2.9\n");
         known = u"2.9"_s;
         service.requests.clear();
         access.arrivals = 0;
@@ -48,7 +48,7 @@ protected:
         EXPECT_EQ(manager->latestVersion(), known);
         EXPECT_EQ(manager->downloadUrl(), known.isEmpty() ? QString() : u"https://zamber.example/old"_s);
         EXPECT_EQ(manager->lastChecked(), scheduler.now());
-        const std::string text = log();
+        const std::string text = log.take();
         EXPECT_THAT(text, StartsWith(line));
         EXPECT_GT(text.size(), std::string(FAILED).size() + 1) << "it says why";
         EXPECT_EQ(std::ranges::count(text, '\n'), 1);
@@ -73,7 +73,7 @@ TEST_P(AnyStatus, DoesNotMatterWhenTheBodyIsGood) {
     check();
     EXPECT_TRUE(manager->updateAvailable());
     EXPECT_EQ(manager->latestVersion(), u"3.0");
-    EXPECT_EQ(log(), "🔄 Update available: v3.0\n");
+    EXPECT_EQ(log.take(), "🔄 Update available: v3.0\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(Statuses, AnyStatus,
@@ -278,7 +278,7 @@ TEST_F(UpdateTransport, ABodyThatEndsWithTheConnectionIsRead) {
 TEST_F(UpdateTransport, NoBodyAtAllIsNoJson) {
     service.answer = [](QSslSocket& client) { client.write("HTTP/1.1 204 No Content\r\n\r\n"); };
     check();
-    EXPECT_THAT(log(), StartsWith("⚠️ Update parse error: "));
+    EXPECT_THAT(log.take(), StartsWith("⚠️ Update parse error: "));
 }
 
 TEST_F(UpdateTransport, WhatIsNoHttpIsAFailure) {
@@ -388,9 +388,9 @@ TEST_F(UpdateTransport, NothingIsWrittenWhenTheManagerHasGoneBeforeTheReply) {
     startAndWaitForRequest();
     manager.reset();
     HttpsServer::reply(GOOD_REPLY)(*service.lastClient);
-    EXPECT_FALSE(waitUntilFor(200ms, [] { return false; }));
+    letPass(200ms);
     scheduler.advance(100s);
-    EXPECT_EQ(log(), "");
+    EXPECT_EQ(log.take(), "");
     EXPECT_EQ(scheduler.pendingTimers(), 0U);
 }
 

@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/selection/CopyReader.h"
 
-#include <QBuffer>
-#include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QImage>
+#include "tests/support/Pictures.h"
+#include "tests/support/Waiting.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,12 +19,7 @@ using testing::ElementsAreArray;
 using enum OwnerAnswer::Outcome;
 
 QByteArray picture(const char* format) {
-    QImage image(9, 4, QImage::Format_RGB32);
-    image.fill(Qt::darkGreen);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    EXPECT_TRUE(image.save(&buffer, format)) << format;
-    return buffer.data();
+    return filledPicture({9, 4}, Qt::darkGreen, format);
 }
 
 /// A program that has copied: its answers by type, in the order of the types that it offers.
@@ -47,7 +40,7 @@ protected:
     std::vector<QByteArray> asked;
     std::vector<CopyReader::Outcome> told;
 
-    /// Reads to the end; what was asked for and told stands in the members.
+    /// Reads to the end. The questions are in `asked`, the outcomes in `told`.
     void read(bool canTell = true) {
         told.clear();
         CopyReader reader([this](const QByteArray& type, auto answer) { handleQuestion(type, answer); },
@@ -57,12 +50,7 @@ protected:
             types.push_back(type);
         }
         reader.begin(canTell ? std::optional(types) : std::nullopt);
-        QElapsedTimer age;
-        age.start();
-        while (!isOver() && !age.hasExpired(10000)) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-        }
-        ASSERT_TRUE(isOver());
+        ASSERT_TRUE(waitUntil([this] { return isOver(); }));
     }
 
     template <class Outcome>

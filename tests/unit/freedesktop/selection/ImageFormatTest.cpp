@@ -3,10 +3,10 @@
 #include "platform/freedesktop/selection/ImageFormat.h"
 
 #include "platform/ImageLimit.h"
+#include "tests/support/Pictures.h"
+#include "tests/support/Waiting.h"
 
-#include <QBuffer>
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QImage>
 #include <QImageReader>
 
@@ -19,13 +19,6 @@ namespace zamber::freedesktop::selection {
 
 namespace {
 
-QByteArray encoded(const QImage& image, const char* format) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    EXPECT_TRUE(image.save(&buffer, format)) << format;
-    return bytes;
-}
-
 QImage picture() {
     QImage image(7, 5, QImage::Format_RGB32);
     for (int y = 0; y < image.height(); ++y) {
@@ -36,16 +29,12 @@ QImage picture() {
     return image;
 }
 
-/// What the conversion tells, or nothing within the bound.
+/// The result of the conversion, or nothing if there is none within the bound.
 std::optional<QByteArray> conversion(const QByteArray& bytes, ImageFormat format) {
     QObject context;
     std::optional<QByteArray> result;
     convertImage(bytes, format, &context, [&result](const QByteArray& converted) { result = converted; });
-    QElapsedTimer age;
-    age.start();
-    while (!result && !age.hasExpired(10000)) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-    }
+    static_cast<void>(waitUntil([&result] { return result.has_value(); }));
     return result;
 }
 

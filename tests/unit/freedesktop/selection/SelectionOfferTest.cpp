@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/selection/SelectionOffer.h"
 
-#include <QBuffer>
-#include <QCoreApplication>
-#include <QElapsedTimer>
+#include "tests/support/Pictures.h"
+#include "tests/support/Waiting.h"
+
 #include <QImage>
 
 #include <gmock/gmock.h>
@@ -18,29 +18,20 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 QByteArray picture(const char* format) {
-    QImage image(12, 6, QImage::Format_RGB32);
-    image.fill(Qt::darkRed);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    EXPECT_TRUE(image.save(&buffer, format)) << format;
-    return buffer.data();
+    return filledPicture({12, 6}, Qt::darkRed, format);
 }
 
 class SelectionOfferTest : public testing::Test {
 protected:
     SelectionOffer offer;
 
-    /// What those who ask get, once everything under way has arrived.
+    /// The answers to so many requests, once all have arrived.
     std::vector<std::optional<SelectionOffer::Data>> ask(const QByteArray& type, std::size_t times = 1) {
         std::vector<std::optional<SelectionOffer::Data>> answers;
         for (std::size_t i = 0; i < times; ++i) {
             offer.convert(type, [&answers](const auto& data) { answers.push_back(data); });
         }
-        QElapsedTimer age;
-        age.start();
-        while (answers.size() < times && !age.hasExpired(10000)) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-        }
+        EXPECT_TRUE(waitUntil([&] { return answers.size() >= times; }));
         EXPECT_EQ(answers.size(), times);
         return answers;
     }
@@ -73,7 +64,7 @@ TEST_F(SelectionOfferTest, ATextIsOfferedUnderAllItsNames) {
 
 TEST_F(SelectionOfferTest, AnImageIsGivenUnchangedUnderItsLabelAndConvertedUnderTheOthers) {
     const QByteArray png = picture("PNG");
-    // Labelled TIFF whatever the bytes are, as the program writes them.
+    // The label is TIFF for a PNG's bytes, too, as the program writes them.
     offer.setContent({.text = {}, .image = png, .imageLabel = ImageFormat::Tiff, .files = {}});
     EXPECT_THAT(offer.types(), ElementsAre("image/png", "image/tiff", "image/bmp"));
     EXPECT_EQ(bytesOf("image/tiff"), png);
@@ -134,12 +125,7 @@ TEST_F(SelectionOfferTest, WhoWaitsForAConversionGetsItThoughTheContentHasChange
     offer.convert("image/png", [&former](const auto& data) { former = data; });
     offer.setContent({.text = "words", .image = {}, .files = {}});
     EXPECT_EQ(bytesOf("image/png"), std::nullopt);
-    QElapsedTimer age;
-    age.start();
-    while (!former && !age.hasExpired(10000)) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-    }
-    ASSERT_TRUE(former);
+    ASSERT_TRUE(waitUntil([&former] { return former.has_value(); }));
     EXPECT_TRUE(hasFormat(former->bytes, ImageFormat::Png));
 }
 

@@ -39,7 +39,7 @@ protected:
         return path;
     }
 
-    /// What the program has written down, line by line.
+    /// The lines that the program has written down.
     QStringList report() const {
         QFile file(folder.filePath(u"report"_s));
         QElapsedTimer time;

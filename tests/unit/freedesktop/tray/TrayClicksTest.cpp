@@ -46,7 +46,7 @@ protected:
         buttons.release();
     }
 
-    /// What the program does with a click that the icon's host tells of.
+    /// The icon's host reports a click, and the program acts on it.
     void tellClick(QPoint pointer) {
         if (!clicks.isToBeActedOn(pointer)) {
             return;
@@ -97,7 +97,7 @@ void PrintTo(const ClickCase& click, std::ostream* out) {
 
 class ClickOnIcon : public TrayClicksTest, public testing::WithParamInterface<ClickCase> {};
 
-/// A press that closed the popover, and what comes after it.
+/// A press that closed the popover, and the click that follows.
 struct NextClickCase {
     const char* name;
     Qt::MouseButton button;

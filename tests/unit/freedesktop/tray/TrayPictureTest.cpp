@@ -13,7 +13,7 @@ namespace zamber::freedesktop::tray {
 
 namespace {
 
-/// What is seen on a panel of that colour.
+/// The picture as it is seen on a panel of that colour.
 QImage onPanel(int pixels, const QColor& panel) {
     QImage seen(pixels, pixels, QImage::Format_RGB32);
     seen.fill(panel);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "AppDelegateFixture.h"
 
+#include "tests/support/LogCapture.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -17,130 +19,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// Hot keys
-
-TEST_F(AppDelegateTest, TheThreeHotKeysAreCommandShiftOnPhysicalKeysUnderOneSignature) {
-    launch();
-    ASSERT_EQ(hotKeys.registrations.size(), 3U);
-    const PhysicalKey keys[] = {PhysicalKey::V, PhysicalKey::Digit2, PhysicalKey::Digit3};
-    for (std::uint32_t i = 0; i < 3; ++i) {
-        EXPECT_EQ(hotKeys.registrations[i].key, keys[i]);
-        EXPECT_TRUE(hotKeys.registrations[i].modifiers.command);
-        EXPECT_TRUE(hotKeys.registrations[i].modifiers.shift);
-        EXPECT_EQ(hotKeys.registrations[i].id.id, i + 1);
-        EXPECT_EQ(hotKeys.registrations[i].id.signature, 0x5A4D4252U); // "ZMBR"
-    }
-}
-
-TEST_F(AppDelegateTest, TheMainHotKeyOpensThePopoverAfterTheHandlerHasReturned) {
-    launch();
-    hotKeys.press(PhysicalKey::V);
-    EXPECT_FALSE(popover.isShown());
-    scheduler.advance(0ms);
-    EXPECT_TRUE(popover.isShown());
-}
-
-TEST_F(AppDelegateTest, TheMainHotKeyKeepsAnOpenPopoverOpenAndShowsItAgain) {
-    launch();
-    for (int i = 0; i < 2; ++i) {
-        hotKeys.press(PhysicalKey::V);
-        scheduler.advance(0ms);
-    }
-    EXPECT_TRUE(popover.isShown());
-    EXPECT_EQ(popover.showings.size(), 2);
-}
-
-TEST_F(AppDelegateTest, TheMainHotKeyInAnOpenPopoverRemembersThisApplication) {
-    launch();
-    capture("chosen");
-    openInFront("Editor");
-    hotKeys.press(PhysicalKey::V);
-    scheduler.advance(0ms);
-    const auto zamber = openInFront("Zamber");
-    hotKeys.press(PhysicalKey::V);
-    scheduler.advance(0ms);
-    choose(0);
-    scheduler.advance(350ms);
-    EXPECT_THAT(keystrokes.received, ElementsAre(zamber));
-}
-
-TEST_F(AppDelegateTest, AnUnknownHotKeyDoesNothing) {
-    launch();
-    hotKeys.pressUnknown(0);
-    hotKeys.pressUnknown(4);
-    scheduler.advance(1s);
-    EXPECT_THAT(journal.entries(), IsEmpty());
-}
-
-TEST_F(AppDelegateTest, AHotKeyThatSomebodyElseHoldsLeavesTheOthers) {
-    hotKeys.takeElsewhere(PhysicalKey::Digit2);
-    launch();
-    hotKeys.press(PhysicalKey::V);
-    scheduler.advance(0ms);
-    EXPECT_TRUE(popover.isShown());
-    EXPECT_EQ(hotKeys.registrations.size(), 2U);
-}
-
-TEST_F(AppDelegateTest, AHotKeyPressedAfterTheDelegateHasGoneDoesNothing) {
-    launch();
-    delegate.reset();
-    hotKeys.press(PhysicalKey::V);
-    scheduler.advance(0ms);
-    EXPECT_FALSE(popover.isShown());
-}
-
-TEST_F(AppDelegateTest, WithQuickPasteNeverWrittenItsKeysAreRegisteredAndDoNothing) {
-    launch();
-    capture("one");
-    capture("two");
-    capture("three");
-    openInFront("Editor");
-    hotKeys.press(PhysicalKey::Digit2);
-    hotKeys.press(PhysicalKey::Digit3);
-    scheduler.advance(1s);
-    EXPECT_THAT(keystrokes.asked, IsEmpty());
-    EXPECT_THAT(pasteboard.writes, IsEmpty());
-}
-
-TEST_F(AppDelegateTest, QuickPasteIsReadAtEachPress) {
-    launch();
-    capture("one");
-    capture("two");
-    const auto editor = openInFront("Editor");
-    write(userDefaults, preferences::quickPasteEnabled, true);
-    hotKeys.press(PhysicalKey::Digit2);
-    scheduler.advance(1s);
-    EXPECT_THAT(keystrokes.received, ElementsAre(editor));
-    EXPECT_EQ(pasteboard.writes.last().bytes, "one");
-
-    write(userDefaults, preferences::quickPasteEnabled, false);
-    hotKeys.press(PhysicalKey::Digit2);
-    scheduler.advance(1s);
-    EXPECT_EQ(keystrokes.received.size(), 1U);
-}
-
-TEST_F(AppDelegateTest, WithOneEntryQuickPasteDoesNothingAndWithTwoOnlyTheSecondIsThere) {
-    launch();
-    write(userDefaults, preferences::quickPasteEnabled, true);
-    openInFront("Editor");
-    capture("one");
-    journal.clear();
-    hotKeys.press(PhysicalKey::Digit2);
-    scheduler.advance(1s);
-    EXPECT_THAT(journal.entries(), IsEmpty());
-    EXPECT_THAT(pasteboard.writes, IsEmpty());
-
-    capture("two");
-    hotKeys.press(PhysicalKey::Digit3);
-    scheduler.advance(1s);
-    EXPECT_THAT(keystrokes.asked, IsEmpty());
-    hotKeys.press(PhysicalKey::Digit2);
-    scheduler.advance(1s);
-    EXPECT_EQ(keystrokes.asked.size(), 1U);
-}
-
-// Paste
-
 TEST_F(AppDelegateTest, APasteClosesThePopoverActivatesAndTypesAfter350Milliseconds) {
     launch();
     capture("chosen");
@@ -148,7 +26,7 @@ TEST_F(AppDelegateTest, APasteClosesThePopoverActivatesAndTypesAfter350Milliseco
     delegate->showPopover();
     workspace.bringToFront(std::nullopt);
     journal.clear();
-    testing::internal::CaptureStdout();
+    LogCapture log;
     choose(0);
     EXPECT_FALSE(popover.isShown());
     EXPECT_THAT(journal.entries(), ElementsAre("close popover", "activate Editor"));
@@ -156,7 +34,7 @@ TEST_F(AppDelegateTest, APasteClosesThePopoverActivatesAndTypesAfter350Milliseco
     EXPECT_THAT(keystrokes.asked, IsEmpty());
     scheduler.advance(1ms);
     EXPECT_THAT(keystrokes.received, ElementsAre(editor));
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "🔵 Pasting into: Editor\n✅ Pasted via CGEvent\n");
+    EXPECT_EQ(log.take(), "🔵 Pasting into: Editor\n✅ Pasted via CGEvent\n");
 }
 
 TEST_F(AppDelegateTest, WithTheSoundOnItPlaysBeforeThePreviousApplicationComesToTheFront) {
@@ -210,10 +88,10 @@ TEST_F(AppDelegateTest, WithoutAPreviousApplicationThePopoverClosesAndTheLogSays
     launch();
     capture("chosen");
     delegate->showPopover();
-    testing::internal::CaptureStdout();
+    LogCapture log;
     choose(0);
     scheduler.advance(1s);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "❌ No previous app to paste into\n");
+    EXPECT_EQ(log.take(), "❌ No previous app to paste into\n");
     EXPECT_FALSE(popover.isShown());
     EXPECT_THAT(keystrokes.asked, IsEmpty());
     EXPECT_EQ(pasteboard.string(), "chosen");
@@ -224,9 +102,9 @@ TEST_F(AppDelegateTest, AnApplicationWithoutANameIsLoggedAsUnknown) {
     capture("chosen");
     workspace.bringToFront(workspace.launch(std::nullopt));
     delegate->showPopover();
-    testing::internal::CaptureStdout();
+    LogCapture log;
     choose(0);
-    EXPECT_THAT(testing::internal::GetCapturedStdout(), HasSubstr("🔵 Pasting into: unknown\n"));
+    EXPECT_THAT(log.take(), HasSubstr("🔵 Pasting into: unknown\n"));
 }
 
 TEST_F(AppDelegateTest, WithoutPermissionTheApplicationComesBackAndTheLogSaysHowToGrantIt) {
@@ -235,14 +113,13 @@ TEST_F(AppDelegateTest, WithoutPermissionTheApplicationComesBackAndTheLogSaysHow
     openInFront("Editor");
     delegate->showPopover();
     trust.isGranted = false;
-    testing::internal::CaptureStdout();
+    LogCapture log;
     choose(0);
     scheduler.advance(350ms);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
-              "🔵 Pasting into: Editor\n"
-              "❌ Accessibility NOT granted. Clipboard is set — press ⌘+V manually.\n"
-              "💡 To fix: System Settings → Privacy → Accessibility → add Xcode (or Zamber)\n"
-              "💡 Then REMOVE it and RE-ADD it, then restart the app.\n");
+    EXPECT_EQ(log.take(), "🔵 Pasting into: Editor\n"
+                          "❌ Accessibility NOT granted. Clipboard is set — press ⌘+V manually.\n"
+                          "💡 To fix: System Settings → Privacy → Accessibility → add Xcode (or Zamber)\n"
+                          "💡 Then REMOVE it and RE-ADD it, then restart the app.\n");
     EXPECT_THAT(keystrokes.asked, IsEmpty());
 }
 
@@ -277,14 +154,14 @@ TEST_F(AppDelegateTest, QuickPasteTypes150MillisecondsAfterTheWriteAndLogsOnlyTh
     capture("one");
     capture("two");
     openInFront("Editor");
-    testing::internal::CaptureStdout();
+    LogCapture log;
     delegate->quickPaste(1);
     EXPECT_EQ(pasteboard.string(), "one");
     scheduler.advance(149ms);
     EXPECT_THAT(keystrokes.asked, IsEmpty());
     scheduler.advance(1ms);
     EXPECT_EQ(keystrokes.asked.size(), 1U);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "✅ Pasted via CGEvent\n");
+    EXPECT_EQ(log.take(), "✅ Pasted via CGEvent\n");
     EXPECT_THAT(popover.showings, IsEmpty());
 }
 
@@ -320,7 +197,7 @@ TEST_F(AppDelegateTest, EachPasteIsOfWhatWasWrittenForIt) {
     }
     scheduler.advance(1s);
     ASSERT_EQ(keystrokes.asked.size(), 3U);
-    // The popover's has the longest delay, though here not longer than that of the second press.
+    // The popover's paste has the longest delay, though here not longer than that of the second press.
     std::ranges::sort(keystrokes.asked, {}, &Paste::changeCount);
     for (std::size_t i = 0; i < counts.size(); ++i) {
         EXPECT_EQ(keystrokes.asked[i].changeCount, counts[i]) << i;
@@ -333,10 +210,10 @@ TEST_F(AppDelegateTest, APasteThatWasGivenUpIsNotLoggedAsOne) {
     capture("two");
     openInFront("Editor");
     keystrokes.clipboardIsOurs = false;
-    testing::internal::CaptureStdout();
+    LogCapture log;
     delegate->quickPaste(1);
     scheduler.advance(1s);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(log.take(), "");
     EXPECT_EQ(keystrokes.asked.size(), 1U);
 }
 
@@ -375,10 +252,10 @@ TEST_F(AppDelegateTest, QuickPasteWithoutPermissionLeavesTheEntryOnTheClipboardI
     capture("two");
     openInFront("Editor");
     trust.isGranted = false;
-    testing::internal::CaptureStdout();
+    LogCapture log;
     delegate->quickPaste(1);
     scheduler.advance(1s);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(log.take(), "");
     EXPECT_EQ(pasteboard.string(), "one");
     EXPECT_THAT(keystrokes.asked, IsEmpty());
 }

@@ -193,7 +193,7 @@ class SwayHotKeysTest(SwayTestCase):
 
 class SwayTakenHotKeyTest(SwayTestCase):
     history = ("first",)
-    configuration = "set $mod Mod4\nbindsym $mod+Shift+v exec touch pressed"
+    configuration = "set $mod Mod4\nbindsym $mod+Shift+v exec touch $XDG_RUNTIME_DIR/pressed"
 
     def prepare(self):
         super().prepare()
@@ -201,7 +201,7 @@ class SwayTakenHotKeyTest(SwayTestCase):
 
     def test_what_the_users_configuration_binds_is_left_alone(self):
         self.zamber.press_hot_key()
-        wait_until((self.desktop.home / "pressed").exists, what="the user's own command")
+        wait_until(lambda: list(self.desktop.directory.rglob("pressed")), what="the user's own command")
         self.assertIsNone(self.zamber.popover())
         second = self.desktop.start("second", [self.zamber.binary])
         self.assertEqual(second.wait(5), 0)
@@ -267,7 +267,7 @@ class SwayPasteTest(SwayTestCase):
         self.zamber.open_popover()
         self.choose(1)
         self.expected_lines.append(PASTING_LINE)
-        wait_until(lambda: PASTING_LINE.fullmatch(self.zamber.stdout_lines()[-1]), what="the choice")
+        wait_until(lambda: self.clipboard.text() == "second", what="the choice on the clipboard")
         owner.offer({UTF8: b"newer"})
         self.zamber.wait_for_history(["newer", "first", "second", "third"])
         self.assertEqual(self.clipboard.text(), "newer")

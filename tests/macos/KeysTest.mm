@@ -95,15 +95,16 @@ TEST(Recorded, EventsThatCannotBeMadeAreNotPosted) {
 
 TEST(Recorded, TheKeyMonitorIsThereWhileSomebodyHasAHandler) {
     macos::MacKeyMonitor monitor;
-    EXPECT_THAT(callsDuring([&] {
-                    const auto first = monitor.addHandler([](HardwareKey) { return KeyDisposition::PassOn; });
-                    const auto second = monitor.addHandler([](HardwareKey) { return KeyDisposition::PassOn; });
-                    monitor.removeHandler(first);
-                    monitor.removeHandler(second);
-                    monitor.addHandler([](HardwareKey) { return KeyDisposition::PassOn; });
-                }),
-                ElementsAre("NSEvent addLocalMonitorForEventsMatchingMask: 0x400",
-                            "NSEvent removeMonitor:", "NSEvent addLocalMonitorForEventsMatchingMask: 0x400"));
+    const auto passOn = [](HardwareKey) { return KeyDisposition::PassOn; };
+    KeyMonitor::Token first;
+    KeyMonitor::Token second;
+    EXPECT_THAT(callsDuring([&] { first = monitor.addHandler(passOn); }),
+                ElementsAre("NSEvent addLocalMonitorForEventsMatchingMask: 0x400"));
+    EXPECT_THAT(callsDuring([&] { second = monitor.addHandler(passOn); }), IsEmpty());
+    EXPECT_THAT(callsDuring([&] { monitor.removeHandler(first); }), IsEmpty());
+    EXPECT_THAT(callsDuring([&] { monitor.removeHandler(second); }), ElementsAre("NSEvent removeMonitor:"));
+    EXPECT_THAT(callsDuring([&] { monitor.addHandler(passOn); }),
+                ElementsAre("NSEvent addLocalMonitorForEventsMatchingMask: 0x400"));
 }
 
 } // namespace zamber

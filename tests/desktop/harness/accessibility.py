@@ -10,6 +10,9 @@ from dataclasses import dataclass, field
 
 ANSWER_SECONDS = 10.0
 
+# What newer releases of at-spi2 call otherwise.
+OLDER_ROLE_NAMES = {"button": "push button"}
+
 
 @dataclass
 class Node:
@@ -112,13 +115,14 @@ def _serve():
         component = node.get_component_iface()
         extents = Atspi.Component.get_extents(component, Atspi.CoordType.SCREEN) if component else None
         text = node.get_text_iface()
+        role = node.get_role_name()
         children = []
         for index in range(node.get_child_count()):
             child = node.get_child_at_index(index)
             if child:
                 children.append(describe(child, [*path, index]))
         return {
-            "path": path, "role": node.get_role_name(), "name": node.get_name() or "", "states": states,
+            "path": path, "role": OLDER_ROLE_NAMES.get(role, role), "name": node.get_name() or "", "states": states,
             "extents": [extents.x, extents.y, extents.width, extents.height] if extents else [0, 0, 0, 0],
             "text": Atspi.Text.get_text(text, 0, Atspi.Text.get_character_count(text)) if text else "",
             "children": children,

@@ -174,7 +174,11 @@ TEST_F(PopupLookTest, APressOnTheShadowClosesTheMenuAsOneOutsideDoes) {
     menu.popup({200, 100});
     QTest::mousePress(&menu, Qt::LeftButton, {}, QPoint(8, menu.height() / 2));
     EXPECT_FALSE(menu.isVisible());
+    QTest::mouseRelease(&menu, Qt::LeftButton, {}, QPoint(8, menu.height() / 2));
     menu.popup({200, 100});
+    for (int step = 9; step >= 0; --step) { // newer Qt takes a click from a pointer that has moved over the menu
+        QTest::mouseMove(&menu, menu.rect().center() + QPoint(step, 0));
+    }
     QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.rect().center());
     EXPECT_EQ(chosen, 1);
 }

@@ -24,37 +24,20 @@ constexpr xcb_keycode_t PHYSICAL_SHIFT = 50;
 constexpr xcb_keycode_t PHYSICAL_V = 55;
 constexpr xcb_keycode_t PHYSICAL_INSERT = 118;
 
-/// Time for a program that was told to paste to ask for the content, if it is busy.
-constexpr std::chrono::milliseconds LONGEST_ASKING{1000};
-
-/// A program that has asked and is silent for this time has what it wants.
-constexpr std::chrono::milliseconds PAUSE_AFTER_ASKING{60};
-
 } // namespace
 
 X11KeystrokePoster::X11KeystrokePoster(Connection& connection, Keyboard& keyboard, Windows& windows,
                                        X11HotKeyCenter& hotKeys, X11Workspace& workspace,
-                                       SelectionPasteboard& pasteboard)
-    : m_connection(connection)
+                                       freedesktop::selection::SelectionPasteboard& pasteboard)
+    : PasteQueue(pasteboard)
+    , m_connection(connection)
     , m_keyboard(keyboard)
     , m_windows(windows)
     , m_hotKeys(hotKeys)
-    , m_workspace(workspace)
-    , m_pasteboard(pasteboard) {
-    for (QTimer* const timer : {&m_bound, &m_askingBound, &m_askingPause}) {
-        timer->setSingleShot(true);
-    }
-    m_bound.setInterval(LONGEST_WAIT);
-    m_askingBound.setInterval(LONGEST_ASKING);
-    m_askingPause.setInterval(PAUSE_AFTER_ASKING);
-    connect(&m_bound, &QTimer::timeout, this, &X11KeystrokePoster::decide);
-    connect(&m_askingBound, &QTimer::timeout, this, &X11KeystrokePoster::continueWithNext);
-    connect(&m_askingPause, &QTimer::timeout, this, &X11KeystrokePoster::continueWithNext);
+    , m_workspace(workspace) {
     connect(&keyboard, &Keyboard::modifiersChanged, this, &X11KeystrokePoster::postWhenReady);
     connect(&hotKeys, &X11HotKeyCenter::keysReleased, this, &X11KeystrokePoster::postWhenReady);
     connect(&windows, &Windows::activeWindowChanged, this, &X11KeystrokePoster::postWhenReady);
-    connect(&pasteboard, &SelectionPasteboard::ownershipChanged, this, &X11KeystrokePoster::postWhenReady);
-    connect(&pasteboard, &SelectionPasteboard::served, this, &X11KeystrokePoster::handleServed);
     connection.addEventHandler([this](const xcb_generic_event_t& event) {
         if (codeOf(event) == XCB_FOCUS_IN) {
             postWhenReady();
@@ -69,123 +52,46 @@ void X11KeystrokePoster::postPaste(const Paste& paste, Done done) {
         done(PasteOutcome::GivenUp);
         return;
     }
-    const std::optional<xcb_window_t> front = m_windows.activeWindow();
-    m_orders.push_back(
-        {.paste = paste, .ownWindowInFront = front && isOurs(*front) ? front : std::nullopt, .done = std::move(done)});
-    const bool isSameContent = m_step == Step::BeingAsked && paste.changeCount == m_pasted;
-    if (m_orders.size() == 1 && (m_step == Step::Idle || isSameContent)) {
-        begin();
-    }
+    PasteQueue::postPaste(paste, std::move(done));
 }
 
-void X11KeystrokePoster::begin() {
-    m_step = Step::Waiting;
-    m_askingBound.stop();
-    m_askingPause.stop();
-    m_pasteboard.holdWrites();
-    m_bound.start();
+std::optional<X11KeystrokePoster::Window> X11KeystrokePoster::ownWindowInFront() const {
+    const std::optional<xcb_window_t> front = m_windows.activeWindow();
+    return front && isOurs(*front) ? std::optional<Window>(*front) : std::nullopt;
+}
+
+void X11KeystrokePoster::beginWaiting() {
     m_watched = targetWindow();
     if (m_watched) {
         m_connection.watch(*m_watched, XCB_EVENT_MASK_FOCUS_CHANGE);
     }
-    postWhenReady();
 }
 
-void X11KeystrokePoster::postWhenReady() {
-    if (m_step != Step::Waiting) {
-        return;
-    }
-    const int changeCount = m_orders.front().paste.changeCount;
-    switch (m_pasteboard.standingOf(changeCount)) {
-    case SelectionPasteboard::Standing::Lost:
-        finish(PasteOutcome::GivenUp);
-        return;
-    case SelectionPasteboard::Standing::Pending:
-        m_pasteboard.offer(changeCount);
-        return;
-    case SelectionPasteboard::Standing::Offered:
-        break;
-    }
-    if (m_hotKeys.heldKeys().empty() && m_keyboard.heldModifierKeys().empty() && isTargetInFront()) {
-        post();
-    }
-}
-
-void X11KeystrokePoster::decide() {
-    if (m_step != Step::Waiting) {
-        return;
-    }
-    if (m_pasteboard.standingOf(m_orders.front().paste.changeCount) == SelectionPasteboard::Standing::Offered) {
-        post();
-    } else {
-        finish(PasteOutcome::GivenUp);
-    }
-}
-
-void X11KeystrokePoster::post() {
-    m_step = Step::Typing;
-    const std::optional<xcb_window_t> front = m_windows.activeWindow();
-    if (!front || (isOurs(*front) && !mayTypeIntoOurs(*front))) {
-        finish(PasteOutcome::GivenUp);
-        return;
-    }
-    const freedesktop::selection::PasteKeystroke keystroke =
-        freedesktop::selection::pasteKeystrokeOf(m_windows.windowClass(*front));
-    const auto type = [this, front, keystroke] {
-        if (typeInto(*front, keystroke)) {
-            finish(PasteOutcome::Posted);
-        } else if (m_bound.isActive()) {
-            m_step = Step::Waiting; // another window came to the front at that very moment
-        } else {
-            finish(PasteOutcome::GivenUp);
-        }
-    };
-    if (keystroke == freedesktop::selection::PasteKeystroke::ShiftInsert) {
-        m_pasteboard.borrowPrimary(m_orders.front().paste.changeCount, type);
-    } else {
-        type();
-    }
-}
-
-void X11KeystrokePoster::finish(PasteOutcome outcome) {
-    m_bound.stop();
+void X11KeystrokePoster::endWaiting() {
     if (m_watched) {
         m_connection.unwatch(*m_watched, XCB_EVENT_MASK_FOCUS_CHANGE);
         m_watched.reset();
     }
-    m_step = Step::BeingAsked;
-    // Told before the next one begins, and while this one still stands in the queue: the call may ask for another.
-    const Done done = std::move(m_orders.front().done);
-    const int changeCount = m_orders.front().paste.changeCount;
-    done(outcome);
-    m_orders.pop_front();
-    const bool isNextTheSame = !m_orders.empty() && m_orders.front().paste.changeCount == changeCount;
-    if (outcome == PasteOutcome::GivenUp || isNextTheSame) {
-        continueWithNext();
-        return;
-    }
-    m_pasted = changeCount;
-    m_askingBound.start();
 }
 
-void X11KeystrokePoster::handleServed(xcb_window_t requestor) {
-    // Some programs ask more than once, for one form after another.
-    const bool isKnown = requestor != XCB_WINDOW_NONE;
-    if (m_step == Step::BeingAsked && (!isKnown || m_connection.areOfOneClient(requestor, m_pastedInto))) {
-        m_askingPause.start();
-    }
+bool X11KeystrokePoster::isReady() const {
+    return m_hotKeys.heldKeys().empty() && m_keyboard.heldModifierKeys().empty() && isTargetInFront();
 }
 
-void X11KeystrokePoster::continueWithNext() {
-    m_askingBound.stop();
-    m_askingPause.stop();
-    m_step = Step::Idle;
-    m_pasteboard.giveBackPrimary();
-    if (!m_orders.empty()) {
-        begin();
-    } else {
-        m_pasteboard.showWrites();
+std::optional<X11KeystrokePoster::Window> X11KeystrokePoster::windowToTypeInto() const {
+    const std::optional<xcb_window_t> front = m_windows.activeWindow();
+    if (!front || (isOurs(*front) && !mayTypeIntoOurs(*front))) {
+        return std::nullopt;
     }
+    return *front;
+}
+
+X11KeystrokePoster::PasteKeystroke X11KeystrokePoster::keystrokeFor(Window window) const {
+    return freedesktop::selection::pasteKeystrokeOf(m_windows.windowClass(static_cast<xcb_window_t>(window)));
+}
+
+bool X11KeystrokePoster::mayBeReader(std::uint32_t window) const {
+    return window == XCB_WINDOW_NONE || m_connection.areOfOneClient(window, m_pastedInto);
 }
 
 bool X11KeystrokePoster::isTargetInFront() const {
@@ -198,7 +104,7 @@ bool X11KeystrokePoster::isTargetInFront() const {
 }
 
 std::optional<xcb_window_t> X11KeystrokePoster::targetWindow() const {
-    const std::optional<RunningApplication>& target = m_orders.front().paste.target;
+    const std::optional<RunningApplication>& target = current().paste.target;
     const std::optional<xcb_window_t> window = target ? m_workspace.windowOf(*target) : std::nullopt;
     // A window of ours that is hidden, like the popover after the choice, is as good as gone.
     return window && isOurs(*window) && !m_windows.isMapped(*window) ? std::nullopt : window;
@@ -209,8 +115,10 @@ bool X11KeystrokePoster::isOurs(xcb_window_t window) const {
 }
 
 bool X11KeystrokePoster::mayTypeIntoOurs(xcb_window_t front) const {
-    const Order& order = m_orders.front();
-    return front == (order.paste.target ? targetWindow() : order.ownWindowInFront);
+    if (current().paste.target) {
+        return targetWindow() == front;
+    }
+    return current().ownWindowInFront == Window{front};
 }
 
 void X11KeystrokePoster::liftHeldKeys() {
@@ -228,7 +136,8 @@ void X11KeystrokePoster::liftHeldKeys() {
     }
 }
 
-bool X11KeystrokePoster::typeInto(xcb_window_t front, freedesktop::selection::PasteKeystroke keystroke) {
+bool X11KeystrokePoster::type(Window window, PasteKeystroke keystroke) {
+    const auto front = static_cast<xcb_window_t>(window);
     const std::vector<xcb_keycode_t> keys = keysOf(keystroke);
     // Nobody moves the focus between the last look and the keystroke.
     xcb_grab_server(m_connection.raw());
@@ -256,16 +165,16 @@ bool X11KeystrokePoster::mayType(xcb_window_t front) const {
     return !m_windows.isFocusOf(getpid()) || (mayTypeIntoOurs(front) && m_windows.hasFocus(front));
 }
 
-std::vector<xcb_keycode_t> X11KeystrokePoster::keysOf(freedesktop::selection::PasteKeystroke keystroke) const {
+std::vector<xcb_keycode_t> X11KeystrokePoster::keysOf(PasteKeystroke keystroke) const {
     const xcb_keycode_t control = m_keyboard.keyFor(XKB_KEY_Control_L).value_or(PHYSICAL_CONTROL);
     const xcb_keycode_t shift = m_keyboard.keyFor(XKB_KEY_Shift_L).value_or(PHYSICAL_SHIFT);
     const xcb_keycode_t v = m_keyboard.keyFor(XKB_KEY_v).value_or(PHYSICAL_V);
     switch (keystroke) {
-    case freedesktop::selection::PasteKeystroke::ControlV:
+    case PasteKeystroke::ControlV:
         return {control, v};
-    case freedesktop::selection::PasteKeystroke::ControlShiftV:
+    case PasteKeystroke::ControlShiftV:
         return {control, shift, v};
-    case freedesktop::selection::PasteKeystroke::ShiftInsert:
+    case PasteKeystroke::ShiftInsert:
         return {shift, m_keyboard.keyFor(XKB_KEY_Insert).value_or(PHYSICAL_INSERT)};
     }
     return {};

@@ -4,7 +4,6 @@
 
 import re
 import sys
-import time
 import unittest
 
 from harness import KEY_CODES, Editor, PrivateDesktop, Zamber, holds_for, wait_until
@@ -12,6 +11,8 @@ from harness.zamber import READY_LINE
 
 # The poll of the clipboard and then the delay of the save, with something to spare.
 CAPTURE_SECONDS = 0.7
+# An icon that is at the same place in so many looks, a hundredth of a second apart, stays there.
+SETTLED_LOOKS = 6
 PASTING_LINE = re.compile(r"🔵 Pasting into: .+")
 PASTED_LINE = "✅ Pasted via CGEvent"
 NO_PREVIOUS_LINE = "❌ No previous app to paste into"
@@ -112,12 +113,14 @@ class DesktopTestCase(LogAssertions, unittest.TestCase):
     def wait_for_tray_icon(self):
         """The icon where it stays: trays move their icons when one has come."""
 
-        def settled():
-            before = self.desktop.tray_icon(self.zamber.pid)
-            time.sleep(0.05)
-            return before if before and before == self.desktop.tray_icon(self.zamber.pid) else None
+        places = []  # the last ones seen
 
-        return wait_until(settled, 5.0, "the icon in the tray")
+        def has_settled():
+            places.append(self.desktop.tray_icon(self.zamber.pid))
+            return len(places) > SETTLED_LOOKS and places[-1] and set(places[-SETTLED_LOOKS:]) == {places[-1]}
+
+        wait_until(has_settled, 5.0, "the icon in the tray")
+        return places[-1]
 
     def click_tray_icon(self, button=1):
         icon = self.wait_for_tray_icon()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "Measuring.h"
+#include "text/ByteView.h"
 
 #include "clipboard/Base64.h"
 #include "clipboard/HistoryFile.h"
@@ -28,22 +29,18 @@ constexpr qsizetype IMAGE_BYTES = 2'000'000;
 constexpr int ROUNDS = 7;
 constexpr double MEGABYTE = 1e6;
 
-std::string_view view(const QByteArray& bytes) {
-    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
-}
-
 /// The least that saving can be: all of it encoded, and one write over the old file. The buffer is there already.
 void encodeAndWrite(const QList<clipboard::ClipboardItem>& items, const std::filesystem::path& path,
                     std::vector<char>& buffer) {
     std::size_t size = 1;
     for (const auto& item : items) {
-        size += clipboard::base64Length(view(item.content.bytes()).size());
+        size += clipboard::base64Length(text::view(item.content.bytes()).size());
     }
     buffer.resize(size);
     char* to = buffer.data();
     for (const auto& item : items) {
-        clipboard::encodeBase64(to, view(item.content.bytes()));
-        to += clipboard::base64Length(view(item.content.bytes()).size());
+        clipboard::encodeBase64(to, text::view(item.content.bytes()));
+        to += clipboard::base64Length(text::view(item.content.bytes()).size());
     }
     const int file = ::open(path.c_str(), O_WRONLY | O_CREAT, 0600);
     benchmark::DoNotOptimize(::write(file, buffer.data(), size - 1));

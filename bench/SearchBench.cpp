@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
 #include "Measuring.h"
+#include "text/ByteView.h"
 
 #include "clipboard/Search.h"
 
@@ -69,10 +70,6 @@ QByteArray textOf(const std::vector<std::string>& parts) {
     return QByteArray::fromStdString(text);
 }
 
-std::string_view view(const QByteArray& bytes) {
-    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
-}
-
 } // namespace
 
 void measureScripts() {
@@ -83,7 +80,7 @@ void measureScripts() {
         // By the processor's time: what else the machine does is not the search's.
         const auto searching = processorSeconds([&] {
             for (int round = 0; round < ROUNDS; ++round) {
-                benchmark::DoNotOptimize(clipboard::searchKeyContains(view(key), view(searchedKey)));
+                benchmark::DoNotOptimize(clipboard::searchKeyContains(text::view(key), text::view(searchedKey)));
             }
         });
         const auto making = processorSeconds(

@@ -3,6 +3,7 @@
 #include "clipboard/ClipboardContent.h"
 
 #include "preferences/PreferenceKeys.h"
+#include "text/ByteView.h"
 #include "text/Characters.h"
 #include "text/NormalForm.h"
 #include "text/Utf8.h"
@@ -47,10 +48,6 @@ private:
     mutable T m_value{};
 };
 
-std::string_view view(const QByteArray& bytes) {
-    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
-}
-
 std::uint64_t imageFingerprint(std::string_view bytes) {
     const auto end = bytes.substr(bytes.size() - std::min(bytes.size(), FINGERPRINT_BYTES));
     return text::byteHash(bytes.substr(0, FINGERPRINT_BYTES), text::byteHash(end, bytes.size()));
@@ -90,18 +87,18 @@ ClipboardContent::ClipboardContent(std::shared_ptr<const Payload> payload, std::
     , m_fingerprint(fingerprint) {}
 
 ClipboardContent ClipboardContent::text(QByteArray utf8) {
-    const auto fingerprint = text::canonicalHash(view(utf8), FINGERPRINT_BYTES);
+    const auto fingerprint = text::canonicalHash(text::view(utf8), FINGERPRINT_BYTES);
     return {std::make_shared<const Payload>(false, std::move(utf8)), fingerprint};
 }
 
 ClipboardContent ClipboardContent::image(QByteArray bytes) {
-    const auto fingerprint = imageFingerprint(view(bytes));
+    const auto fingerprint = imageFingerprint(text::view(bytes));
     return {std::make_shared<const Payload>(true, std::move(bytes)), fingerprint};
 }
 
 QByteArray ClipboardContent::id() const {
     return m_payload->id.get([this] {
-        const auto hash = isImage() ? text::byteHash(view(bytes())) : text::canonicalHash(view(bytes()));
+        const auto hash = isImage() ? text::byteHash(text::view(bytes())) : text::canonicalHash(text::view(bytes()));
         return QByteArray(isImage() ? "image-" : "text-") + QByteArray::number(static_cast<qint64>(hash));
     });
 }
@@ -113,21 +110,21 @@ QString ClipboardContent::preview() const {
     if (read(UserDefaults::standard(), preferences::hideSensitive) && isSensitive()) {
         return QString(MASK_BULLETS, u'●');
     }
-    return m_payload->preview.get([this] { return plainPreview(view(bytes())); });
+    return m_payload->preview.get([this] { return plainPreview(text::view(bytes())); });
 }
 
 bool ClipboardContent::isSensitive() const {
-    return m_payload->isSensitive.get([this] { return !isImage() && looksSensitive(view(bytes())); });
+    return m_payload->isSensitive.get([this] { return !isImage() && looksSensitive(text::view(bytes())); });
 }
 
 qsizetype ClipboardContent::lineCount() const {
     return m_payload->lineCount.get(
-        [this] { return isImage() ? 0 : static_cast<qsizetype>(text::countLines(view(bytes()))); });
+        [this] { return isImage() ? 0 : static_cast<qsizetype>(text::countLines(text::view(bytes()))); });
 }
 
 qsizetype ClipboardContent::charCount() const {
     return m_payload->charCount.get(
-        [this] { return isImage() ? 0 : static_cast<qsizetype>(text::countCharacters(view(bytes())).count); });
+        [this] { return isImage() ? 0 : static_cast<qsizetype>(text::countCharacters(text::view(bytes())).count); });
 }
 
 void ClipboardContent::measure() const {
@@ -196,7 +193,8 @@ bool ClipboardContent::hasSameContent(const ClipboardContent& other) const {
     if (isImage() != other.isImage()) {
         return false;
     }
-    return isImage() ? bytes() == other.bytes() : text::canonicallyEqual(view(bytes()), view(other.bytes()));
+    return isImage() ? bytes() == other.bytes()
+                     : text::canonicallyEqual(text::view(bytes()), text::view(other.bytes()));
 }
 
 } // namespace zamber::clipboard

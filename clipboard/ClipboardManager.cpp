@@ -3,6 +3,7 @@
 #include "clipboard/ClipboardManager.h"
 
 #include "preferences/PreferenceKeys.h"
+#include "text/ByteView.h"
 
 #include "clipboard/HistoryFile.h"
 #include "clipboard/Search.h"
@@ -28,10 +29,6 @@ constexpr auto SAVE_DELAY = 1000ms;
 /// So much text is made ready for searching while the user waits for the first letter, which takes a few milliseconds
 /// of a frame.
 constexpr qsizetype MADE_READY_AT_ONCE_BYTES = qsizetype{128} * 1024;
-
-std::string_view view(const QByteArray& bytes) {
-    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
-}
 
 } // namespace
 
@@ -74,7 +71,7 @@ QList<ClipboardItem> ClipboardManager::filteredItems() const {
             }
             bytesLeft -= content.bytes().size();
         }
-        return searchKeyContains(view(content.searchKey(folding)), view(searched));
+        return searchKeyContains(text::view(content.searchKey(folding)), text::view(searched));
     };
     for (const auto& item : m_items) {
         if (searched.isEmpty() || matches(item.content)) {

@@ -50,12 +50,11 @@ std::optional<double> numberFrom(std::string_view text, double roughly) {
 /// What the JSON parser calls as it goes through the text. Strings and numbers come in parts.
 class HistoryHandler {
 public:
+    // NOLINTBEGIN(readability-identifier-naming): the parser's names.
     static constexpr std::size_t max_object_size = static_cast<std::size_t>(-1);
     static constexpr std::size_t max_array_size = static_cast<std::size_t>(-1);
     static constexpr std::size_t max_key_size = static_cast<std::size_t>(-1);
     static constexpr std::size_t max_string_size = static_cast<std::size_t>(-1);
-
-    QList<ClipboardItem> takeItems() { return std::move(m_items); }
 
     bool on_document_begin(json::error_code& /*error*/) { return true; }
     bool on_document_end(json::error_code& /*error*/) { return true; }
@@ -129,6 +128,9 @@ public:
     bool on_null(json::error_code& error) { return valueEnded(error); }
     bool on_comment_part(json::string_view /*part*/, json::error_code& /*error*/) { return true; }
     bool on_comment(json::string_view /*part*/, json::error_code& /*error*/) { return true; }
+    // NOLINTEND(readability-identifier-naming)
+
+    QList<ClipboardItem> takeItems() { return std::move(m_items); }
 
 private:
     /// How many arrays and objects are open: outside, between the records, between the members of one.

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/HistoryWriter.h"
 
+#include "text/ByteView.h"
+
 #include "clipboard/Base64.h"
 #include "clipboard/JsonString.h"
 
@@ -25,10 +27,6 @@ constexpr qsizetype FIRST_BLOCK_BYTES = qsizetype{1} << 12;
 /// Multiples of three encode without padding.
 constexpr std::size_t ENCODED_AT_ONCE_BYTES = std::size_t{3} << 14;
 constexpr std::size_t ESCAPED_AT_ONCE_BYTES = std::size_t{1} << 12;
-
-std::string_view view(const QByteArray& bytes) {
-    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
-}
 
 /// An output that counts the bytes instead of writing them.
 struct Measure {
@@ -95,7 +93,7 @@ private:
     }
 
     void handOut() {
-        m_goesOn = m_goesOn && m_take(view(m_block).substr(0, m_filled));
+        m_goesOn = m_goesOn && m_take(text::view(m_block).substr(0, m_filled));
         m_filled = 0;
     }
 
@@ -113,7 +111,7 @@ void putNumber(Output& output, double number) {
     const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
     output.put({digits.data(), result.ptr});
 #else // a standard library whose to_chars has no fractions
-    output.put(view(QByteArray::number(number, 'f', QLocale::FloatingPointShortest)));
+    output.put(text::view(QByteArray::number(number, 'f', QLocale::FloatingPointShortest)));
 #endif
 }
 
@@ -125,10 +123,10 @@ void putHistory(Output& output, const QList<ClipboardItem>& items) {
         opening = ",{";
         if (item.content.isImage()) {
             output.put(R"("type":"image","value":")");
-            output.putBase64(view(item.content.bytes()));
+            output.putBase64(text::view(item.content.bytes()));
         } else {
             output.put(R"("type":"text","value":")");
-            output.putText(view(item.content.utf8()));
+            output.putText(text::view(item.content.utf8()));
         }
         output.put(R"(","timestamp":)");
         putNumber(output, item.timestamp);

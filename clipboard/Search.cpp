@@ -3,6 +3,7 @@
 #include "clipboard/Search.h"
 
 #include "text/ByteBlocks.h"
+#include "text/ByteView.h"
 #include "text/CharacterEnds.h"
 #include "text/CodePoints.h"
 #include "text/NormalForm.h"
@@ -27,10 +28,6 @@ constexpr std::size_t FOLDED_AT_ONCE_BYTES = 4096;
 
 bool isUpperCaseAscii(char c) {
     return c >= 'A' && c <= 'Z';
-}
-
-std::string_view view(const QByteArray& bytes) {
-    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
 /// I with a dot, which is always decomposed here, becomes i; I without one becomes ı.
@@ -201,12 +198,12 @@ QByteArray makeSearchKey(const QByteArray& text, text::CaseFolding folding, cons
     const auto needsFolding = [](unsigned char byte) {
         return static_cast<unsigned char>((byte >= 0x80) | ((byte >= 'A') & (byte <= 'Z')));
     };
-    if (text::findByte(view(text), 0, needsFolding) == view(text).size()) {
+    if (text::findByte(text::view(text), 0, needsFolding) == text::view(text).size()) {
         return text;
     }
     QByteArray key;
     key.reserve(text.size() + text.size() / 8);
-    text::NormalPieces pieces(view(text), FOLDED_AT_ONCE_BYTES);
+    text::NormalPieces pieces(text::view(text), FOLDED_AT_ONCE_BYTES);
     for (auto piece = pieces.next(); !piece.empty() && !isStopped; piece = pieces.next()) {
         if (needsIcu(piece, folding)) {
             appendFolded(key, piece, folding);

@@ -59,7 +59,7 @@ private:
         return std::size_t{static_cast<unsigned char>(first)} << 8U | static_cast<unsigned char>(second);
     }
 
-    std::array<std::uint64_t, 256 * 256 / BITS> m_bits{};
+    std::array<std::uint64_t, std::size_t{256} * 256 / BITS> m_bits{};
 };
 
 constexpr Beginnings BEGINNINGS;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "popover/GlidingScroll.h"
 
+#include "popover/FrameInterval.h"
+
 #include <algorithm>
 #include <chrono>
 
@@ -11,11 +13,10 @@ using namespace std::chrono_literals;
 
 namespace {
 constexpr auto DURATION = 100ms;
-constexpr auto FRAME = 16ms;
 } // namespace
 
 GlidingScroll::GlidingScroll() {
-    m_frames.setInterval(FRAME);
+    m_frames.setInterval(FRAME_INTERVAL);
     m_frames.setTimerType(Qt::PreciseTimer);
     connect(&m_frames, &QTimer::timeout, this, &GlidingScroll::advance);
 }

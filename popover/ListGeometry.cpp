@@ -9,7 +9,7 @@ namespace zamber::popover {
 
 namespace {
 
-constexpr int PADDING_VERTICAL = 4;
+constexpr int LIST_PADDING_VERTICAL = 4;
 constexpr int ROW_GAP = 6;
 constexpr int GUESSED_ROW_HEIGHT = 36;
 /// Measuring rows moves others into view, which are then measured in turn. Hardly any list takes more than two rounds.
@@ -20,7 +20,7 @@ constexpr int MOST_MEASURING_ROUNDS = 8;
 ListGeometry::ListGeometry(MeasureRow measureRow, int headerHeight)
     : m_measureRow(std::move(measureRow))
     , m_headerHeight(headerHeight)
-    , m_stack(PADDING_VERTICAL, ROW_GAP) {}
+    , m_stack(LIST_PADDING_VERTICAL, ROW_GAP) {}
 
 void ListGeometry::setRows(const RowSections& sections, const KnownHeight& knownHeight) {
     m_sections = sections;
@@ -114,7 +114,7 @@ void ListGeometry::keep(const Hold& hold, RoomBelow room) {
         const double top = hold.isCutOff ? std::min(0.0, hold.bottom - m_stack.height(element)) : hold.top;
         const double offset = std::max(0.0, m_stack.top(element) - top);
         // Room is left below so that rows can stay where they are. Without a row in view none is left.
-        const bool leavesRoom = room == RoomBelow::Leave && offset < m_stack.totalHeight() - PADDING_VERTICAL;
+        const bool leavesRoom = room == RoomBelow::Leave && offset < m_stack.totalHeight() - LIST_PADDING_VERTICAL;
         return leavesRoom ? offset : std::min(offset, endOffset());
     });
 }

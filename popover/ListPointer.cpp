@@ -8,10 +8,6 @@ namespace zamber::popover {
 
 using RoomBelow = ListGeometry::RoomBelow;
 
-namespace {
-constexpr int TREMOR_POINTS = 3;
-} // namespace
-
 ListPointer::ListPointer(HistoryLayout& layout, Scheduler& scheduler, std::function<Motion()> motion)
     : m_layout(layout)
     , m_motion(std::move(motion))
@@ -38,7 +34,7 @@ void ListPointer::hover(std::optional<RowTarget> target, Motion motion) {
 }
 
 void ListPointer::moved(QPoint point) {
-    if (m_ignoredPoint && (point - *m_ignoredPoint).manhattanLength() <= TREMOR_POINTS) {
+    if (m_ignoredPoint && (point - *m_ignoredPoint).manhattanLength() <= ScrollPhase::TREMOR_POINTS) {
         return;
     }
     m_point = point;

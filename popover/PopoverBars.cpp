@@ -22,10 +22,10 @@ namespace {
 
 constexpr int BAR_PADDING_HORIZONTAL = 16;
 constexpr double BAR_OPACITY_ON_MATERIAL = 0.5; ///< so that a material behind the bar is seen through it
-constexpr int HEADER_PADDING_TOP = 14;
-constexpr int HEADER_PADDING_BOTTOM = 10;
-constexpr int HEADER_LINE = 20;
-constexpr int HEADER_SPACING = 8;
+constexpr int TOP_BAR_PADDING_TOP = 14;
+constexpr int TOP_BAR_PADDING_BOTTOM = 10;
+constexpr int TOP_BAR_LINE = 20;
+constexpr int TOP_BAR_SPACING = 8;
 constexpr int FOOTER_PADDING_VERTICAL = 10;
 constexpr int FOOTER_LINE = 16;
 constexpr int FOOTER_SPACING = 14;
@@ -41,13 +41,14 @@ PopoverHeader::PopoverHeader(const Symbols& symbols, SettingsButton settingsButt
     , m_badge(new ui::CapsuleBadge(this)) {
     m_badge->setObjectName(u"countBadge"_s);
     m_badge->hide();
-    setFixedHeight(HEADER_PADDING_TOP + HEADER_LINE + HEADER_PADDING_BOTTOM);
+    setFixedHeight(TOP_BAR_PADDING_TOP + TOP_BAR_LINE + TOP_BAR_PADDING_BOTTOM);
 
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(BAR_PADDING_HORIZONTAL, HEADER_PADDING_TOP, BAR_PADDING_HORIZONTAL, HEADER_PADDING_BOTTOM);
+    row->setContentsMargins(BAR_PADDING_HORIZONTAL, TOP_BAR_PADDING_TOP, BAR_PADDING_HORIZONTAL,
+                            TOP_BAR_PADDING_BOTTOM);
     row->setSpacing(0);
     row->addWidget(m_icon);
-    row->addSpacing(HEADER_SPACING);
+    row->addSpacing(TOP_BAR_SPACING);
     row->addWidget(m_title);
     row->addStretch();
     row->addWidget(m_badge);
@@ -57,9 +58,9 @@ PopoverHeader::PopoverHeader(const Symbols& symbols, SettingsButton settingsButt
         m_settings->setAccessibleName(u"Settings"_s);
         m_settings->setToolTip(withKeys(u"Settings"_s, PopoverCommand::OpenSettings));
         // The gear itself stands at the margin; the ground that it shows when hovered reaches into it.
-        row->setContentsMargins(BAR_PADDING_HORIZONTAL, HEADER_PADDING_TOP,
-                                BAR_PADDING_HORIZONTAL - ui::PlainButton::GROUND_PADDING, HEADER_PADDING_BOTTOM);
-        row->addSpacing(HEADER_SPACING - ui::PlainButton::GROUND_PADDING);
+        row->setContentsMargins(BAR_PADDING_HORIZONTAL, TOP_BAR_PADDING_TOP,
+                                BAR_PADDING_HORIZONTAL - ui::PlainButton::GROUND_PADDING, TOP_BAR_PADDING_BOTTOM);
+        row->addSpacing(TOP_BAR_SPACING - ui::PlainButton::GROUND_PADDING);
         row->addWidget(m_settings);
         connect(m_settings, &ui::PlainButton::clicked, this, &PopoverHeader::settingsRequested);
     }

@@ -16,7 +16,7 @@ namespace {
 
 struct Binding {
     QKeyCombination keys;
-    PopoverCommand command;
+    PopoverCommand command = PopoverCommand::ShowMenu;
 };
 
 /// The first one of a command is the one that is shown. None is a key that edits a text.

@@ -2,20 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "popover/RowHighlights.h"
 
+#include "popover/FrameInterval.h"
 #include "popover/HistoryRows.h"
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 namespace zamber::popover {
 
-using namespace std::chrono_literals;
-
 namespace {
 
 constexpr double HIGHLIGHT_MS = 150;
-constexpr auto FRAME = 16ms;
 
 double goal(const HistoryRow& row) {
     return row.isHighlighted ? 1 : 0;
@@ -25,7 +22,7 @@ double goal(const HistoryRow& row) {
 
 RowHighlights::RowHighlights(HistoryRows& rows)
     : m_rows(rows) {
-    m_frames.setInterval(FRAME);
+    m_frames.setInterval(FRAME_INTERVAL);
     m_frames.setTimerType(Qt::PreciseTimer);
     connect(&m_frames, &QTimer::timeout, this, &RowHighlights::advance);
 }

@@ -11,7 +11,6 @@ using namespace std::chrono_literals;
 
 namespace {
 constexpr auto PAUSE = 250ms;
-constexpr int TREMOR_POINTS = 3;
 } // namespace
 
 ScrollPhase::ScrollPhase(Scheduler& scheduler, std::function<void()> paused)

@@ -15,6 +15,9 @@ namespace zamber::popover {
 /// pointer is moved. A hand on a wheel trembles, so that moving by a point or two does not count.
 class ScrollPhase {
 public:
+    /// How far a pointer is moved by a hand that means to hold it still.
+    static constexpr int TREMOR_POINTS = 3;
+
     /// `paused` is called when the phase ends for want of turns. The scheduler outlives the phase.
     ScrollPhase(Scheduler& scheduler, std::function<void()> paused);
     ~ScrollPhase() { end(); }

@@ -17,11 +17,11 @@ namespace zamber::popover {
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int PADDING_HORIZONTAL = 14;
-constexpr int PADDING_VERTICAL = 8;
+constexpr int BANNER_PADDING_HORIZONTAL = 14;
+constexpr int BANNER_PADDING_VERTICAL = 8;
 constexpr int LINE = 16;
-constexpr int SPACING = 8;
-constexpr double GROUND_OPACITY = 0.08;
+constexpr int BANNER_SPACING = 8;
+constexpr double BANNER_GROUND_OPACITY = 0.08;
 } // namespace
 
 UpdateBanner::UpdateBanner(const Symbols& symbols, QWidget* parent)
@@ -32,7 +32,7 @@ UpdateBanner::UpdateBanner(const Symbols& symbols, QWidget* parent)
           u"Update"_s, {.prominence = ui::ButtonStyle::Prominence::Prominent, .size = ui::ControlSize::Mini}, this))
     , m_skip(
           new ui::PlainButton(symbols, {.symbol = u"xmark"_s, .symbolPoints = 8, .symbolWeight = QFont::Bold}, this)) {
-    setFixedHeight(LINE + 2 * PADDING_VERTICAL);
+    setFixedHeight(LINE + 2 * BANNER_PADDING_VERTICAL);
     m_text->setObjectName(u"updateText"_s);
     m_text->setMinimumWidth(1); // a long version must not push the buttons out
     m_update->setObjectName(u"updateButton"_s);
@@ -43,15 +43,16 @@ UpdateBanner::UpdateBanner(const Symbols& symbols, QWidget* parent)
     m_skip->setToolTip(withKeys(u"Skip This Version"_s, PopoverCommand::SkipUpdate));
 
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(PADDING_HORIZONTAL, 0, PADDING_HORIZONTAL - ui::PlainButton::GROUND_PADDING, 0);
+    row->setContentsMargins(BANNER_PADDING_HORIZONTAL, 0, BANNER_PADDING_HORIZONTAL - ui::PlainButton::GROUND_PADDING,
+                            0);
     row->setSpacing(0);
     row->addWidget(m_icon);
-    row->addSpacing(SPACING);
+    row->addSpacing(BANNER_SPACING);
     row->addWidget(m_text);
     row->addStretch();
-    row->addSpacing(SPACING);
+    row->addSpacing(BANNER_SPACING);
     row->addWidget(m_update);
-    row->addSpacing(SPACING - ui::PlainButton::GROUND_PADDING);
+    row->addSpacing(BANNER_SPACING - ui::PlainButton::GROUND_PADDING);
     row->addWidget(m_skip);
 
     connect(m_update, &ui::BorderedButton::clicked, this, &UpdateBanner::download);
@@ -85,7 +86,7 @@ void UpdateBanner::setColors(const ui::Palette& palette) {
 }
 
 void UpdateBanner::paintEvent(QPaintEvent*) {
-    QPainter(this).fillRect(rect(), ui::faded(m_palette.blue, GROUND_OPACITY));
+    QPainter(this).fillRect(rect(), ui::faded(m_palette.blue, BANNER_GROUND_OPACITY));
 }
 
 } // namespace zamber::popover

@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int CAPTION_SPACING = 4;
+constexpr int DESKTOP_CAPTION_SPACING = 4;
 
 /// The switch as the desktop's record has it, and under it the refusal, if there was one.
 void show(ui::Switch& control, ui::TextLabel& caption, const DesktopShortcut& shortcut,
@@ -46,7 +46,7 @@ QWidget* desktopShortcutSection(const SettingsLook& look, DesktopShortcut& short
                 show(*control, *caption, shortcut, isOn ? shortcut.set() : shortcut.remove());
             });
             auto* column = new QVBoxLayout;
-            column->setSpacing(CAPTION_SPACING);
+            column->setSpacing(DESKTOP_CAPTION_SPACING);
             column->addWidget(control);
             column->addWidget(caption);
             line.addLayout(column);

@@ -25,10 +25,10 @@ constexpr int MARGIN = 10;
 constexpr int ROW_HEIGHT = 32;
 constexpr int ROW_PADDING = 8;
 constexpr double ROW_RADIUS = 6;
-constexpr int SYMBOL_POINTS = 14;
+constexpr int TAB_SYMBOL_POINTS = 14;
 constexpr int SYMBOL_WIDTH = 22;
 constexpr int SYMBOL_GAP = 6;
-constexpr int NAME_POINTS = 13;
+constexpr int TAB_NAME_POINTS = 13;
 constexpr int TITLE_HEIGHT = 34;
 constexpr int TITLE_BOTTOM = 5;
 constexpr int TITLE_POINTS = 11;
@@ -81,7 +81,7 @@ public:
         const SettingsTab tab = ALL_SETTINGS_TABS[static_cast<std::size_t>(index.row())];
         const bool isOnAccent = isSelected && hasFocus;
         const QPixmap symbol =
-            m_look.symbols().pixmap(icon(tab), {.pointSize = SYMBOL_POINTS,
+            m_look.symbols().pixmap(icon(tab), {.pointSize = TAB_SYMBOL_POINTS,
                                                 .weight = QFont::Normal,
                                                 .color = isOnAccent ? palette.onAccent : iconColor(tab, palette),
                                                 .devicePixelRatio = m_list->devicePixelRatioF()});
@@ -89,7 +89,7 @@ public:
         painter->drawPixmap(QPointF(std::round(row.left() + ROW_PADDING + (SYMBOL_WIDTH - size.width()) / 2),
                                     std::round(row.top() + (row.height() - size.height()) / 2)),
                             symbol);
-        painter->setFont(ui::textFont(NAME_POINTS, isSelected ? QFont::Medium : QFont::Normal));
+        painter->setFont(ui::textFont(TAB_NAME_POINTS, isSelected ? QFont::Medium : QFont::Normal));
         painter->setPen(isOnAccent ? palette.onAccent : palette.primary);
         painter->drawText(row.adjusted(ROW_PADDING + SYMBOL_WIDTH + SYMBOL_GAP, 0, -ROW_PADDING, 0),
                           Qt::AlignLeft | Qt::AlignVCenter, index.data().toString());

@@ -18,21 +18,21 @@ namespace zamber::settings {
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int SPACING = 6;
-constexpr int TEXT_POINTS = 13;
+constexpr int STATUS_SPACING = 6;
+constexpr int STATUS_POINTS = 13;
 } // namespace
 
 UpdateStatus::UpdateStatus(const SettingsLook& look, update::UpdateManager& updates)
     : m_look(look)
     , m_updates(updates)
     , m_progress(new ui::ProgressIndicator(u"Checking for updates"_s, this))
-    , m_text(new ui::TextLabel({}, ui::textFont(TEXT_POINTS), this))
+    , m_text(new ui::TextLabel({}, ui::textFont(STATUS_POINTS), this))
     , m_download(new ui::BorderedButton(
           u"Download"_s, {.prominence = ui::ButtonStyle::Prominence::Prominent, .size = ui::ControlSize::Small}, this))
     , m_check(new ui::BorderedButton(u"Check"_s, {.size = ui::ControlSize::Small}, this)) {
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(SPACING);
+    line->setSpacing(STATUS_SPACING);
     line->addWidget(m_progress);
     line->addWidget(m_text);
     line->addWidget(m_download);
@@ -51,7 +51,7 @@ void UpdateStatus::refresh() {
     const bool isChecking = m_updates.isChecking();
     const bool isAvailable = !isChecking && m_updates.updateAvailable();
     m_text->setText(isAvailable ? u"v%1 available"_s.arg(m_updates.latestVersion()) : u"Up to date"_s);
-    m_text->setFont(ui::textFont(TEXT_POINTS, isAvailable ? QFont::Medium : QFont::Normal));
+    m_text->setFont(ui::textFont(STATUS_POINTS, isAvailable ? QFont::Medium : QFont::Normal));
     m_progress->setVisible(isChecking);
     m_text->setVisible(!isChecking);
     m_download->setVisible(isAvailable);

@@ -116,7 +116,7 @@ void PopupLook::color(QWidget& popup) const {
         return;
     }
     if (!popup.testAttribute(Qt::WA_SetPalette) || popup.property(PROPERTY).isValid() || isToolTip(&popup)) {
-        QPalette palette = owner != nullptr ? owner->palette() : *m_palette;
+        const QPalette palette = owner != nullptr ? owner->palette() : *m_palette;
         popup.setProperty(PROPERTY, true);
         popup.setPalette(palette);
     }

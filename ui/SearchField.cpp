@@ -19,10 +19,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int PADDING_HORIZONTAL = 10;
-constexpr int HEIGHT = 32; // a line of 13 points between paddings of 8
+constexpr int FIELD_HEIGHT = 32; // a line of 13 points between paddings of 8
 constexpr int GLASS_ROOM = 14;
 constexpr int SPACING = 8;
-constexpr double RADIUS = 8;
+constexpr double FIELD_RADIUS = 8;
 constexpr QChar THIN_SPACE(0x2009);
 } // namespace
 
@@ -39,7 +39,7 @@ SearchField::SearchField(const Symbols& symbols, const QString& placeholder, QWi
     m_field->setFont(textFont(13));
     m_field->setTextMargins(0, 0, 0, 0);
     setFocusProxy(m_field);
-    setFixedHeight(HEIGHT);
+    setFixedHeight(FIELD_HEIGHT);
 
     m_clearButton->setObjectName(u"clearSearchButton"_s);
     m_clearButton->setAccessibleName(u"Clear search"_s);
@@ -87,7 +87,7 @@ void SearchField::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(composed(m_palette.quinaryFill, m_palette.ultraThinMaterial));
-    painter.drawRoundedRect(rect(), RADIUS, RADIUS);
+    painter.drawRoundedRect(rect(), FIELD_RADIUS, FIELD_RADIUS);
 
     const QPixmap glass =
         m_symbols.pixmap(u"magnifyingglass"_s, {12, QFont::Medium, m_palette.tertiary, devicePixelRatioF()});

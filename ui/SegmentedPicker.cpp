@@ -18,11 +18,11 @@ namespace zamber::ui {
 namespace {
 
 constexpr int TITLE_POINTS = 13;
-constexpr int HEIGHT = 24;
+constexpr int PICKER_HEIGHT = 24;
 constexpr int TITLE_PADDING = 8;
-constexpr double RADIUS = 6;
+constexpr double PICKER_RADIUS = 6;
 constexpr double INSET = 2;
-constexpr std::chrono::milliseconds SLIDING{150};
+constexpr std::chrono::milliseconds THUMB_SLIDING{150};
 
 } // namespace
 
@@ -42,7 +42,7 @@ public:
     }
 
     QSize sizeHint() const override {
-        return {QFontMetrics(font()).horizontalAdvance(text()) + 2 * TITLE_PADDING, HEIGHT};
+        return {QFontMetrics(font()).horizontalAdvance(text()) + 2 * TITLE_PADDING, PICKER_HEIGHT};
     }
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -56,7 +56,7 @@ protected:
         if (!isChecked() && underMouse()) {
             painter.setPen(Qt::NoPen);
             painter.setBrush(faded(m_palette.primary, isDown() ? 0.10 : 0.05));
-            painter.drawRoundedRect(inside, RADIUS - INSET, RADIUS - INSET);
+            painter.drawRoundedRect(inside, PICKER_RADIUS - INSET, PICKER_RADIUS - INSET);
         }
         QFont title = font();
         title.setWeight(isChecked() ? QFont::Medium : QFont::Normal);
@@ -64,7 +64,7 @@ protected:
         painter.setPen(isChecked() ? m_palette.primary : m_palette.secondary);
         painter.drawText(rect(), Qt::AlignCenter, text());
         if (hasFocus()) {
-            paintFocusRing(painter, inside, RADIUS - INSET, m_palette);
+            paintFocusRing(painter, inside, PICKER_RADIUS - INSET, m_palette);
         }
     }
 
@@ -90,7 +90,7 @@ SegmentedPicker::SegmentedPicker(const QString& name, const QList<Choice>& choic
         m_segments << segment;
     }
     handleChange();
-    m_sliding->setDuration(static_cast<int>(SLIDING.count()));
+    m_sliding->setDuration(static_cast<int>(THUMB_SLIDING.count()));
     m_sliding->setEasingCurve(QEasingCurve::InOutQuad);
     connect(m_sliding, &QVariantAnimation::valueChanged, this, [this](const QVariant& position) {
         m_position = position.toDouble();
@@ -134,7 +134,7 @@ QSize SegmentedPicker::sizeHint() const {
     for (const Segment* const segment : m_segments) {
         widest = std::max(widest, segment->sizeHint().width());
     }
-    return {widest * static_cast<int>(m_segments.size()), HEIGHT};
+    return {widest * static_cast<int>(m_segments.size()), PICKER_HEIGHT};
 }
 
 QRectF SegmentedPicker::place(qsizetype index) const {
@@ -179,7 +179,7 @@ void SegmentedPicker::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_palette.tertiaryFill);
-    painter.drawRoundedRect(rect(), RADIUS, RADIUS);
+    painter.drawRoundedRect(rect(), PICKER_RADIUS, PICKER_RADIUS);
 
     const auto checked = checkedIndex();
     painter.setPen(QPen(m_palette.separator, 1));
@@ -196,9 +196,9 @@ void SegmentedPicker::paintEvent(QPaintEvent*) {
     thumb.translate(m_position * place(0).width(), 0);
     painter.setPen(Qt::NoPen);
     painter.setBrush(faded(Qt::black, m_palette.isDark ? 0.25 : 0.12));
-    painter.drawRoundedRect(thumb.translated(0, 0.7), RADIUS - INSET, RADIUS - INSET);
+    painter.drawRoundedRect(thumb.translated(0, 0.7), PICKER_RADIUS - INSET, PICKER_RADIUS - INSET);
     painter.setBrush(m_palette.isDark ? composed(faded(Qt::white, 0.24), m_palette.barMaterial) : QColor(Qt::white));
-    painter.drawRoundedRect(thumb, RADIUS - INSET, RADIUS - INSET);
+    painter.drawRoundedRect(thumb, PICKER_RADIUS - INSET, PICKER_RADIUS - INSET);
 }
 
 } // namespace zamber::ui

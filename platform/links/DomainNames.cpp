@@ -16,11 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype LONGEST_LABEL = 63;
-
 /// A label has letters, digits and hyphens, the latter inside only (RFC 1123; the letters of RFC 5890).
 bool isLabel(QStringView label) {
-    if (label.isEmpty() || label.size() > LONGEST_LABEL || label.front() == u'-' || label.back() == u'-') {
+    if (label.isEmpty() || label.size() > LONGEST_DOMAIN_LABEL || label.front() == u'-' || label.back() == u'-') {
         return false;
     }
     const QList<uint> characters = label.toUcs4();

@@ -8,6 +8,8 @@ namespace zamber::links {
 
 /// The longest name that the domain name system has.
 inline constexpr qsizetype LONGEST_DOMAIN_NAME = 253;
+/// The longest piece between its dots.
+inline constexpr qsizetype LONGEST_DOMAIN_LABEL = 63;
 
 /// Whether the name is a link without a scheme: it begins with "www.", or is under a top-level domain that is linked
 /// and is neither a number, nor a file's name, nor the end of a sentence that runs into the next one ("there.It").

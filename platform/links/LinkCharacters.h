@@ -2,7 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QChar>
+
 namespace zamber::links {
+
+/// How many UTF-16 units the character takes.
+inline qsizetype unitsOf(char32_t character) {
+    return QChar::requiresSurrogates(character) ? 2 : 1;
+}
 
 /// A letter, digit or combining mark of any script: what the names in a link are made of.
 bool isNameCharacter(char32_t character);

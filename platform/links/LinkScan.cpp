@@ -16,10 +16,6 @@ namespace {
 constexpr qsizetype LONGEST_SCHEME = 32;
 constexpr qsizetype LONGEST_MAIL_NAME = 64;
 
-qsizetype widthOf(char32_t character) {
-    return QChar::requiresSurrogates(character) ? 2 : 1;
-}
-
 bool isAsciiLetter(char16_t unit) {
     return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
 }
@@ -56,7 +52,7 @@ std::optional<DetectedLink> LinkScan::first() {
     while (at < m_text.size()) {
         const char32_t current = character(at);
         std::optional<DetectedLink> found;
-        qsizetype next = at + widthOf(current);
+        qsizetype next = at + unitsOf(current);
         if (current == U':') {
             found = linkWithScheme(at);
         } else if (current == U'@') {
@@ -126,7 +122,7 @@ qsizetype LinkScan::startOfScheme(qsizetype colon) {
 std::optional<qsizetype> LinkScan::endOfAuthority(qsizetype start, qsizetype from) {
     qsizetype at = from;
     while (at < m_text.size() && isUserInformation(character(at))) {
-        at += widthOf(character(at));
+        at += unitsOf(character(at));
     }
     const qsizetype host = unit(at) == u'@' ? at + 1 : from;
     qsizetype end = host;
@@ -145,7 +141,7 @@ std::optional<qsizetype> LinkScan::endOfAuthority(qsizetype start, qsizetype fro
             if (!isHostCharacter(current) && current != U'%' && !isForeign) {
                 break;
             }
-            end += widthOf(current);
+            end += unitsOf(current);
         }
         end = endBeforeUnspacedText({host, end});
         const char16_t next = unit(end);
@@ -183,13 +179,13 @@ std::optional<DetectedLink> LinkScan::mailAddress(qsizetype atSign) {
         if (!isNameCharacter(before) && !isMailPunctuation(before)) {
             break;
         }
-        start -= widthOf(before);
+        start -= unitsOf(before);
     }
     if (const qsizetype dots = text({start, atSign}).lastIndexOf(u".."); dots >= 0) {
         start += dots + 2;
     }
     while (start < atSign && unit(start) != u'_' && !isNameCharacter(character(start))) {
-        start += widthOf(character(start));
+        start += unitsOf(character(start));
     }
     start = startAfterUnspacedText({start, atSign});
     if (start == atSign || atSign - start > LONGEST_MAIL_NAME || unit(atSign - 1) == u'.') {

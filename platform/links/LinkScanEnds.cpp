@@ -13,10 +13,6 @@ namespace zamber::links {
 
 namespace {
 
-qsizetype widthOf(char32_t character) {
-    return QChar::requiresSurrogates(character) ? 2 : 1;
-}
-
 char16_t openingOf(char32_t closing) {
     return closing == U')' ? u'(' : closing == U']' ? u'[' : u'{';
 }
@@ -61,7 +57,7 @@ qsizetype LinkScan::endOfHostRun(qsizetype from) {
         if (current != U'.' && current != U'-' && current != U'_' && !isNameCharacter(current)) {
             break;
         }
-        end += widthOf(current);
+        end += unitsOf(current);
     }
     return end;
 }
@@ -82,7 +78,7 @@ qsizetype LinkScan::startAfterUnspacedText(Range run) {
             break;
         }
         isAfterUnspaced = isUnspaced;
-        at += widthOf(current);
+        at += unitsOf(current);
     }
     return start;
 }
@@ -99,7 +95,7 @@ qsizetype LinkScan::endBeforeUnspacedText(Range run) {
         if (isOfUnspacedScript(current)) {
             return at == label || label == run.start ? run.end : at;
         }
-        at += widthOf(current);
+        at += unitsOf(current);
     }
     return run.end;
 }
@@ -132,7 +128,7 @@ qsizetype LinkScan::endOfPath(qsizetype start, qsizetype from) {
             }
             openBrackets.removeLast();
         }
-        end += widthOf(current);
+        end += unitsOf(current);
     }
     m_scannedTo = end;
     if (!openBrackets.isEmpty()) {

@@ -11,18 +11,10 @@ namespace zamber::links {
 
 // A name with dots is a link, or a member, a path or half a mail address: the text around it tells which.
 
-namespace {
-
-qsizetype widthOf(char32_t character) {
-    return QChar::requiresSurrogates(character) ? 2 : 1;
-}
-
-} // namespace
-
 /// A domain does not begin in the middle of a path, a mail address, a variable or an argument.
 bool LinkScan::mayBeginDomain(qsizetype start) {
     const char32_t before = characterBefore(start);
-    const char32_t beforeThat = characterBefore(start - widthOf(before));
+    const char32_t beforeThat = characterBefore(start - unitsOf(before));
     switch (before) {
     case U'@':
     case U'/':
@@ -84,7 +76,7 @@ bool LinkScan::belongsToMailAddress(qsizetype end) {
         if (!isNameCharacter(current) && !isMailPunctuation(current)) {
             return false;
         }
-        at += widthOf(current);
+        at += unitsOf(current);
     }
     return false;
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/links/LinkedTopLevelDomains.h"
 
+#include "platform/links/DomainNames.h"
+
 #include <QUrl>
 
 #include <algorithm>
@@ -29,12 +31,10 @@ constexpr std::u16string_view LINKED[] = {
 };
 static_assert(std::ranges::is_sorted(LINKED));
 
-constexpr qsizetype LONGEST_LABEL = 63;
-
 } // namespace
 
 bool isLinkedTopLevelDomain(QStringView label) {
-    if (label.size() > LONGEST_LABEL) {
+    if (label.size() > LONGEST_DOMAIN_LABEL) {
         return false;
     }
     QString name = label.toString().toLower();

@@ -163,8 +163,8 @@ private:
     }
 
     std::shared_ptr<DataOffer> take(typename Protocol::Offer* offer) {
-        std::shared_ptr<Offer> taken = std::exchange(m_announced, nullptr);
-        return taken && offer != nullptr && taken->raw() == offer ? taken : nullptr;
+        const auto announced = std::exchange(m_announced, nullptr);
+        return announced && offer != nullptr && announced->raw() == offer ? announced : nullptr;
     }
 
     Connection& m_connection;

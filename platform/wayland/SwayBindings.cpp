@@ -22,12 +22,12 @@ struct Place {
 };
 
 const Place& placeOf(PhysicalKey key) {
-    static const std::array PLACES{
+    static const std::array places{
         Place{.key = PhysicalKey::V, .code = "55", .names = {"v", "v"}},
         Place{.key = PhysicalKey::Digit2, .code = "11", .names = {"2", "at"}},
         Place{.key = PhysicalKey::Digit3, .code = "12", .names = {"3", "numbersign"}},
     };
-    return *std::ranges::find(PLACES, key, &Place::key);
+    return *std::ranges::find(places, key, &Place::key);
 }
 
 QByteArrayList wordsOf(const QByteArray& line) {

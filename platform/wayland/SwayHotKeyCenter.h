@@ -37,9 +37,9 @@ public:
 
 private:
     struct Registration {
-        PhysicalKey key;
+        PhysicalKey key = PhysicalKey::V;
         HotKeyModifiers modifiers;
-        std::uint32_t id;
+        std::uint32_t id = 0;
         bool isBound = false;
     };
 

@@ -23,15 +23,15 @@ namespace {
 using freedesktop::selection::PasteKeystroke;
 
 /// Keys as the kernel numbers them, on every PC keyboard.
-enum Key : std::uint32_t { LEFT_CONTROL = 29, LEFT_SHIFT = 42, V = 47, INSERT = 110 };
+enum Key : std::uint32_t { LeftControl = 29, LeftShift = 42, V = 47, Insert = 110 };
 
 /// The bits of the real modifiers, which every keymap has in this order.
 constexpr std::uint32_t SHIFT_MASK = 1;
 constexpr std::uint32_t CONTROL_MASK = 4;
 
-template <auto Release>
+template <auto release>
 struct Releaser {
-    void operator()(auto* object) const { Release(object); }
+    void operator()(auto* object) const { release(object); }
 };
 
 using Context = std::unique_ptr<xkb_context, Releaser<&xkb_context_unref>>;
@@ -83,13 +83,13 @@ bool VirtualKeyboard::sendKeymap() {
 }
 
 void VirtualKeyboard::type(PasteKeystroke keystroke) {
-    std::vector<std::uint32_t> keys{LEFT_CONTROL, V};
+    std::vector<std::uint32_t> keys{LeftControl, V};
     std::uint32_t modifiers = CONTROL_MASK;
     if (keystroke == PasteKeystroke::ControlShiftV) {
-        keys = {LEFT_CONTROL, LEFT_SHIFT, V};
+        keys = {LeftControl, LeftShift, V};
         modifiers |= SHIFT_MASK;
     } else if (keystroke == PasteKeystroke::ShiftInsert) {
-        keys = {LEFT_SHIFT, INSERT};
+        keys = {LeftShift, Insert};
         modifiers = SHIFT_MASK;
     }
     const std::uint32_t last = keys.back();

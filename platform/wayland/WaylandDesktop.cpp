@@ -28,8 +28,6 @@
 #include "platform/x11/X11WindowSystem.h"
 #include "platform/x11/X11Workspace.h"
 
-#include <QApplication>
-
 #include <optional>
 #include <utility>
 
@@ -40,12 +38,6 @@ namespace {
 /// The preference whose hot keys are the user's own again while it is off.
 QString quickPaste() {
     return QStringLiteral("quickPasteEnabled");
-}
-
-void closeMenus() {
-    while (QWidget* const menu = QApplication::activePopupWidget()) {
-        menu->close();
-    }
 }
 
 } // namespace
@@ -98,7 +90,7 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
     x11::Windows windows{*connections.xwayland};
     x11::ButtonPresses presses{*connections.xwayland};
     x11::X11WindowSystem windowSystem{*connections.xwayland, windows};
-    x11::X11HotKeyCenter x11HotKeys{*connections.xwayland, keyboard, closeMenus};
+    x11::X11HotKeyCenter x11HotKeys{*connections.xwayland, keyboard, freedesktop::desktop::closeMenus};
     x11::X11Workspace x11Workspace{*connections.xwayland, windows,
                                    [this](const QString& windowClass) { return nameOf(windowClass); }};
     x11::X11KeystrokePoster x11Keystrokes{*connections.xwayland, keyboard,  windows, x11HotKeys,
@@ -108,7 +100,7 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
     std::unique_ptr<SwayConnection> sway = SwayConnection::open();
     std::unique_ptr<SwayHotKeyCenter> swayHotKeys =
         sway ? std::make_unique<SwayHotKeyCenter>(
-                   *sway, [this](PhysicalKey key) { return isWanted(key); }, closeMenus)
+                   *sway, [this](PhysicalKey key) { return isWanted(key); }, freedesktop::desktop::closeMenus)
              : nullptr;
     HotKeyCenter& hotKeys = swayHotKeys ? static_cast<HotKeyCenter&>(*swayHotKeys) : x11HotKeys;
 

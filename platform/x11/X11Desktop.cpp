@@ -20,8 +20,6 @@
 #include "platform/x11/X11WindowSystem.h"
 #include "platform/x11/X11Workspace.h"
 
-#include <QApplication>
-
 #include <xcb/xcb.h>
 
 #include <utility>
@@ -29,12 +27,6 @@
 namespace zamber::x11 {
 
 using Connections = std::pair<std::unique_ptr<x11::Connection>, std::unique_ptr<x11::Connection>>;
-
-void closeMenus() {
-    while (QWidget* const menu = QApplication::activePopupWidget()) {
-        menu->close();
-    }
-}
 
 /// The pasteboard has a connection to itself, so that a large transfer does not stand before a hot key.
 struct X11Desktop::Adapters : freedesktop::desktop::CommonAdapters {
@@ -66,7 +58,7 @@ struct X11Desktop::Adapters : freedesktop::desktop::CommonAdapters {
     x11::Windows windows{*inputConnection};
     x11::ButtonPresses presses{*inputConnection};
     x11::X11WindowSystem windowSystem{*inputConnection, windows};
-    x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard, closeMenus};
+    x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard, freedesktop::desktop::closeMenus};
     x11::X11Workspace workspace{*inputConnection, windows, [this](const QString& windowClass) {
                                     return applicationNames.ofWindowClass(windowClass);
                                 }};

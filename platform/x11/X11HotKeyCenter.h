@@ -60,7 +60,7 @@ private:
     void handleEvent(const xcb_generic_event_t& event);
     bool eventFilter(QObject* watched, QEvent* event) override;
     const Registration* findRegistration(xcb_keycode_t key, std::uint32_t state) const;
-    void handlePress(const xcb_key_press_event_t& press);
+    void handlePress(const xcb_key_press_event_t& event);
     void press(const Registration& registration);
     void tellPressInMenu(const Registration& registration);
     void forgetReleasedKeys();

@@ -4,8 +4,9 @@
 
 #include "platform/freedesktop/session/UserFolders.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QThreadPool>
+#include <QWidget>
 
 #include <chrono>
 #include <utility>
@@ -47,6 +48,12 @@ void CommonAdapters::stop() {
     QThreadPool::globalInstance()->clear();
     QThreadPool::globalInstance()->waitForDone();
     scheduler.stop();
+}
+
+void closeMenus() {
+    while (QWidget* const menu = QApplication::activePopupWidget()) {
+        menu->close();
+    }
 }
 
 } // namespace zamber::freedesktop::desktop

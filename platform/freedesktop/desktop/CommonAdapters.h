@@ -63,4 +63,7 @@ struct CommonAdapters {
     void stop();
 };
 
+/// The tray's menu and a row's: a hot key works in them, and what it does is seen behind them.
+void closeMenus();
+
 } // namespace zamber::freedesktop::desktop

@@ -16,7 +16,7 @@ namespace {
 
 struct OfferedImage {
     QByteArrayView type;
-    ImageFormat format;
+    ImageFormat format = ImageFormat::Png;
 };
 
 constexpr std::array OFFERED_IMAGES{

@@ -73,7 +73,7 @@ std::optional<QString> ApplicationNames::ofEntryCalled(const QString& name) cons
     }
     for (const QString& folder : m_folders) {
         if (const std::optional<DesktopEntry> entry = DesktopEntry::readFile(folder + u'/' + name + SUFFIX)) {
-            const QString found = entry->localeString(u"Name"_s, m_locales);
+            QString found = entry->localeString(u"Name"_s, m_locales);
             if (!found.isEmpty()) {
                 return found;
             }

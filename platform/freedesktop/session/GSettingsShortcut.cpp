@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString TOOL = u"gsettings"_s;
+const QString GSETTINGS = u"gsettings"_s;
 const QString KEYS = u"<Super><Shift>v"_s;
 
 /// A string as GVariant's text form has it.
@@ -73,7 +73,7 @@ DesktopShortcutStatus GSettingsShortcut::status() const {
     if (!listed->contains(literal(m_keys.listed))) {
         return DesktopShortcutStatus::NotSet;
     }
-    const auto command = m_programs.answer(TOOL, {u"get"_s, entry(), u"command"_s});
+    const auto command = m_programs.answer(GSETTINGS, {u"get"_s, entry(), u"command"_s});
     const QStringList literals = literalsOf(command.value_or(QString()));
     const bool isOurs = literals.size() == 1 && textOf(literals.first()) == m_command;
     return isOurs ? DesktopShortcutStatus::Set : DesktopShortcutStatus::NotSet;
@@ -115,12 +115,12 @@ std::expected<void, QString> GSettingsShortcut::remove() {
     if (auto done = writeList(*listed); !done) {
         return done;
     }
-    const auto reset = m_programs.answer(TOOL, {u"reset-recursively"_s, entry()});
+    const auto reset = m_programs.answer(GSETTINGS, {u"reset-recursively"_s, entry()});
     return reset ? std::expected<void, QString>() : std::unexpected(reset.error());
 }
 
 std::expected<QStringList, QString> GSettingsShortcut::list() const {
-    const auto text = m_programs.answer(TOOL, {u"get"_s, m_keys.listSchema, m_keys.listKey});
+    const auto text = m_programs.answer(GSETTINGS, {u"get"_s, m_keys.listSchema, m_keys.listKey});
     if (!text) {
         return std::unexpected(text.error());
     }
@@ -133,7 +133,7 @@ std::expected<void, QString> GSettingsShortcut::writeList(const QStringList& lis
 
 std::expected<void, QString> GSettingsShortcut::write(const QString& schema, const QString& key,
                                                       const QString& value) const {
-    const auto done = m_programs.answer(TOOL, {u"set"_s, schema, key, value});
+    const auto done = m_programs.answer(GSETTINGS, {u"set"_s, schema, key, value});
     return done ? std::expected<void, QString>() : std::unexpected(done.error());
 }
 

@@ -37,9 +37,9 @@ private slots:
 
 private:
     struct Answers {
-        bool isDark;
+        bool isDark = false;
         QColor accentColor;
-        bool reducedMotion;
+        bool reducedMotion = false;
         bool operator==(const Answers&) const = default;
     };
 

@@ -37,8 +37,8 @@ const QProcessEnvironment& startEnvironment() {
     return environment;
 }
 
-Programs::Programs(QProcessEnvironment environment)
-    : m_environment(std::move(environment)) {
+Programs::Programs(const QProcessEnvironment& environment)
+    : m_environment(environment) {
     for (const QLatin1StringView variable : VARIABLES_OF_OUR_START) {
         m_environment.remove(variable);
     }

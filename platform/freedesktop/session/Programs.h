@@ -20,7 +20,7 @@ const QProcessEnvironment& startEnvironment();
 /// our own start, and with no part in our standard streams.
 class Programs {
 public:
-    explicit Programs(QProcessEnvironment environment = startEnvironment());
+    explicit Programs(const QProcessEnvironment& environment = startEnvironment());
 
     /// Opens an address in the program that the user has chosen for its kind, by the desktop's own opener.
     std::expected<void, QString> open(const QUrl& address) const;

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString TOOL = u"xfconf-query"_s;
+const QString XFCONF_QUERY = u"xfconf-query"_s;
 const QStringList CHANNEL = {u"--channel"_s, u"xfce4-keyboard-shortcuts"_s};
 const QStringList PROPERTY = CHANNEL + QStringList{u"--property"_s, u"/commands/custom/<Shift><Super>v"_s};
 
@@ -45,11 +45,11 @@ std::expected<void, QString> XfconfShortcut::remove() {
 
 /// What the keys start now; empty for nothing.
 QString XfconfShortcut::valueInEffect() const {
-    return m_programs.answer(TOOL, PROPERTY).value_or(QString()).trimmed();
+    return m_programs.answer(XFCONF_QUERY, PROPERTY).value_or(QString()).trimmed();
 }
 
 std::expected<void, QString> XfconfShortcut::query(const QStringList& arguments) const {
-    const auto answer = m_programs.answer(TOOL, arguments);
+    const auto answer = m_programs.answer(XFCONF_QUERY, arguments);
     return answer ? std::expected<void, QString>() : std::unexpected(answer.error());
 }
 

@@ -14,28 +14,17 @@ constexpr auto PAUSE = 250ms;
 } // namespace
 
 ScrollPhase::ScrollPhase(Scheduler& scheduler, std::function<void()> paused)
-    : m_scheduler(scheduler)
-    , m_paused(std::move(paused)) {}
+    : m_pause(scheduler, PAUSE, std::move(paused)) {}
 
 void ScrollPhase::wheelTurned(QPoint pointer) {
     if (!isActive()) {
         m_pointer = pointer;
     }
-    end();
-    m_pause = m_scheduler.after(PAUSE, [this] {
-        m_pause.reset();
-        m_paused();
-    });
+    m_pause.start();
 }
 
 bool ScrollPhase::isEndedBy(QPoint pointer) const {
     return !isActive() || (pointer - m_pointer).manhattanLength() > TREMOR_POINTS;
-}
-
-void ScrollPhase::end() {
-    if (const auto pause = std::exchange(m_pause, std::nullopt)) {
-        m_scheduler.invalidate(*pause);
-    }
 }
 
 } // namespace zamber::popover

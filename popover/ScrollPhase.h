@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Scheduler.h"
+#include "platform/SingleShotTimer.h"
 
 #include <QPoint>
 
 #include <functional>
-#include <optional>
 
 namespace zamber::popover {
 
@@ -20,22 +19,17 @@ public:
 
     /// `paused` is called when the phase ends for want of turns. The scheduler outlives the phase.
     ScrollPhase(Scheduler& scheduler, std::function<void()> paused);
-    ~ScrollPhase() { end(); }
-    ScrollPhase(const ScrollPhase&) = delete;
-    ScrollPhase& operator=(const ScrollPhase&) = delete;
 
     /// The wheel was turned with the pointer there (points).
     void wheelTurned(QPoint pointer);
     /// Whether there is no scrolling once the pointer has come to the place.
     bool isEndedBy(QPoint pointer) const;
-    bool isActive() const { return m_pause.has_value(); }
+    bool isActive() const { return m_pause.isActive(); }
     /// Ends the phase without a call of `paused`.
-    void end();
+    void end() { m_pause.stop(); }
 
 private:
-    Scheduler& m_scheduler;
-    std::function<void()> m_paused;
-    std::optional<Scheduler::Token> m_pause;
+    SingleShotTimer m_pause;
     QPoint m_pointer;
 };
 

@@ -17,8 +17,9 @@ bool isOurs(const Toplevels::Toplevel& toplevel) {
 } // namespace
 
 VirtualKeystrokePoster::VirtualKeystrokePoster(VirtualKeyboard& keyboard, Toplevels& toplevels,
-                                               freedesktop::selection::SelectionPasteboard& pasteboard)
-    : PasteQueue(pasteboard)
+                                               freedesktop::selection::SelectionPasteboard& pasteboard,
+                                               Scheduler& scheduler)
+    : PasteQueue(pasteboard, scheduler)
     , m_keyboard(keyboard)
     , m_toplevels(toplevels) {
     connect(&toplevels, &Toplevels::activeChanged, this, &VirtualKeystrokePoster::postWhenReady);

@@ -18,7 +18,7 @@ class VirtualKeystrokePoster final : public freedesktop::selection::PasteQueue {
 
 public:
     VirtualKeystrokePoster(VirtualKeyboard& keyboard, Toplevels& toplevels,
-                           freedesktop::selection::SelectionPasteboard& pasteboard);
+                           freedesktop::selection::SelectionPasteboard& pasteboard, Scheduler& scheduler);
 
 private:
     using PasteKeystroke = freedesktop::selection::PasteKeystroke;

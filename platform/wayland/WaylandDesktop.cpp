@@ -93,8 +93,8 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
     x11::X11HotKeyCenter x11HotKeys{*connections.xwayland, keyboard, freedesktop::desktop::closeMenus};
     x11::X11Workspace x11Workspace{*connections.xwayland, windows,
                                    [this](const QString& windowClass) { return nameOf(windowClass); }};
-    x11::X11KeystrokePoster x11Keystrokes{*connections.xwayland, keyboard,  windows, x11HotKeys,
-                                          x11Workspace,          pasteboard};
+    x11::X11KeystrokePoster x11Keystrokes{*connections.xwayland, keyboard,   windows,  x11HotKeys,
+                                          x11Workspace,          pasteboard, scheduler};
     x11::X11AccessibilityTrust x11Trust{*connections.xwayland};
 
     std::unique_ptr<SwayConnection> sway = SwayConnection::open();
@@ -135,7 +135,8 @@ private:
         made.keyboard = std::move(virtualKeyboard);
         made.workspace = std::make_unique<ToplevelWorkspace>(
             *made.toplevels, [this](const QString& applicationId) { return nameOf(applicationId); });
-        made.keystrokes = std::make_unique<VirtualKeystrokePoster>(*made.keyboard, *made.toplevels, pasteboard);
+        made.keystrokes =
+            std::make_unique<VirtualKeystrokePoster>(*made.keyboard, *made.toplevels, pasteboard, scheduler);
         return made;
     }
 };

@@ -62,7 +62,7 @@ struct X11Desktop::Adapters : freedesktop::desktop::CommonAdapters {
     x11::X11Workspace workspace{*inputConnection, windows, [this](const QString& windowClass) {
                                     return applicationNames.ofWindowClass(windowClass);
                                 }};
-    x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, hotKeys, workspace, pasteboard};
+    x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, hotKeys, workspace, pasteboard, scheduler};
     x11::X11AccessibilityTrust trust{*inputConnection};
 
     freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};

@@ -28,8 +28,8 @@ constexpr xcb_keycode_t PHYSICAL_INSERT = 118;
 
 X11KeystrokePoster::X11KeystrokePoster(Connection& connection, Keyboard& keyboard, Windows& windows,
                                        X11HotKeyCenter& hotKeys, X11Workspace& workspace,
-                                       freedesktop::selection::SelectionPasteboard& pasteboard)
-    : PasteQueue(pasteboard)
+                                       freedesktop::selection::SelectionPasteboard& pasteboard, Scheduler& scheduler)
+    : PasteQueue(pasteboard, scheduler)
     , m_connection(connection)
     , m_keyboard(keyboard)
     , m_windows(windows)

@@ -22,7 +22,8 @@ class X11KeystrokePoster final : public freedesktop::selection::PasteQueue {
 
 public:
     X11KeystrokePoster(Connection& connection, Keyboard& keyboard, Windows& windows, X11HotKeyCenter& hotKeys,
-                       X11Workspace& workspace, freedesktop::selection::SelectionPasteboard& pasteboard);
+                       X11Workspace& workspace, freedesktop::selection::SelectionPasteboard& pasteboard,
+                       Scheduler& scheduler);
 
     void postPaste(const Paste& paste, Done done) override;
 

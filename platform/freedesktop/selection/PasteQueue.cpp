@@ -16,17 +16,11 @@ constexpr std::chrono::milliseconds PAUSE_AFTER_ASKING{60};
 
 } // namespace
 
-PasteQueue::PasteQueue(SelectionPasteboard& pasteboard)
-    : m_pasteboard(pasteboard) {
-    for (QTimer* const timer : {&m_bound, &m_askingBound, &m_askingPause}) {
-        timer->setSingleShot(true);
-    }
-    m_bound.setInterval(LONGEST_WAIT);
-    m_askingBound.setInterval(LONGEST_ASKING);
-    m_askingPause.setInterval(PAUSE_AFTER_ASKING);
-    connect(&m_bound, &QTimer::timeout, this, &PasteQueue::decide);
-    connect(&m_askingBound, &QTimer::timeout, this, &PasteQueue::continueWithNext);
-    connect(&m_askingPause, &QTimer::timeout, this, &PasteQueue::continueWithNext);
+PasteQueue::PasteQueue(SelectionPasteboard& pasteboard, Scheduler& scheduler)
+    : m_pasteboard(pasteboard)
+    , m_bound(scheduler, LONGEST_WAIT, [this] { decide(); })
+    , m_askingBound(scheduler, LONGEST_ASKING, [this] { continueWithNext(); })
+    , m_askingPause(scheduler, PAUSE_AFTER_ASKING, [this] { continueWithNext(); }) {
     connect(&pasteboard, &SelectionPasteboard::ownershipChanged, this, &PasteQueue::postWhenReady);
     connect(&pasteboard, &SelectionPasteboard::served, this, &PasteQueue::handleServed);
 }

@@ -3,10 +3,11 @@
 #pragma once
 
 #include "platform/KeystrokePoster.h"
+#include "platform/SingleShotTimer.h"
 #include "platform/freedesktop/selection/PasteKeystroke.h"
 #include "platform/freedesktop/selection/SelectionPasteboard.h"
 
-#include <QTimer>
+#include <QObject>
 
 #include <chrono>
 #include <cstdint>
@@ -39,7 +40,8 @@ protected:
         Done done;
     };
 
-    explicit PasteQueue(SelectionPasteboard& pasteboard);
+    /// The scheduler outlives the queue.
+    PasteQueue(SelectionPasteboard& pasteboard, Scheduler& scheduler);
 
     /// The paste under way; there is one from `beginWaiting` until its keystroke has been typed or given up.
     const Order& current() const { return m_orders.front(); }
@@ -86,9 +88,9 @@ private:
     std::deque<Order> m_orders; // the first one is under way
     Step m_step = Step::Idle;
     int m_pasted = 0; // the change count of what was pasted last
-    QTimer m_bound;
-    QTimer m_askingBound;
-    QTimer m_askingPause;
+    SingleShotTimer m_bound;
+    SingleShotTimer m_askingBound;
+    SingleShotTimer m_askingPause;
 };
 
 } // namespace zamber::freedesktop::selection

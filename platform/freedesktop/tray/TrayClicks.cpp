@@ -22,7 +22,7 @@ constexpr int WIDEST_ICON = 64; // points
 TrayClicks::TrayClicks(PopoverWindow& popover, PointerButtons& buttons, Scheduler& scheduler)
     : m_popover(popover)
     , m_buttons(buttons)
-    , m_scheduler(scheduler) {
+    , m_expiry(scheduler, LATEST_NEWS, [this] { forgetClosingPress(); }) {
     popover.setPressFilter([this](Qt::MouseButton button, QPoint place) { return isLeftToClick(button, place); });
     connect(&buttons, &PointerButtons::pressed, this, &TrayClicks::handlePress);
     connect(&buttons, &PointerButtons::released, this, &TrayClicks::handleRelease);
@@ -71,8 +71,8 @@ void TrayClicks::handlePress(Qt::MouseButton button, QPoint place) {
 }
 
 void TrayClicks::handleRelease() {
-    if (m_closingPress && !m_expiry) {
-        m_expiry = m_scheduler.after(LATEST_NEWS, [this] { forgetClosingPress(); });
+    if (m_closingPress && !m_expiry.isActive()) {
+        m_expiry.start();
     }
 }
 
@@ -84,10 +84,7 @@ void TrayClicks::handleClosing() {
 }
 
 void TrayClicks::forgetClosingPress() {
-    if (m_expiry) {
-        m_scheduler.invalidate(*m_expiry);
-        m_expiry.reset();
-    }
+    m_expiry.stop();
     if (m_closingPress) {
         m_closingPress.reset();
         if (!m_popover.isShown()) {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Scheduler.h"
+#include "platform/SingleShotTimer.h"
 #include "platform/freedesktop/tray/PointerButtons.h"
 
 #include <QObject>
@@ -53,10 +53,9 @@ private:
 
     popover::PopoverWindow& m_popover;
     PointerButtons& m_buttons;
-    Scheduler& m_scheduler;
     EmbeddedIcon m_embeddedIcon;
     std::optional<QPoint> m_closingPress; ///< the latest press, if it has closed the popover and its click may follow
-    std::optional<Scheduler::Token> m_expiry;
+    SingleShotTimer m_expiry;
 };
 
 } // namespace zamber::freedesktop::tray

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
+#include "platform/freedesktop/QtScheduler.h"
 #include "platform/wayland/Connection.h"
 #include "platform/wayland/ToplevelWorkspace.h"
 #include "platform/wayland/Toplevels.h"
@@ -19,6 +20,7 @@ namespace {
 struct WaylandKeystrokePosterRig {
     using Standing = WaylandPasteboard::Standing;
 
+    freedesktop::QtScheduler scheduler;
     WaylandPartner partner;
     std::unique_ptr<Connection> clipboardConnection = *Connection::open();
     std::unique_ptr<Connection> inputConnection = *Connection::open();
@@ -26,7 +28,7 @@ struct WaylandKeystrokePosterRig {
     std::unique_ptr<Toplevels> toplevels = Toplevels::create(*inputConnection);
     std::unique_ptr<VirtualKeyboard> keyboard = VirtualKeyboard::create(*inputConnection);
     ToplevelWorkspace workspace{*toplevels, [](const QString& id) { return std::optional(id); }};
-    VirtualKeystrokePoster adapter{*keyboard, *toplevels, pasteboard};
+    VirtualKeystrokePoster adapter{*keyboard, *toplevels, pasteboard, scheduler};
     std::map<std::uint64_t, std::unique_ptr<WaylandEditor>> editors;
 
     KeystrokePoster& poster() { return adapter; }

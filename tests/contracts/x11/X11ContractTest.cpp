@@ -168,6 +168,7 @@ struct X11HotKeyCenterRig : X11Rig {
 };
 
 struct X11KeystrokePosterRig : X11Rig {
+    freedesktop::QtScheduler scheduler;
     x11::X11Pasteboard pasteboard{*connection};
     x11::Keyboard keyboard{*connection};
     x11::Windows windows{*connection};
@@ -175,7 +176,7 @@ struct X11KeystrokePosterRig : X11Rig {
                                     return freedesktop::session::ApplicationNames().ofWindowClass(windowClass);
                                 }};
     x11::X11HotKeyCenter hotKeys{*connection, keyboard, [] {}};
-    x11::X11KeystrokePoster adapter{*connection, keyboard, windows, hotKeys, workspace, pasteboard};
+    x11::X11KeystrokePoster adapter{*connection, keyboard, windows, hotKeys, workspace, pasteboard, scheduler};
     std::map<std::uint64_t, xcb_window_t> opened;
 
     KeystrokePoster& poster() { return adapter; }

@@ -106,6 +106,17 @@ class CheckBundleTest(Folder):
         self.program(loads=[self.stub("@rpath/QtGone.dylib")], rpaths=["@executable_path/../Frameworks"])
         self.assert_complains("loads @rpath/QtGone.dylib, which is in none of its paths of search")
 
+    def test_a_library_that_lies_in_the_bundle_where_nothing_searches(self):
+        inner = self.library(self.bundle / "Contents/Frameworks/libinner.dylib", "@rpath/libinner.dylib")
+        self.program(loads=[inner])
+        self.assert_complains("Contents/MacOS/Zamber: loads @rpath/libinner.dylib, which is in none of its paths of search")
+
+    def test_a_library_is_found_by_the_programs_path_of_search(self):
+        inner = self.library(self.bundle / "Contents/Frameworks/libinner.dylib", "@rpath/libinner.dylib")
+        self.library(self.bundle / "Contents/Frameworks/libouter.dylib", "@rpath/libouter.dylib", loads=[inner])
+        self.program(rpaths=["@loader_path/../Frameworks"])
+        self.assertEqual(self.check().stderr, "")
+
     def test_a_library_beside_the_file_that_is_not_there(self):
         self.program(loads=[self.stub("@loader_path/libgone.dylib")])
         self.assert_complains("loads @loader_path/libgone.dylib, which is not there")

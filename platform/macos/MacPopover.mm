@@ -92,7 +92,9 @@ MacPopover::~MacPopover() {
 
 void MacPopover::setContent(ContentMaker makeContent) {
     m_content = makeContent();
-    m_content->setAttribute(Qt::WA_TranslucentBackground); // before it has a window: the material shines through
+    // Before it has a window: the material shines through, where the content would else paint all of itself.
+    m_content->setAttribute(Qt::WA_TranslucentBackground);
+    m_content->setAttribute(Qt::WA_OpaquePaintEvent, false);
     borrowed<ZamberPopoverDelegate>(m_delegate).content = m_content;
     NSViewController* const controller = [NSViewController new];
     controller.view = viewAround((__bridge NSView*)reinterpret_cast<void*>(m_content->winId()));

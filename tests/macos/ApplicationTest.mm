@@ -10,6 +10,7 @@
 #include "platform/macos/MacWindows.h"
 #include "tests/macos/System.h"
 
+#include <QGuiApplication>
 #include <QWidget>
 
 #import <AppKit/AppKit.h>
@@ -38,6 +39,7 @@ TEST(Recorded, AResponderOfANameTakesThePlaceOfTheOneBefore) {
 }
 
 TEST(Recorded, TheApplicationIsAnAccessoryAndIsActivatedAboveOthers) {
+    QGuiApplication::setQuitOnLastWindowClosed(true); // as it is at first
     macos::MacApplication application;
     EXPECT_THAT(callsDuring([&] {
                     application.setAccessoryPolicy();
@@ -48,6 +50,7 @@ TEST(Recorded, TheApplicationIsAnAccessoryAndIsActivatedAboveOthers) {
                 ElementsAre("NSApplication setActivationPolicy: 1", "NSApplication activateIgnoringOtherApps: 1",
                             "NSNotificationCenter postNotificationName: openSettings object: nil",
                             "NSApplication terminate: nil"));
+    EXPECT_FALSE(QGuiApplication::quitOnLastWindowClosed()) << "it lives on without a window";
 }
 
 TEST(Recorded, AnotherStartAsksForUsAndNothingElseIsOpened) {

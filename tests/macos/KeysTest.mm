@@ -9,6 +9,8 @@
 #include "tests/contracts/macos/MainLoop.h"
 #include "tests/macos/System.h"
 
+#include <QMenu>
+
 #import <AppKit/AppKit.h>
 #include <gmock/gmock.h>
 
@@ -26,6 +28,7 @@ constexpr HotKeyModifiers COMMAND_SHIFT{.command = true, .shift = true};
 constexpr std::uint32_t SIGNATURE = 0x5A4D4252; // ZMBR
 constexpr unsigned HOT_KEY_PRESSED = 5;
 constexpr unsigned HOT_KEY_RELEASED = 6;
+constexpr unsigned short RETURN = 36;
 
 void noteOutcome(PasteOutcome outcome) {
     system::note(outcome == PasteOutcome::Posted ? "done: posted" : "done: given up");
@@ -62,6 +65,16 @@ TEST(Recorded, TheHotKeysAreThreeAndTheirHandlerComesLast) {
     EXPECT_THAT(pressed, ElementsAre(3, 1, 0));
 }
 
+TEST(Recorded, APressWithoutAnEventOrWithoutACenterIsTakenAndToldToNobody) {
+    static macos::MacHotKeyCenter center; // for the life of the process
+    static std::vector<std::uint32_t> pressed;
+    center.setPressedHandler([](std::uint32_t id) { pressed.push_back(id); });
+    EXPECT_THAT(callsDuring([] { system::callNewestHandlerWithNothing(); }),
+                ElementsAre("a handler returned 0", "a handler returned 0"));
+    macos::letPass();
+    EXPECT_THAT(pressed, IsEmpty());
+}
+
 TEST(Recorded, AHotKeyAloneHasItsOwnModifiersAndOneHeldElsewhereIsNone) {
     macos::MacHotKeyCenter center;
     EXPECT_THAT(callsDuring([&] { center.registerHotKey(PhysicalKey::V, {.command = true}, {SIGNATURE, 9}); }),
@@ -91,6 +104,25 @@ TEST(Recorded, EventsThatCannotBeMadeAreNotPosted) {
     EXPECT_THAT(callsDuring([&] { poster.postPaste({}, noteOutcome); }),
                 ElementsAre("CGEventSourceCreate 1", testing::_, testing::_, "done: posted"));
     system::failToCreateEvents(false);
+}
+
+TEST(Recorded, WhileAMenuOfOurOwnIsOpenTheKeysAreItsOwn) {
+    macos::MacKeyMonitor monitor;
+    int asked = 0;
+    monitor.addHandler([&asked](HardwareKey) {
+        ++asked;
+        return KeyDisposition::Swallow;
+    });
+    QMenu menu;
+    menu.addAction(QStringLiteral("Copy"));
+    menu.popup({});
+    system::pressKey(RETURN);
+    macos::letPass();
+    EXPECT_EQ(asked, 0);
+    menu.hide();
+    system::pressKey(RETURN);
+    macos::letPass();
+    EXPECT_EQ(asked, 1);
 }
 
 TEST(Recorded, TheKeyMonitorIsThereWhileSomebodyHasAHandler) {

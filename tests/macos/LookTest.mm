@@ -42,6 +42,20 @@ TEST(Recorded, TheAccentIsThatOfTheAppearance) {
     EXPECT_EQ(told, 5);
 }
 
+TEST(Recorded, AnAppearanceThatHasGoneIsToldNothing) {
+    int told = 0;
+    {
+        macos::MacAppearance appearance;
+        appearance.addChangedHandler([&told] { ++told; });
+    }
+    system::setDark(true);
+    system::setAccent(0.0, 1.0, 0.0);
+    system::setReducedMotion(true);
+    system::setReducedMotion(false);
+    system::setDark(false);
+    EXPECT_EQ(told, 0);
+}
+
 TEST(Recorded, ASymbolIsDrawnInItsWeight) {
     const macos::MacSymbols symbols;
     const std::vector<std::pair<QFont::Weight, const char*>> rows{

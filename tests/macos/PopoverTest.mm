@@ -26,18 +26,21 @@ constexpr auto LONGER_THAN_THE_FADE = 3 * std::chrono::milliseconds(system::FADE
 class MacPopoverOnScreen : public testing::Test {
 protected:
     void SetUp() override {
+        button = [[NSView alloc] initWithFrame:NSMakeRect(4, 2, 24, 22)];
+        [bar.contentView addSubview:button];
         popover.setContentSize({440, 420});
         popover.setContent([this] { return &content; });
     }
 
     void show() { popover.show({.screenRectangle = {}, .handle = handle()}, PopoverEdge::MinY); }
-    std::uintptr_t handle() const { return reinterpret_cast<std::uintptr_t>((__bridge void*)button.contentView); }
+    std::uintptr_t handle() const { return reinterpret_cast<std::uintptr_t>((__bridge void*)button); }
     NSView* qtView() const { return (__bridge NSView*)reinterpret_cast<void*>(content.winId()); }
 
-    NSWindow* button = [[NSWindow alloc] initWithContentRect:NSMakeRect(300, 600, 24, 22)
-                                                   styleMask:NSWindowStyleMaskBorderless
-                                                     backing:NSBackingStoreBuffered
-                                                       defer:NO];
+    NSWindow* bar = [[NSWindow alloc] initWithContentRect:NSMakeRect(300, 600, 32, 26)
+                                                styleMask:NSWindowStyleMaskBorderless
+                                                  backing:NSBackingStoreBuffered
+                                                    defer:NO];
+    NSView* button = nil;
     QWidget content;
     macos::MacPopover popover;
 };
@@ -71,6 +74,28 @@ TEST_F(MacPopoverOnScreen, ShownAgainDuringTheFadeItKeepsItsContent) {
                 ElementsAre("NSPopover popoverDidClose:"));
     EXPECT_TRUE(popover.isShown());
     EXPECT_TRUE(content.isVisible());
+}
+
+TEST_F(MacPopoverOnScreen, ShownAgainItHasTheKeyboardBack) {
+    show();
+    QWidget another;
+    another.show();
+    another.activateWindow();
+    ASSERT_TRUE(macos::waitUntil([&] { return another.isActiveWindow(); }));
+    show();
+    EXPECT_TRUE(macos::waitUntil([&] { return content.isActiveWindow(); }));
+}
+
+TEST_F(MacPopoverOnScreen, OneThatGoesWhileItFadesLeavesItsContentAlone) {
+    QWidget another;
+    {
+        macos::MacPopover second;
+        second.setContent([&] { return &another; });
+        second.show({.screenRectangle = {}, .handle = handle()}, PopoverEdge::MinY);
+        second.performClose();
+    }
+    macos::letPass(LONGER_THAN_THE_FADE);
+    EXPECT_TRUE(another.isVisible());
 }
 
 TEST_F(MacPopoverOnScreen, IsTransient) {

@@ -4,6 +4,7 @@
 // Calls, values and order: preferences.
 
 #include "platform/macos/MacUserDefaults.h"
+#include "tests/contracts/macos/MainLoop.h"
 #include "tests/macos/System.h"
 
 #import <AppKit/AppKit.h>
@@ -15,6 +16,7 @@ namespace {
 
 using system::callsDuring;
 using testing::ElementsAre;
+using namespace std::chrono_literals;
 
 } // namespace
 
@@ -22,6 +24,17 @@ TEST(Recorded, AnObserverOfADefaultAsksForNewValuesWithoutAContext) {
     macos::MacUserDefaults defaults;
     EXPECT_THAT(callsDuring([&] { defaults.addObserver(QStringLiteral("popoverSize"), [] {}); }),
                 ElementsAre("NSUserDefaults standard addObserver forKeyPath: popoverSize options: 1 context: (nil)"));
+}
+
+TEST(Recorded, ObserversGoWithTheirDefaults) {
+    int told = 0;
+    {
+        macos::MacUserDefaults defaults;
+        defaults.addObserver(QStringLiteral("appTheme"), [&told] { ++told; });
+    }
+    [NSUserDefaults.standardUserDefaults setObject:@"dark" forKey:@"appTheme"];
+    macos::letPass(20ms);
+    EXPECT_EQ(told, 0);
 }
 
 TEST(Recorded, WholeNumbersOfAnySizeAreReadAsFarAsTheyGo) {

@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QFile>
 #include <QTemporaryDir>
 
 #import <AppKit/AppKit.h>
@@ -31,6 +32,9 @@ using testing::SizeIs;
 using testing::StartsWith;
 using namespace std::chrono_literals;
 
+constexpr unsigned short ARROW_DOWN = 125;
+constexpr unsigned short RETURN = 36;
+
 std::size_t place(const std::string& call) {
     const auto& calls = system::calls();
     const auto found = std::ranges::find_if(calls, [&](const std::string& each) { return each.starts_with(call); });
@@ -44,21 +48,6 @@ std::size_t lastPlace(const std::string& call) {
     const auto found = std::ranges::find(calls.rbegin(), calls.rend(), call);
     EXPECT_NE(found, calls.rend()) << call;
     return static_cast<std::size_t>(calls.rend() - found) - 1;
-}
-
-void pressKey(unsigned short code) {
-    [NSApp postEvent:[NSEvent keyEventWithType:NSEventTypeKeyDown
-                                            location:NSZeroPoint
-                                       modifierFlags:0
-                                           timestamp:0
-                                        windowNumber:0
-                                             context:nil
-                                          characters:@""
-                         charactersIgnoringModifiers:@""
-                                           isARepeat:NO
-                                             keyCode:code]
-             atStart:NO];
-    macos::letPass(20ms);
 }
 
 std::vector<std::string> callsSince(std::size_t first, const std::string& beginning) {
@@ -127,12 +116,14 @@ void pasteTheOlderOfTwo() {
     macos::letPass();
     EXPECT_THAT(callsSince(now, "NSWorkspace frontmost"), ElementsAre("NSWorkspace frontmostApplication"));
     EXPECT_THAT(callsSince(now, "NSPopover show"),
-                ElementsAre("NSPopover showRelativeToRect: 0,0 24x24 preferredEdge: 1"));
+                ElementsAre("NSPopover showRelativeToRect: 0,0 24x22 preferredEdge: 1"));
     EXPECT_THAT(callsSince(now, "NSApplication activate"), ElementsAre("NSApplication activateIgnoringOtherApps: 1"));
     system::openApplication("Zamber");
     now = system::calls().size();
-    pressKey(125);
-    pressKey(36);
+    for (const unsigned short key : {ARROW_DOWN, RETURN}) {
+        system::pressKey(key);
+        macos::letPass(20ms);
+    }
     EXPECT_EQ(system::applicationInFront(), letters);
     EXPECT_THAT(callsSince(now, "CGEvent"), IsEmpty()) << "before the application is back in front";
     macos::letPass(500ms);
@@ -184,6 +175,14 @@ void toggleThePopover() {
     EXPECT_TRUE(isPopoverShown());
 }
 
+/// What is behind the content is the system's material, which is seen through it.
+void seeThroughTheContent() {
+    const QImage picture = list()->window()->grab().toImage();
+    EXPECT_EQ(picture.pixelColor(1, picture.height() / 2).alpha(), 0) << "the ground of the list";
+    const int bar = picture.pixelColor(1, picture.height() - 2).alpha();
+    EXPECT_TRUE(bar > 0 && bar < 255) << "the bar at the lower edge has " << bar;
+}
+
 /// The menu of a row is the system's, and what is chosen in it happens while the popover stays.
 void deleteByTheMenuOfARow() {
     system::setMenuChoice([](const std::vector<std::string>& titles) {
@@ -230,9 +229,11 @@ void useIt() {
     pasteTheOlderOfTwo();
     pasteTheSecondAtOnce();
     toggleThePopover();
+    seeThroughTheContent();
     deleteByTheMenuOfARow();
     changeTheSize();
     openTheSettings();
+    macos::letPass(1100ms); // the history is written
     EXPECT_EQ(runtime::objectsWithoutPool(), 0U) << "given away where nobody would ever let it go";
     system::setMenuChoice([](const auto&) { return 4; }); // Quit
     system::clickStatusItem(system::Click::Right);
@@ -259,6 +260,8 @@ TEST(Program, StartsPastesAndQuits) {
     char* arguments[] = {name, nullptr};
     EXPECT_EQ(zamberMain(1, arguments), 0);
     EXPECT_TRUE(wasUsed);
+    EXPECT_TRUE(
+        QFile::exists(home.filePath(QStringLiteral("Library/Application Support/Zamber/clipboard_history.json"))));
 }
 
 } // namespace zamber

@@ -9,7 +9,6 @@
 
 #import <AppKit/AppKit.h>
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 namespace zamber {
 
@@ -28,11 +27,22 @@ TEST(Recorded, ARepeatingTimerIsOfTheRunLoopAndWaitsWhileAMenuIsOpen) {
                 ElementsAre("NSTimer scheduledTimerWithTimeInterval: 0.5 repeats: 1"));
     scheduler.every(1ms, [&log] { log += 'e'; });
     scheduler.after(1ms, [&log] { log += 'a'; });
-    usleep(5000);
+    system::skip(5ms);
     system::turn(QStringLiteral("tracking"));
     EXPECT_EQ(log, "a");
     system::turn();
     EXPECT_EQ(log, "ae");
+}
+
+TEST(Recorded, WhatASchedulerHasStillToDoGoesWithIt) {
+    std::string log;
+    {
+        macos::MacScheduler scheduler;
+        scheduler.every(1ms, [&log] { log += 'e'; });
+        scheduler.after(1ms, [&log] { log += 'a'; });
+    }
+    macos::letPass(20ms);
+    EXPECT_EQ(log, "");
 }
 
 TEST(Recorded, WhileABlockOfTheMainQueueRunsNoOtherOneDoes) {

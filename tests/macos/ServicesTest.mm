@@ -93,6 +93,22 @@ TEST(Recorded, TheHistorysFolderIsTheUsersApplicationSupport) {
         ElementsAre("NSFileManager URLsForDirectory: 14 inDomains: 1"));
 }
 
+TEST(Recorded, TheDiskImageToolIsWaitedForBeforeItsReportIsRead) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("late")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("#!/bin/sh\nsleep 0.1\necho '<plist version=\"1.0\"><dict><key>images</key><array><dict>"
+               "<key>image-path</key><string>/a.dmg</string></dict></array></dict></plist>'\n");
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    file.close();
+    macos::MacDiskImageTool tool(file.fileName());
+    EXPECT_THAT(
+        callsDuring([&] { EXPECT_EQ(tool.attachedImages().value().size(), 1); }),
+        ElementsAre("NSTask launchAndReturnError:", "NSTask waitUntilExit", "NSFileHandle readDataToEndOfFile"));
+    EXPECT_THAT(callsDuring([&] { tool.detach(QStringLiteral("/Volumes/Zamber")); }),
+                ElementsAre("NSTask launchAndReturnError:", "NSTask waitUntilExit"));
+}
+
 TEST(Recorded, TheDiskImageToolIsAskedInItsOwnWordsAndOutOfTheLog) {
     EXPECT_EQ(macos::MacDiskImageTool::defaultCommand(), QStringLiteral("/usr/bin/hdiutil"));
     StandInDiskImageTool system;

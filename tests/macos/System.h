@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -23,6 +24,7 @@ std::vector<std::string> callsDuring(const std::string& beginning, const std::fu
 // RunLoop.mm: one turn of the main run loop. The modes are their names without the system's decoration.
 void turn(const QString& mode = QStringLiteral("default"));
 void later(int milliseconds, std::function<void()> action); ///< out of the main queue, in every mode
+void skip(std::chrono::milliseconds time);                  ///< that much time is over at once
 
 // KeyEvents.mm
 void setTrusted(bool isTrusted);
@@ -31,12 +33,16 @@ void holdHotKeyElsewhere(unsigned keyCode, bool isHeld);
 void failToCreateEvents(bool isFailing);
 /// An event of that kind of the keyboard's class, with the hot key's id or without one.
 void sendKeyboardEvent(unsigned kind, std::optional<unsigned> hotKeyId);
+void callNewestHandlerWithNothing(); ///< once without its data, once without an event
 /// The user presses a combination of those that are registered, and lets go; locks are no part of the modifiers.
 void pressHotKey(unsigned keyCode, unsigned modifiers);
 void forgetHotKeys();  ///< with their handlers, as the end of the process has it
 int livingKeyEvents(); ///< events and their sources that were not released
 /// How often ⌘V was posted while that application was in front.
 int pastesReceived(int application);
+
+// Events.mm: a key of the keyboard while our own application has it.
+void pressKey(unsigned short code);
 
 // Menus.mm: the button of the status item that was made last. A menu that opens stays open until the choice is made;
 // nothing is chosen where the function gives -1.

@@ -14,7 +14,7 @@ struct MacSchedulerRig {
     MacScheduler real;
 
     Scheduler& scheduler() { return real; }
-    auto elapsed() { return std::chrono::steady_clock::now().time_since_epoch(); }
+    auto elapsed() { return uptime(); }
     void letPass(std::chrono::milliseconds time) { zamber::macos::letPass(time); }
     bool waitUntil(const std::function<bool()>& condition) { return zamber::macos::waitUntil(condition); }
     double wallClock() {

@@ -7,6 +7,9 @@
 
 namespace zamber::macos {
 
+/// How long the system has been running, by which its timers go.
+std::chrono::duration<double> uptime();
+
 /// Lets the main loop run until the condition holds; false when it gives up.
 bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds patience = std::chrono::seconds(5));
 

@@ -8,9 +8,13 @@
 
 namespace zamber::macos {
 
+std::chrono::duration<double> uptime() {
+    return std::chrono::duration<double>(NSProcessInfo.processInfo.systemUptime);
+}
+
 bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds patience) {
-    const auto end = std::chrono::steady_clock::now() + patience;
-    while (!condition() && std::chrono::steady_clock::now() < end) {
+    const auto end = uptime() + patience;
+    while (!condition() && uptime() < end) {
         @autoreleasepool {
             QCoreApplication::processEvents(QEventLoop::AllEvents);
             [NSRunLoop.currentRunLoop runMode:NSDefaultRunLoopMode

@@ -135,3 +135,9 @@ using namespace zamber::system;
     atStart ? posted().push_front(event) : posted().push_back(event);
 }
 @end
+
+void zamber::system::pressKey(unsigned short code) {
+    NSEvent* const event = mouseEvent(NSEventTypeKeyDown);
+    event->_keyCode = code;
+    [NSApp postEvent:event atStart:NO];
+}

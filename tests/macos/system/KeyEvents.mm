@@ -230,6 +230,13 @@ void sendKeyboardEvent(unsigned kind, std::optional<unsigned> id) {
     ReleaseEvent(event);
 }
 
+void callNewestHandlerWithNothing() {
+    const ZamberEventHandler newest = handlers().back();
+    ZamberEvent event{newest.types.front()};
+    note("a handler returned %d", newest.handler(nullptr, &event, nullptr));
+    note("a handler returned %d", newest.handler(nullptr, nullptr, newest.userData));
+}
+
 void pressHotKey(unsigned keyCode, unsigned modifiers) {
     for (const ZamberHotKey* const each : std::vector(hotKeys())) {
         if (each->keyCode == keyCode && each->modifiers == modifiers) {

@@ -149,11 +149,11 @@ BOOL track(NSMenu* menu) {
     item->_button = [NSStatusBarButton new];
     item->_button->_item = item;
     item->_button->_mask = NSEventMaskLeftMouseUp;
-    item->_window = [[NSWindow alloc] initWithContentRect:NSMakeRect(1000, 876, 24, 24)
+    item->_window = [[NSWindow alloc] initWithContentRect:NSMakeRect(1000, 876, 28, 24)
                                                 styleMask:NSWindowStyleMaskBorderless
                                                   backing:NSBackingStoreBuffered
                                                     defer:NO];
-    item->_button.frame = NSMakeRect(0, 0, 24, 24);
+    item->_button.frame = NSMakeRect(2, 1, 24, 22);
     [item->_window.contentView addSubview:item->_button];
     newestItem = item;
     return item;

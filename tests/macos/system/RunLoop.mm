@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "RunLoop.h"
 
+#include "Programs.h"
 #include "Values.h"
 
 #include "tests/macos/System.h"
@@ -14,6 +15,7 @@
 #import <AppKit/AppKit.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -33,7 +35,39 @@
 // - What a turn autoreleases is let go at its end; so is what Qt's own events do (qcocoaeventdispatcher.mm,
 //   processEvents).
 
-using Clock = std::chrono::steady_clock;
+// The clock of timers and of the main queue is turned by the run loop itself, a millisecond for each of its waits, so
+// that no test depends on how fast the machine is. A wait is over at once, except for other programs and threads, which
+// go by the machine's time. The wall clock is the machine's.
+
+namespace zamber::system {
+
+namespace {
+
+constexpr std::chrono::milliseconds TIMER{1};
+constexpr std::chrono::nanoseconds WAIT{1'001'000}; ///< no wait is exact
+
+std::atomic<std::int64_t> elapsedNanoseconds;
+
+void pass(std::chrono::nanoseconds time) {
+    elapsedNanoseconds += time.count();
+}
+
+struct Clock {
+    using time_point = std::chrono::steady_clock::time_point;
+    using duration = time_point::duration;
+
+    static time_point now() { return time_point(std::chrono::nanoseconds(elapsedNanoseconds)); }
+};
+
+} // namespace
+
+void skip(std::chrono::milliseconds time) {
+    pass(time);
+}
+
+} // namespace zamber::system
+
+using zamber::system::Clock;
 
 NSRunLoopMode const NSDefaultRunLoopMode = @"default";
 NSRunLoopMode const NSRunLoopCommonModes = @"common";
@@ -255,7 +289,10 @@ void fireTimers(const QString& mode) {
 }
 - (BOOL)runMode:(NSRunLoopMode)mode beforeDate:(NSDate*)limit {
     zamber::system::turn(mode.qtText);
-    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    if (zamber::system::isAnotherAtWork()) {
+        std::this_thread::sleep_for(zamber::system::WAIT);
+    }
+    zamber::system::pass(zamber::system::WAIT);
     return YES;
 }
 @end
@@ -316,8 +353,11 @@ namespace {
 /// Qt's loop on a Mac is the main run loop.
 void joinLoops() {
     auto* const timer = new QTimer(QCoreApplication::instance());
-    QObject::connect(timer, &QTimer::timeout, timer, [] { turn(); });
-    timer->start(1);
+    QObject::connect(timer, &QTimer::timeout, timer, [] {
+        pass(WAIT);
+        turn();
+    });
+    timer->start(TIMER);
     runtime::setOutermostPool(isInQtsLoop);
 }
 Q_COREAPP_STARTUP_FUNCTION(joinLoops)

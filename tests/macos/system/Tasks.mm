@@ -4,13 +4,21 @@
 #include "RunLoop.h"
 #include "Values.h"
 
+#include "tests/macos/System.h"
+
 #import <Foundation/Foundation.h>
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <csignal>
 #include <cstring>
+#include <mutex>
+#include <set>
+#include <thread>
+#include <utility>
 
 // The rules (NSTask.h and its documentation): what is not set is inherited; waitUntilExit turns the run loop in the
 // default mode until the process has ended.
@@ -18,6 +26,35 @@
 extern char** environ; // NOLINT: the C library's
 
 namespace zamber::system {
+
+namespace {
+
+std::atomic<int> threadsAtWork;
+
+std::set<pid_t>& processesAtWork() {
+    static auto* all = new std::set<pid_t>; // of the main thread and of those that start programs
+    return *all;
+}
+std::mutex processesMutex;
+
+} // namespace
+
+bool isAnotherAtWork() {
+    const std::lock_guard lock(processesMutex);
+    std::erase_if(processesAtWork(), [](pid_t process) {
+        siginfo_t ended{};
+        return waitid(P_PID, static_cast<id_t>(process), &ended, WEXITED | WNOHANG | WNOWAIT) != 0 || ended.si_pid != 0;
+    });
+    return threadsAtWork > 0 || !processesAtWork().empty();
+}
+
+void doElsewhere(std::function<void()> action) {
+    ++threadsAtWork;
+    std::thread([action = std::move(action)] {
+        action();
+        --threadsAtWork;
+    }).detach();
+}
 
 void writeDefaultsElsewhere(const QString& domain, const QString& key, const QString& value); // Defaults.mm
 
@@ -38,7 +75,12 @@ int start(const std::string& path, const std::vector<std::string>& arguments, co
     pid_t process = 0;
     const int failure = posix_spawn(&process, path.c_str(), &actions, nullptr, words.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
-    return failure != 0 ? -failure : process;
+    if (failure != 0) {
+        return -failure;
+    }
+    const std::lock_guard lock(processesMutex);
+    processesAtWork().insert(process);
+    return process;
 }
 
 } // namespace zamber::system
@@ -61,6 +103,7 @@ using namespace zamber::system;
     close(_descriptor);
 }
 - (NSData*)readDataToEndOfFile {
+    note("NSFileHandle readDataToEndOfFile");
     QByteArray all;
     char buffer[4096];
     for (ssize_t count = 0; (count = read(_descriptor, buffer, sizeof buffer)) > 0;) {
@@ -112,6 +155,7 @@ static int writingEnd(id stream) {
         arguments.push_back(argument.UTF8String);
     }
     const std::string path = self.executableURL.path.UTF8String;
+    note("NSTask launchAndReturnError:");
     if (path == "/usr/bin/defaults") {
         const auto word = [&](std::size_t index) { return QString::fromStdString(arguments.at(index)); };
         writeDefaultsElsewhere(word(1), word(2), word(4)); // write DOMAIN KEY -string VALUE
@@ -128,6 +172,7 @@ static int writingEnd(id stream) {
     return _process >= 0;
 }
 - (void)waitUntilExit {
+    note("NSTask waitUntilExit");
     if (_process > 0) {
         runUntil(NSDefaultRunLoopMode, [self] { return waitpid(self->_process, &self->_status, WNOHANG) != 0; });
     }

@@ -250,13 +250,20 @@ NSWindow* zamber::system::windowNumbered(NSInteger number) {
     return found != windows().end() ? found->second : nil;
 }
 
-@implementation NSScreen
+// NSScreen.h: the first one is that with the menu bar, which the coordinates begin at.
+@implementation NSScreen {
+    NSRect _frame;
+}
 + (NSArray<NSScreen*>*)screens {
-    const id only = [NSScreen new];
-    return [NSArray arrayWithObjects:&only count:1];
+    NSScreen* const first = [NSScreen new];
+    first->_frame = NSMakeRect(0, 0, 1440, 900);
+    NSScreen* const beside = [NSScreen new];
+    beside->_frame = NSMakeRect(1440, -300, 1920, 1200);
+    const id both[] = {first, beside};
+    return [NSArray arrayWithObjects:both count:2];
 }
 - (NSRect)frame {
-    return NSMakeRect(0, 0, 1440, 900);
+    return _frame;
 }
 @end
 

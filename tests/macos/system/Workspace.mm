@@ -10,7 +10,6 @@
 #import <AppKit/AppKit.h>
 
 #include <map>
-#include <thread>
 
 // The rules (NSWorkspace.h, NSRunningApplication.h): what runs is known by objects that are equal for one process;
 // activating one that has ended does nothing and returns NO; the completion handler is called on another thread.
@@ -105,14 +104,14 @@ std::map<int, Program>& programs() {
     NSError* const failure =
         QFileInfo::exists(path) ? nil : error("NSCocoaErrorDomain", 260, QStringLiteral("The file doesn’t exist."));
     const bool isNew = configuration.createsNewApplicationInstance;
-    std::thread([=] {
+    doElsewhere([=] {
         @autoreleasepool {
             if (failure == nil && isNew) {
                 start(path.toStdString(), {});
             }
             handler(nil, failure);
         }
-    }).detach();
+    });
 }
 @end
 

@@ -1,14 +1,14 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""Breaks the macOS adapters one line at a time and sees whether the recorded tests notice.
+"""Breaks the macOS adapters one line at a time and sees whether the tests on stand-ins notice.
 
 Usage: tests/macos/mutations/mutations.py [--build FOLDER] [--jobs N] [NAME …]
 
 The tests have to be built (preset "macos") and to pass with the adapters as they are. Each breakage is compiled beside
-the build and linked before the library that has the adapter as it is. The exit status is 0 when every breakage was
-noticed; a text that does not occur in its file exactly once, or does not compile, counts as not noticed. NAME picks
-breakages by a part of the adapter's name.
+the build and linked before the library that has the adapter as it is, or in the place of its object. The exit status is
+0 when every breakage was noticed; a text that does not occur in its file exactly once, or does not compile, counts as
+not noticed. NAME picks breakages by a part of the adapter's name.
 """
 
 import argparse
@@ -24,12 +24,12 @@ import tempfile
 from breakages import BREAKAGES
 
 ROOT = pathlib.Path(__file__).resolve().parents[3]
-PROGRAM = "tests/macos_recorded_tests"
-SECONDS = 600
+PROGRAMS = {kind: f"tests/macos_{kind}_tests" for kind in ("recorded", "contract", "program")}
+SECONDS = 120  # of a program of tests, which may hang on what is broken
 
 
-def run(command, folder, environment=None):
-    return subprocess.run(command, cwd=folder, env=environment, capture_output=True, text=True, timeout=SECONDS,
+def run(command, folder, environment=None, timeout=None):
+    return subprocess.run(command, cwd=folder, env=environment, capture_output=True, text=True, timeout=timeout,
                           stdin=subprocess.DEVNULL, check=False)
 
 
@@ -38,21 +38,27 @@ class Build:
         self.folder = folder
         entries = json.loads((folder / "compile_commands.json").read_text())
         self.compilations = {entry["file"]: entry for entry in entries}
-        lines = run(["ninja", "-t", "commands", "-s", PROGRAM], folder).stdout.splitlines()
-        self.link = [part for part in shlex.split(lines[-1]) if part not in (":", "&&")]
+        self.links = {kind: self.link_command(program) for kind, program in PROGRAMS.items()}
+
+    def link_command(self, program):
+        lines = run(["ninja", "-t", "commands", "-s", program], self.folder).stdout.splitlines()
+        return [part for part in shlex.split(lines[-1]) if part not in (":", "&&")]
 
     def passes(self, program, tests):
         """None when it does, else what it said."""
         environment = {key: value for key, value in os.environ.items()
                        if key not in ("DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS")}
         environment |= {"QT_QPA_PLATFORM": "offscreen", "LC_ALL": "C.UTF-8"}
-        answer = run([str(program), f"--gtest_filter={tests}"], self.folder, environment)
+        try:
+            answer = run([str(program), f"--gtest_filter={tests}"], self.folder, environment, SECONDS)
+        except subprocess.TimeoutExpired:
+            return f"does not end within {SECONDS} s"
         if " 0 tests from" in answer.stdout:
             return "no such test"
         return None if answer.returncode == 0 else answer.stdout + answer.stderr
 
     def noticed(self, breakage):
-        source = ROOT / "platform" / "macos" / breakage.adapter
+        source = ROOT / ("" if "/" in breakage.adapter else "platform/macos") / breakage.adapter
         original = source.read_text()
         if (times := original.count(breakage.text)) != 1:
             return False, f"the text occurs {times} times"
@@ -62,13 +68,14 @@ class Build:
             broken.write_text(original.replace(breakage.text, breakage.replacement))
             entry = self.compilations[str(source)]
             command = [part for part in shlex.split(entry["command"]) if not part.endswith("ccache")]
+            as_it_is = command[command.index("-o") + 1]
             command[command.index("-o") + 1] = str(workspace / "broken.o")
             command[command.index(str(source))] = str(broken)
-            answer = run([*command, "-Wno-error"], entry["directory"])
+            answer = run([*command, "-Wno-error", "-g0"], entry["directory"])
             if answer.returncode:
                 return False, "does not compile: " + answer.stderr[-1500:]
             program = workspace / "tests"
-            link = list(self.link)
+            link = [part for part in self.links[breakage.program] if part != as_it_is]
             link[link.index("-o") + 1] = str(program)
             link.insert(link.index("-o"), str(workspace / "broken.o"))
             answer = run(link, self.folder)
@@ -85,8 +92,9 @@ def main():
     parser.add_argument("names", nargs="*")
     options = parser.parse_args()
     build = Build(options.build.resolve())
-    if (said := build.passes(build.folder / PROGRAM, "*")) is not None:
-        raise SystemExit("The tests fail with the adapters as they are:\n" + said[-3000:])
+    for program in PROGRAMS.values():
+        if (said := build.passes(build.folder / program, "*")) is not None:
+            raise SystemExit(f"{program} fails with the adapters as they are:\n" + said[-3000:])
     chosen = [each for each in BREAKAGES if not options.names or any(name in each.adapter for name in options.names)]
     survived = 0
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:

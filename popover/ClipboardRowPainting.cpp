@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "RowMetrics.h"
-
 #include "platform/Symbols.h"
 #include "popover/ClipboardRowView.h"
 #include "popover/ExpandedText.h"
+#include "popover/RowMetrics.h"
 #include "popover/TextLines.h"
 #include "ui/Typography.h"
 

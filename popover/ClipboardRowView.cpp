@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "popover/ClipboardRowView.h"
 
-#include "RowMetrics.h"
 #include "text/Characters.h"
 
 #include "popover/ExpandedText.h"
 #include "popover/RelativeTime.h"
+#include "popover/RowMetrics.h"
 #include "popover/TextLines.h"
 #include "ui/Typography.h"
 

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "popover/HistoryLayout.h"
 
-#include "RowMetrics.h"
-
+#include "popover/RowMetrics.h"
 #include "ui/Typography.h"
 
 #include <QHash>

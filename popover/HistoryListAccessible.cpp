@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "popover/HistoryListAccessible.h"
 
-#include "HistoryRowAccessible.h"
-
 #include "popover/HistoryListWidget.h"
+#include "popover/HistoryRowAccessible.h"
 
 #include <QSet>
 

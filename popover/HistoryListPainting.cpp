@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "RowMetrics.h"
-
 #include "platform/Scheduler.h"
 #include "platform/Symbols.h"
 #include "popover/HistoryListWidget.h"
+#include "popover/RowMetrics.h"
 #include "ui/Typography.h"
 
 #include <QPaintEvent>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "HistoryRowAccessible.h"
+#include "popover/HistoryRowAccessible.h"
 
 #include "popover/HistoryListWidget.h"
 

@@ -20,7 +20,7 @@ AppDelegate::AppDelegate(const Desktop& desktop, const std::filesystem::path& hi
     , m_desktop(desktop)
     , m_checkAndPromptMove(std::move(checkAndPromptMove))
     , m_launchAtLogin(desktop.loginItem)
-    , m_popupLook([this] { return m_desktop.popover.isComposited(); }) {}
+    , m_popupStyler([this] { return m_desktop.popover.isComposited(); }) {}
 
 AppDelegate::~AppDelegate() = default;
 

@@ -9,7 +9,7 @@
 #include "platform/Scheduler.h"
 #include "platform/StatusItem.h"
 #include "platform/Workspace.h"
-#include "ui/PopupLook.h"
+#include "ui/PopupStyler.h"
 
 #include <filesystem>
 #include <functional>
@@ -91,7 +91,7 @@ private:
     std::optional<RunningApplication> m_previousApp;
     std::optional<Scheduler::Token> m_accessibilityTimer;
     std::unique_ptr<PermissionWindow> m_permissionWindow;
-    ui::PopupLook m_popupLook;
+    ui::PopupStyler m_popupStyler;
 };
 
 } // namespace zamber::app

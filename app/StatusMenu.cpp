@@ -18,7 +18,7 @@ void AppDelegate::createStatusItem() {
 }
 
 void AppDelegate::updateMenuAppearance() {
-    m_popupLook.setColors(ui::Palette::of(m_desktop.appearance).forWidgets());
+    m_popupStyler.setColors(ui::Palette::of(m_desktop.appearance).forWidgets());
 }
 
 void AppDelegate::togglePopover(MouseButton button) {

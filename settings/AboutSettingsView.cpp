@@ -3,7 +3,7 @@
 #include "settings/AboutSettingsView.h"
 
 #include "platform/AppBundle.h"
-#include "settings/SettingsLook.h"
+#include "settings/SettingsTheme.h"
 #include "ui/SymbolView.h"
 #include "ui/TextLabel.h"
 #include "ui/Typography.h"
@@ -25,31 +25,31 @@ constexpr int TEXT_POINTS = 13;
 constexpr int CREDIT_POINTS = 12;
 constexpr int LICENCE_POINTS = 11;
 
-ui::TextLabel* line(const SettingsLook& look, const QString& text, const QFont& font, QColor ui::Palette::* level) {
+ui::TextLabel* line(const SettingsTheme& theme, const QString& text, const QFont& font, QColor ui::Palette::* level) {
     auto* label = new ui::TextLabel(text, font);
     label->setAlignment(Qt::AlignHCenter);
-    look.apply(label, [label, level](const ui::Palette& palette) { label->setColor(palette.*level); });
+    theme.apply(label, [label, level](const ui::Palette& palette) { label->setColor(palette.*level); });
     return label;
 }
 
 } // namespace
 
-AboutSettingsView::AboutSettingsView(const SettingsLook& look, const AppBundle& bundle) {
-    auto* symbol = new ui::SymbolView(look.symbols(), u"clipboard.fill"_s, SYMBOL_POINTS, QFont::Normal);
-    look.apply(symbol, [symbol](const ui::Palette& palette) { symbol->setColor(palette.accent); });
+AboutSettingsView::AboutSettingsView(const SettingsTheme& theme, const AppBundle& bundle) {
+    auto* symbol = new ui::SymbolView(theme.symbols(), u"clipboard.fill"_s, SYMBOL_POINTS, QFont::Normal);
+    theme.apply(symbol, [symbol](const ui::Palette& palette) { symbol->setColor(palette.accent); });
 
     auto* name = new QVBoxLayout;
     name->setSpacing(NAME_SPACING);
-    name->addWidget(line(look, u"Zamber"_s, ui::textFont(NAME_POINTS, QFont::Bold), &ui::Palette::primary));
-    name->addWidget(line(look, u"Version %1"_s.arg(bundle.version().value_or(u"1.0.0"_s)), ui::textFont(TEXT_POINTS),
+    name->addWidget(line(theme, u"Zamber"_s, ui::textFont(NAME_POINTS, QFont::Bold), &ui::Palette::primary));
+    name->addWidget(line(theme, u"Version %1"_s.arg(bundle.version().value_or(u"1.0.0"_s)), ui::textFont(TEXT_POINTS),
                          &ui::Palette::secondary));
 
     auto* credit = new QVBoxLayout;
     credit->setSpacing(NAME_SPACING);
     credit->addWidget(
-        line(look, u"Made with care by the Zamber project"_s, ui::textFont(CREDIT_POINTS), &ui::Palette::tertiary));
+        line(theme, u"Made with care by the Zamber project"_s, ui::textFont(CREDIT_POINTS), &ui::Palette::tertiary));
     credit->addWidget(
-        line(look, u"Free software under the MIT licence"_s, ui::textFont(LICENCE_POINTS), &ui::Palette::quaternary));
+        line(theme, u"Free software under the MIT licence"_s, ui::textFont(LICENCE_POINTS), &ui::Palette::quaternary));
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, BOTTOM);
@@ -58,7 +58,7 @@ AboutSettingsView::AboutSettingsView(const SettingsLook& look, const AppBundle& 
     column->addWidget(symbol, 0, Qt::AlignHCenter);
     column->addLayout(name);
     column->addWidget(
-        line(look, u"A minimal clipboard manager for macOS"_s, ui::textFont(TEXT_POINTS), &ui::Palette::tertiary));
+        line(theme, u"A minimal clipboard manager for macOS"_s, ui::textFont(TEXT_POINTS), &ui::Palette::tertiary));
     column->addStretch();
     column->addLayout(credit);
 }

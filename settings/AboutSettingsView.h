@@ -14,14 +14,14 @@ namespace zamber::settings {}
 
 namespace zamber::settings {
 
-class SettingsLook;
+class SettingsTheme;
 
 /// The page about the program: its icon, version and makers in one column in the middle.
 class AboutSettingsView final : public QWidget {
     Q_OBJECT
 
 public:
-    AboutSettingsView(const SettingsLook& look, const AppBundle& bundle);
+    AboutSettingsView(const SettingsTheme& theme, const AppBundle& bundle);
 };
 
 } // namespace zamber::settings

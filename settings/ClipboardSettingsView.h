@@ -19,7 +19,7 @@ class ClipboardSettingsView final : public SettingsPage {
     Q_OBJECT
 
 public:
-    ClipboardSettingsView(const SettingsLook& look, UserDefaults& defaults);
+    ClipboardSettingsView(const SettingsTheme& theme, UserDefaults& defaults);
 };
 
 } // namespace zamber::settings

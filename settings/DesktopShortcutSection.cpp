@@ -4,7 +4,7 @@
 
 #include "platform/DesktopShortcut.h"
 #include "settings/SettingsControls.h"
-#include "settings/SettingsLook.h"
+#include "settings/SettingsTheme.h"
 #include "settings/SettingsUI.h"
 #include "ui/Switch.h"
 #include "ui/TextLabel.h"
@@ -36,11 +36,11 @@ void show(ui::Switch& control, ui::TextLabel& caption, const DesktopShortcut& sh
 
 } // namespace
 
-QWidget* desktopShortcutSection(const SettingsLook& look, DesktopShortcut& shortcut) {
-    return settingsSection(look, u"Desktop"_s, [&](QBoxLayout& card) {
+QWidget* desktopShortcutSection(const SettingsTheme& theme, DesktopShortcut& shortcut) {
+    return settingsSection(theme, u"Desktop"_s, [&](QBoxLayout& card) {
         card.addWidget(settingsRow([&](QBoxLayout& line) {
-            ui::Switch* const control = settingsSwitch(look, u"Use the desktop's own shortcut"_s);
-            ui::TextLabel* const caption = settingsCaption(look, {});
+            ui::Switch* const control = settingsSwitch(theme, u"Use the desktop's own shortcut"_s);
+            ui::TextLabel* const caption = settingsCaption(theme, {});
             show(*control, *caption, shortcut, {});
             QObject::connect(control, &ui::Switch::toggled, control, [control, caption, &shortcut](bool isOn) {
                 show(*control, *caption, shortcut, isOn ? shortcut.set() : shortcut.remove());

@@ -10,10 +10,10 @@ class DesktopShortcut;
 
 namespace zamber::settings {
 
-class SettingsLook;
+class SettingsTheme;
 
 /// The offer to have the desktop itself open the program by ⌘⇧V: a switch that shows the desktop's record as it is when
 /// the section is made, and after each change.
-QWidget* desktopShortcutSection(const SettingsLook& look, DesktopShortcut& shortcut);
+QWidget* desktopShortcutSection(const SettingsTheme& theme, DesktopShortcut& shortcut);
 
 } // namespace zamber::settings

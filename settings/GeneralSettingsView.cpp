@@ -8,7 +8,7 @@
 #include "platform/Workspace.h"
 #include "settings/PreferenceBinding.h"
 #include "settings/SettingsControls.h"
-#include "settings/SettingsLook.h"
+#include "settings/SettingsTheme.h"
 #include "settings/SettingsUI.h"
 #include "settings/UpdateStatus.h"
 #include "ui/BorderedButton.h"
@@ -31,10 +31,10 @@ constexpr int VALUE_POINTS = 13;
 constexpr int GRANTED_SPACING = 4;
 } // namespace
 
-GeneralSettingsView::GeneralSettingsView(const SettingsLook& look, const SettingsServices& services)
-    : SettingsPage(look)
+GeneralSettingsView::GeneralSettingsView(const SettingsTheme& theme, const SettingsServices& services)
+    : SettingsPage(theme)
     , m_services(services) {
-    add(settingsHeader(look, u"General"_s, u"gearshape.fill"_s));
+    add(settingsHeader(theme, u"General"_s, u"gearshape.fill"_s));
     add(startupSection());
     add(appearanceSection());
     add(feedbackSection());
@@ -43,8 +43,8 @@ GeneralSettingsView::GeneralSettingsView(const SettingsLook& look, const Setting
 }
 
 QWidget* GeneralSettingsView::startupSection() {
-    return settingsSection(look(), u"Startup"_s, [this](QBoxLayout& card) {
-        ui::Switch* const launchAtLogin = settingsSwitch(look(), u"Launch at login"_s);
+    return settingsSection(theme(), u"Startup"_s, [this](QBoxLayout& card) {
+        ui::Switch* const launchAtLogin = settingsSwitch(theme(), u"Launch at login"_s);
         launchAtLogin->setChecked(m_services.loginItem.status() == LoginItemStatus::Enabled);
         connect(launchAtLogin, &ui::Switch::toggled, this, &GeneralSettingsView::changeLaunchAtLogin);
         card.addWidget(settingsRow([&](QBoxLayout& line) { line.addWidget(launchAtLogin); }));
@@ -60,15 +60,15 @@ void GeneralSettingsView::changeLaunchAtLogin(bool isOn) {
 }
 
 QWidget* GeneralSettingsView::appearanceSection() {
-    return settingsSection(look(), u"Appearance"_s, [this](QBoxLayout& card) {
-        const auto theme =
-            settingsPickerRow(look(), u"Theme"_s, THEME_WIDTH,
+    return settingsSection(theme(), u"Appearance"_s, [this](QBoxLayout& card) {
+        const auto choice =
+            settingsPickerRow(theme(), u"Theme"_s, THEME_WIDTH,
                               {{u"Auto"_s, u"auto"_s}, {u"Light"_s, u"light"_s}, {u"Dark"_s, u"dark"_s}});
-        bind(*theme.picker, m_services.defaults, preferences::appTheme);
-        card.addWidget(theme.row);
-        card.addWidget(settingsDivider(look()));
+        bind(*choice.picker, m_services.defaults, preferences::appTheme);
+        card.addWidget(choice.row);
+        card.addWidget(settingsDivider(theme()));
         const auto size =
-            settingsPickerRow(look(), u"Popover size"_s, POPOVER_SIZE_WIDTH,
+            settingsPickerRow(theme(), u"Popover size"_s, POPOVER_SIZE_WIDTH,
                               {{u"Compact"_s, u"compact"_s}, {u"Normal"_s, u"normal"_s}, {u"Large"_s, u"large"_s}});
         bind(*size.picker, m_services.defaults, preferences::popoverSize);
         card.addWidget(size.row);
@@ -76,36 +76,36 @@ QWidget* GeneralSettingsView::appearanceSection() {
 }
 
 QWidget* GeneralSettingsView::feedbackSection() {
-    return settingsSection(look(), u"Feedback"_s, [this](QBoxLayout& card) {
+    return settingsSection(theme(), u"Feedback"_s, [this](QBoxLayout& card) {
         card.addWidget(
-            settingsSwitchRow(look(), m_services.defaults, preferences::playSoundOnPaste, u"Play sound on paste"_s));
+            settingsSwitchRow(theme(), m_services.defaults, preferences::playSoundOnPaste, u"Play sound on paste"_s));
     });
 }
 
 QWidget* GeneralSettingsView::updatesSection() {
-    return settingsSection(look(), u"Updates"_s, [this](QBoxLayout& card) {
+    return settingsSection(theme(), u"Updates"_s, [this](QBoxLayout& card) {
         card.addWidget(settingsRow([this](QBoxLayout& line) {
             const update::UpdateManager& updates = m_services.updates;
             auto* version = new ui::TextLabel(u"v%1 (%2)"_s.arg(updates.currentVersion()).arg(updates.currentBuild()),
                                               ui::textFont(VALUE_POINTS));
-            look().apply(version, [version](const ui::Palette& palette) { version->setColor(palette.secondary); });
-            line.addWidget(settingsLabel(look(), u"Current version"_s));
+            theme().apply(version, [version](const ui::Palette& palette) { version->setColor(palette.secondary); });
+            line.addWidget(settingsLabel(theme(), u"Current version"_s));
             line.addStretch();
             line.addWidget(version);
         }));
-        card.addWidget(settingsDivider(look()));
+        card.addWidget(settingsDivider(theme()));
         card.addWidget(settingsRow([this](QBoxLayout& line) {
-            line.addWidget(settingsLabel(look(), u"Updates"_s));
+            line.addWidget(settingsLabel(theme(), u"Updates"_s));
             line.addStretch();
-            line.addWidget(new UpdateStatus(look(), m_services.updates));
+            line.addWidget(new UpdateStatus(theme(), m_services.updates));
         }));
     });
 }
 
 QWidget* GeneralSettingsView::permissionsSection() {
-    return settingsSection(look(), u"Permissions"_s, [this](QBoxLayout& card) {
+    return settingsSection(theme(), u"Permissions"_s, [this](QBoxLayout& card) {
         card.addWidget(settingsRow([this](QBoxLayout& line) {
-            line.addWidget(settingsLabel(look(), u"Accessibility"_s));
+            line.addWidget(settingsLabel(theme(), u"Accessibility"_s));
             line.addStretch();
             line.addWidget(m_services.trust.isTrusted() ? grantedLabel() : grantButton());
         }));
@@ -117,11 +117,11 @@ QWidget* GeneralSettingsView::grantedLabel() const {
     auto* line = new QHBoxLayout(granted);
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(GRANTED_SPACING);
-    auto* symbol = new ui::SymbolView(look().symbols(), u"checkmark.circle.fill"_s, VALUE_POINTS, QFont::Medium);
+    auto* symbol = new ui::SymbolView(theme().symbols(), u"checkmark.circle.fill"_s, VALUE_POINTS, QFont::Medium);
     auto* text = new ui::TextLabel(u"Granted"_s, ui::textFont(VALUE_POINTS, QFont::Medium));
     line->addWidget(symbol);
     line->addWidget(text);
-    look().apply(granted, [symbol, text](const ui::Palette& palette) {
+    theme().apply(granted, [symbol, text](const ui::Palette& palette) {
         symbol->setColor(palette.green);
         text->setColor(palette.green);
     });
@@ -131,7 +131,7 @@ QWidget* GeneralSettingsView::grantedLabel() const {
 QWidget* GeneralSettingsView::grantButton() {
     auto* button = new ui::BorderedButton(
         u"Grant Access"_s, {.prominence = ui::ButtonStyle::Prominence::Prominent, .size = ui::ControlSize::Small});
-    look().apply(button, [button](const ui::Palette& palette) { button->setColors(palette); });
+    theme().apply(button, [button](const ui::Palette& palette) { button->setColors(palette); });
     connect(button, &ui::BorderedButton::clicked, this, [this] {
         if (const auto address = m_services.trust.settingsAddress()) {
             m_services.workspace.open(*address);

@@ -12,7 +12,7 @@ class GeneralSettingsView final : public SettingsPage {
     Q_OBJECT
 
 public:
-    GeneralSettingsView(const SettingsLook& look, const SettingsServices& services);
+    GeneralSettingsView(const SettingsTheme& theme, const SettingsServices& services);
 
 private:
     QWidget* startupSection();

@@ -18,13 +18,13 @@ namespace zamber::settings {}
 
 namespace zamber::settings {
 
-class SettingsLook;
+class SettingsTheme;
 
 /// A switch in the colours of the window.
-ui::Switch* settingsSwitch(const SettingsLook& look, const QString& label);
+ui::Switch* settingsSwitch(const SettingsTheme& theme, const QString& label);
 
 /// A row with a switch for the preference, and the explanation under it unless the text is empty.
-QWidget* settingsSwitchRow(const SettingsLook& look, UserDefaults& defaults,
+QWidget* settingsSwitchRow(const SettingsTheme& theme, UserDefaults& defaults,
                            const preferences::PreferenceKey<bool>& key, const QString& label,
                            const QString& caption = {});
 
@@ -33,7 +33,7 @@ struct SettingsPickerRow {
     QWidget* row;
     ui::SegmentedPicker* picker;
 };
-SettingsPickerRow settingsPickerRow(const SettingsLook& look, const QString& label, int width,
+SettingsPickerRow settingsPickerRow(const SettingsTheme& theme, const QString& label, int width,
                                     const QList<ui::SegmentedPicker::Choice>& choices);
 
 } // namespace zamber::settings

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingsPage.h"
 
-#include "settings/SettingsLook.h"
+#include "settings/SettingsTheme.h"
 #include "ui/OverlayScrollBar.h"
 
 #include <QEvent>
@@ -15,8 +15,8 @@ constexpr int PADDING = 20;
 constexpr int FOCUS_MARGIN = 24; // scrolls the whole row into view, not its control alone
 } // namespace
 
-SettingsPage::SettingsPage(const SettingsLook& look)
-    : m_look(look) {
+SettingsPage::SettingsPage(const SettingsTheme& theme)
+    : m_theme(theme) {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWidgetResizable(true);
@@ -30,9 +30,9 @@ SettingsPage::SettingsPage(const SettingsLook& look)
     viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false); // which setWidget has switched on
     auto* scrollBar = new ui::OverlayScrollBar(this);
-    look.apply(scrollBar, [scrollBar, &look](const ui::Palette& palette) {
+    theme.apply(scrollBar, [scrollBar, &theme](const ui::Palette& palette) {
         scrollBar->setColors(palette);
-        scrollBar->setMotion(look.motion());
+        scrollBar->setMotion(theme.motion());
     });
 }
 

@@ -8,23 +8,23 @@ class QVBoxLayout;
 
 namespace zamber::settings {
 
-class SettingsLook;
+class SettingsTheme;
 
 /// A page that scrolls where it has to: a header and sections one under the other.
 class SettingsPage : public QScrollArea {
     Q_OBJECT
 
 public:
-    explicit SettingsPage(const SettingsLook& look);
+    explicit SettingsPage(const SettingsTheme& theme);
 
 protected:
     void add(QWidget* part);
-    const SettingsLook& look() const { return m_look; }
+    const SettingsTheme& theme() const { return m_theme; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    const SettingsLook& m_look;
+    const SettingsTheme& m_theme;
     QVBoxLayout* m_column;
 };
 

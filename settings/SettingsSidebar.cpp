@@ -3,7 +3,7 @@
 #include "settings/SettingsSidebar.h"
 
 #include "platform/Symbols.h"
-#include "settings/SettingsLook.h"
+#include "settings/SettingsTheme.h"
 #include "ui/Typography.h"
 
 #include <QMouseEvent>
@@ -52,9 +52,9 @@ QString groupTitle(SettingsTab tab) {
 
 class SettingsSidebar::Delegate final : public QStyledItemDelegate {
 public:
-    Delegate(const SettingsLook& look, QListWidget* list)
+    Delegate(const SettingsTheme& theme, QListWidget* list)
         : QStyledItemDelegate(list)
-        , m_look(look)
+        , m_theme(theme)
         , m_list(list) {}
 
     QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override {
@@ -64,7 +64,7 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        const ui::Palette& palette = m_look.palette();
+        const ui::Palette& palette = m_theme.palette();
         const QRect row = option.rect;
         paintTitle(*painter, row, index.data(TITLE_ROLE).toString());
 
@@ -81,10 +81,10 @@ public:
         const SettingsTab tab = ALL_SETTINGS_TABS[static_cast<std::size_t>(index.row())];
         const bool isOnAccent = isSelected && hasFocus;
         const QPixmap symbol =
-            m_look.symbols().pixmap(icon(tab), {.pointSize = TAB_SYMBOL_POINTS,
-                                                .weight = QFont::Normal,
-                                                .color = isOnAccent ? palette.onAccent : iconColor(tab, palette),
-                                                .devicePixelRatio = m_list->devicePixelRatioF()});
+            m_theme.symbols().pixmap(icon(tab), {.pointSize = TAB_SYMBOL_POINTS,
+                                                 .weight = QFont::Normal,
+                                                 .color = isOnAccent ? palette.onAccent : iconColor(tab, palette),
+                                                 .devicePixelRatio = m_list->devicePixelRatioF()});
         const QSizeF size = symbol.deviceIndependentSize();
         painter->drawPixmap(QPointF(std::round(row.left() + ROW_PADDING + (SYMBOL_WIDTH - size.width()) / 2),
                                     std::round(row.top() + (row.height() - size.height()) / 2)),
@@ -102,18 +102,18 @@ private:
             return;
         }
         painter.setFont(ui::textFont(TITLE_POINTS, QFont::DemiBold));
-        painter.setPen(m_look.palette().tertiary);
+        painter.setPen(m_theme.palette().tertiary);
         const QRect place(row.left() + ROW_PADDING, row.top() - TITLE_HEIGHT, row.width() - ROW_PADDING,
                           TITLE_HEIGHT - TITLE_BOTTOM);
         painter.drawText(place, Qt::AlignLeft | Qt::AlignBottom, title);
     }
 
-    const SettingsLook& m_look;
+    const SettingsTheme& m_theme;
     QListWidget* m_list;
 };
 
-SettingsSidebar::SettingsSidebar(const SettingsLook& look)
-    : m_look(look) {
+SettingsSidebar::SettingsSidebar(const SettingsTheme& theme)
+    : m_theme(theme) {
     setAccessibleName(u"Settings pages"_s);
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -123,7 +123,7 @@ SettingsSidebar::SettingsSidebar(const SettingsLook& look)
     setViewportMargins(MARGIN, MARGIN, MARGIN, MARGIN);
     viewport()->setAutoFillBackground(false);
     setMouseTracking(true);
-    setItemDelegate(new Delegate(look, this));
+    setItemDelegate(new Delegate(theme, this));
     for (const SettingsTab tab : ALL_SETTINGS_TABS) {
         auto* item = new QListWidgetItem(rawValue(tab), this);
         item->setData(TITLE_ROLE, groupTitle(tab));
@@ -131,7 +131,7 @@ SettingsSidebar::SettingsSidebar(const SettingsLook& look)
     }
     setCurrentRow(0);
     connect(this, &QListWidget::currentRowChanged, this, [this] { Q_EMIT tabSelected(selectedTab()); });
-    look.apply(this, [this](const ui::Palette&) { viewport()->update(); });
+    theme.apply(this, [this](const ui::Palette&) { viewport()->update(); });
 }
 
 SettingsTab SettingsSidebar::selectedTab() const {

@@ -8,7 +8,7 @@
 
 namespace zamber::settings {
 
-class SettingsLook;
+class SettingsTheme;
 
 /// The pages' names in three groups, of which the first has no title. The titles stand above the first item of their
 /// group and are no items themselves.
@@ -16,7 +16,7 @@ class SettingsSidebar final : public QListWidget {
     Q_OBJECT
 
 public:
-    explicit SettingsSidebar(const SettingsLook& look);
+    explicit SettingsSidebar(const SettingsTheme& theme);
 
     SettingsTab selectedTab() const;
 
@@ -36,7 +36,7 @@ private:
     class Delegate;
     bool isOnTitle(const QPoint& position) const;
 
-    const SettingsLook& m_look;
+    const SettingsTheme& m_theme;
 };
 
 } // namespace zamber::settings

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingsUI.h"
 
-#include "settings/SettingsLook.h"
+#include "settings/SettingsTheme.h"
 #include "ui/ContinuousCorners.h"
 #include "ui/SymbolView.h"
 #include "ui/TextLabel.h"
@@ -59,52 +59,52 @@ void paintPlate(QWidget& plate, const QColor& ground, const QColor& border, doub
 
 class Card final : public QWidget {
 public:
-    explicit Card(const SettingsLook& look)
-        : m_look(look) {
-        look.apply(this, [this](const ui::Palette&) { update(); });
+    explicit Card(const SettingsTheme& theme)
+        : m_theme(theme) {
+        theme.apply(this, [this](const ui::Palette&) { update(); });
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        const ui::Palette& palette = m_look.palette();
+        const ui::Palette& palette = m_theme.palette();
         paintPlate(*this, palette.primaryAt(CARD_OPACITY), palette.primaryAt(CARD_BORDER_OPACITY), CARD_RADIUS);
     }
 
 private:
-    const SettingsLook& m_look;
+    const SettingsTheme& m_theme;
 };
 
 class Divider final : public QWidget {
 public:
-    explicit Divider(const SettingsLook& look)
-        : m_look(look) {
+    explicit Divider(const SettingsTheme& theme)
+        : m_theme(theme) {
         setFixedHeight(1);
-        look.apply(this, [this](const ui::Palette&) { update(); });
+        theme.apply(this, [this](const ui::Palette&) { update(); });
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        QPainter(this).fillRect(rect().adjusted(ROW_HORIZONTAL, 0, -ROW_HORIZONTAL, 0), m_look.palette().separator);
+        QPainter(this).fillRect(rect().adjusted(ROW_HORIZONTAL, 0, -ROW_HORIZONTAL, 0), m_theme.palette().separator);
     }
 
 private:
-    const SettingsLook& m_look;
+    const SettingsTheme& m_theme;
 };
 
 class SettingsKeyCap final : public QWidget {
 public:
-    SettingsKeyCap(const SettingsLook& look, const QString& key)
-        : m_look(look)
+    SettingsKeyCap(const SettingsTheme& theme, const QString& key)
+        : m_theme(theme)
         , m_key(key) {
         setFont(ui::roundedFont(KEY_POINTS, QFont::DemiBold));
         setAccessibleName(key);
         setFixedSize(std::max(KEY_SIDE, QFontMetrics(font()).horizontalAdvance(key)), KEY_SIDE);
-        look.apply(this, [this](const ui::Palette&) { update(); });
+        theme.apply(this, [this](const ui::Palette&) { update(); });
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        const ui::Palette& palette = m_look.palette();
+        const ui::Palette& palette = m_theme.palette();
         paintPlate(*this, palette.tertiaryFill, palette.primaryAt(KEY_BORDER_OPACITY), KEY_RADIUS);
         QPainter painter(this);
         painter.setFont(font());
@@ -113,30 +113,30 @@ protected:
     }
 
 private:
-    const SettingsLook& m_look;
+    const SettingsTheme& m_theme;
     QString m_key;
 };
 
 } // namespace
 
-QWidget* SettingsUI::header(const SettingsLook& look, const QString& title, const QString& icon) {
+QWidget* SettingsUI::header(const SettingsTheme& theme, const QString& title, const QString& icon) {
     auto* header = new QWidget;
     auto* line = new QHBoxLayout(header);
     line->setContentsMargins(0, 0, 0, HEADER_BOTTOM);
     line->setSpacing(HEADER_SPACING);
-    auto* symbol = new ui::SymbolView(look.symbols(), icon, HEADER_SYMBOL_POINTS, QFont::DemiBold);
+    auto* symbol = new ui::SymbolView(theme.symbols(), icon, HEADER_SYMBOL_POINTS, QFont::DemiBold);
     auto* label = new ui::TextLabel(title, ui::textFont(HEADER_TITLE_POINTS, QFont::Bold));
     line->addWidget(symbol, 0, Qt::AlignVCenter);
     line->addWidget(label, 0, Qt::AlignVCenter);
     line->addStretch();
-    look.apply(header, [symbol, label](const ui::Palette& palette) {
+    theme.apply(header, [symbol, label](const ui::Palette& palette) {
         symbol->setColor(palette.primary);
         label->setColor(palette.primary);
     });
     return header;
 }
 
-QWidget* SettingsUI::section(const SettingsLook& look, const QString& title, const SettingsContent& content) {
+QWidget* SettingsUI::section(const SettingsTheme& theme, const QString& title, const SettingsContent& content) {
     auto* section = new QWidget;
     section->setAccessibleName(title);
     auto* column = new QVBoxLayout(section);
@@ -144,13 +144,13 @@ QWidget* SettingsUI::section(const SettingsLook& look, const QString& title, con
     column->setSpacing(0);
     if (!title.isEmpty()) {
         auto* label = new ui::TextLabel(title, ui::textFont(SECTION_TITLE_POINTS, QFont::Medium));
-        look.apply(label, [label](const ui::Palette& palette) { label->setColor(palette.secondary); });
+        theme.apply(label, [label](const ui::Palette& palette) { label->setColor(palette.secondary); });
         auto* line = new QHBoxLayout;
         line->setContentsMargins(SECTION_TITLE_LEADING, 0, 0, SECTION_TITLE_BOTTOM);
         line->addWidget(label);
         column->addLayout(line);
     }
-    auto* card = new Card(look);
+    auto* card = new Card(theme);
     auto* rows = new QVBoxLayout(card);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
@@ -168,39 +168,39 @@ QWidget* SettingsUI::row(const SettingsContent& content) {
     return row;
 }
 
-QWidget* SettingsUI::keyCap(const SettingsLook& look, const QString& key) {
-    return new SettingsKeyCap(look, key);
+QWidget* SettingsUI::keyCap(const SettingsTheme& theme, const QString& key) {
+    return new SettingsKeyCap(theme, key);
 }
 
-QWidget* settingsHeader(const SettingsLook& look, const QString& title, const QString& icon) {
-    return SettingsUI::header(look, title, icon);
+QWidget* settingsHeader(const SettingsTheme& theme, const QString& title, const QString& icon) {
+    return SettingsUI::header(theme, title, icon);
 }
 
-QWidget* settingsSection(const SettingsLook& look, const QString& title, const SettingsContent& content) {
-    return SettingsUI::section(look, title, content);
+QWidget* settingsSection(const SettingsTheme& theme, const QString& title, const SettingsContent& content) {
+    return SettingsUI::section(theme, title, content);
 }
 
 QWidget* settingsRow(const SettingsContent& content) {
     return SettingsUI::row(content);
 }
 
-QWidget* keyCapView(const SettingsLook& look, const QString& key) {
-    return SettingsUI::keyCap(look, key);
+QWidget* keyCapView(const SettingsTheme& theme, const QString& key) {
+    return SettingsUI::keyCap(theme, key);
 }
 
-QWidget* settingsDivider(const SettingsLook& look) {
-    return new Divider(look);
+QWidget* settingsDivider(const SettingsTheme& theme) {
+    return new Divider(theme);
 }
 
-ui::TextLabel* settingsLabel(const SettingsLook& look, const QString& text) {
+ui::TextLabel* settingsLabel(const SettingsTheme& theme, const QString& text) {
     auto* label = new ui::TextLabel(text, ui::textFont(BODY_POINTS));
-    look.apply(label, [label](const ui::Palette& palette) { label->setColor(palette.primary); });
+    theme.apply(label, [label](const ui::Palette& palette) { label->setColor(palette.primary); });
     return label;
 }
 
-ui::TextLabel* settingsCaption(const SettingsLook& look, const QString& text) {
+ui::TextLabel* settingsCaption(const SettingsTheme& theme, const QString& text) {
     auto* label = new ui::TextLabel(text, ui::textFont(CAPTION_POINTS));
-    look.apply(label, [label](const ui::Palette& palette) { label->setColor(palette.tertiary); });
+    theme.apply(label, [label](const ui::Palette& palette) { label->setColor(palette.tertiary); });
     return label;
 }
 

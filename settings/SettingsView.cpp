@@ -5,8 +5,8 @@
 #include "settings/AboutSettingsView.h"
 #include "settings/ClipboardSettingsView.h"
 #include "settings/GeneralSettingsView.h"
-#include "settings/SettingsLook.h"
 #include "settings/SettingsSidebar.h"
+#include "settings/SettingsTheme.h"
 #include "settings/ShortcutsSettingsView.h"
 
 #include <QHBoxLayout>
@@ -18,17 +18,17 @@ namespace {
 constexpr QSize SIZE{650, 500};
 } // namespace
 
-SettingsView::SettingsView(const SettingsLook& look, const SettingsServices& services)
-    : m_look(look)
+SettingsView::SettingsView(const SettingsTheme& theme, const SettingsServices& services)
+    : m_theme(theme)
     , m_services(services)
-    , m_sidebar(new SettingsSidebar(look)) {
+    , m_sidebar(new SettingsSidebar(theme)) {
     setFixedSize(SIZE);
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(0);
     columns->addWidget(m_sidebar);
     connect(m_sidebar, &SettingsSidebar::tabSelected, this, &SettingsView::select);
-    look.apply(this, [this](const ui::Palette& palette) {
+    theme.apply(this, [this](const ui::Palette& palette) {
         setPalette(palette.forWidgets());
         update();
     });
@@ -47,21 +47,21 @@ void SettingsView::select(SettingsTab tab) {
 QWidget* SettingsView::makePage(SettingsTab tab) const {
     switch (tab) {
     case SettingsTab::General:
-        return new GeneralSettingsView(m_look, m_services);
+        return new GeneralSettingsView(m_theme, m_services);
     case SettingsTab::Clipboard:
-        return new ClipboardSettingsView(m_look, m_services.defaults);
+        return new ClipboardSettingsView(m_theme, m_services.defaults);
     case SettingsTab::Shortcuts:
-        return new ShortcutsSettingsView(m_look, m_services.defaults, m_services.commandKeyHint,
+        return new ShortcutsSettingsView(m_theme, m_services.defaults, m_services.commandKeyHint,
                                          m_services.desktopShortcut);
     case SettingsTab::About:
         break;
     }
-    return new AboutSettingsView(m_look, m_services.bundle);
+    return new AboutSettingsView(m_theme, m_services.bundle);
 }
 
 void SettingsView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const ui::Palette& palette = m_look.palette();
+    const ui::Palette& palette = m_theme.palette();
     const QRect sidebar = m_sidebar->geometry();
     painter.fillRect(rect(), palette.ultraThinMaterial);
     painter.fillRect(sidebar, palette.barMaterial);

@@ -9,7 +9,7 @@
 
 namespace zamber::settings {
 
-class SettingsLook;
+class SettingsTheme;
 class SettingsSidebar;
 
 /// The pages' names on one side, the page that is selected on the other. Starts with the General page each time.
@@ -17,8 +17,8 @@ class SettingsView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// The look and what the services refer to outlive the view.
-    SettingsView(const SettingsLook& look, const SettingsServices& services);
+    /// The theme and what the services refer to outlive the view.
+    SettingsView(const SettingsTheme& theme, const SettingsServices& services);
 
     SettingsTab selectedTab() const { return m_selectedTab; }
     QWidget* page() const { return m_page; }
@@ -30,7 +30,7 @@ private:
     void select(SettingsTab tab);
     QWidget* makePage(SettingsTab tab) const;
 
-    const SettingsLook& m_look;
+    const SettingsTheme& m_theme;
     SettingsServices m_services;
     SettingsTab m_selectedTab = SettingsTab::General;
     SettingsSidebar* m_sidebar;

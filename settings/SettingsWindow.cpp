@@ -19,12 +19,12 @@ using namespace Qt::StringLiterals;
 
 SettingsWindow::SettingsWindow(const Symbols& symbols, Appearance& appearance, const SettingsServices& services,
                                BringToFront bringToFront)
-    : m_look(symbols, appearance)
+    : m_theme(symbols, appearance)
     , m_services(services)
     , m_bringToFront(std::move(bringToFront)) {
-    appearance.addChangedHandler([look = QPointer(&m_look)] {
-        if (look) {
-            look->update();
+    appearance.addChangedHandler([theme = QPointer(&m_theme)] {
+        if (theme) {
+            theme->update();
         }
     });
 }
@@ -33,7 +33,7 @@ SettingsWindow::~SettingsWindow() = default;
 
 void SettingsWindow::show() {
     if (!m_view) {
-        m_view = std::make_unique<SettingsView>(m_look, m_services);
+        m_view = std::make_unique<SettingsView>(m_theme, m_services);
         m_view->setWindowTitle(u"Zamber Settings"_s);
         // No maximise button: the size is fixed.
         m_view->setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "settings/SettingsLook.h"
 #include "settings/SettingsServices.h"
+#include "settings/SettingsTheme.h"
 
 #include <QtGui/qwindowdefs.h>
 
@@ -41,7 +41,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    SettingsLook m_look;
+    SettingsTheme m_theme;
     SettingsServices m_services;
     BringToFront m_bringToFront;
     std::unique_ptr<SettingsView> m_view;

@@ -6,7 +6,7 @@
 #include "settings/DesktopShortcutSection.h"
 #include "settings/PreferenceBinding.h"
 #include "settings/SettingsControls.h"
-#include "settings/SettingsLook.h"
+#include "settings/SettingsTheme.h"
 #include "settings/SettingsUI.h"
 #include "ui/SymbolView.h"
 #include "ui/TextLabel.h"
@@ -29,19 +29,19 @@ constexpr int TIP_SYMBOL_WIDTH = 20;
 
 } // namespace
 
-ShortcutsSettingsView::ShortcutsSettingsView(const SettingsLook& look, UserDefaults& defaults,
+ShortcutsSettingsView::ShortcutsSettingsView(const SettingsTheme& theme, UserDefaults& defaults,
                                              const QString& commandKeyHint, DesktopShortcut* desktopShortcut)
-    : SettingsPage(look)
+    : SettingsPage(theme)
     , m_commandKeyHint(commandKeyHint) {
-    add(settingsHeader(look, u"Shortcuts"_s, u"keyboard.fill"_s));
-    add(settingsSection(look, u"Main"_s, [&](QBoxLayout& card) {
+    add(settingsHeader(theme, u"Shortcuts"_s, u"keyboard.fill"_s));
+    add(settingsSection(theme, u"Main"_s, [&](QBoxLayout& card) {
         card.addWidget(shortcutRow(u"Open Zamber"_s, {u"⌘"_s, u"⇧"_s, u"V"_s}));
     }));
     if (desktopShortcut != nullptr && desktopShortcut->status() != DesktopShortcutStatus::NotOffered) {
-        add(desktopShortcutSection(look, *desktopShortcut));
+        add(desktopShortcutSection(theme, *desktopShortcut));
     }
-    add(settingsSection(look, u"Quick Paste"_s, [&](QBoxLayout& card) {
-        card.addWidget(settingsSwitchRow(look, defaults, preferences::quickPasteEnabled,
+    add(settingsSection(theme, u"Quick Paste"_s, [&](QBoxLayout& card) {
+        card.addWidget(settingsSwitchRow(theme, defaults, preferences::quickPasteEnabled,
                                          u"Enable quick paste shortcuts"_s,
                                          u"Paste recent items directly without opening the popover"_s));
         QWidget* const rows = quickPasteRows();
@@ -49,7 +49,7 @@ ShortcutsSettingsView::ShortcutsSettingsView(const SettingsLook& look, UserDefau
         follow(*rows, defaults, preferences::quickPasteEnabled.name,
                [rows, &defaults] { rows->setVisible(read(defaults, preferences::quickPasteEnabled)); });
     }));
-    add(settingsSection(look, u"Tips"_s, [&](QBoxLayout& card) {
+    add(settingsSection(theme, u"Tips"_s, [&](QBoxLayout& card) {
         auto* tips = new QVBoxLayout;
         tips->setContentsMargins(TIPS_PADDING, TIPS_PADDING, TIPS_PADDING, TIPS_PADDING);
         tips->setSpacing(TIPS_SPACING);
@@ -66,16 +66,16 @@ QWidget* ShortcutsSettingsView::quickPasteRows() const {
     auto* column = new QVBoxLayout(rows);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(settingsDivider(look()));
+    column->addWidget(settingsDivider(theme()));
     column->addWidget(shortcutRow(u"Paste 2nd item"_s, {u"⌘"_s, u"⇧"_s, u"2"_s}));
-    column->addWidget(settingsDivider(look()));
+    column->addWidget(settingsDivider(theme()));
     column->addWidget(shortcutRow(u"Paste 3rd item"_s, {u"⌘"_s, u"⇧"_s, u"3"_s}));
     return rows;
 }
 
 QWidget* ShortcutsSettingsView::shortcutRow(const QString& label, const QStringList& keys) const {
     return settingsRow([&](QBoxLayout& line) {
-        line.addWidget(settingsLabel(look(), label));
+        line.addWidget(settingsLabel(theme(), label));
         line.addStretch();
         auto* caps = new QWidget;
         caps->setAccessibleName(keys.join(QString()));
@@ -84,7 +84,7 @@ QWidget* ShortcutsSettingsView::shortcutRow(const QString& label, const QStringL
         side->setContentsMargins(0, 0, 0, 0);
         side->setSpacing(KEY_SPACING);
         for (const QString& key : keys) {
-            side->addWidget(keyCapView(look(), key));
+            side->addWidget(keyCapView(theme(), key));
         }
         line.addWidget(caps);
     });
@@ -99,13 +99,13 @@ QWidget* ShortcutsSettingsView::tipRow(const QString& icon, const QString& text)
     frame->setFixedWidth(TIP_SYMBOL_WIDTH);
     auto* inside = new QHBoxLayout(frame);
     inside->setContentsMargins(0, 0, 0, 0);
-    auto* symbol = new ui::SymbolView(look().symbols(), icon, TIP_POINTS, QFont::Normal);
+    auto* symbol = new ui::SymbolView(theme().symbols(), icon, TIP_POINTS, QFont::Normal);
     inside->addWidget(symbol, 0, Qt::AlignCenter);
     auto* label = new ui::TextLabel(text, ui::textFont(TIP_POINTS));
     line->addWidget(frame);
     line->addWidget(label);
     line->addStretch();
-    look().apply(row, [symbol, label](const ui::Palette& palette) {
+    theme().apply(row, [symbol, label](const ui::Palette& palette) {
         symbol->setColor(palette.secondary);
         label->setColor(palette.secondary);
     });

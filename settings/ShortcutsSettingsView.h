@@ -22,7 +22,7 @@ class ShortcutsSettingsView final : public SettingsPage {
 public:
     /// The hint says which key ⌘ is; it is empty where the keyboard says so itself. Without a desktop's shortcut none
     /// is offered.
-    ShortcutsSettingsView(const SettingsLook& look, UserDefaults& defaults, const QString& commandKeyHint,
+    ShortcutsSettingsView(const SettingsTheme& theme, UserDefaults& defaults, const QString& commandKeyHint,
                           DesktopShortcut* desktopShortcut = nullptr);
 
     // Bound by this page and neither read nor written: the keys on it are fixed.

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/UpdateStatus.h"
 
-#include "settings/SettingsLook.h"
+#include "settings/SettingsTheme.h"
 #include "ui/BorderedButton.h"
 #include "ui/ProgressIndicator.h"
 #include "ui/TextLabel.h"
@@ -22,8 +22,8 @@ constexpr int STATUS_SPACING = 6;
 constexpr int STATUS_POINTS = 13;
 } // namespace
 
-UpdateStatus::UpdateStatus(const SettingsLook& look, update::UpdateManager& updates)
-    : m_look(look)
+UpdateStatus::UpdateStatus(const SettingsTheme& theme, update::UpdateManager& updates)
+    : m_theme(theme)
     , m_updates(updates)
     , m_progress(new ui::ProgressIndicator(u"Checking for updates"_s, this))
     , m_text(new ui::TextLabel({}, ui::textFont(STATUS_POINTS), this))
@@ -44,7 +44,7 @@ UpdateStatus::UpdateStatus(const SettingsLook& look, update::UpdateManager& upda
     connect(m_check, &ui::BorderedButton::clicked, this, [&updates] { updates.checkForUpdates(); });
     connect(&updates, &update::UpdateManager::changed, this, &UpdateStatus::refresh);
     refresh();
-    look.apply(this, [this](const ui::Palette&) { color(); });
+    theme.apply(this, [this](const ui::Palette&) { color(); });
 }
 
 void UpdateStatus::refresh() {
@@ -60,7 +60,7 @@ void UpdateStatus::refresh() {
 }
 
 void UpdateStatus::color() const {
-    const ui::Palette& palette = m_look.palette();
+    const ui::Palette& palette = m_theme.palette();
     m_text->setColor(m_updates.updateAvailable() ? palette.blue : palette.green);
     m_progress->setColors(palette);
     m_download->setColors(palette);

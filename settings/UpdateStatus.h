@@ -24,7 +24,7 @@ namespace zamber::settings {}
 
 namespace zamber::settings {
 
-class SettingsLook;
+class SettingsTheme;
 
 /// The state of updates and the one button for it: a check that is under way; else the newer version; else that there
 /// is none.
@@ -33,13 +33,13 @@ class UpdateStatus final : public QWidget {
 
 public:
     /// Follows the manager, which outlives it.
-    UpdateStatus(const SettingsLook& look, update::UpdateManager& updates);
+    UpdateStatus(const SettingsTheme& theme, update::UpdateManager& updates);
 
 private:
     void refresh();
     void color() const;
 
-    const SettingsLook& m_look;
+    const SettingsTheme& m_theme;
     const update::UpdateManager& m_updates;
     ui::ProgressIndicator* m_progress;
     ui::TextLabel* m_text;

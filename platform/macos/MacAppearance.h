@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/Appearance.h"
-#include "platform/macos/LookChanges.h"
+#include "platform/macos/AppearanceChanges.h"
 
 namespace zamber::macos {
 
@@ -22,9 +22,9 @@ public:
     void addChangedHandler(std::function<void()> handler) override;
 
 private:
-    Look look() const { return {isDark(), accentColor(), reducedMotion()}; }
+    AppearanceValues values() const { return {isDark(), accentColor(), reducedMotion()}; }
 
-    LookChanges m_changes{look()};
+    AppearanceChanges m_changes{values()};
     void* m_observer; ///< retained
 };
 

@@ -55,7 +55,7 @@
 namespace zamber::macos {
 
 MacAppearance::MacAppearance()
-    : m_observer(retained([[ZamberAppearanceObserver alloc] initWithHandler:[this] { m_changes.take(look()); }])) {}
+    : m_observer(retained([[ZamberAppearanceObserver alloc] initWithHandler:[this] { m_changes.take(values()); }])) {}
 
 MacAppearance::~MacAppearance() {
     [released<ZamberAppearanceObserver>(m_observer) stop];

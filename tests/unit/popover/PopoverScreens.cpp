@@ -8,7 +8,7 @@
 #include "platform/freedesktop/BootstrapSymbols.h"
 #include "platform/freedesktop/popover/PopoverFrame.h"
 #include "tests/unit/popover/PopoverStage.h"
-#include "ui/PopupLook.h"
+#include "ui/PopupStyler.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -226,7 +226,7 @@ int shootAll(const QString& folder, bool isDark) {
     const auto shoot = [&](const std::function<void(PopoverStage&)>& fillWith, const auto& shootStage) {
         PopoverStage stage(symbols);
         stage.appearance.setDark(isDark);
-        ui::PopupLook popups([] { return true; });
+        ui::PopupStyler popups([] { return true; });
         fillWith(stage);
         stage.makeView();
         shootStage(stage);

@@ -111,7 +111,7 @@ TEST_F(SettingsGeometryTest, EveryTextHasItsSizeWeightAndLevel) {
         ASSERT_NE(shown, nullptr) << text.toStdString();
         EXPECT_EQ(shown->font().pixelSize(), points) << text.toStdString();
         EXPECT_EQ(shown->font().weight(), weight) << text.toStdString();
-        EXPECT_EQ(shown->palette().color(QPalette::WindowText), stage.look->palette().*level) << text.toStdString();
+        EXPECT_EQ(shown->palette().color(QPalette::WindowText), stage.theme->palette().*level) << text.toStdString();
     }
 }
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "settings/SettingsLook.h"
 #include "settings/SettingsServices.h"
 #include "settings/SettingsSidebar.h"
+#include "settings/SettingsTheme.h"
 #include "settings/SettingsView.h"
 #include "tests/fakes/FakeAccessibilityTrust.h"
 #include "tests/fakes/FakeAppBundle.h"
@@ -29,8 +29,8 @@ public:
         : symbols(symbolSet) {}
 
     SettingsView& open() {
-        look = std::make_unique<SettingsLook>(symbols, appearance);
-        view = std::make_unique<SettingsView>(*look, services());
+        theme = std::make_unique<SettingsTheme>(symbols, appearance);
+        view = std::make_unique<SettingsView>(*theme, services());
         view->show();
         return *view;
     }
@@ -73,7 +73,7 @@ public:
     std::shared_ptr<update::UpdateManager> updates = update::UpdateManager::create(
         scheduler, defaults, bundle, workspace, [this] { return std::make_unique<CannedReplies>(answer, requests); });
     DesktopShortcut* desktopShortcut = nullptr;
-    std::unique_ptr<SettingsLook> look;
+    std::unique_ptr<SettingsTheme> theme;
     std::unique_ptr<SettingsView> view;
 
 private:

@@ -129,7 +129,7 @@ TEST_F(SettingsViewTest, ASectionWithoutATitleStartsWithItsCard) {
     stage.open();
     const auto makeSection = [&](const QString& title) {
         auto section = std::unique_ptr<QWidget>(settingsSection(
-            *stage.look, title, [](QBoxLayout& card) { card.addWidget(settingsRow([](QBoxLayout&) {})); }));
+            *stage.theme, title, [](QBoxLayout& card) { card.addWidget(settingsRow([](QBoxLayout&) {})); }));
         section->resize(300, section->sizeHint().height());
         section->show();
         return section;
@@ -147,9 +147,9 @@ TEST_F(SettingsViewTest, ASectionWithoutATitleStartsWithItsCard) {
 TEST_F(SettingsViewTest, KeyCapsAre24EachWayAndWiderForWideTexts) {
     stage.open();
     const auto size = [&](const QString& key) {
-        return std::unique_ptr<QWidget>(keyCapView(*stage.look, key))
+        return std::unique_ptr<QWidget>(keyCapView(*stage.theme, key))
             ->sizeHint()
-            .expandedTo(std::unique_ptr<QWidget>(keyCapView(*stage.look, key))->minimumSize());
+            .expandedTo(std::unique_ptr<QWidget>(keyCapView(*stage.theme, key))->minimumSize());
     };
     for (const QString& key : {u"⌘"_s, u"⇧"_s, u"V"_s, u"2"_s}) {
         EXPECT_GE(size(key).width(), 24) << key.toStdString();
@@ -165,7 +165,7 @@ TEST_F(SettingsViewTest, TheLookFollowsTheDesktopWhileTheWindowIsOpen) {
     const QColor before = title->palette().color(QPalette::WindowText);
     QWidget* const page = view.page();
     stage.appearance.setDark(true);
-    stage.look->update();
+    stage.theme->update();
     EXPECT_NE(title->palette().color(QPalette::WindowText), before);
     EXPECT_EQ(view.page(), page) << "the page is the same one: what the user has put stays";
 }

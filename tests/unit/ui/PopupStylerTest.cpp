@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "ui/PopupLook.h"
+#include "ui/PopupStyler.h"
 
 #include "ui/MenuStyle.h"
 #include "ui/Palette.h"
@@ -18,9 +18,9 @@ namespace zamber::ui {
 
 namespace {
 
-class PopupLookTest : public testing::Test {
+class PopupStylerTest : public testing::Test {
 protected:
-    ~PopupLookTest() override { QApplication::setPalette(QPalette()); }
+    ~PopupStylerTest() override { QApplication::setPalette(QPalette()); }
 
     static QColor groundWhenOpen(QMenu& menu) {
         menu.popup({0, 0});
@@ -38,7 +38,7 @@ protected:
     }
 
     bool isComposited = true;
-    PopupLook look{[this] { return isComposited; }};
+    PopupStyler styler{[this] { return isComposited; }};
 };
 
 /// Sees Qt tell of new colours of the whole application.
@@ -59,37 +59,37 @@ private:
 
 } // namespace
 
-TEST_F(PopupLookTest, MenusThatOpenHaveThem) {
+TEST_F(PopupStylerTest, MenusThatOpenHaveThem) {
     QMenu before;
-    look.setColors(QPalette(Qt::red));
+    styler.setColors(QPalette(Qt::red));
     QMenu after;
     EXPECT_EQ(groundWhenOpen(before), QColor(Qt::red));
     EXPECT_EQ(groundWhenOpen(after), QColor(Qt::red));
 }
 
-TEST_F(PopupLookTest, TheyFollowInAMenuThatIsOpenAndInOneThatOpensAgain) {
-    look.setColors(QPalette(Qt::red));
+TEST_F(PopupStylerTest, TheyFollowInAMenuThatIsOpenAndInOneThatOpensAgain) {
+    styler.setColors(QPalette(Qt::red));
     QMenu open;
     QMenu closed;
     groundWhenOpen(open);
     groundWhenOpen(closed);
     closed.close();
-    look.setColors(QPalette(Qt::blue));
+    styler.setColors(QPalette(Qt::blue));
     EXPECT_EQ(ground(open), QColor(Qt::blue));
     EXPECT_EQ(groundWhenOpen(closed), QColor(Qt::blue));
 }
 
-TEST_F(PopupLookTest, AMenusOwnColoursStay) {
-    look.setColors(QPalette(Qt::red));
+TEST_F(PopupStylerTest, AMenusOwnColoursStay) {
+    styler.setColors(QPalette(Qt::red));
     QMenu menu;
     menu.setPalette(QPalette(Qt::green));
     EXPECT_EQ(groundWhenOpen(menu), QColor(Qt::green));
-    look.setColors(QPalette(Qt::blue));
+    styler.setColors(QPalette(Qt::blue));
     EXPECT_EQ(ground(menu), QColor(Qt::green));
 }
 
-TEST_F(PopupLookTest, AnotherThemeOfTheDesktopsTakesNothingAway) {
-    look.setColors(QPalette(Qt::red));
+TEST_F(PopupStylerTest, AnotherThemeOfTheDesktopsTakesNothingAway) {
+    styler.setColors(QPalette(Qt::red));
     QMenu menu;
     groundWhenOpen(menu);
     QApplication::setPalette(QPalette(Qt::white));
@@ -99,17 +99,17 @@ TEST_F(PopupLookTest, AnotherThemeOfTheDesktopsTakesNothingAway) {
     EXPECT_EQ(groundWhenOpen(menu), QColor(Qt::red));
 }
 
-TEST_F(PopupLookTest, TheApplicationsColoursStayAsTheyAre) {
+TEST_F(PopupStylerTest, TheApplicationsColoursStayAsTheyAre) {
     const ApplicationColors application;
-    look.setColors(QPalette(Qt::red));
+    styler.setColors(QPalette(Qt::red));
     QMenu menu;
     groundWhenOpen(menu);
-    look.setColors(QPalette(Qt::blue));
+    styler.setColors(QPalette(Qt::blue));
     EXPECT_FALSE(application.haveChanged());
 }
 
-TEST_F(PopupLookTest, TheColoursOfTheWidgetThatAMenuBelongsToComeFirst) {
-    look.setColors(QPalette(Qt::red));
+TEST_F(PopupStylerTest, TheColoursOfTheWidgetThatAMenuBelongsToComeFirst) {
+    styler.setColors(QPalette(Qt::red));
     QWidget owner;
     owner.setPalette(QPalette(Qt::green));
     QWidget part(&owner);
@@ -120,8 +120,8 @@ TEST_F(PopupLookTest, TheColoursOfTheWidgetThatAMenuBelongsToComeFirst) {
     EXPECT_EQ(groundWhenOpen(menu), QColor(Qt::yellow));
 }
 
-TEST_F(PopupLookTest, AMenuIsACardWithItsShadowAroundItWhereThatIsBlended) {
-    look.setColors(Palette::light(Qt::blue).forWidgets());
+TEST_F(PopupStylerTest, AMenuIsACardWithItsShadowAroundItWhereThatIsBlended) {
+    styler.setColors(Palette::light(Qt::blue).forWidgets());
     QMenu menu;
     menu.addAction(QStringLiteral("First"));
     menu.addAction(QStringLiteral("Second"));
@@ -140,9 +140,9 @@ TEST_F(PopupLookTest, AMenuIsACardWithItsShadowAroundItWhereThatIsBlended) {
     EXPECT_TRUE(beside.alpha() > 5 && beside.alpha() < 120) << beside.alpha();
 }
 
-TEST_F(PopupLookTest, WithoutACompositorItIsSquareAndWhole) {
+TEST_F(PopupStylerTest, WithoutACompositorItIsSquareAndWhole) {
     isComposited = false;
-    look.setColors(Palette::light(Qt::blue).forWidgets());
+    styler.setColors(Palette::light(Qt::blue).forWidgets());
     QMenu menu;
     menu.addAction(QStringLiteral("First"));
     menu.popup({200, 100});
@@ -154,7 +154,7 @@ TEST_F(PopupLookTest, WithoutACompositorItIsSquareAndWhole) {
     EXPECT_NE(drawn.pixelColor(0, 0), drawn.pixelColor(3, 3)) << "an edge";
 }
 
-TEST_F(PopupLookTest, ACompositorThatHasComeIsSeenAtTheNextOpening) {
+TEST_F(PopupStylerTest, ACompositorThatHasComeIsSeenAtTheNextOpening) {
     isComposited = false;
     QMenu menu;
     menu.addAction(QStringLiteral("First"));
@@ -167,7 +167,7 @@ TEST_F(PopupLookTest, ACompositorThatHasComeIsSeenAtTheNextOpening) {
     EXPECT_EQ(menu.pos(), QPoint(184, 84));
 }
 
-TEST_F(PopupLookTest, APressOnTheShadowClosesTheMenuAsOneOutsideDoes) {
+TEST_F(PopupStylerTest, APressOnTheShadowClosesTheMenuAsOneOutsideDoes) {
     QMenu menu;
     int chosen = 0;
     QObject::connect(menu.addAction(QStringLiteral("First")), &QAction::triggered, &menu, [&] { ++chosen; });
@@ -183,9 +183,9 @@ TEST_F(PopupLookTest, APressOnTheShadowClosesTheMenuAsOneOutsideDoes) {
     EXPECT_EQ(chosen, 1);
 }
 
-TEST_F(PopupLookTest, WhatCannotBeUndoneIsRedAndTheChosenLineIsOnTheAccent) {
+TEST_F(PopupStylerTest, WhatCannotBeUndoneIsRedAndTheChosenLineIsOnTheAccent) {
     const Palette palette = Palette::light(Qt::blue);
-    look.setColors(palette.forWidgets());
+    styler.setColors(palette.forWidgets());
     QMenu menu;
     QAction* const plain = menu.addAction(QStringLiteral("▇▇▇▇"));
     QAction* const gone = menu.addAction(QStringLiteral("▇▇▇▇"));
@@ -212,9 +212,9 @@ TEST_F(PopupLookTest, WhatCannotBeUndoneIsRedAndTheChosenLineIsOnTheAccent) {
     EXPECT_TRUE(hasColor(gone, Qt::white));
 }
 
-TEST_F(PopupLookTest, AToolTipHasTheColoursOfWhatItExplains) {
+TEST_F(PopupStylerTest, AToolTipHasTheColoursOfWhatItExplains) {
     const Palette palette = Palette::dark(Qt::blue);
-    look.setColors(Palette::light(Qt::blue).forWidgets());
+    styler.setColors(Palette::light(Qt::blue).forWidgets());
     QWidget owner;
     owner.setPalette(palette.forWidgets());
     QWidget part(&owner);
@@ -232,7 +232,7 @@ TEST_F(PopupLookTest, AToolTipHasTheColoursOfWhatItExplains) {
     QToolTip::hideText();
 }
 
-TEST_F(PopupLookTest, NothingIsColouredBeforeTheFirstAreSet) {
+TEST_F(PopupStylerTest, NothingIsColouredBeforeTheFirstAreSet) {
     const QColor usual = QApplication::palette().color(QPalette::Window);
     QMenu menu;
     EXPECT_EQ(groundWhenOpen(menu), usual);

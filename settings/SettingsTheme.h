@@ -14,26 +14,23 @@ class Appearance;
 class Symbols;
 } // namespace zamber
 
-namespace zamber::settings {}
-
-namespace zamber::settings {} // namespace zamber::settings
-
 namespace zamber::settings {
 
-/// The colours and symbols of the settings window, which everything in it is built with and follows when the
-/// desktop's look changes.
-class SettingsLook final : public QObject {
+/// The colours and symbols of the settings window. All its parts are built with them and are coloured anew when the
+/// desktop's appearance changes.
+class SettingsTheme final : public QObject {
     Q_OBJECT
 
 public:
     /// Both outlive this object.
-    SettingsLook(const Symbols& symbols, const Appearance& appearance);
+    SettingsTheme(const Symbols& symbols, const Appearance& appearance);
 
     const Symbols& symbols() const { return m_symbols; }
     const ui::Palette& palette() const { return m_palette; }
     ui::Motion motion() const;
 
-    /// Colours something now and whenever the look changes, for as long as the context lives.
+    /// Calls `color` with the palette, at once and after each change of the appearance, for as long as the context
+    /// lives.
     void apply(QObject* context, const std::function<void(const ui::Palette&)>& color) const;
 
     /// To be called when the appearance has changed.

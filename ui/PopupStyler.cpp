@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "ui/PopupLook.h"
+#include "ui/PopupStyler.h"
 
 #include "ui/Typography.h"
 
@@ -42,12 +42,12 @@ const QWidget* coloredOwner(const QWidget& popup) {
 
 } // namespace
 
-PopupLook::PopupLook(std::function<bool()> isComposited)
+PopupStyler::PopupStyler(std::function<bool()> isComposited)
     : m_isComposited(std::move(isComposited)) {
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-PopupLook::~PopupLook() {
+PopupStyler::~PopupStyler() {
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget* const window : windows) {
         if (window->style() == &m_style) {
@@ -56,7 +56,7 @@ PopupLook::~PopupLook() {
     }
 }
 
-void PopupLook::setColors(const QPalette& palette) {
+void PopupStyler::setColors(const QPalette& palette) {
     m_palette = palette;
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget* const window : windows) {
@@ -66,7 +66,7 @@ void PopupLook::setColors(const QPalette& palette) {
     }
 }
 
-bool PopupLook::eventFilter(QObject* watched, QEvent* event) {
+bool PopupStyler::eventFilter(QObject* watched, QEvent* event) {
     const bool isOpening = event->type() == QEvent::Polish || event->type() == QEvent::Show;
     if (!isOpening && event->type() != QEvent::MouseButtonPress) {
         return false;
@@ -87,7 +87,7 @@ bool PopupLook::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
-void PopupLook::prepare(QWidget& popup) {
+void PopupStyler::prepare(QWidget& popup) {
     updateShape();
     popup.setAttribute(Qt::WA_TranslucentBackground);
     popup.setWindowFlag(Qt::NoDropShadowWindowHint);
@@ -106,11 +106,11 @@ void PopupLook::prepare(QWidget& popup) {
     });
 }
 
-void PopupLook::updateShape() {
+void PopupStyler::updateShape() {
     m_style.setShape(m_isComposited() ? MenuStyle::Shape::RoundedWithShadow : MenuStyle::Shape::Square);
 }
 
-void PopupLook::color(QWidget& popup) const {
+void PopupStyler::color(QWidget& popup) const {
     const QWidget* const owner = coloredOwner(popup);
     if (owner == nullptr && !m_palette) {
         return;
@@ -122,7 +122,7 @@ void PopupLook::color(QWidget& popup) const {
     }
 }
 
-void PopupLook::placeCard(QWidget& popup) const {
+void PopupStyler::placeCard(QWidget& popup) const {
     // Qt has placed the window, whose shadow is not to count: the card belongs where the window was meant to be.
     const int shadow = isToolTip(&popup) ? m_style.toolTipShadow() : m_style.menuShadow();
     const QPoint pointer = QCursor::pos();
@@ -137,7 +137,7 @@ void PopupLook::placeCard(QWidget& popup) const {
                                     shift(popup.y() + popup.height(), pointer.y(), screen.bottom() + 1)));
 }
 
-bool PopupLook::closeOnShadow(QMenu& menu, const QEvent& press) const {
+bool PopupStyler::closeOnShadow(QMenu& menu, const QEvent& press) const {
     const int shadow = m_style.menuShadow();
     const QRect card = menu.rect().adjusted(shadow, shadow, -shadow, -shadow);
     const QPoint place = static_cast<const QMouseEvent&>(press).position().toPoint();

@@ -14,16 +14,16 @@ class QMenu;
 
 namespace zamber::ui {
 
-/// The look of every menu and tool tip: the tray icon's, those of text fields, those of rows. Each gets it as it opens.
+/// Styles every menu and tool tip as it opens: the tray icon's menu, those of text fields and of rows.
 /// Their colours are those of the widget they belong to, where that has colours of its own, else those that were set
 /// here. As the application's colours for menus these would last until the next change of the desktop's theme, and Qt
 /// would tell of them as it tells of a new theme.
-class PopupLook final : public QObject {
+class PopupStyler final : public QObject {
 public:
     /// Comes after the application object. `isComposited` says whether translucent windows are blended with what lies
     /// behind them at this moment.
-    explicit PopupLook(std::function<bool()> isComposited);
-    ~PopupLook() override;
+    explicit PopupStyler(std::function<bool()> isComposited);
+    ~PopupStyler() override;
 
     void setColors(const QPalette& palette);
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/macos/LookChanges.h"
+#include "platform/macos/AppearanceChanges.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@ namespace {
 
 /// Counts what two handlers are told.
 struct Told {
-    LookChanges changes{{.isDark = false, .accentColor = Qt::blue, .reducedMotion = false}};
+    AppearanceChanges changes{{.isDark = false, .accentColor = Qt::blue, .reducedMotion = false}};
     int first = 0;
     int second = 0;
 
@@ -22,13 +22,13 @@ struct Told {
 
 } // namespace
 
-TEST(LookChanges, TheSameLookIsNoChange) {
+TEST(AppearanceChanges, TheSameValuesAreNoChange) {
     Told told;
     told.changes.take({.isDark = false, .accentColor = Qt::blue, .reducedMotion = false});
     EXPECT_EQ(told.first, 0);
 }
 
-TEST(LookChanges, EachOfTheThreeIsAChangeAndEveryHandlerIsToldOnce) {
+TEST(AppearanceChanges, EachOfTheThreeIsAChangeAndEveryHandlerIsToldOnce) {
     Told told;
     told.changes.take({.isDark = true, .accentColor = Qt::blue, .reducedMotion = false});
     EXPECT_EQ(std::pair(told.first, told.second), std::pair(1, 1));
@@ -39,8 +39,8 @@ TEST(LookChanges, EachOfTheThreeIsAChangeAndEveryHandlerIsToldOnce) {
     EXPECT_EQ(std::pair(told.first, told.second), std::pair(3, 3));
 }
 
-TEST(LookChanges, AHandlerMayAddAnotherWhichHearsOfTheNextChange) {
-    LookChanges changes{Look{}};
+TEST(AppearanceChanges, AHandlerMayAddAnotherWhichHearsOfTheNextChange) {
+    AppearanceChanges changes{AppearanceValues{}};
     int added = 0;
     changes.addHandler([&] { changes.addHandler([&added] { ++added; }); });
     changes.take({.isDark = true});

@@ -20,14 +20,6 @@ class SymbolView;
 class TextLabel;
 } // namespace zamber::ui
 
-namespace zamber::app {}
-
-namespace zamber::app {}
-
-namespace zamber::app {} // namespace zamber::app
-
-namespace zamber::app {} // namespace zamber::app
-
 namespace zamber::app {
 
 /// Lightweight markup as rich text: what stands between double asterisks is bold. Everything else is taken literally.

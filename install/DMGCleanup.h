@@ -12,10 +12,6 @@ class Scheduler;
 class Workspace;
 } // namespace zamber
 
-namespace zamber::install {}
-
-namespace zamber::install {} // namespace zamber::install
-
 namespace zamber::install {
 
 /// Started from its disk image, the program offers to move in: to copy itself among the applications, to start again

@@ -6,10 +6,6 @@ namespace zamber {
 class LoginItem;
 }
 
-namespace zamber::install {}
-
-namespace zamber::install {}
-
 namespace zamber::install {
 
 /// The switch for starting at login. It keeps no state of its own: what it reads is what the desktop has.

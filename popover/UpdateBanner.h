@@ -19,14 +19,6 @@ class SymbolView;
 class TextLabel;
 } // namespace zamber::ui
 
-namespace zamber::popover {}
-
-namespace zamber::popover {}
-
-namespace zamber::popover {}
-
-namespace zamber::popover {} // namespace zamber::popover
-
 namespace zamber::popover {
 
 /// A newer version for the banner to name, and the actions of its buttons.

@@ -8,10 +8,6 @@ namespace zamber {
 class AppBundle;
 }
 
-namespace zamber::settings {}
-
-namespace zamber::settings {}
-
 namespace zamber::settings {
 
 class SettingsTheme;

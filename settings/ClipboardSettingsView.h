@@ -8,10 +8,6 @@ namespace zamber {
 class UserDefaults;
 }
 
-namespace zamber::settings {}
-
-namespace zamber::settings {}
-
 namespace zamber::settings {
 
 /// The page about the history: its length, the facts that rows show, and the masking of sensitive texts.

@@ -13,10 +13,6 @@ class SegmentedPicker;
 class Switch;
 } // namespace zamber::ui
 
-namespace zamber::settings {}
-
-namespace zamber::settings {} // namespace zamber::settings
-
 namespace zamber::settings {
 
 /// Calls `show` now and after each change of the preference of that name, for as long as the context lives.

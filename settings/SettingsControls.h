@@ -12,10 +12,6 @@ namespace zamber::ui {
 class Switch;
 }
 
-namespace zamber::settings {}
-
-namespace zamber::settings {}
-
 namespace zamber::settings {
 
 class SettingsTheme;

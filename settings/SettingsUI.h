@@ -15,10 +15,6 @@ namespace zamber::ui {
 class TextLabel;
 }
 
-namespace zamber::settings {}
-
-namespace zamber::settings {}
-
 namespace zamber::settings {
 
 class SettingsTheme;

@@ -14,14 +14,6 @@ namespace zamber::update {
 class UpdateManager;
 }
 
-namespace zamber::settings {}
-
-namespace zamber::settings {}
-
-namespace zamber::settings {} // namespace zamber::settings
-
-namespace zamber::settings {}
-
 namespace zamber::settings {
 
 class SettingsTheme;

@@ -10,10 +10,6 @@ namespace zamber {
 class Symbols;
 }
 
-namespace zamber::ui {}
-
-namespace zamber::ui {}
-
 namespace zamber::ui {
 
 /// The pointer's shape over a button.

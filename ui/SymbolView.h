@@ -10,10 +10,6 @@ namespace zamber {
 class Symbols;
 }
 
-namespace zamber::ui {}
-
-namespace zamber::ui {}
-
 namespace zamber::ui {
 
 /// A symbol by itself, as large as it is drawn. Decoration: assistive technology gets no name for it.

@@ -19,10 +19,6 @@ class UserDefaults;
 class Workspace;
 } // namespace zamber
 
-namespace zamber::update {}
-
-namespace zamber::update {} // namespace zamber::update
-
 namespace zamber::update {
 
 class UpdateRequest;

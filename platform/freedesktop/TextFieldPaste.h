@@ -11,10 +11,6 @@ namespace zamber {
 class Pasteboard;
 }
 
-namespace zamber::freedesktop {}
-
-namespace zamber::freedesktop {}
-
 namespace zamber::freedesktop {
 
 /// Pastes into the program's own text fields from what the pasteboard already holds.

@@ -33,14 +33,13 @@ QWidget* AppDelegate::makeListView() {
     m_listView = std::make_unique<popover::ClipboardListView>(
         m_desktop.keyMonitor, m_desktop.appearance, m_desktop.symbols, m_desktop.userDefaults, m_desktop.scheduler,
         clipboardManager,
-        popover::ClipboardListView::Callbacks{
-            .openSettings = [this] { openSettings(); },
-            .closePopover = [this] { m_desktop.popover.performClose(); },
-            .openAddress = [this](const QUrl& address) { m_desktop.workspace.open(address); },
-            .showMenu = [this](const QList<MenuItem>& menu,
-                               QPoint place) { return m_desktop.popover.showMenu(menu, place); },
-            .linkDetector = &m_desktop.links,
-            .commandKeyHint = m_desktop.hotKeys.commandKeyHint()});
+        popover::PopoverServices{.openSettings = [this] { openSettings(); },
+                                 .closePopover = [this] { m_desktop.popover.performClose(); },
+                                 .openAddress = [this](const QUrl& address) { m_desktop.workspace.open(address); },
+                                 .showMenu = [this](const QList<MenuItem>& menu,
+                                                    QPoint place) { return m_desktop.popover.showMenu(menu, place); },
+                                 .linkDetector = &m_desktop.links,
+                                 .commandKeyHint = m_desktop.hotKeys.commandKeyHint()});
     followUpdates();
     return m_listView.get();
 }

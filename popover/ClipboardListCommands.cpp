@@ -16,8 +16,6 @@
 
 namespace zamber::popover {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 /// Where a menu that is asked for by a key begins, from the left end of the row's lower edge.
 constexpr QPoint MENU_OFFSET{30, -6};
@@ -101,8 +99,8 @@ void ClipboardListView::perform(PopoverCommand command) {
         m_banner->skip();
         break;
     case PopoverCommand::OpenSettings:
-        if (m_callbacks.openSettings) {
-            m_callbacks.openSettings();
+        if (m_services.openSettings) {
+            m_services.openSettings();
         }
         break;
     }
@@ -125,18 +123,15 @@ void ClipboardListView::showSelectedRowMenu() {
 
 void ClipboardListView::showRowMenu(int row, QPoint screenPosition) {
     const clipboard::ClipboardItem item = m_list->items()[row]; // the list may change while the menu is open
-    const auto line = [](const QString& title, const QString& key, std::function<void()> action) {
-        return MenuItem{.title = title, .keyEquivalent = key, .action = std::move(action)};
-    };
-    QList<MenuItem> lines{line(u"Copy"_s, u"\r"_s, [this, item] { choose(item); })};
+    RowMenuActions actions{.copy = [this, item] { choose(item); },
+                           .openLink = {},
+                           .togglePin = [this, item] { m_manager->togglePin(item); },
+                           .remove = [this, item] { m_manager->deleteItem(item); }};
     if (const auto address = m_list->link(row)) {
-        lines.append(line(u"Open Link"_s, u"o"_s, [this, address] { openAddress(*address); }));
+        actions.openLink = [this, address] { openAddress(*address); };
     }
-    lines.append(MenuItem{});
-    lines.append(line(item.isPinned ? u"Unpin"_s : u"Pin"_s, u"p"_s, [this, item] { m_manager->togglePin(item); }));
-    lines.append(line(u"Delete"_s, u"D"_s, [this, item] { m_manager->deleteItem(item); }));
-    lines.last().role = MenuItemRole::Destructive;
-    if (m_callbacks.showMenu && m_callbacks.showMenu(lines, screenPosition)) {
+    const QList<MenuItem> lines = rowMenuLines(item.isPinned, actions);
+    if (m_services.showMenu && m_services.showMenu(lines, screenPosition)) {
         return;
     }
     m_rowMenu = new RowMenu(lines, this);

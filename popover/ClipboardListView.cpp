@@ -37,21 +37,20 @@ constexpr int SEARCH_MARGIN_BOTTOM = 8;
 
 ClipboardListView::ClipboardListView(KeyMonitor& keyMonitor, const Appearance& appearance, const Symbols& symbols,
                                      UserDefaults& defaults, Scheduler& scheduler,
-                                     std::shared_ptr<clipboard::ClipboardManager> manager, Callbacks callbacks)
+                                     std::shared_ptr<clipboard::ClipboardManager> manager, PopoverServices services)
     : m_keyMonitor(keyMonitor)
     , m_appearance(appearance)
     , m_symbols(symbols)
     , m_defaults(defaults)
     , m_manager(std::move(manager))
-    , m_callbacks(std::move(callbacks))
-    , m_header(new PopoverHeader(symbols,
-                                 m_callbacks.openSettings ? PopoverHeader::SettingsButton::Shown
-                                                          : PopoverHeader::SettingsButton::Hidden,
-                                 this))
+    , m_services(std::move(services))
+    , m_header(new PopoverHeader(
+          symbols,
+          m_services.openSettings ? PopoverHeader::SettingsButton::Shown : PopoverHeader::SettingsButton::Hidden, this))
     , m_banner(new UpdateBanner(symbols, this))
     , m_search(new ui::SearchField(symbols, u"Search clipboard…"_s, this))
-    , m_list(new HistoryListWidget(symbols, appearance, scheduler, m_callbacks.linkDetector, this))
-    , m_emptyState(new EmptyState(symbols, m_callbacks.commandKeyHint, this))
+    , m_list(new HistoryListWidget(symbols, appearance, scheduler, m_services.linkDetector, this))
+    , m_emptyState(new EmptyState(symbols, m_services.commandKeyHint, this))
     , m_footer(new PopoverFooter(symbols, this))
     , m_clearConfirmation(new ui::ConfirmationSheet(
           {.title = u"Clear all clipboard items?"_s,
@@ -103,8 +102,8 @@ void ClipboardListView::connectParts() {
     connect(m_manager.get(), &clipboard::ClipboardManager::searchTextChanged, this, &ClipboardListView::searchChanged);
     connect(m_search, &ui::SearchField::textChanged, m_manager.get(), &clipboard::ClipboardManager::setSearchText);
 
-    if (m_callbacks.openSettings) {
-        connect(m_header, &PopoverHeader::settingsRequested, this, m_callbacks.openSettings);
+    if (m_services.openSettings) {
+        connect(m_header, &PopoverHeader::settingsRequested, this, m_services.openSettings);
     }
     connect(m_footer, &PopoverFooter::clearRequested, this, &ClipboardListView::showClearConfirmation);
     connect(m_clearConfirmation, &ui::ConfirmationSheet::confirmed, m_manager.get(),
@@ -212,7 +211,7 @@ KeyDisposition ClipboardListView::handleKey(HardwareKey key) {
         }
         return KeyDisposition::Swallow;
     case HardwareKey::Escape:
-        m_callbacks.closePopover();
+        m_services.closePopover();
         return KeyDisposition::Swallow;
     case HardwareKey::Other:
         break;
@@ -239,8 +238,8 @@ void ClipboardListView::choose(const clipboard::ClipboardItem& item) {
 }
 
 void ClipboardListView::openAddress(const QUrl& address) {
-    if (m_callbacks.openAddress) {
-        m_callbacks.openAddress(address);
+    if (m_services.openAddress) {
+        m_services.openAddress(address);
     }
 }
 

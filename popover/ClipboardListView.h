@@ -4,22 +4,20 @@
 
 #include "clipboard/ClipboardItem.h"
 #include "platform/KeyMonitor.h"
-#include "platform/StatusItem.h"
 #include "platform/UserDefaults.h"
+#include "popover/PopoverServices.h"
 #include "popover/UpdateBanner.h"
 #include "ui/Palette.h"
 
 #include <QPointer>
 #include <QWidget>
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
 namespace zamber {
 class Appearance;
-class LinkDetector;
 class Scheduler;
 class Symbols;
 } // namespace zamber
@@ -50,20 +48,9 @@ class ClipboardListView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// What the view asks of its surroundings. Without `openSettings` there is no button for it, without a link
-    /// detector there are no links.
-    struct Callbacks {
-        std::function<void()> openSettings;
-        std::function<void()> closePopover;
-        std::function<void(const QUrl&)> openAddress = {};
-        std::function<bool(const QList<MenuItem>&, QPoint)> showMenu = {}; ///< false: the view draws its own
-        LinkDetector* linkDetector = nullptr;
-        QString commandKeyHint = {}; ///< which key ⌘ is, for people
-    };
-
     ClipboardListView(KeyMonitor& keyMonitor, const Appearance& appearance, const Symbols& symbols,
                       UserDefaults& defaults, Scheduler& scheduler,
-                      std::shared_ptr<clipboard::ClipboardManager> manager, Callbacks callbacks);
+                      std::shared_ptr<clipboard::ClipboardManager> manager, PopoverServices services);
     ~ClipboardListView() override;
 
     /// Takes over the desktop's look. To be called when the appearance has changed; the preference for light or dark is
@@ -114,7 +101,7 @@ private:
     const Symbols& m_symbols;
     UserDefaults& m_defaults;
     std::shared_ptr<clipboard::ClipboardManager> m_manager;
-    Callbacks m_callbacks;
+    PopoverServices m_services;
     ui::Palette m_palette;
 
     PopoverHeader* m_header;

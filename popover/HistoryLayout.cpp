@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "popover/HistoryLayout.h"
 
+#include "popover/KeptRow.h"
 #include "popover/RowMetrics.h"
 #include "ui/Typography.h"
-
-#include <QHash>
 
 #include <algorithm>
 #include <cmath>
@@ -39,9 +38,19 @@ HistoryLayout::HistoryLayout(LinkDetector* linkDetector, std::function<Motion()>
 
 void HistoryLayout::setItems(const QList<clipboard::ClipboardItem>& items) {
     const auto held = hold();
-    const auto anchor = anchorAcross(items);
+    std::optional<ListGeometry::Hold> anchor;
+    std::optional<QUuid> successor; // of the row that is held: its own entry, or the one that takes its place
+    if (held && (m_hovered || m_geometry.offset() > 0)) { // at the top of the list, new entries come into view
+        if (const auto kept = nearestKeptRow(held->row, m_items, items)) {
+            const bool isAtOrBelow = kept->before >= held->row;
+            anchor = isAtOrBelow ? *held : m_geometry.hold(kept->before);
+            anchor->isCutOff = anchor->isCutOff && kept->before == held->row;
+            anchor->row = kept->after;
+            successor = isAtOrBelow ? std::optional(items[kept->after].id) : std::nullopt;
+        }
+    }
     if (m_hovered && held && m_items[held->row].id == *m_hovered) {
-        m_hovered = anchor && anchor->isSuccessor ? std::optional(items[anchor->hold.row].id) : std::nullopt;
+        m_hovered = successor;
     }
     m_items = items;
     const auto firstRecent = std::ranges::partition_point(m_items, &clipboard::ClipboardItem::isPinned);
@@ -51,7 +60,7 @@ void HistoryLayout::setItems(const QList<clipboard::ClipboardItem>& items) {
                            return known == nullptr ? std::nullopt : known->height;
                        });
     if (anchor) {
-        m_geometry.keep(anchor->hold, m_roomBelow);
+        m_geometry.keep(*anchor, m_roomBelow);
     } else {
         m_geometry.scrollTo(m_geometry.offset());
     }
@@ -60,41 +69,6 @@ void HistoryLayout::setItems(const QList<clipboard::ClipboardItem>& items) {
     }
     updateHighlights(Motion::Immediate);
     emit changed();
-}
-
-std::optional<HistoryLayout::Anchor> HistoryLayout::anchorAcross(const QList<clipboard::ClipboardItem>& items) const {
-    const auto held = hold();
-    // At the top of the list, new entries come into view.
-    if (!held || (!m_hovered && m_geometry.offset() <= 0)) {
-        return std::nullopt;
-    }
-    QHash<QUuid, int> rows;
-    rows.reserve(items.size());
-    for (int row = 0; row < items.size(); ++row) {
-        rows.insert(items[row].id, row);
-    }
-    // An entry that was pinned or unpinned leaves its place for another section.
-    const auto rowInItems = [&](int row) {
-        const auto found = rows.constFind(m_items[row].id);
-        const bool stays = found != rows.constEnd() && items[*found].isPinned == m_items[row].isPinned;
-        return stays ? std::optional(*found) : std::nullopt;
-    };
-    for (int row = held->row; row < m_items.size(); ++row) {
-        if (const auto found = rowInItems(row)) {
-            Anchor anchor{*held, true};
-            anchor.hold.row = *found;
-            anchor.hold.isCutOff = held->isCutOff && row == held->row;
-            return anchor;
-        }
-    }
-    for (int row = held->row - 1; row >= 0; --row) {
-        if (const auto found = rowInItems(row)) {
-            Anchor anchor{m_geometry.hold(row), false};
-            anchor.hold.row = *found;
-            return anchor;
-        }
-    }
-    return std::nullopt;
 }
 
 void HistoryLayout::setPreferences(const RowPreferences& preferences) {

@@ -68,14 +68,7 @@ signals:
 private:
     int rowWidth() const;
     int measuredHeight(int row);
-    /// A row that is to stay where it is while the entries are replaced.
-    struct Anchor {
-        ListGeometry::Hold hold;
-        bool isSuccessor; ///< it is, or takes the place of, the row that is held now; else it lies above that
-    };
-
     std::optional<ListGeometry::Hold> hold() const;
-    std::optional<Anchor> anchorAcross(const QList<clipboard::ClipboardItem>& items) const;
     void keep(const std::optional<ListGeometry::Hold>& hold);
     void measureAgain(const QList<QUuid>& rows);
     void measureAllAgain(const std::function<void()>& change);

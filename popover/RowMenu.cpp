@@ -26,6 +26,21 @@ QString keysText(const QString& keyEquivalent) {
 
 } // namespace
 
+QList<MenuItem> rowMenuLines(bool isPinned, const RowMenuActions& actions) {
+    const auto line = [](const QString& title, const QString& key, const std::function<void()>& action) {
+        return MenuItem{.title = title, .keyEquivalent = key, .action = action};
+    };
+    QList<MenuItem> lines{line(u"Copy"_s, u"\r"_s, actions.copy)};
+    if (actions.openLink) {
+        lines.append(line(u"Open Link"_s, u"o"_s, actions.openLink));
+    }
+    lines.append(MenuItem{});
+    lines.append(line(isPinned ? u"Unpin"_s : u"Pin"_s, u"p"_s, actions.togglePin));
+    lines.append(line(u"Delete"_s, u"D"_s, actions.remove));
+    lines.last().role = MenuItemRole::Destructive;
+    return lines;
+}
+
 RowMenu::RowMenu(const QList<MenuItem>& lines, QWidget* parent)
     : QMenu(parent) {
     for (const MenuItem& line : lines) {

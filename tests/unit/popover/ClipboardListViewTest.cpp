@@ -5,8 +5,7 @@
 #include "tests/unit/popover/ClipboardListViewFixture.h"
 #include "ui/Typography.h"
 
-#include <QContextMenuEvent>
-#include <QMenu>
+#include <QWheelEvent>
 
 namespace zamber::popover {
 
@@ -112,47 +111,6 @@ TEST_F(ClipboardListViewTest, TheSmallButtonsDoOnlyTheirOwn) {
     EXPECT_EQ(stage.pastes, 0);
 }
 
-TEST_F(ClipboardListViewTest, TheRowMenuOffersTheSameActionsByName) {
-    stage.copyTexts(3);
-    pin(0);
-    open();
-    const auto openMenu = [&](int row) {
-        const QPoint at = stage.list().rowRectangle(row).center();
-        QContextMenuEvent event(QContextMenuEvent::Mouse, at, stage.list().mapToGlobal(at));
-        QCoreApplication::sendEvent(&stage.list(), &event);
-        return qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    };
-    const auto titles = [](const QMenu& menu) {
-        QStringList found;
-        for (const QAction* action : menu.actions()) {
-            found.append(action->isSeparator() ? u"-"_s : action->text().section(u'\t', 0, 0));
-        }
-        return found;
-    };
-
-    QMenu* menu = openMenu(0);
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(titles(*menu), (QStringList{u"Copy"_s, u"-"_s, u"Unpin"_s, u"Delete"_s}));
-    menu->actions()[2]->trigger();
-    menu->close();
-    EXPECT_FALSE(stage.list().items()[0].isPinned);
-
-    menu = openMenu(2);
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(titles(*menu), (QStringList{u"Copy"_s, u"-"_s, u"Pin"_s, u"Delete"_s}));
-    menu->actions()[3]->trigger();
-    menu->close();
-    EXPECT_EQ(stage.manager->items().size(), 2);
-
-    menu = openMenu(1);
-    ASSERT_NE(menu, nullptr);
-    menu->actions()[0]->trigger();
-    EXPECT_EQ(pasted(), "text 1");
-    EXPECT_EQ(stage.pastes, 1);
-    stage.view->hide();
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-}
-
 TEST_F(ClipboardListViewTest, ClearAllKeepsPinnedEntriesAndCancelChangesNothing) {
     stage.copyTexts(3);
     pin(1);
@@ -188,9 +146,9 @@ TEST_F(ClipboardListViewTest, TheSettingsButtonIsThereWhenThereAreSettingsToOpen
     visible<QAbstractButton>(u"Settings"_s)->click();
     EXPECT_EQ(stage.settingsOpened, 1);
 
-    stage.view = std::make_unique<ClipboardListView>(
-        stage.keyMonitor, stage.appearance, symbols, stage.defaults, stage.scheduler, stage.manager,
-        ClipboardListView::Callbacks{.openSettings = {}, .closePopover = [] {}});
+    stage.view = std::make_unique<ClipboardListView>(stage.keyMonitor, stage.appearance, symbols, stage.defaults,
+                                                     stage.scheduler, stage.manager,
+                                                     PopoverServices{.openSettings = {}, .closePopover = [] {}});
     stage.view->show();
     EXPECT_EQ(visible<QAbstractButton>(u"Settings"_s), nullptr);
 }
@@ -223,49 +181,6 @@ TEST_F(ClipboardListViewTest, AVersionWithAnEndlessNameLeavesTheBannersButtonsIn
     EXPECT_EQ(stage.view->size(), QSize(440, 420));
 }
 
-TEST_F(ClipboardListViewTest, TheRowMenuAndTheSmallButtonOpenALink) {
-    stage.copyText("short");
-    stage.copyText("see https://example.org/a for more");
-    open();
-    const QPoint at = stage.list().rowRectangle(0).center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, at, stage.list().mapToGlobal(at));
-    QCoreApplication::sendEvent(&stage.list(), &event);
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(menu->actions()[1]->text(), u"Open Link\tCtrl+O"_s);
-    EXPECT_TRUE(menu->actions()[2]->isSeparator());
-    menu->actions()[1]->trigger();
-    menu->close();
-    EXPECT_EQ(stage.opened, QList<QUrl>{QUrl(u"https://example.org/a"_s)});
-
-    moveTo(stage.list().rowRectangle(0).center());
-    click(stage.list().actionRectangle(0, RowAction::OpenLink).center());
-    EXPECT_EQ(stage.opened.size(), 2);
-    EXPECT_EQ(stage.pastes, 0) << "the row is not chosen";
-}
-
-TEST_F(ClipboardListViewTest, AMenuOfTheDesktopsOwnTakesThePlaceOfTheRowMenu) {
-    stage.hasDesktopMenus = true;
-    stage.copyTexts(2);
-    open();
-    const QPoint at = stage.list().rowRectangle(1).center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, at, stage.list().mapToGlobal(at));
-    QCoreApplication::sendEvent(&stage.list(), &event);
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    ASSERT_EQ(stage.menus.size(), 1);
-    const auto& [menu, place] = stage.menus.first();
-    EXPECT_EQ(place, stage.list().mapToGlobal(at));
-    QStringList titles;
-    for (const MenuItem& line : menu) {
-        titles.append(line.title);
-    }
-    EXPECT_EQ(titles, (QStringList{u"Copy"_s, QString(), u"Pin"_s, u"Delete"_s}));
-    menu[3].action();
-    EXPECT_EQ(stage.manager->items().size(), 1);
-    menu[0].action();
-    EXPECT_EQ(pasted(), "text 0");
-}
-
 TEST_F(ClipboardListViewTest, ALinkIsLookedForOnceHoweverOftenTheRowIsDrawn) {
     stage.copyText("see https://example.org/a for more");
     open();
@@ -276,14 +191,6 @@ TEST_F(ClipboardListViewTest, ALinkIsLookedForOnceHoweverOftenTheRowIsDrawn) {
     stage.manager->setSearchText(u"see"_s);
     stage.view->grab();
     EXPECT_EQ(stage.linkDetector.questions, asked);
-}
-
-TEST_F(ClipboardListViewTest, PreviewingLinksTakesEffectAtOnce) {
-    stage.copyText("https://example.org/12345");
-    open();
-    const int withHost = stage.list().rowRectangle(0).height();
-    write(stage.defaults, preferences::previewURLs, false);
-    EXPECT_NE(stage.list().rowRectangle(0).height(), withHost);
 }
 
 TEST_F(ClipboardListViewTest, WhereARowIsDeletedThePointerIsOverTheNextOne) {
@@ -305,53 +212,6 @@ TEST_F(ClipboardListViewTest, OnlyTheClearButtonHasThePointingHand) {
     open();
     EXPECT_EQ(visible<QAbstractButton>(u"Clear"_s)->cursor().shape(), Qt::PointingHandCursor);
     EXPECT_EQ(visible<QAbstractButton>(u"Settings"_s)->cursor().shape(), Qt::ArrowCursor);
-}
-
-TEST_F(ClipboardListViewTest, TheSizeFollowsItsPreference) {
-    open();
-    EXPECT_EQ(stage.view->size(), QSize(440, 420));
-    write(stage.defaults, preferences::popoverSize, u"compact"_s);
-    EXPECT_EQ(stage.view->size(), QSize(360, 340));
-    write(stage.defaults, preferences::popoverSize, u"large"_s);
-    EXPECT_EQ(stage.view->size(), QSize(500, 520));
-    write(stage.defaults, preferences::popoverSize, u"Compact"_s);
-    EXPECT_EQ(stage.view->size(), QSize(440, 420));
-}
-
-TEST_F(ClipboardListViewTest, TheThemeFollowsItsPreferenceAndElseTheDesktop) {
-    open();
-    const auto isDark = [&] { return stage.view->grab().toImage().pixelColor(220, 5).lightness() < 128; };
-    EXPECT_FALSE(isDark());
-    write(stage.defaults, preferences::appTheme, u"dark"_s);
-    EXPECT_TRUE(isDark());
-    write(stage.defaults, preferences::appTheme, u"auto"_s);
-    EXPECT_FALSE(isDark());
-    stage.appearance.setDark(true);
-    stage.view->updateAppearance();
-    EXPECT_TRUE(isDark());
-    write(stage.defaults, preferences::appTheme, u"light"_s);
-    EXPECT_FALSE(isDark());
-}
-
-TEST_F(ClipboardListViewTest, TheCountsPreferencesChangeRowsAtOnce) {
-    stage.copyText("one\ntwo");
-    open();
-    const int withCounts = stage.list().rowRectangle(0).height();
-    write(stage.defaults, preferences::showLineCount, false);
-    EXPECT_EQ(stage.list().rowRectangle(0).height(), withCounts);
-    write(stage.defaults, preferences::showCharCount, false);
-    EXPECT_LT(stage.list().rowRectangle(0).height(), withCounts);
-}
-
-TEST_F(ClipboardListViewTest, HidingSensitiveTextsTakesEffectAtOnce) {
-    stage.copyText("password = hunter2-Correct!Horse9");
-    open();
-    symbols.requests.clear();
-    stage.view->grab();
-    EXPECT_FALSE(symbols.requestedNames().contains(u"lock.fill"_s));
-    write(stage.defaults, preferences::hideSensitive, true);
-    stage.view->grab();
-    EXPECT_TRUE(symbols.requestedNames().contains(u"lock.fill"_s));
 }
 
 TEST_F(ClipboardListViewTest, ASelectedLongTextIsExpanded) {

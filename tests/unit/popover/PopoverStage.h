@@ -62,16 +62,16 @@ public:
     ClipboardListView& makeView() {
         view = std::make_unique<ClipboardListView>(
             keyMonitor, appearance, symbols, defaults, scheduler, manager,
-            ClipboardListView::Callbacks{.openSettings = [this] { ++settingsOpened; },
-                                         .closePopover = [this] { ++closed; },
-                                         .openAddress = [this](const QUrl& address) { opened.append(address); },
-                                         .showMenu =
-                                             [this](const QList<MenuItem>& menu, QPoint place) {
-                                                 menus.append({menu, place});
-                                                 return hasDesktopMenus;
-                                             },
-                                         .linkDetector = &linkDetector,
-                                         .commandKeyHint = QStringLiteral("⌘ is Command")});
+            PopoverServices{.openSettings = [this] { ++settingsOpened; },
+                            .closePopover = [this] { ++closed; },
+                            .openAddress = [this](const QUrl& address) { opened.append(address); },
+                            .showMenu =
+                                [this](const QList<MenuItem>& menu, QPoint place) {
+                                    menus.append({menu, place});
+                                    return hasDesktopMenus;
+                                },
+                            .linkDetector = &linkDetector,
+                            .commandKeyHint = QStringLiteral("⌘ is Command")});
         return *view;
     }
 

@@ -156,6 +156,10 @@ struct PathCase {
     const char* exec;
 };
 
+void PrintTo(const PathCase& row, std::ostream* out) {
+    *out << row.path;
+}
+
 class ExecValueTest : public testing::TestWithParam<PathCase> {};
 
 TEST_P(ExecValueTest, IsQuotedAndEscaped) {

@@ -222,6 +222,10 @@ struct SizeCase {
     QSize size;
 };
 
+void PrintTo(const SizeCase& row, std::ostream* out) {
+    *out << row.stored.value_or("nothing stored");
+}
+
 class PopoverSizeTest : public AppDelegateTest, public testing::WithParamInterface<SizeCase> {};
 
 TEST_P(PopoverSizeTest, FollowsThePreference) {
@@ -242,6 +246,10 @@ struct ThemeCase {
     std::optional<const char*> stored;
     PopoverAppearance appearance;
 };
+
+void PrintTo(const ThemeCase& row, std::ostream* out) {
+    *out << row.stored.value_or("nothing stored");
+}
 
 class PopoverThemeTest : public AppDelegateTest, public testing::WithParamInterface<ThemeCase> {};
 

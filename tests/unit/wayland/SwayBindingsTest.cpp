@@ -16,6 +16,10 @@ struct Case {
     bool isTwo;
 };
 
+void PrintTo(const Case& row, std::ostream* out) {
+    *out << QByteArray(row.configuration).replace('\n', "; ").constData();
+}
+
 } // namespace
 
 TEST(SwayBindings, ACombinationIsNamedByKeyCode) {

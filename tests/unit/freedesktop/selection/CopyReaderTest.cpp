@@ -133,6 +133,10 @@ struct FailingImageRow {
     OwnerAnswer answer;
 };
 
+void PrintTo(const FailingImageRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
 class FailingImageTest : public CopyReaderTest, public testing::WithParamInterface<FailingImageRow> {};
 
 TEST_P(FailingImageTest, ItsTextIsAskedForAndNoOtherImage) {
@@ -247,6 +251,10 @@ struct FilesRow {
     std::vector<QByteArray> asked;
     std::map<QByteArray, QByteArray> kept;
 };
+
+void PrintTo(const FilesRow& row, std::ostream* out) {
+    *out << row.name;
+}
 
 class CopiedFilesTest : public CopyReaderTest, public testing::WithParamInterface<FilesRow> {};
 

@@ -21,6 +21,10 @@ struct DocumentRow {
     bool isDocument;
 };
 
+void PrintTo(const DocumentRow& row, std::ostream* out) {
+    *out << row.type;
+}
+
 class DocumentTypeTest : public testing::TestWithParam<DocumentRow> {};
 
 TEST_P(DocumentTypeTest, IsToldByItsName) {

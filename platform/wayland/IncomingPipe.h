@@ -22,16 +22,17 @@ class IncomingPipe final : public QObject {
 public:
     using OwnerAnswer = freedesktop::selection::OwnerAnswer;
 
-    /// So long may an owner be silent, before its first byte or after any other.
+    /// The longest silence of an owner that is still waited for, before its first byte and after any other.
     static constexpr std::chrono::seconds PATIENCE{10};
 
-    /// An answer that goes on may take as long as it needs, up to here or to where memory ends.
+    /// The largest content that is read. There is no limit on the time, as long as bytes keep coming.
     static constexpr qsizetype LARGEST = qsizetype{1} << 30; // bytes
 
     using Done = std::function<void(OwnerAnswer::Outcome outcome, const QByteArray& bytes)>;
 
-    /// `done` is called later, once, unless this object has gone, and may drop it later. Delivered means that the
-    /// pipe was closed, which an owner that dies does, too.
+    /// `done` is called once, after the constructor has returned and not after this object was destroyed; it may get
+    /// rid of this object only by `deleteLater`. "Delivered" says that the pipe was closed, which also happens when the
+    /// owner dies.
     IncomingPipe(Descriptor readFrom, Done done);
 
 private:

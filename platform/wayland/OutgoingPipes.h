@@ -12,10 +12,11 @@
 
 namespace zamber::wayland {
 
-/// Writes what other programs asked for into their pipes, any number side by side, waiting for none of them.
+/// Writes contents into the pipes of the programs that asked for them: any number at the same time, without waiting
+/// for a reader.
 class OutgoingPipes final {
 public:
-    /// A reader that takes nothing for so long is given up.
+    /// A reader that takes no byte for this time is given up.
     static constexpr std::chrono::seconds PATIENCE{30};
 
     OutgoingPipes();
@@ -23,7 +24,8 @@ public:
     OutgoingPipes(const OutgoingPipes&) = delete;
     OutgoingPipes& operator=(const OutgoingPipes&) = delete;
 
-    /// Writes the bytes, which are shared and not copied, and closes. Nothing is told when the reader goes away.
+    /// Writes the bytes, which are shared and not copied, then closes the pipe. The end of a
+    /// reader is not reported.
     void send(Descriptor writeTo, const QByteArray& bytes);
 
 private:

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/freedesktop/selection/CopyReader.h"
+#include "platform/freedesktop/selection/TransferLimits.h"
 #include "platform/wayland/Descriptor.h"
 
 #include <QByteArray>
@@ -22,11 +23,8 @@ class IncomingPipe final : public QObject {
 public:
     using OwnerAnswer = freedesktop::selection::OwnerAnswer;
 
-    /// The longest silence of an owner that is still waited for, before its first byte and after any other.
-    static constexpr std::chrono::seconds PATIENCE{10};
-
-    /// The largest content that is read. There is no limit on the time, as long as bytes keep coming.
-    static constexpr qsizetype LARGEST = qsizetype{1} << 30; // bytes
+    static constexpr std::chrono::seconds PATIENCE = freedesktop::selection::LONGEST_OWNER_SILENCE;
+    static constexpr qsizetype LARGEST = freedesktop::selection::LARGEST_CONTENT;
 
     using Done = std::function<void(OwnerAnswer::Outcome outcome, const QByteArray& bytes)>;
 

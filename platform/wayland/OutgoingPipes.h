@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/freedesktop/selection/TransferLimits.h"
 #include "platform/wayland/Descriptor.h"
 
 #include <QByteArray>
@@ -17,7 +18,7 @@ namespace zamber::wayland {
 class OutgoingPipes final {
 public:
     /// A reader that takes no byte for this time is given up.
-    static constexpr std::chrono::seconds PATIENCE{30};
+    static constexpr std::chrono::seconds PATIENCE = freedesktop::selection::LONGEST_READER_SILENCE;
 
     OutgoingPipes();
     ~OutgoingPipes();

@@ -9,6 +9,7 @@
 #include "text/Utf8.h"
 
 #include "clipboard/Images.h"
+#include "clipboard/Preview.h"
 #include "clipboard/Search.h"
 #include "clipboard/SensitiveContent.h"
 #include "platform/UserDefaults.h"
@@ -23,8 +24,6 @@ namespace zamber::clipboard {
 
 namespace {
 
-constexpr std::size_t PREVIEW_CHARACTERS = 150;
-constexpr qsizetype MASK_BULLETS = 12;
 /// How much of a content its fingerprint looks at, at either end.
 constexpr std::size_t FINGERPRINT_BYTES = 256;
 
@@ -51,13 +50,6 @@ private:
 std::uint64_t imageFingerprint(std::string_view bytes) {
     const auto end = bytes.substr(bytes.size() - std::min(bytes.size(), FINGERPRINT_BYTES));
     return text::byteHash(bytes.substr(0, FINGERPRINT_BYTES), text::byteHash(end, bytes.size()));
-}
-
-QString plainPreview(std::string_view text) {
-    const auto visible = text::trimmed(text);
-    const auto start = text::countCharacters(visible, PREVIEW_CHARACTERS);
-    auto preview = QString::fromUtf8(visible.data(), static_cast<qsizetype>(start.bytes));
-    return start.bytes < visible.size() ? preview + u'…' : preview;
 }
 
 } // namespace
@@ -108,9 +100,9 @@ QString ClipboardContent::preview() const {
         return QStringLiteral("📷 Image");
     }
     if (read(UserDefaults::standard(), preferences::hideSensitive) && isSensitive()) {
-        return QString(MASK_BULLETS, u'●');
+        return maskedPreview();
     }
-    return m_payload->preview.get([this] { return plainPreview(text::view(bytes())); });
+    return m_payload->preview.get([this] { return textPreview(text::view(bytes())); });
 }
 
 bool ClipboardContent::isSensitive() const {

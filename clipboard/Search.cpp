@@ -30,7 +30,7 @@ bool isUpperCaseAscii(char c) {
     return c >= 'A' && c <= 'Z';
 }
 
-/// I with a dot, which is always decomposed here, becomes i; I without one becomes ı.
+/// Lower-cases I as Turkish does: İ, which stands here in its decomposed form, becomes i, and I becomes ı.
 icu::UnicodeString withTurkicI(const icu::UnicodeString& text) {
     icu::UnicodeString result;
     for (int at = 0; at < text.length(); ++at) {
@@ -46,7 +46,7 @@ icu::UnicodeString withTurkicI(const icu::UnicodeString& text) {
     return result;
 }
 
-/// Folds by ICU what hangs together.
+/// Appends the key of a piece of text that can be normalised on its own, by ICU.
 void appendFolded(QByteArray& key, std::string_view piece, text::CaseFolding folding) {
     auto apart =
         text::decomposed(icu::UnicodeString::fromUTF8({piece.data(), static_cast<std::int32_t>(piece.size())}));
@@ -80,8 +80,9 @@ bool needsIcu(std::string_view piece, text::CaseFolding folding) {
            }) < piece.size();
 }
 
-/// A place before which the searched text does not stand, as far on as the search for its first byte gets without
-/// meeting that byte all the time: nothing passes over a text faster.
+/// Passes over the beginning of the text by searching for the first byte of the searched text, which is the fastest way
+/// as long as that byte is rare. Returns a place before which there is no match: a match, the end of the text, or where
+/// the byte has become too frequent.
 std::size_t skipByFirstByte(std::string_view text, std::string_view searched) {
     constexpr std::size_t BYTES_A_TRY = 64;
     constexpr std::size_t FREE_TRIES = 16;
@@ -95,8 +96,8 @@ std::size_t skipByFirstByte(std::string_view text, std::string_view searched) {
     return at;
 }
 
-/// Tells whether a place where the searched text stands ends a character, and remembers by which character one was
-/// refused, since in a text of one script the same follows again and again.
+/// Says whether a match ends where a user-perceived character ends. Remembers the characters that followed refused
+/// matches, since in a text of one script the same few follow again and again.
 class Ends {
 public:
     explicit Ends(std::string_view searched) {
@@ -105,7 +106,7 @@ public:
         auto lastAt = text::previousCodePoint(searched, searched.size());
         const auto last = text::nextCodePoint(searched, lastAt);
         const auto firstBreak = u_getIntPropertyValue(first, UCHAR_GRAPHEME_CLUSTER_BREAK);
-        // Else what stands before the place counts, too.
+        // Otherwise the characters before the end of the match count as well as the one behind it.
         m_followerDecides = !text::mayJoinWhatFollows(last) || (firstBreak != U_GCB_EXTEND && firstBreak != U_GCB_ZWJ);
     }
 
@@ -127,9 +128,10 @@ public:
 
 private:
     static constexpr unsigned REFUSED_BITS = 6;
-    static constexpr std::uint32_t MULTIPLIER = 0x9E3779B1; // spreads the bits over the upper ones
+    static constexpr std::uint32_t MULTIPLIER =
+        0x9E3779B1; // a hash: its upper bits depend on all bits of the character
 
-    /// The bytes of a character by the upper half of its first one.
+    /// Which of four bytes belong to a character in UTF-8, by the upper half of its first byte.
     static constexpr auto CHARACTER_MASKS = [] {
         std::array<std::uint32_t, 16> masks{};
         for (std::size_t half = 0; half < masks.size(); ++half) {
@@ -151,8 +153,8 @@ private:
     std::array<std::uint32_t, std::size_t{1} << REFUSED_BITS> m_refused{};
 };
 
-/// Does the searched text stand anywhere from there on, and end a character? A block of bytes at a time, by its first
-/// and its last byte, so that a text may be full of places that do not count.
+/// Is there a match at or behind the place `from`? Compares the first and the last byte of the searched text with a
+/// block of places at a time, so that many places where only one of the two is right cost little.
 bool containsFrom(std::string_view key, std::string_view searched, std::size_t from, Ends& ends) {
     const char first = searched.front();
     const char last = searched.back();

@@ -15,7 +15,7 @@ void AppearanceChanges::take(const AppearanceValues& values) {
         return;
     }
     m_last = values;
-    const auto handlers = m_handlers; // one that is told may add another
+    const auto handlers = m_handlers; // a handler that is called may add another one
     for (const auto& handler : handlers) {
         handler();
     }

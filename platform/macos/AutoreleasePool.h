@@ -4,8 +4,8 @@
 
 namespace zamber::macos {
 
-/// Opens a pool for what the system gives away, where there is no loop yet that has one; without a pool it would never
-/// be let go. Pools are closed in the opposite order, on the thread that opened them.
+/// An autorelease pool, for the time before the event loop runs and has pools of its own: without one, objects that the
+/// system autoreleases would never be released. Pools are closed in the opposite order, on the thread that opened them.
 void* openAutoreleasePool();
 void closeAutoreleasePool(void* pool);
 

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/AutoreleasePool.h"
 
-// What the compiler makes of @autoreleasepool; clang's page about automatic reference counting declares both.
+// The functions that the compiler calls for @autoreleasepool; clang's page about automatic reference counting declares
+// them.
 extern "C" void* objc_autoreleasePoolPush();
 extern "C" void objc_autoreleasePoolPop(void* pool);
 

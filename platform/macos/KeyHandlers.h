@@ -9,14 +9,14 @@
 
 namespace zamber::macos {
 
-/// The handlers of a key monitor, in the order of their coming.
+/// The handlers of a key monitor, in the order in which they were added.
 class KeyHandlers {
 public:
     KeyMonitor::Token add(KeyMonitor::Handler handler);
     void remove(KeyMonitor::Token token);
     bool isEmpty() const { return m_handlers.empty(); }
 
-    /// Asks one after the other until one swallows. They may remove themselves and each other.
+    /// Calls one handler after the other until one swallows the key. Handlers may remove themselves and each other.
     KeyDisposition ask(HardwareKey key) const;
 
 private:

@@ -16,7 +16,8 @@ int MacAlert::run(const AlertContent& content) {
     }
     [NSApp activateIgnoringOtherApps:YES];
     const NSInteger pressed = [alert runModal] - NSAlertFirstButtonReturn;
-    const NSInteger last = qMax<NSInteger>(content.buttons.size(), 1) - 1; // with none of ours it has one of its own
+    const NSInteger last =
+        qMax<NSInteger>(content.buttons.size(), 1) - 1; // without buttons of ours the alert adds one itself
     return static_cast<int>(pressed >= 0 ? pressed : last);
 }
 

@@ -8,7 +8,7 @@
 
 #include <utility>
 
-/// Hears of everything that may change how programs are to look.
+/// Observes everything that may change the appearance.
 @interface ZamberAppearanceObserver : NSObject
 - (instancetype)initWithHandler:(std::function<void()>)handler;
 - (void)stop;
@@ -68,7 +68,7 @@ bool MacAppearance::isDark() const {
 }
 
 QColor MacAppearance::accentColor() const {
-    // The colour is another one in the dark, and which of the two it is depends on the current drawing appearance.
+    // The accent colour has a light and a dark variant; the current drawing appearance decides which one is read.
     __block NSColor* color = nil;
     [NSApp.effectiveAppearance performAsCurrentDrawingAppearance:^{
       color = [NSColor.controlAccentColor colorUsingColorSpace:NSColorSpace.sRGBColorSpace];

@@ -8,15 +8,15 @@
 
 namespace zamber::macos {
 
-/// Makes the shared application with a delegate of ours. Comes before Qt's application object, which then hands on to
-/// that delegate what its own does not answer to.
+/// Creates the shared application and gives it a delegate of ours. To be called before Qt's application object is made;
+/// Qt's delegate then forwards to ours the messages that it does not respond to.
 void installApplicationDelegate();
 
-/// Has our delegate answer to the action of that selector name from now on; the newest responder of a name counts.
-/// Actions that are sent to nobody in particular come to it along the responder chain.
+/// Makes our delegate respond to the action with that selector from now on; the last responder that was set counts.
+/// Actions without a target reach the delegate along the responder chain.
 void respondToAction(const QString& selector, std::function<void()> responder);
 
-/// What is done when the user starts the program while it runs.
+/// Sets the function that is called when the user starts the program while it is running.
 void setReopenHandler(std::function<void()> handler);
 
 } // namespace zamber::macos

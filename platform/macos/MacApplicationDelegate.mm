@@ -29,20 +29,20 @@ std::function<void()>& reopenHandler() {
 
 void installApplicationDelegate() {
     static ZamberApplicationDelegate* const delegate =
-        [ZamberApplicationDelegate new]; // the application holds it weakly
+        [ZamberApplicationDelegate new]; // kept alive here, since the application refers to it weakly
     NSApplication.sharedApplication.delegate = delegate;
 }
 
 void respondToAction(const QString& selector, std::function<void()> responder) {
     responders()[selector] = std::move(responder);
-    const QString name = selector; // of a reference a block keeps the address alone
+    const QString name = selector; // a copy, since a block keeps only the address of a reference
     const IMP method = imp_implementationWithBlock(^(id) {
       const std::function<void()> current = responders()[name];
       current();
     });
     if (!class_addMethod(ZamberApplicationDelegate.class, NSSelectorFromString(selector.toNSString()), method,
                          "v@:@")) {
-        imp_removeBlock(method); // it has had one from before, which does the same
+        imp_removeBlock(method); // the class has had this method since an earlier call
     }
 }
 

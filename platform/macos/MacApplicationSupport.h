@@ -6,7 +6,7 @@
 
 namespace zamber::macos {
 
-/// The user's folder for what programs keep. There is always one; without, the program ends.
+/// The user's folder "Application Support". The program ends if the system names none, which does not happen.
 std::filesystem::path applicationSupportFolder();
 
 } // namespace zamber::macos

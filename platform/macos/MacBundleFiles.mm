@@ -22,7 +22,7 @@ MacBundleFiles::MacBundleFiles(const QString& root)
 
 bool MacBundleFiles::exists(const QString& path) const {
     NSString* const here = (m_root + path).toNSString();
-    return [NSFileManager.defaultManager attributesOfItemAtPath:here error:nil] != nil; // a link counts as itself
+    return [NSFileManager.defaultManager attributesOfItemAtPath:here error:nil] != nil; // does not follow a link
 }
 
 std::expected<void, QString> MacBundleFiles::remove(const QString& path) {
@@ -38,7 +38,7 @@ std::expected<void, QString> MacBundleFiles::copy(const QString& source, const Q
                                                                  toPath:(m_root + destination).toNSString()
                                                                   error:&error];
     if (!succeeded && !wasThere) {
-        remove(destination); // what was copied before it failed
+        remove(destination); // the part that was copied before the failure
     }
     return outcome(succeeded, error);
 }

@@ -19,8 +19,8 @@ namespace zamber::macos {
 /// The adapters for macOS. The application object comes before them and goes after them.
 class MacDesktop final {
 public:
-    /// Holds what the system gives away until the application's loop is entered, which then has a pool a turn. The
-    /// first thing to be made.
+    /// The pool for objects that are autoreleased before the application's loop runs; the loop has a pool for each
+    /// turn. To be made before anything else.
     class StartUp {
     public:
         StartUp();
@@ -36,17 +36,17 @@ public:
     static std::expected<void, std::string> prepare();
     static std::expected<std::unique_ptr<MacDesktop>, std::string> create();
 
-    /// Where this user's history is kept.
+    /// The file of this user's history.
     static std::filesystem::path historyFile();
 
     ~MacDesktop();
 
     Desktop ports();
 
-    /// Has the responder answer to the action of that name.
+    /// Makes the responder respond to the action of that name.
     static void setResponder(const QString& action, std::function<void()> responder);
 
-    /// Brings a window of ours to the front, with the keyboard, in the space where the user is.
+    /// Brings a window of ours to the front and gives it the keyboard focus, in the user's current space.
     static void bringToFront(WId window);
 
 private:

@@ -12,14 +12,14 @@ NSTask* task(const QString& command, NSArray<NSString*>* arguments) {
     NSTask* const task = [NSTask new];
     task.executableURL = [NSURL fileURLWithPath:command.toNSString()];
     task.arguments = arguments;
-    // Our own standard output is the log.
+    // The tool must not write to our standard output, which is the log.
     task.standardInput = NSFileHandle.fileHandleWithNullDevice;
     task.standardOutput = NSFileHandle.fileHandleWithNullDevice;
     task.standardError = NSFileHandle.fileHandleWithNullDevice;
     return task;
 }
 
-/// The object as one of that class, or nothing; a missing key of nothing is nothing as well.
+/// The object if it is of that class, else nil. Nil gives nil, as a dictionary does for a missing key.
 template <class Object>
 Object* as(id object) {
     return [object isKindOfClass:[Object class]] ? object : nil;

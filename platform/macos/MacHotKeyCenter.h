@@ -6,7 +6,8 @@
 
 namespace zamber::macos {
 
-/// Hot keys of the Carbon event manager. They and their handler stay as long as the process, and so has this object to.
+/// Hot keys of the Carbon event manager. They and their handler are never removed, so that this object must live as
+/// long as the process.
 class MacHotKeyCenter final : public HotKeyCenter {
 public:
     QString commandKeyHint() const override;
@@ -15,7 +16,7 @@ public:
     /// To be called once.
     void setPressedHandler(PressedHandler handler) override;
 
-    /// What the event manager's handler hands on, already on the main queue.
+    /// Called on the main queue for each press that the event manager reports.
     void tellPressed(std::uint32_t id) const { m_pressed(id); }
 
 private:

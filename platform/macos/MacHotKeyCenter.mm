@@ -42,7 +42,7 @@ OSStatus hotKeyPressed(EventHandlerCallRef, EventRef event, void* userData) {
 } // namespace
 
 QString MacHotKeyCenter::commandKeyHint() const {
-    return {}; // it is written on the key
+    return {}; // the key itself is labelled ⌘
 }
 
 std::optional<HotKeyRef> MacHotKeyCenter::registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) {

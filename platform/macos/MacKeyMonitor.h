@@ -7,7 +7,7 @@
 
 namespace zamber::macos {
 
-/// A local event monitor, there while somebody has a handler. While one of our own menus is open the keys are its own.
+/// A local event monitor, installed while there is a handler. While one of our menus is open, the menu gets the keys.
 class MacKeyMonitor final : public KeyMonitor {
 public:
     MacKeyMonitor() = default;
@@ -20,7 +20,7 @@ public:
 
 private:
     KeyHandlers m_handlers;
-    void* m_monitor = nullptr; ///< what the system gave for it, retained
+    void* m_monitor = nullptr; ///< the system's token of the monitor, retained
 };
 
 } // namespace zamber::macos

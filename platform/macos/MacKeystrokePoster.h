@@ -6,8 +6,8 @@
 
 namespace zamber::macos {
 
-/// Command-V as hardware would give it. The window server holds the pasteboard and orders the events, so there is
-/// nothing to wait for: it is posted at once, to whoever is in front.
+/// Posts Command-V as events of the hardware. A written pasteboard is readable at once and the window server delivers
+/// events in order, so that nothing has to be waited for. The application in front gets the keystroke.
 class MacKeystrokePoster final : public KeystrokePoster {
 public:
     void postPaste(const Paste& paste, Done done) override;

@@ -11,7 +11,7 @@ namespace zamber::macos {
 /// A pasteboard of the pasteboard server, which holds the contents itself and counts the changes.
 class MacPasteboard final : public Pasteboard {
 public:
-    /// The general pasteboard, or the one of that name, which nobody else looks at.
+    /// The general pasteboard, or one of that name, which no other program reads.
     MacPasteboard();
     explicit MacPasteboard(const QString& name);
     ~MacPasteboard() override;

@@ -45,7 +45,7 @@ void MacPasteboard::clearContents() {
 }
 
 void MacPasteboard::setString(const QByteArray& text) {
-    // Not by way of Qt, which would drop a U+FEFF at the beginning.
+    // Without Qt's conversion, which would drop a U+FEFF at the beginning.
     NSString* const string = [[NSString alloc] initWithBytes:text.constData()
                                                       length:static_cast<NSUInteger>(text.size())
                                                     encoding:NSUTF8StringEncoding];

@@ -14,7 +14,7 @@ public:
     MacPopover(const MacPopover&) = delete;
     MacPopover& operator=(const MacPopover&) = delete;
 
-    /// Makes the content at once: a popover has its view before it can be shown, and the start's order has it so.
+    /// Makes the content at once, since a popover needs its view before it can be shown.
     void setContent(ContentMaker makeContent) override;
     void setContentSize(QSize points) override;
     void setAppearance(PopoverAppearance appearance) override;

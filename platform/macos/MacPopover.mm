@@ -9,7 +9,7 @@
 
 #import <AppKit/AppKit.h>
 
-/// Hides the widget when its popover has closed, by itself or not: the widget does not notice.
+/// Hides the widget when its popover has closed for any reason, since the widget itself does not learn of it.
 @interface ZamberPopoverDelegate : NSObject <NSPopoverDelegate>
 @property(nonatomic, assign) QWidget* content;
 @property(nonatomic, weak) NSPopover* popover;
@@ -17,14 +17,14 @@
 
 @implementation ZamberPopoverDelegate
 - (void)popoverDidClose:(NSNotification*)notification {
-    // It comes when the popover has faded, and in the meantime it may have been shown again.
+    // This notification comes when the popover has faded out; by then the popover may have been shown again.
     if (!self.popover.shown) {
         self.content->hide();
     }
 }
 @end
 
-/// Remembers the line of a menu that was chosen, by its tag.
+/// Remembers the tag of the menu line that was chosen.
 @interface ZamberMenuChoice : NSObject
 @property(nonatomic) NSInteger tag;
 - (void)choose:(NSMenuItem*)line;
@@ -56,9 +56,8 @@ NSAppearance* named(PopoverAppearance appearance) {
     return nil;
 }
 
-/// The popover's material, with the content's view on it from edge to edge. Qt places its own views at the lower left
-/// corner of whatever is around them, in the size of the widget; a popover may inset what it holds, and animates its
-/// size.
+/// The popover's material, with the content's view on it from edge to edge. Qt places its views at the lower left
+/// corner of the view around them, in the widget's size; a popover may inset its content and animates its own size.
 NSView* viewAround(NSView* content) {
     NSVisualEffectView* const material = [NSVisualEffectView new];
     material.material = NSVisualEffectMaterialPopover;
@@ -99,7 +98,7 @@ void MacPopover::setContent(ContentMaker makeContent) {
     NSViewController* const controller = [NSViewController new];
     controller.view = viewAround((__bridge NSView*)reinterpret_cast<void*>(m_content->winId()));
     get(m_popover).contentViewController = controller;
-    // The controller's view has just given the popover its own size.
+    // The popover has just taken the size of the controller's view.
     setContentSize(m_contentSize.isValid() ? m_contentSize : m_content->size());
 }
 
@@ -120,7 +119,7 @@ void MacPopover::show(const Anchor& anchor, PopoverEdge preferredEdge) {
     [get(m_popover) showRelativeToRect:view.bounds
                                 ofView:view
                          preferredEdge:preferredEdge == PopoverEdge::MinY ? NSRectEdgeMinY : NSRectEdgeMaxY];
-    // Not before the popover has taken the widget's view: on its own it would come with a window of its own.
+    // Only after the popover has taken the widget's view: before that, the widget would open a window of its own.
     m_content->show();
     m_content->activateWindow();
 }

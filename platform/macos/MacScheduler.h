@@ -8,8 +8,8 @@
 
 namespace zamber::macos {
 
-/// The main queue for what runs once, repeating timers of the main run loop for the rest. While a menu is open the
-/// repeating ones wait, the others do not.
+/// Actions that run once are put on the main queue; repeated ones are timers of the main run loop. While a menu is
+/// open, the repeated ones wait and the others run.
 class MacScheduler final : public Scheduler {
 public:
     MacScheduler();

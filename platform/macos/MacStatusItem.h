@@ -6,8 +6,8 @@
 
 namespace zamber::macos {
 
-/// A square in the system's menu bar. Clicks and menu lines are actions without a target: they travel the responder
-/// chain to the application's delegate.
+/// A square in the system's menu bar. Clicks and chosen menu lines are actions without a target, which the
+/// application's delegate receives along the responder chain.
 class MacStatusItem final : public StatusItem {
 public:
     MacStatusItem() = default;

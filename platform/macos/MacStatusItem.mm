@@ -10,7 +10,7 @@
 
 #include <utility>
 
-/// What the status item's button sends; the application's delegate is told what to do then.
+/// The action that the status item's button sends and the application's delegate responds to.
 @protocol ZamberStatusItemActions
 - (void)togglePopover;
 @end
@@ -70,7 +70,7 @@ void MacStatusItem::showMenuOnce(const QList<MenuItem>& menu) {
                               action:NSSelectorFromString(line.selector.toNSString())
                        keyEquivalent:line.keyEquivalent.toNSString()];
     }
-    // Attached for this one click, so that the next one is told again.
+    // The menu is attached for this click alone: with a menu, the button would not send its action any more.
     NSStatusItem* const item = borrowed<NSStatusItem>(m_item);
     item.menu = systemMenu;
     [item.button performClick:nil];

@@ -54,7 +54,7 @@ QPixmap MacSymbols::pixmap(const QString& name, const SymbolStyle& style) const 
     image.fill(Qt::transparent);
     draw(symbol, image);
 
-    // The symbol's own colour is any; its shape takes the one that was asked for.
+    // Whatever colour the symbol was drawn in, its shape is filled with the wanted one.
     QPainter painter(&image);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(image.rect(), style.color);

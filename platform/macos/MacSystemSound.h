@@ -6,7 +6,7 @@
 
 namespace zamber::macos {
 
-/// The sounds of the system, by their names.
+/// Plays the system's sounds by their names.
 class MacSystemSound final : public SystemSound {
 public:
     void play(const QString& name) override;

@@ -46,7 +46,7 @@
                       ofObject:(id)object
                         change:(NSDictionary<NSKeyValueChangeKey, id>*)change
                        context:(void*)context {
-    // Changes by another process come on any thread.
+    // Changes by another process are reported on any thread.
     if (NSThread.isMainThread) {
         [self tell];
     } else {
@@ -57,7 +57,7 @@
 }
 
 - (void)tell {
-    // A value that is written again is told again, and so is our own change when it comes back from the server.
+    // Writing an equal value is reported too, and our own change a second time when it comes back from the server.
     const id value = [_defaults objectForKey:_key];
     if (_isStopped || value == _lastValue || [value isEqual:_lastValue]) {
         return;

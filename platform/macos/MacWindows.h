@@ -7,11 +7,11 @@
 
 namespace zamber::macos {
 
-/// Brings a window of ours to the front, with the keyboard, in the space where the user is.
+/// Brings a window of ours to the front and gives it the keyboard focus, in the user's current space.
 void bringWindowToFront(WId window);
 
-/// Puts what Qt keeps on top on the level of floating windows; Qt itself takes the one of modal panels. Comes after the
-/// application object.
+/// Moves windows that Qt keeps on top from the level of modal panels, which Qt chooses, to the level of floating
+/// windows. To be called after the application object was made.
 class FloatingLevel final : public QObject {
 public:
     FloatingLevel();

@@ -20,7 +20,7 @@ NSWindow* systemWindow(WId window) {
 
 void bringWindowToFront(WId window) {
     NSWindow* const front = systemWindow(window);
-    // Ordered to the front alone, it would take the user to the space that it is in.
+    // Without this, ordering the window to the front would take the user to the space that the window is in.
     front.collectionBehavior |= NSWindowCollectionBehaviorMoveToActiveSpace;
     [NSApp activateIgnoringOtherApps:YES];
     [front makeKeyAndOrderFront:nil];

@@ -10,7 +10,7 @@
 
 namespace zamber::macos {
 
-/// The applications that were in front, by the handles they are known by.
+/// The applications that were in front, by their handles.
 struct MacWorkspace::Seen {
     std::map<std::uint64_t, NSRunningApplication*> applications;
     std::uint64_t lastHandle = 0;

@@ -4,22 +4,22 @@
 
 #import <Foundation/Foundation.h>
 
-/// For Objective-C++ alone: how a plain C++ class keeps an object of the system as a `void*`, so that its header knows
-/// nothing of the system.
+/// For Objective-C++ alone: keeps an Objective-C object in a `void*` member of a plain C++ class, so that the header of
+/// the class includes no header of the system.
 namespace zamber::macos {
 
-/// Takes a reference that `released` gives back.
+/// Retains the object, until `released`.
 inline void* retained(id object) {
     return const_cast<void*>(CFBridgingRetain(object));
 }
 
-/// Gives the reference back and hands the object out for the last time.
+/// Releases the object and returns it for the last time.
 template <class Object>
 Object* released(void* reference) {
     return (__bridge_transfer Object*)reference;
 }
 
-/// The object, still referred to.
+/// The object, which stays retained.
 template <class Object>
 Object* borrowed(void* reference) {
     return (__bridge Object*)reference;

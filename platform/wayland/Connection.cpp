@@ -12,14 +12,14 @@
 
 namespace zamber::wayland {
 
-/// One question whether the compositor has come that far.
+/// A request whose answer says that the compositor has seen all requests before it.
 struct Connection::PendingSync {
     QPointer<QObject> context;
     std::function<void()> done;
 };
 
 std::expected<std::unique_ptr<Connection>, std::string> Connection::open() {
-    // Where none is named, the library looks for one of the usual name, which may be another session's of this user.
+    // Without a name the library takes a socket of the usual name, which may belong to another session of this user.
     wl_display* const display = qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? nullptr : wl_display_connect(nullptr);
     if (display == nullptr) {
         return std::unexpected("there is no Wayland compositor to be reached");
@@ -49,13 +49,14 @@ Connection::Connection(wl_display* display)
 }
 
 Connection::~Connection() {
-    // Before the file that they watch is closed.
+    // The notifiers go before the file that they watch is closed.
     m_readable.setEnabled(false);
     m_writable.setEnabled(false);
 }
 
 void Connection::noteGlobal(std::uint32_t name, const char* interface, std::uint32_t version) {
-    m_globals.try_emplace(interface, Global{.name = name, .version = version}); // the first one, of several
+    m_globals.try_emplace(
+        interface, Global{.name = name, .version = version}); // the first one that is offered, if there are several
 }
 
 void Connection::forgetGlobal(std::uint32_t name) {
@@ -74,7 +75,7 @@ void* Connection::bindAny(const wl_interface& interface, std::uint32_t newestVer
 void Connection::flush() {
     const bool isSent = wl_display_flush(m_display.get()) >= 0;
     m_writable.setEnabled(!isSent && errno == EAGAIN && !m_isLost);
-    // Any other failure shows when reading, after what the compositor has said last.
+    // Any other failure shows when reading, after the last events of the compositor have been read.
 }
 
 bool Connection::roundTrip() {

@@ -18,8 +18,8 @@
 
 namespace zamber::wayland {
 
-/// A connection to the compositor of our own, served by Qt's event loop and idle when nothing happens. Waiting for an
-/// answer here is waiting for the compositor alone, never for another program.
+/// A connection to the compositor beside Qt's own, served by Qt's event loop and idle when nothing happens. A call that
+/// waits for an answer waits for the compositor, never for another program.
 class Connection final : public QObject {
     Q_OBJECT
 
@@ -42,19 +42,19 @@ public:
         return static_cast<Object*>(bindAny(interface, newestVersion));
     }
 
-    /// Sends what was asked for. What does not fit into the socket follows when it does.
+    /// Sends the requests that were made. Those that the socket has no room for follow when it has.
     void flush();
 
-    /// Waits until the compositor has seen all that was asked for, and hands on what it said before that. False when
-    /// it has gone.
+    /// Waits until the compositor has seen all requests, and hands on the events that it sent before that. False when
+    /// the compositor has gone.
     bool roundTrip();
 
-    /// Calls back once the compositor has seen all that was asked for before, and what it said before that was handed
-    /// on; not after the context has gone.
+    /// Calls back once the compositor has seen all requests made so far and its events until then have been handed on;
+    /// never after the context has gone.
     void afterRoundTrip(QObject* context, std::function<void()> done);
 
 Q_SIGNALS:
-    /// The compositor has gone, or has thrown us out. Nothing comes or goes any more.
+    /// The compositor has gone, or has closed this connection. No request is sent and no event comes any more.
     void lost();
 
 private:

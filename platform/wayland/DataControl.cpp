@@ -99,7 +99,7 @@ public:
                        int descriptor) { static_cast<SourceBy*>(self)->m_handlers.send(type, Descriptor(descriptor)); },
             .cancelled =
                 [](void* self, typename Protocol::Source*) {
-                    // A copy, as it may drop the object that holds it.
+                    // A copy of the handler, since the call may destroy the object that holds it.
                     const auto cancelled = static_cast<SourceBy*>(self)->m_handlers.cancelled;
                     cancelled();
                 }};
@@ -131,7 +131,7 @@ public:
                     auto& control = *static_cast<DataControlBy*>(self);
                     Q_EMIT control.clipboardChanged(control.take(offer));
                 },
-            .finished = [](void*, typename Protocol::Device*) {}, // nothing is told from here on
+            .finished = [](void*, typename Protocol::Device*) {}, // no event follows this one
             .primary_selection =
                 [](void* self, typename Protocol::Device*, typename Protocol::Offer* offer) {
                     auto& control = *static_cast<DataControlBy*>(self);
@@ -159,7 +159,7 @@ private:
     using Offer = OfferBy<Protocol>;
 
     void noteOffer(typename Protocol::Offer* offer) {
-        m_announced = std::make_shared<Offer>(m_connection, offer); // the types follow, and then what it is
+        m_announced = std::make_shared<Offer>(m_connection, offer); // its types follow, then which clipboard it is on
     }
 
     std::shared_ptr<DataOffer> take(typename Protocol::Offer* offer) {

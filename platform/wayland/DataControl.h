@@ -15,53 +15,56 @@ namespace zamber::wayland {
 
 class Connection;
 
-/// What another program, or this one, offers on the clipboard. It can be asked for until the clipboard changes.
+/// A copy on the clipboard, of another program or of this one. Its content can be requested until the clipboard
+/// changes.
 class DataOffer {
 public:
     virtual ~DataOffer() = default;
 
-    /// In the owner's order.
+    /// The types of the copy, in the owner's order.
     virtual const std::vector<QByteArray>& types() const = 0;
 
-    /// Has the owner write its bytes of that type, and then close. The descriptor is sent on; ours is to be closed.
+    /// Asks the owner to write its bytes of that type into the file and to close it. The owner gets a duplicate of the
+    /// descriptor, so that the caller has its own to close.
     virtual void receive(const QByteArray& type, int descriptor) = 0;
 };
 
-/// What this program offers, for as long as this object lives.
+/// A copy of this program's, on offer for as long as this object lives.
 class DataSource {
 public:
     virtual ~DataSource() = default;
 
     struct Handlers {
-        std::function<void(const QByteArray& type, Descriptor writeTo)> send; ///< somebody asks
-        std::function<void()> cancelled; ///< somebody else's is offered instead; may drop this object
+        std::function<void(const QByteArray& type, Descriptor writeTo)> send; ///< a program asks for the content
+        std::function<void()> cancelled; ///< another copy has replaced it; may destroy this object
     };
 };
 
-/// The clipboard as the protocols ext-data-control-v1 and wlr-data-control-unstable-v1 show it: without a window,
-/// without the focus, and with everybody's changes, our own included.
+/// The clipboard by the protocols ext-data-control-v1 and wlr-data-control-unstable-v1. They need neither a window nor
+/// the focus, and report the changes of all programs, this one's included.
 class DataControl : public QObject {
     Q_OBJECT
 
 public:
     enum class Selection { Clipboard, Primary };
 
-    /// By the one protocol or the other; null where the compositor has neither, or no seat.
+    /// Takes the first of the two protocols that the compositor has; null where it has neither, or no seat.
     static std::unique_ptr<DataControl> create(Connection& connection);
 
-    /// Whether `create` would make one.
+    /// Whether `create` would not return null.
     static bool isOffered(const Connection& connection);
 
-    /// Offers these types instead of whatever is offered. PRIMARY is left alone where the compositor lets no program
-    /// change it; the result is null then.
+    /// Replaces the copy on the clipboard by one of these types. Null, with PRIMARY unchanged, where the compositor
+    /// lets no program change PRIMARY.
     virtual std::unique_ptr<DataSource> offer(Selection selection, const std::vector<QByteArray>& types,
                                               DataSource::Handlers handlers) = 0;
 
 Q_SIGNALS:
-    /// Whose the clipboard is now; null for nobody's. Told at the start, too, if it is somebody's then.
+    /// The copy that is on the clipboard now; null when it is empty. Emitted at the start, too, unless the clipboard is
+    /// empty then.
     void clipboardChanged(const std::shared_ptr<zamber::wayland::DataOffer>& offer);
 
-    /// The same of PRIMARY.
+    /// The same for PRIMARY.
     void primaryChanged(const std::shared_ptr<zamber::wayland::DataOffer>& offer);
 };
 

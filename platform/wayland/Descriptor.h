@@ -8,7 +8,7 @@
 
 namespace zamber::wayland {
 
-/// An open file of ours, closed with this object.
+/// The descriptor of an open file. The file is closed when this object is destroyed.
 class Descriptor final {
 public:
     Descriptor() = default;

@@ -13,7 +13,7 @@ namespace zamber::wayland {
 
 namespace {
 
-/// A large pipe takes fewer turns of the loop; one turn takes no more than it holds.
+/// A larger pipe takes fewer turns of the event loop. One turn reads no more than the pipe holds.
 constexpr int PIPE_BYTES = 1 << 20;
 
 } // namespace
@@ -23,7 +23,7 @@ IncomingPipe::IncomingPipe(Descriptor readFrom, Done done)
     , m_readable(m_pipe.number(), QSocketNotifier::Read)
     , m_done(std::move(done)) {
     fcntl(m_pipe.number(), F_SETFL, O_NONBLOCK);
-    fcntl(m_pipe.number(), F_SETPIPE_SZ, PIPE_BYTES); // refused where a user has too many of them
+    fcntl(m_pipe.number(), F_SETPIPE_SZ, PIPE_BYTES); // the kernel refuses when a user has too many large pipes
     connect(&m_readable, &QSocketNotifier::activated, this, &IncomingPipe::read);
     m_patience.setSingleShot(true);
     m_patience.callOnTimeout(this, [this] { finish(endOfNothing()); });
@@ -53,7 +53,7 @@ void IncomingPipe::read() {
     if (count > 0) {
         m_patience.start(PATIENCE);
     } else if (count == 0) {
-        m_bytes.squeeze(); // it has grown by large steps, and may be kept for long
+        m_bytes.squeeze(); // the buffer has grown in large steps, and may be kept for long
         finish(OwnerAnswer::Outcome::Delivered);
     } else if (failure != EAGAIN && failure != EINTR) {
         finish(endOfNothing());
@@ -67,7 +67,7 @@ IncomingPipe::OwnerAnswer::Outcome IncomingPipe::endOfNothing() const {
 void IncomingPipe::finish(OwnerAnswer::Outcome outcome) {
     m_readable.setEnabled(false);
     m_patience.stop();
-    m_pipe.close(); // an owner that still writes is told by its own next write
+    m_pipe.close(); // an owner that still writes learns of it by its next write
     const QByteArray bytes = std::exchange(m_bytes, {});
     if (const Done done = std::exchange(m_done, nullptr)) {
         done(outcome, outcome == OwnerAnswer::Outcome::Delivered ? bytes : QByteArray());

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/freedesktop/selection/CopyReader.h"
+#include "platform/freedesktop/selection/TransferLimits.h"
 #include "platform/wayland/Descriptor.h"
 
 #include <QByteArray>
@@ -22,16 +23,14 @@ class IncomingPipe final : public QObject {
 public:
     using OwnerAnswer = freedesktop::selection::OwnerAnswer;
 
-    /// So long may an owner be silent, before its first byte or after any other.
-    static constexpr std::chrono::seconds PATIENCE{10};
-
-    /// An answer that goes on may take as long as it needs, up to here or to where memory ends.
-    static constexpr qsizetype LARGEST = qsizetype{1} << 30; // bytes
+    static constexpr std::chrono::seconds PATIENCE = freedesktop::selection::LONGEST_OWNER_SILENCE;
+    static constexpr qsizetype LARGEST = freedesktop::selection::LARGEST_CONTENT;
 
     using Done = std::function<void(OwnerAnswer::Outcome outcome, const QByteArray& bytes)>;
 
-    /// `done` is called later, once, unless this object has gone, and may drop it later. Delivered means that the
-    /// pipe was closed, which an owner that dies does, too.
+    /// `done` is called once, after the constructor has returned and not after this object was destroyed; it may get
+    /// rid of this object only by `deleteLater`. "Delivered" says that the pipe was closed, which also happens when the
+    /// owner dies.
     IncomingPipe(Descriptor readFrom, Done done);
 
 private:

@@ -18,7 +18,8 @@ namespace zamber::wayland {
 
 namespace {
 
-/// Compositors that drop a mark of X drop whatever is no MIME type; where one is left, the mark would be, too.
+/// A compositor that drops the mark of a secret drops all of X's types that are no MIME types. Where one of those is
+/// left, the mark would be left as well.
 bool mayLackItsMark(const std::vector<QByteArray>& types) {
     return std::ranges::all_of(types, [](const QByteArray& type) { return type.contains('/'); });
 }
@@ -31,7 +32,7 @@ OfferReader::OfferReader(Connection& connection, std::shared_ptr<DataOffer> offe
     , m_offer(std::move(offer))
     , m_tell(std::move(tell))
     , m_reader([this](const QByteArray& type, const Answer& answer) { ask(type, answer); }, m_tell) {
-    // Not at once: of the changes that come in one go only the last is worth a request.
+    // Not at once: when several changes come together, only the last one is worth a request.
     QTimer::singleShot(0, this, [this, askForMark] { begin(askForMark); });
 }
 
@@ -73,13 +74,13 @@ void OfferReader::ask(const QByteArray& type, const Answer& answer) {
 }
 
 void OfferReader::handlePipe(const OwnerAnswer& owned, const Answer& answer) {
-    m_pipe.release()->deleteLater(); // it is the one that calls
+    m_pipe.release()->deleteLater(); // this function is called by the pipe itself
     if (owned.outcome != OwnerAnswer::Outcome::Delivered) {
         answer(owned);
         return;
     }
-    // A pipe ends in the same way when its writer dies. The compositor has told of that, and this reading has been
-    // stopped, before it answers.
+    // A pipe is closed in the same way when its writer dies. In that case the compositor reports the owner's end before
+    // it answers, and this reader has been stopped by then.
     m_connection.afterRoundTrip(this, [owned, answer] { answer(owned); });
 }
 

@@ -15,8 +15,8 @@ namespace zamber::wayland {
 
 class Connection;
 
-/// Reads what is offered on a clipboard: one pipe after the other, as the reader of copies asks. With this object goes
-/// the pipe, so that the owner hears that nobody reads any more.
+/// Reads a copy on a clipboard through one pipe after the other, in the order that CopyReader asks for. The pipe is
+/// closed with this object, by which the owner learns that its content is no longer read.
 class OfferReader final : public QObject {
     Q_OBJECT
 
@@ -24,13 +24,13 @@ public:
     using CopyReader = freedesktop::selection::CopyReader;
     using OwnerAnswer = freedesktop::selection::OwnerAnswer;
 
-    /// Whether the copy that is offered in these types is marked as a secret in a way that Wayland is not told of;
-    /// nothing when whoever knows does not answer.
+    /// Whether the copy with these types carries the mark of a secret that a program of X has set and Wayland does not
+    /// show; nothing when the X server or the owner does not answer.
     using AskForMark = std::function<void(const std::vector<QByteArray>& types,
                                           std::function<void(std::optional<bool> isSecret)> answer)>;
 
-    /// Begins in the next turn of the loop; `tell` is called later, and not after this object has gone. Where a copy
-    /// may be of a program of X that has marked it, `askForMark` is asked first, if there is one.
+    /// Begins in the next turn of the event loop; `tell` is called after that, and never after this object was
+    /// destroyed. Where a program of X may have marked the copy, `askForMark`, if there is one, is called first.
     OfferReader(Connection& connection, std::shared_ptr<DataOffer> offer, const AskForMark& askForMark,
                 CopyReader::Tell tell);
 
@@ -45,7 +45,7 @@ private:
     Connection& m_connection;
     std::shared_ptr<DataOffer> m_offer;
     CopyReader::Tell m_tell;
-    std::unique_ptr<IncomingPipe> m_pipe; // under way
+    std::unique_ptr<IncomingPipe> m_pipe; // that is being read
     CopyReader m_reader;
 };
 

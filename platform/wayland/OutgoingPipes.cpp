@@ -17,12 +17,12 @@ namespace zamber::wayland {
 
 namespace {
 
-/// No turn of the loop writes more for one reader.
+/// The most that is written for one reader in a turn of the event loop.
 constexpr qsizetype MOST_A_TURN = 1 << 20;
 
 } // namespace
 
-/// One reader. SIGPIPE is ignored by the program, so that one that goes away is an error like any other.
+/// One reader. The program ignores SIGPIPE, so that writing to a reader that has gone fails like any other write.
 class OutgoingPipes::Transfer final : public QObject {
 public:
     Transfer(Descriptor writeTo, QByteArray bytes, std::function<void(Transfer&)> ended)
@@ -73,7 +73,7 @@ OutgoingPipes::~OutgoingPipes() = default;
 
 void OutgoingPipes::send(Descriptor writeTo, const QByteArray& bytes) {
     if (bytes.isEmpty()) {
-        return; // closing is the whole answer
+        return; // an empty content: closing the pipe is the whole answer
     }
     m_transfers.push_back(
         std::make_unique<Transfer>(std::move(writeTo), bytes, [this](Transfer& ended) { drop(ended); }));
@@ -82,7 +82,7 @@ void OutgoingPipes::send(Descriptor writeTo, const QByteArray& bytes) {
 void OutgoingPipes::drop(Transfer& ended) {
     const auto found = std::ranges::find(m_transfers, &ended, &std::unique_ptr<Transfer>::get);
     ended.close();
-    found->release()->deleteLater(); // it is the one that calls
+    found->release()->deleteLater(); // this function is called by the writer itself
     m_transfers.erase(found);
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/freedesktop/selection/TransferLimits.h"
 #include "platform/wayland/Descriptor.h"
 
 #include <QByteArray>
@@ -12,18 +13,20 @@
 
 namespace zamber::wayland {
 
-/// Writes what other programs asked for into their pipes, any number side by side, waiting for none of them.
+/// Writes contents into the pipes of the programs that asked for them: any number at the same time, without waiting
+/// for a reader.
 class OutgoingPipes final {
 public:
-    /// A reader that takes nothing for so long is given up.
-    static constexpr std::chrono::seconds PATIENCE{30};
+    /// A reader that takes no byte for this time is given up.
+    static constexpr std::chrono::seconds PATIENCE = freedesktop::selection::LONGEST_READER_SILENCE;
 
     OutgoingPipes();
     ~OutgoingPipes();
     OutgoingPipes(const OutgoingPipes&) = delete;
     OutgoingPipes& operator=(const OutgoingPipes&) = delete;
 
-    /// Writes the bytes, which are shared and not copied, and closes. Nothing is told when the reader goes away.
+    /// Writes the bytes, which are shared and not copied, then closes the pipe. The end of a
+    /// reader is not reported.
     void send(Descriptor writeTo, const QByteArray& bytes);
 
 private:

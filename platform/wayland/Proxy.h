@@ -22,7 +22,7 @@ struct zwp_virtual_keyboard_v1;
 
 namespace zamber::wayland {
 
-/// Ends an object of the compositor's by the request that its interface has for it.
+/// Destroys an object of the compositor's by the request that its interface has for this.
 struct Destroyer {
     void operator()(wl_display* object) const;
     void operator()(wl_registry* object) const;
@@ -41,7 +41,7 @@ struct Destroyer {
     void operator()(zwp_virtual_keyboard_v1* object) const;
 };
 
-/// One object of the compositor's, which goes before the connection that it was made by.
+/// Owns one object of the compositor's. To be destroyed before the connection that the object was made by.
 template <class Object>
 using Proxy = std::unique_ptr<Object, Destroyer>;
 

@@ -17,7 +17,7 @@ namespace {
 
 struct Place {
     PhysicalKey key;
-    QByteArray code;                 // as X numbers it
+    QByteArray code;                 // X's key code
     std::array<QByteArray, 2> names; // without and with Shift, in lower case
 };
 
@@ -36,7 +36,7 @@ QByteArrayList wordsOf(const QByteArray& line) {
     return words;
 }
 
-/// The longest names first, as sway does: $mod2 is no $mod.
+/// The longest names first, as sway does, so that $mod does not match the beginning of $mod2.
 QByteArray withVariables(QByteArray text, const std::map<QByteArray, QByteArray>& variables) {
     std::vector<std::pair<QByteArray, QByteArray>> ordered(variables.begin(), variables.end());
     std::ranges::sort(ordered, std::greater{}, [](const auto& variable) { return variable.first.size(); });

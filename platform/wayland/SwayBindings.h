@@ -11,8 +11,8 @@ namespace zamber::wayland {
 /// The combination in the words of sway's configuration, by key code: Mod4+Shift+55.
 QByteArray swayCombination(PhysicalKey key, HotKeyModifiers modifiers);
 
-/// Whether a configuration of sway's binds that combination itself, to whatever: by the key's code or by a symbol that
-/// the ANSI layout has there, with the variables that the configuration sets. What it includes is not looked into.
+/// Whether sway's configuration binds the combination to any command, by the key's code or by a symbol that the ANSI
+/// layout has on that key. The configuration's variables are replaced; files that it includes are not read.
 bool isBoundIn(const QByteArray& configuration, PhysicalKey key, HotKeyModifiers modifiers);
 
 } // namespace zamber::wayland

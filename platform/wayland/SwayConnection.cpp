@@ -27,7 +27,7 @@ constexpr int LONGEST_MILLISECONDS = 1000;
 
 std::uint32_t numberAt(const QByteArray& bytes, qsizetype place) {
     std::uint32_t number = 0;
-    std::memcpy(&number, bytes.constData() + place, sizeof number); // in the machine's own order
+    std::memcpy(&number, bytes.constData() + place, sizeof number); // in this machine's byte order
     return number;
 }
 
@@ -86,7 +86,7 @@ void SwayConnection::readMore() {
         if ((message->kind & EVENT_BIT) == 0) {
             m_answer = message->payload;
         } else {
-            // Later: an answer may be waited for just now.
+            // In the next turn of the loop, since this may be in the middle of waiting for an answer.
             QTimer::singleShot(0, this, [this, event = *message] { handleEvent(event); });
         }
     }

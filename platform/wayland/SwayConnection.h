@@ -12,7 +12,7 @@
 
 namespace zamber::wayland {
 
-/// sway's control socket, which speaks i3's protocol (sway-ipc(7)). Waiting for an answer here is waiting for the
+/// sway's control socket, which speaks i3's protocol (sway-ipc(7)). A call that waits for an answer waits for the
 /// compositor alone, and not for long.
 class SwayConnection final : public QObject {
     Q_OBJECT
@@ -24,14 +24,14 @@ public:
     /// Runs a command as in sway's configuration. False when it is refused or sway does not answer.
     bool run(const QByteArray& command);
 
-    /// The configuration that is in force, without what it includes; empty when sway does not tell.
+    /// The configuration that is in force, without the files that it includes; empty when sway does not answer.
     QByteArray configuration();
 
 Q_SIGNALS:
-    /// A binding has been pressed that runs this command.
+    /// The keys of a binding with this command have been pressed.
     void bindingPressed(const QByteArray& command);
 
-    /// The configuration has been read anew. Bindings that were made by commands are gone.
+    /// sway has read its configuration anew, and with that dropped all bindings that were made by commands.
     void reloaded();
 
 private:
@@ -49,7 +49,7 @@ private:
 
     QLocalSocket m_socket;
     QByteArray m_unread;
-    std::optional<QByteArray> m_answer; // to the question that was asked last
+    std::optional<QByteArray> m_answer; // to the last request
 };
 
 } // namespace zamber::wayland

@@ -13,7 +13,7 @@ namespace zamber::wayland {
 
 namespace {
 
-/// What our bindings run, which is nothing, with the id at the end.
+/// The command of our bindings. It does nothing; the hot key's id stands at its end.
 constexpr QByteArrayView COMMAND = "nop app.zamber.Zamber ";
 
 } // namespace

@@ -13,15 +13,17 @@ namespace zamber::wayland {
 
 class SwayConnection;
 
-/// Hot keys as bindings of sway's that run nothing, of whose presses sway tells: by key code, in every layout, whatever
-/// is in front. They are made again when the configuration is read anew, and given back at the end.
+/// Hot keys as bindings of sway's whose command does nothing; sway reports when their keys are pressed. Bindings by key
+/// code work in every layout and whatever window is in front. They are made again when sway has read its configuration
+/// anew, and removed at the end.
 ///
-/// sway lets a new binding replace the user's own without a word, so that what the configuration binds is left alone.
+/// sway lets a new binding replace the user's own without a warning, so that combinations which the configuration binds
+/// are left alone.
 class SwayHotKeyCenter final : public QObject, public HotKeyCenter {
     Q_OBJECT
 
 public:
-    /// Whether that key does anything at present. One that does nothing is not taken from other uses.
+    /// Whether the hot key has an effect at present. One that has none is left to other uses.
     using IsWanted = std::function<bool(PhysicalKey key)>;
     using CloseMenus = std::function<void()>;
 
@@ -32,7 +34,7 @@ public:
     std::optional<HotKeyRef> registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) override;
     void setPressedHandler(PressedHandler handler) override { m_handler = std::move(handler); }
 
-    /// What `isWanted` tells may have changed.
+    /// To be called when an answer of `isWanted` may have changed.
     void update();
 
 private:

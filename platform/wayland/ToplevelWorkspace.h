@@ -11,10 +11,10 @@ namespace zamber::wayland {
 
 class Toplevels;
 
-/// Applications are the windows that were seen in front. Wayland tells no process numbers.
+/// An application is known by a window of its that was in front, since Wayland tells no process numbers.
 class ToplevelWorkspace final : public Workspace {
 public:
-    /// Gives the name that people know a program by, from its id, where the desktop has one.
+    /// The name that people know a program by, looked up by the program's id, where the desktop has one.
     using NameOfId = std::function<std::optional<QString>(const QString& applicationId)>;
 
     ToplevelWorkspace(Toplevels& toplevels, NameOfId nameOfId);

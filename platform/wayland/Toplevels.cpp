@@ -18,7 +18,7 @@ constexpr std::uint32_t NEWEST_VERSION = 3;
 
 } // namespace
 
-/// What is told of a window counts when the compositor says that it has told all.
+/// A window. Its new properties count from the event "done" on, which says that they are complete.
 struct Toplevels::Window {
     Toplevels& owner;
     Proxy<zwlr_foreign_toplevel_handle_v1> proxy;
@@ -54,7 +54,7 @@ std::unique_ptr<Toplevels> Toplevels::create(Connection& connection) {
     }
     std::unique_ptr<Toplevels> toplevels(new Toplevels(connection, manager));
     connection.roundTrip(); // the windows
-    connection.roundTrip(); // and what is to be told of each
+    connection.roundTrip(); // and the properties of each
     return toplevels;
 }
 

@@ -16,17 +16,18 @@ namespace zamber::wayland {
 
 class Connection;
 
-/// The windows of all programs, ours and XWayland's included, as wlr-foreign-toplevel-management-unstable-v1 tells.
+/// The windows of all programs, by wlr-foreign-toplevel-management-unstable-v1; this program's and XWayland's are among
+/// them.
 class Toplevels final : public QObject {
     Q_OBJECT
 
 public:
     struct Toplevel {
-        std::uint64_t handle = 0; ///< never given out twice
-        QString applicationId;    ///< of a program of X, the class of its window
+        std::uint64_t handle = 0; ///< no two windows have the same
+        QString applicationId;    ///< for a program of X, its window's class
     };
 
-    /// Null where the compositor does not tell.
+    /// Null where the compositor lacks the protocol.
     static std::unique_ptr<Toplevels> create(Connection& connection);
     ~Toplevels() override;
 
@@ -34,11 +35,11 @@ public:
     std::optional<Toplevel> active() const;
     bool isOpen(std::uint64_t handle) const;
 
-    /// Asks for that window to come to the front. Nothing happens when it has gone.
+    /// Asks the compositor to bring the window to the front. Does nothing when the window has gone.
     void activate(std::uint64_t handle);
 
 Q_SIGNALS:
-    /// Another window is in front, or the one that was has gone.
+    /// Another window has come to the front, or the window in front has gone.
     void activeChanged();
 
 private:

@@ -22,10 +22,10 @@ namespace {
 
 using freedesktop::selection::PasteKeystroke;
 
-/// Keys as the kernel numbers them, on every PC keyboard.
+/// The kernel's key codes, by the keys' places on every PC keyboard.
 enum Key : std::uint32_t { LeftControl = 29, LeftShift = 42, V = 47, Insert = 110 };
 
-/// The bits of the real modifiers, which every keymap has in this order.
+/// The bits of the real modifiers, which have the same order in every keymap.
 constexpr std::uint32_t SHIFT_MASK = 1;
 constexpr std::uint32_t CONTROL_MASK = 4;
 
@@ -38,7 +38,7 @@ using Context = std::unique_ptr<xkb_context, Releaser<&xkb_context_unref>>;
 using Keymap = std::unique_ptr<xkb_keymap, Releaser<&xkb_keymap_unref>>;
 using Text = std::unique_ptr<char, Releaser<&std::free>>;
 
-/// The compositor takes any clock; events of one keyboard have to follow one another.
+/// The time of an event. Any clock will do, as long as the times of one keyboard never decrease.
 std::uint32_t now() {
     const auto since = std::chrono::steady_clock::now().time_since_epoch();
     return static_cast<std::uint32_t>(std::chrono::duration_cast<std::chrono::milliseconds>(since).count());

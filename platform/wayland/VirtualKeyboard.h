@@ -13,8 +13,8 @@ namespace zamber::wayland {
 
 class Connection;
 
-/// A keyboard of our own beside the user's, by virtual-keyboard-unstable-v1. It has a layout of its own, so that a key
-/// is what it is whatever the user types in, and modifiers of its own, so that those that the user holds do not count.
+/// A second keyboard beside the user's, by virtual-keyboard-unstable-v1. It has its own layout, so that its keys mean
+/// the same in every layout of the user's, and its own modifiers, so that those that the user holds do not count.
 class VirtualKeyboard final {
 public:
     /// Null where the compositor lets no program be a keyboard.
@@ -23,7 +23,7 @@ public:
     VirtualKeyboard(const VirtualKeyboard&) = delete;
     VirtualKeyboard& operator=(const VirtualKeyboard&) = delete;
 
-    /// Presses the keys and lets them go, in the window that has the focus.
+    /// Presses the keys of the keystroke and releases them, in the window that has the focus.
     void type(freedesktop::selection::PasteKeystroke keystroke);
 
 private:

@@ -6,7 +6,7 @@
 
 namespace zamber::wayland {
 
-/// Where the compositor has let this program be a keyboard, it may post keys; there is nobody to grant or refuse it.
+/// This program may post keys where the compositor lets it make a virtual keyboard. The user has no say in it.
 class VirtualKeyboardTrust final : public AccessibilityTrust {
 public:
     bool isTrusted() const override { return true; }

@@ -8,7 +8,7 @@ namespace zamber::wayland {
 
 namespace {
 
-/// A window of this program: by its own id, or by XWayland's class of it.
+/// Whether a window is this program's: it has the program's id, or, by way of XWayland, the program's window class.
 bool isOurs(const Toplevels::Toplevel& toplevel) {
     return toplevel.applicationId.compare(QStringLiteral("app.zamber.Zamber"), Qt::CaseInsensitive) == 0 ||
            toplevel.applicationId.compare(QStringLiteral("zamber"), Qt::CaseInsensitive) == 0;
@@ -36,7 +36,7 @@ bool VirtualKeystrokePoster::isReady() const {
         const std::optional<Toplevels::Toplevel> front = m_toplevels.active();
         return front && front->handle == target->handle;
     }
-    return windowToTypeInto().has_value(); // nobody to wait for, or nobody any more: whoever is in front
+    return windowToTypeInto().has_value(); // there is no target, or it has quit: any program in front will do
 }
 
 std::optional<VirtualKeystrokePoster::Window> VirtualKeystrokePoster::windowToTypeInto() const {

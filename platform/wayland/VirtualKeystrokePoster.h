@@ -11,8 +11,8 @@ namespace zamber::wayland {
 
 class VirtualKeyboard;
 
-/// Types the paste keystroke by a keyboard of our own. The keys that the user holds are of another keyboard and do no
-/// harm.
+/// Types the paste keystroke by a virtual keyboard. Keys that the user holds belong to another keyboard and do not
+/// change the keystroke.
 class VirtualKeystrokePoster final : public freedesktop::selection::PasteQueue {
     Q_OBJECT
 

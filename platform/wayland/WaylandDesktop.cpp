@@ -35,16 +35,16 @@ namespace zamber::wayland {
 
 namespace {
 
-/// The preference whose hot keys are the user's own again while it is off.
+/// The preference for quick paste. While it is off, its two hot keys are left to the user.
 QString quickPaste() {
     return QStringLiteral("quickPasteEnabled");
 }
 
 } // namespace
 
-/// Hot keys, keystroke and who is in front are the compositor's where it has a way to them, else XWayland's, which
-/// knows of programs of X alone. The pasteboard has a connection to itself, so that a large transfer does not stand
-/// before a keystroke.
+/// Hot keys, the paste keystroke and the application in front come from the compositor where it has protocols for them,
+/// else from XWayland, which knows only programs of X. The pasteboard has its own connection, so that a large transfer
+/// does not delay a keystroke.
 struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
     struct Connections {
         std::unique_ptr<Connection> clipboard;
@@ -104,7 +104,7 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
              : nullptr;
     HotKeyCenter& hotKeys = swayHotKeys ? static_cast<HotKeyCenter&>(*swayHotKeys) : x11HotKeys;
 
-    /// Of use together alone: a keystroke is typed when the right window is in front.
+    /// Both or neither: a keystroke is typed when the right window is in front.
     struct Typing {
         std::unique_ptr<Toplevels> toplevels;
         std::unique_ptr<VirtualKeyboard> keyboard;

@@ -27,7 +27,7 @@ WaylandPasteboard::WaylandPasteboard(Connection& connection, OfferReader::AskFor
     : m_connection(connection)
     , m_askForMark(std::move(askForMark))
     , m_control(DataControl::create(connection)) {
-    Counts counts = Counts::NotAtAll; // what is told before the compositor has answered was there before
+    Counts counts = Counts::NotAtAll; // a copy that is reported before the compositor has answered is an old one
     connect(m_control.get(), &DataControl::clipboardChanged, this,
             [this, &counts](const std::shared_ptr<DataOffer>& offer) { handleChange(offer, counts); });
     m_connection.roundTrip();
@@ -42,7 +42,7 @@ WaylandPasteboard::~WaylandPasteboard() {
 
 void WaylandPasteboard::publish(const SelectionContent& content) {
     m_toPublish = content;
-    // The clear and the setter that follows it come in one turn: one announcement serves both.
+    // A clear and the setter after it come in one turn of the loop, so that one announcement serves both.
     if (!std::exchange(m_isPublishing, true)) {
         QTimer::singleShot(0, this, &WaylandPasteboard::announce);
     }
@@ -50,7 +50,7 @@ void WaylandPasteboard::publish(const SelectionContent& content) {
 
 void WaylandPasteboard::announce() {
     if (!m_toPublish) {
-        m_isPublishing = false; // overtaken
+        m_isPublishing = false; // by the copy of another program
         endPublishing();
         return;
     }
@@ -65,7 +65,7 @@ void WaylandPasteboard::put(Publication& publication, DataControl::Selection sel
                        '-' + QByteArray::number(static_cast<qulonglong>(++m_publications));
     std::vector<QByteArray> types = publication.offer.types();
     types.push_back(publication.mark);
-    // The source before goes only now, so that the clipboard is never nobody's in between.
+    // The previous source is destroyed only now, so that the clipboard is not empty in between.
     publication.source = m_control->offer(
         selection, types,
         {.send = [this, &publication](const QByteArray& type,
@@ -88,7 +88,7 @@ void WaylandPasteboard::handleChange(const std::shared_ptr<DataOffer>& offer, Co
             noteOffered();
             handleOwnEcho();
             if (m_toPublish) {
-                announce(); // written since
+                announce(); // the program has written since then
             } else {
                 m_isPublishing = false;
                 endPublishing();
@@ -97,7 +97,7 @@ void WaylandPasteboard::handleChange(const std::shared_ptr<DataOffer>& offer, Co
         return;
     }
     if (isWriteOnItsWay()) {
-        return; // older than that
+        return; // an offer from before our last copy
     }
     m_toPublish.reset();
     if (!offer) {
@@ -115,7 +115,7 @@ void WaylandPasteboard::handleChange(const std::shared_ptr<DataOffer>& offer, Co
 void WaylandPasteboard::handleCancelled(Publication& publication) {
     publication.source.reset();
     if (&publication == &m_clipboard) {
-        // Whose the clipboard is now, or that it is nobody's, is told next.
+        // The next event names the new copy, or says that there is none.
         m_isEchoed = false;
         if (m_isPublishing) {
             QTimer::singleShot(0, this, &WaylandPasteboard::announce);

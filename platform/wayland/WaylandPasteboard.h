@@ -18,13 +18,13 @@ class Connection;
 
 /// The clipboard of a compositor that lets programs without a window control it.
 ///
-/// Wayland does not tell an owner that has gone from one that has emptied the clipboard on purpose. What was copied is
-/// served on in either case, unless it was marked as a secret.
+/// Wayland reports an owner that has quit and one that has emptied the clipboard on purpose in the same way. In both
+/// cases this program goes on serving the copy, unless it was marked as a secret.
 class WaylandPasteboard final : public freedesktop::selection::SelectionPasteboard {
     Q_OBJECT
 
 public:
-    /// The compositor has to offer data control. What the clipboard holds at this moment counts as no change.
+    /// The compositor must offer data control. The copy that is on the clipboard at this moment counts as no change.
     explicit WaylandPasteboard(Connection& connection, OfferReader::AskForMark askForMark = {});
     ~WaylandPasteboard() override;
 
@@ -35,10 +35,10 @@ private:
     using SelectionContent = freedesktop::selection::SelectionContent;
     using CopyReader = freedesktop::selection::CopyReader;
 
-    /// What is ours on one of the two clipboards, or on its way there. The mark is a type that no other program's copy
-    /// has, by which it is known when the compositor tells of it.
+    /// A copy of this program's on one of the two clipboards, or on its way there. The mark is a type that no other
+    /// program's copy has, so that the compositor's report of our own copy is recognised.
     struct Publication {
-        freedesktop::selection::SelectionOffer offer; // outlives the source, for those who wait for a conversion
+        freedesktop::selection::SelectionOffer offer; // outlives the source, for programs that wait for a conversion
         QByteArray mark;
         std::unique_ptr<DataSource> source;
     };
@@ -47,7 +47,7 @@ private:
     bool isPublishing() const override { return m_isPublishing; }
     bool isOwner() const override { return m_isEchoed; }
     bool hasOwner() const override { return m_hasOwner; }
-    bool isFormerOwnerRunning() const override { return false; } // nobody knows who it was
+    bool isFormerOwnerRunning() const override { return false; } // Wayland does not say which program the owner was
 
     void announce();
     void put(Publication& publication, DataControl::Selection selection, const SelectionContent& content);
@@ -62,8 +62,8 @@ private:
     Publication m_clipboard;
     Publication m_primary;
     std::optional<SelectionContent> m_toPublish;
-    bool m_isPublishing = false; // until the compositor has told of it
-    bool m_isEchoed = false;     // it has
+    bool m_isPublishing = false; // until the compositor has reported the copy
+    bool m_isEchoed = false;     // since the compositor has reported the copy
     bool m_hasOwner = false;
     std::uint64_t m_publications = 0;
 };

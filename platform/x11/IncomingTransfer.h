@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/freedesktop/selection/TransferLimits.h"
 #include "platform/x11/Connection.h"
 
 #include <QElapsedTimer>
@@ -37,8 +38,8 @@ enum class TransferEnd {
 /// `PATIENCE`, and a transfer that goes on may take as long as it needs, up to `LARGEST` or to where memory ends.
 class IncomingTransfer final {
 public:
-    static constexpr std::chrono::seconds PATIENCE{10};
-    static constexpr qint64 LARGEST = qint64{1} << 30; // bytes
+    static constexpr std::chrono::seconds PATIENCE = freedesktop::selection::LONGEST_OWNER_SILENCE;
+    static constexpr qsizetype LARGEST = freedesktop::selection::LARGEST_CONTENT;
 
     /// How long an abandoned answer is still taken from its owner, which may serve no other program until it is taken.
     static constexpr std::chrono::seconds DRAINING{10};

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/freedesktop/selection/TransferLimits.h"
 #include "platform/x11/Connection.h"
 
 #include <QTimer>
@@ -25,7 +26,7 @@ struct Destination {
 class OutgoingTransfers final {
 public:
     /// A requestor that takes longer for a piece is given up.
-    static constexpr std::chrono::seconds PATIENCE{30};
+    static constexpr std::chrono::seconds PATIENCE = freedesktop::selection::LONGEST_READER_SILENCE;
 
     explicit OutgoingTransfers(Connection& connection);
     ~OutgoingTransfers();

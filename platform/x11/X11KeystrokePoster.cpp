@@ -99,14 +99,14 @@ bool X11KeystrokePoster::isTargetInFront() const {
     if (const std::optional<xcb_window_t> target = targetWindow()) {
         return front == target && m_windows.hasFocus(*target);
     }
-    // Nobody to wait for, or nobody any more: whoever is in front, once our own window is out of the way.
+    // There is no target, or it has quit: any program in front will do, once our own window is out of the way.
     return front && (!isOurs(*front) || (mayTypeIntoOurs(*front) && m_windows.hasFocus(*front)));
 }
 
 std::optional<xcb_window_t> X11KeystrokePoster::targetWindow() const {
     const std::optional<RunningApplication>& target = current().paste.target;
     const std::optional<xcb_window_t> window = target ? m_workspace.windowOf(*target) : std::nullopt;
-    // A window of ours that is hidden, like the popover after the choice, is as good as gone.
+    // A hidden window of ours, like the popover after the choice, cannot come to the front.
     return window && isOurs(*window) && !m_windows.isMapped(*window) ? std::nullopt : window;
 }
 
@@ -122,8 +122,8 @@ bool X11KeystrokePoster::mayTypeIntoOurs(xcb_window_t front) const {
 }
 
 void X11KeystrokePoster::liftHeldKeys() {
-    // Not pressed again afterwards: the user may have let go meanwhile, and a modifier that nobody holds is stuck. A
-    // hot key's own key is lifted as well, as it would go on repeating in the window in front.
+    // The keys are not pressed again afterwards: had the user released one in the meantime, it would be stuck. The hot
+    // key's own key is lifted as well, since it would go on repeating in the window in front.
     const std::vector<xcb_keycode_t> hotKeys = m_hotKeys.heldKeys();
     if (!hotKeys.empty()) {
         m_hotKeys.ungrabKeyboard();
@@ -139,7 +139,7 @@ void X11KeystrokePoster::liftHeldKeys() {
 bool X11KeystrokePoster::type(Window window, PasteKeystroke keystroke) {
     const auto front = static_cast<xcb_window_t>(window);
     const std::vector<xcb_keycode_t> keys = keysOf(keystroke);
-    // Nobody moves the focus between the last look and the keystroke.
+    // With the server grabbed, no other program can move the focus between this check and the keystroke.
     xcb_grab_server(m_connection.raw());
     const bool isTyped = mayType(front);
     if (isTyped) {
@@ -161,7 +161,7 @@ bool X11KeystrokePoster::mayType(xcb_window_t front) const {
     if (m_windows.activeWindow() != front) {
         return false;
     }
-    // The focus may be at a window of ours before the window manager says so.
+    // A window of ours may have the focus before the window manager names it as the active one.
     return !m_windows.isFocusOf(getpid()) || (mayTypeIntoOurs(front) && m_windows.hasFocus(front));
 }
 

@@ -53,7 +53,7 @@ private:
     Windows& m_windows;
     X11HotKeyCenter& m_hotKeys;
     X11Workspace& m_workspace;
-    std::optional<xcb_window_t> m_watched; // for the focus to come to it
+    std::optional<xcb_window_t> m_watched; // the target, to learn when it gets the focus
     xcb_window_t m_pastedInto = XCB_WINDOW_NONE;
 };
 

@@ -53,6 +53,7 @@ struct FakeWorkspaceRig : FakeRig {
     void closeApplication(int number) { fake.quit(opened[number]); }
     void bringToFront(int number) { fake.bringToFront(opened[number]); }
     bool isInFront(int number) { return fake.front() == opened[number]; }
+    void settle() {}
     bool wasOpened(const QUrl& address) {
         return std::ranges::count(journal.entries(), "open " + address.toString().toStdString()) == 1;
     }
@@ -84,6 +85,7 @@ struct FakeKeystrokePosterRig : FakeRig {
         return 1;
     }
     void copyElsewhere() { fake.clipboardIsOurs = false; }
+    void settle() {}
     int pastesReceived(const RunningApplication& application) {
         return static_cast<int>(std::ranges::count(fake.received, application));
     }

@@ -12,27 +12,16 @@ from harness import (
     png_bytes, wait_until,
 )
 from harness.processes import pids_with_environment
+from harness_case import HarnessCase
 
 
-class HarnessTest(unittest.TestCase):
-    def setUp(self):
-        self.desktop = self.enterContext(PrivateDesktop())
-        self.keyboard = self.desktop.keyboard
+class HarnessTest(HarnessCase, unittest.TestCase):
+    def make_desktop(self):
+        return PrivateDesktop()
 
     def paste_into(self, editor, expected, key="v"):
         self.keyboard.chord("Control_L", key)
         editor.wait_for_text(expected)
-
-    def test_keys_reach_the_active_window_alone(self):
-        bystander = Editor(self.desktop, "Bystander", geometry="300x200+700+500")
-        editor = Editor(self.desktop)
-        self.keyboard.type_text("Hello, World!")
-        editor.wait_for_text("Hello, World!")
-        self.assertEqual(bystander.keys(), [])
-        bystander.activate()
-        self.keyboard.type_text("x")
-        bystander.wait_for_text("x")
-        self.assertEqual([key["code"] for key in bystander.keys() if key["pressed"]], [KEY_CODES["x"]])
 
     def test_an_active_window_that_quits_leaves_the_keyboard_to_the_next(self):
         bystander = Editor(self.desktop, "Bystander")

@@ -6,22 +6,12 @@ import unittest
 
 from harness import Editor, Foot, SwayDesktop, WaylandOwner, png_bytes, wait_until
 from harness.processes import pids_with_environment
+from harness_case import HarnessCase
 
 
-class SwayHarnessTest(unittest.TestCase):
-    def setUp(self):
-        self.desktop = self.enterContext(SwayDesktop())
-        self.keyboard = self.desktop.keyboard
-
-    def test_keys_reach_the_active_window_alone(self):
-        bystander = Editor(self.desktop, "Bystander")
-        editor = Editor(self.desktop)
-        self.keyboard.type_text("Hello, World!")
-        editor.wait_for_text("Hello, World!")
-        self.assertEqual(bystander.keys(), [])
-        bystander.activate()
-        self.keyboard.type_text("x")
-        bystander.wait_for_text("x")
+class SwayHarnessTest(HarnessCase, unittest.TestCase):
+    def make_desktop(self):
+        return SwayDesktop()
 
     def test_an_editor_copies_and_pastes_by_its_keys(self):
         editor = Editor(self.desktop)

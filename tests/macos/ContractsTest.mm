@@ -63,6 +63,9 @@ struct MacWorkspaceRig : StandInRig {
     void closeApplication(int number) { system::quitApplication(number); }
     void bringToFront(int number) { system::bringApplicationToFront(number); }
     bool isInFront(int number) { return system::applicationInFront() == number; }
+    void settle() {
+        waitUntil([] { return false; }); // the stand-ins have no end of their work that they could tell
+    }
     bool wasOpened(const QUrl& address) {
         return std::count(system::calls().begin() + static_cast<std::ptrdiff_t>(firstCall), system::calls().end(),
                           "NSWorkspace openURL: " + address.toString().toStdString()) == 1;

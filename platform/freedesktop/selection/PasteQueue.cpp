@@ -8,10 +8,10 @@ namespace zamber::freedesktop::selection {
 
 namespace {
 
-/// Time for a program that was told to paste to ask for the content, if it is busy.
+/// The longest time that a program which got the keystroke is given to ask for the content; it may be busy.
 constexpr std::chrono::milliseconds LONGEST_ASKING{1000};
 
-/// A program that has asked and is silent for this time has what it wants.
+/// A program that has asked and then asks for nothing more during this time has all that it wants.
 constexpr std::chrono::milliseconds PAUSE_AFTER_ASKING{60};
 
 } // namespace
@@ -102,7 +102,7 @@ void PasteQueue::finish(PasteOutcome outcome) {
     m_bound.stop();
     endWaiting();
     m_step = Step::BeingAsked;
-    // Told before the next one begins, and while this one still stands in the queue: the call may ask for another.
+    // Called while this paste still stands in the queue: the callback may post another one, which must not begin yet.
     const Done done = std::move(m_orders.front().done);
     const int changeCount = current().paste.changeCount;
     done(outcome);
@@ -117,7 +117,7 @@ void PasteQueue::finish(PasteOutcome outcome) {
 }
 
 void PasteQueue::handleServed(std::uint32_t window) {
-    // Some programs ask more than once, for one form after another.
+    // Some programs ask several times, for one type after another.
     if (m_step == Step::BeingAsked && mayBeReader(window)) {
         m_askingPause.start();
     }

@@ -16,65 +16,65 @@
 
 namespace zamber::freedesktop::selection {
 
-/// Pastes one after the other, each when its keystroke can only do what the user meant; see the port for what is waited
-/// for. How the keystroke is typed, and into which window, is left to the desktop's own class.
+/// Carries out pastes one after the other. Each waits until it is safe to type its keystroke: the port names the
+/// conditions. A derived class for each desktop types the keystroke and chooses the window.
 ///
-/// A program that is told to paste asks for the clipboard a while later. Before the clipboard gets what the next paste
-/// inserts, that program has time to ask.
+/// A program that receives the keystroke asks for the clipboard's content a while later. The content of the next paste
+/// is put on the clipboard only after that program has had time to ask.
 class PasteQueue : public QObject, public KeystrokePoster {
     Q_OBJECT
 
 public:
-    /// How long a paste waits for the target, the user's hands and the clipboard.
+    /// The longest time that a paste waits for its target, for keys that the user holds, and for the clipboard.
     static constexpr std::chrono::milliseconds LONGEST_WAIT{2000};
 
     void postPaste(const Paste& paste, Done done) override;
 
 protected:
-    /// A window, by the number that its desktop knows it by.
+    /// The desktop's own number of a window.
     using Window = std::uint64_t;
 
     struct Order {
         Paste paste;
-        std::optional<Window> ownWindowInFront; // of this program, at the call
+        std::optional<Window> ownWindowInFront; // at the time of the call, if it was one of this program's
         Done done;
     };
 
     /// The scheduler outlives the queue.
     PasteQueue(SelectionPasteboard& pasteboard, Scheduler& scheduler);
 
-    /// The paste under way; there is one from `beginWaiting` until its keystroke has been typed or given up.
+    /// The paste that is being carried out. There is one from `beginWaiting` until `endWaiting`.
     const Order& current() const { return m_orders.front(); }
 
-    /// To be called when an answer of `isReady` may have changed.
+    /// To be called when the answer of `isReady` may have changed.
     void postWhenReady();
 
     /// The window in front, if it is one of this program's.
     virtual std::optional<Window> ownWindowInFront() const = 0;
 
-    /// A chance to listen for what `isReady` depends on, and the end of it.
+    /// Begin and end listening for events that `isReady` depends on.
     virtual void beginWaiting() {}
     virtual void endWaiting() {}
 
     /// Whether the target is in front, and no key that the user holds would change the keystroke.
     virtual bool isReady() const = 0;
 
-    /// The window in front; nothing where there is none, or where it is one of this program's that nobody meant.
+    /// The window in front. Nothing where there is none, or where it is one of this program's and not the target.
     virtual std::optional<Window> windowToTypeInto() const = 0;
     virtual PasteKeystroke keystrokeFor(Window window) const = 0;
 
-    /// Types, and says whether it has: not when the window is no longer in front.
+    /// Types the keystroke. False, and nothing is typed, when the window is no longer in front.
     virtual bool type(Window window, PasteKeystroke keystroke) = 0;
 
-    /// Whether the program that was typed into may be the one that has asked for the clipboard with this window.
+    /// Whether the program that got the keystroke may be the one whose window asked for the clipboard's content.
     virtual bool mayBeReader(std::uint32_t /*window*/) const { return true; }
 
 private:
     enum class Step {
         Idle,
-        Waiting,    // until it is safe to type
-        Typing,     // until PRIMARY is there
-        BeingAsked, // until the program that was typed into has asked for the content
+        Waiting,    // for the conditions
+        Typing,     // perhaps still waiting for PRIMARY
+        BeingAsked, // until the program has asked for the content
     };
 
     void begin();
@@ -85,9 +85,9 @@ private:
     void continueWithNext();
 
     SelectionPasteboard& m_pasteboard;
-    std::deque<Order> m_orders; // the first one is under way
+    std::deque<Order> m_orders; // the first one is being carried out
     Step m_step = Step::Idle;
-    int m_pasted = 0; // the change count of what was pasted last
+    int m_pasted = 0; // the change count of the last paste's content
     SingleShotTimer m_bound;
     SingleShotTimer m_askingBound;
     SingleShotTimer m_askingPause;

@@ -11,6 +11,7 @@
 #include "tests/contracts/ServedClipboardContract.h"
 #include "tests/contracts/wayland/WaylandPartner.h"
 
+#include <algorithm>
 #include <map>
 
 namespace zamber::wayland {
@@ -64,6 +65,14 @@ struct WaylandKeystrokePosterRig {
         EXPECT_TRUE(waitUntil([&] { return pasteboard.standingOf(written) == Standing::Offered; }));
         partner.copy({{"text/plain;charset=utf-8", "theirs"}});
         EXPECT_TRUE(waitUntil([&] { return pasteboard.standingOf(written) == Standing::Lost; }));
+    }
+
+    void settle() {
+        // Keys arrive in their order: once this one has come, none is under way.
+        keyboard->type(freedesktop::selection::PasteKeystroke::ShiftInsert);
+        EXPECT_TRUE(waitUntil([this] {
+            return std::ranges::any_of(editors, [](const auto& entry) { return entry.second->hasReceivedInsert(); });
+        }));
     }
 
     int pastesReceived(const RunningApplication& application) { return editors[application.handle]->pastesReceived(); }

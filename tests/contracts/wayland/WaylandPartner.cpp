@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
 
 namespace zamber::wayland {
@@ -115,15 +116,21 @@ WaylandEditor::~WaylandEditor() {
 
 int WaylandEditor::pastesReceived() const {
     constexpr int CONTROL = 4;
+    return presses(u"v", CONTROL);
+}
+
+bool WaylandEditor::hasReceivedInsert() const {
+    return presses(u"Insert", 0) > 0;
+}
+
+int WaylandEditor::presses(QStringView key, int modifiers) const {
     QFile log(m_folder.filePath(QStringLiteral("key-log")));
-    int pastes = 0;
     const QByteArrayList lines = log.open(QIODevice::ReadOnly) ? log.readAll().split('\n') : QByteArrayList();
-    for (const QByteArray& line : lines) {
-        const QJsonDocument key = QJsonDocument::fromJson(line);
-        const bool isPress = key[QStringLiteral("pressed")].toBool() && key[QStringLiteral("name")].toString() == u"v";
-        pastes += isPress && (key[QStringLiteral("state")].toInt() & CONTROL) != 0 ? 1 : 0;
-    }
-    return pastes;
+    return static_cast<int>(std::ranges::count_if(lines, [&](const QByteArray& line) {
+        const QJsonDocument event = QJsonDocument::fromJson(line);
+        return event[QStringLiteral("pressed")].toBool() && event[QStringLiteral("name")].toString() == key &&
+               (event[QStringLiteral("state")].toInt() & modifiers) == modifiers;
+    }));
 }
 
 } // namespace zamber::wayland

@@ -59,8 +59,13 @@ public:
 
     /// How often Ctrl and V were pressed in it.
     int pastesReceived() const;
+    /// Whether Insert was pressed in it.
+    bool hasReceivedInsert() const;
 
 private:
+    /// How often the key was pressed in it with at least these modifiers, by Gdk's names and numbers.
+    int presses(QStringView key, int modifiers) const;
+
     QTemporaryDir m_folder;
     QProcess m_process;
 };

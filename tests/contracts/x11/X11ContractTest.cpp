@@ -147,6 +147,11 @@ struct X11WorkspaceRig : X11Rig {
     void closeApplication(int number) { partner.closeWindow(opened[number]); }
     void bringToFront(int number) { partner.activateWindow(opened[number]); }
     bool isInFront(int number) { return partner.activeWindow() == opened[number]; }
+    void settle() {
+        connection->flush();
+        connection->catchUp(); // the server has passed the adapter's requests on to the window manager
+        EXPECT_TRUE(partner.askWindowManager());
+    }
     bool wasOpened(const QUrl& address) { return AddressCatcher::taken() == QList{address.toEncoded()}; }
 };
 
@@ -198,6 +203,11 @@ struct X11KeystrokePosterRig : X11Rig {
         EXPECT_TRUE(waitUntil([&] { return pasteboard.standingOf(written) == x11::X11Pasteboard::Standing::Offered; }));
         partner.copy({{"UTF8_STRING", "theirs"}});
         EXPECT_TRUE(waitUntil([&] { return pasteboard.standingOf(written) == x11::X11Pasteboard::Standing::Lost; }));
+    }
+    void settle() {
+        connection->flush();
+        connection->catchUp();
+        partner.catchUp(); // whose window was sent the keys by the time the server has answered both
     }
     int pastesReceived(const RunningApplication& application) {
         return partner.pastesReceived(opened[application.handle]);

@@ -86,16 +86,37 @@ void X11Partner::closeWindow(xcb_window_t window) {
     waitUntil([&] { return activeWindow() != window; });
 }
 
-void X11Partner::activateWindow(xcb_window_t window) {
+void X11Partner::sendToWindowManager(const char* type, xcb_window_t window, std::uint32_t value) {
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = window;
-    message.type = atom("_NET_ACTIVE_WINDOW");
-    message.data.data32[0] = 2;
+    message.type = atom(type);
+    message.data.data32[0] = value;
     xcb_send_event(m_connection, 0, m_root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&message));
+}
+
+void X11Partner::activateWindow(xcb_window_t window) {
+    constexpr std::uint32_t FROM_A_PAGER = 2;
+    sendToWindowManager("_NET_ACTIVE_WINDOW", window, FROM_A_PAGER);
     waitUntil([&] { return activeWindow() == window; });
+}
+
+bool X11Partner::askWindowManager() {
+    // How wide its frame around a window would be, which it answers by a property of that window.
+    const xcb_window_t window = xcb_generate_id(m_connection);
+    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, window, m_root, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                      XCB_COPY_FROM_PARENT, 0, nullptr);
+    sendToWindowManager("_NET_REQUEST_FRAME_EXTENTS", window, 0);
+    const xcb_atom_t extents = atom("_NET_FRAME_EXTENTS");
+    const bool isAnswered = waitUntil([&] {
+        const auto cookie = xcb_get_property(m_connection, 0, window, extents, XCB_ATOM_CARDINAL, 0, 4);
+        const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection, cookie, nullptr));
+        return reply && reply->type != XCB_ATOM_NONE;
+    });
+    xcb_destroy_window(m_connection, window);
+    return isAnswered;
 }
 
 xcb_window_t X11Partner::activeWindow() const {

@@ -32,6 +32,9 @@ public:
     void closeWindow(xcb_window_t window);
     void activateWindow(xcb_window_t window);
     xcb_window_t activeWindow() const;
+    /// Asks the window manager something and waits for its answer: what it was asked before has been done then. False
+    /// without an answer.
+    bool askWindowManager();
     /// Whether the window and all that it lies in are on the screen.
     bool isViewable(xcb_window_t window) const;
     /// The middle of the window, in pixels of the screen.
@@ -65,6 +68,7 @@ public:
 
 private:
     xcb_atom_t atom(const std::string& name) const;
+    void sendToWindowManager(const char* type, xcb_window_t window, std::uint32_t value);
     void fake(std::uint8_t type, std::uint8_t detail, QPoint position = {});
     void handle(const xcb_generic_event_t& event);
     void answer(const xcb_selection_request_event_t& request);

@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+
 namespace zamber::app {
 
 /// A delegate on fakes, not yet launched.
@@ -42,6 +44,15 @@ protected:
     void capture(const QByteArray& text) {
         pasteboard.copyText(text);
         scheduler.advance(std::chrono::milliseconds(500));
+    }
+
+    /// Starts with quick paste on and a history of these texts; the last one is the newest entry.
+    void launchWithQuickPaste(std::initializer_list<const char*> texts) {
+        launch();
+        write(userDefaults, preferences::quickPasteEnabled, true);
+        for (const char* const text : texts) {
+            capture(text);
+        }
     }
 
     RunningApplication openInFront(const char* name) {

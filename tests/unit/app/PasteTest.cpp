@@ -149,10 +149,7 @@ TEST_F(AppDelegateTest, APreviousApplicationThatQuitLeavesTheKeystrokeToWhoeverI
 }
 
 TEST_F(AppDelegateTest, QuickPasteTypes150MillisecondsAfterTheWriteAndLogsOnlyTheKeystroke) {
-    launch();
-    write(userDefaults, preferences::quickPasteEnabled, true);
-    capture("one");
-    capture("two");
+    launchWithQuickPaste({"one", "two"});
     openInFront("Editor");
     LogCapture log;
     delegate->quickPaste(1);
@@ -166,10 +163,7 @@ TEST_F(AppDelegateTest, QuickPasteTypes150MillisecondsAfterTheWriteAndLogsOnlyTh
 }
 
 TEST_F(AppDelegateTest, QuickPasteIsForTheApplicationThatIsInFrontWhenTheKeystrokeIsTyped) {
-    launch();
-    write(userDefaults, preferences::quickPasteEnabled, true);
-    capture("one");
-    capture("two");
+    launchWithQuickPaste({"one", "two"});
     openInFront("Editor");
     hotKeys.press(PhysicalKey::Digit2);
     scheduler.advance(100ms);
@@ -179,11 +173,7 @@ TEST_F(AppDelegateTest, QuickPasteIsForTheApplicationThatIsInFrontWhenTheKeystro
 }
 
 TEST_F(AppDelegateTest, EachPasteIsOfWhatWasWrittenForIt) {
-    launch();
-    write(userDefaults, preferences::quickPasteEnabled, true);
-    capture("one");
-    capture("two");
-    capture("three");
+    launchWithQuickPaste({"one", "two", "three"});
     openInFront("Editor");
     delegate->showPopover();
     std::vector<int> counts;

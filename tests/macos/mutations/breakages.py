@@ -168,7 +168,7 @@ BREAKAGES = [
              "Mac/KeyMonitor*", "contract"),
     Breakage("AppearanceChanges.cpp", "    if (values == m_last) {\n        return;\n    }\n", "", "Mac/Appearance*", "contract"),
     Breakage("AppearanceChanges.cpp", "    m_last = values;\n", "", "Recorded.TheAccent*"),
-    Breakage("MacAlert.mm", "qMax<NSInteger>(content.buttons.size(), 1) - 1", "content.buttons.size() - 1", "Mac/Alert*", "contract"),
+    Breakage("MacAlert.mm", "qMax<NSInteger>(content.buttons.size(), 1) - 1", "content.buttons.size() - 1", "Recorded.AnAlert*"),
     Breakage("MacAppearance.mm", "    [released<ZamberAppearanceObserver>(m_observer) stop];", "    released<ZamberAppearanceObserver>(m_observer);",
              "Recorded.AnAppearance*"),
     Breakage("MacAppearance.mm", "    [NSWorkspace.sharedWorkspace.notificationCenter removeObserver:self];\n", "", "Recorded.AnAppearance*"),

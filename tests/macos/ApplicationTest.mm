@@ -87,6 +87,8 @@ TEST(Recorded, AnAlertHasItsTextsAndButtonsInOrderAndIsInFront) {
                                           1);
                             }),
                 ElementsAre(testing::_, testing::_, "NSAlert runModal style: 1 message: M informative: "));
+    system::answerAlert(NSModalResponseAbort);
+    EXPECT_EQ(alert.run({.message = QStringLiteral("M")}), 0) << "with none of ours it has one of its own";
 }
 
 TEST(Recorded, AWindowIsBroughtToTheUsersSpaceAndThenToTheFront) {

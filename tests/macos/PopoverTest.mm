@@ -129,6 +129,10 @@ TEST_F(MacPopoverOnScreen, TheContentsViewLiesOnTheMaterialFromEdgeToEdgeAtEachS
         EXPECT_EQ(qtView().frame.size.height, size.height());
         EXPECT_EQ(content.size(), size);
     }
+    around.frame = NSMakeRect(system::POPOVER_INSET, system::POPOVER_INSET, 300, 200); // in the midst of an animation
+    macos::letPass(20ms);
+    EXPECT_EQ(qtView().frame.size.width, 300);
+    EXPECT_EQ(qtView().frame.size.height, 200);
 }
 
 TEST_F(MacPopoverOnScreen, TheSizeThatWasSetBeforeOutlivesTheControllersOwn) {

@@ -5,6 +5,7 @@
 
 #include "platform/macos/MacAppBundle.h"
 #include "platform/macos/MacApplicationSupport.h"
+#include "platform/macos/MacBundleFiles.h"
 #include "platform/macos/MacDiskImageTool.h"
 #include "platform/macos/MacLinkDetector.h"
 #include "platform/macos/MacLoginItem.h"
@@ -12,11 +13,15 @@
 #include "tests/contracts/StandInDiskImageTool.h"
 #include "tests/macos/System.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #import <AppKit/AppKit.h>
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <vector>
@@ -91,6 +96,29 @@ TEST(Recorded, TheHistorysFolderIsTheUsersApplicationSupport) {
     EXPECT_THAT(
         callsDuring([] { EXPECT_EQ(macos::applicationSupportFolder(), "/Users/someone/Library/Application Support"); }),
         ElementsAre("NSFileManager URLsForDirectory: 14 inDomains: 1"));
+}
+
+TEST(Recorded, WhatWasCopiedOfABundleBeforeAFailureIsTakenAway) {
+    const QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("from")));
+    ASSERT_EQ(mkfifo(QFile::encodeName(folder.filePath(QStringLiteral("from/pipe"))).constData(), 0600), 0);
+    macos::MacBundleFiles files(folder.path());
+    EXPECT_THAT(callsDuring([&] { EXPECT_FALSE(files.copy(QStringLiteral("/from"), QStringLiteral("/to"))); }),
+                ElementsAre("NSFileManager copyItemAtPath:toPath:", "NSFileManager removeItemAtPath:"));
+    EXPECT_FALSE(files.exists(QStringLiteral("/to")));
+}
+
+TEST(Recorded, WhatTheDiskImageToolComplainsOfIsNotOurs) {
+    const QTemporaryDir folder;
+    const QByteArray complaints = QFile::encodeName(folder.filePath(QStringLiteral("complaints")));
+    const int before = dup(STDERR_FILENO);
+    const int file = open(complaints.constData(), O_WRONLY | O_CREAT, 0600);
+    dup2(file, STDERR_FILENO);
+    macos::MacDiskImageTool(QStringLiteral("/bin/ls")).detach(folder.filePath(QStringLiteral("nothing")));
+    dup2(before, STDERR_FILENO);
+    close(before);
+    close(file);
+    EXPECT_EQ(QFileInfo(QFile::decodeName(complaints)).size(), 0);
 }
 
 TEST(Recorded, TheDiskImageToolIsWaitedForBeforeItsReportIsRead) {

@@ -26,6 +26,15 @@ from breakages import BREAKAGES
 ROOT = pathlib.Path(__file__).resolve().parents[3]
 PROGRAMS = {kind: f"tests/macos_{kind}_tests" for kind in ("recorded", "contract", "program")}
 SECONDS = 120  # of a program of tests, which may hang on what is broken
+ADAPTERS = ROOT / "platform" / "macos"
+# What the adapters include and takes the most time, compiled once.
+HEADERS = """#include <QApplication>
+#include <QPainter>
+#import <AppKit/AppKit.h>
+#import <Carbon/Carbon.h>
+#include <functional>
+#include <map>
+"""
 
 
 def run(command, folder, environment=None, timeout=None):
@@ -36,9 +45,24 @@ def run(command, folder, environment=None, timeout=None):
 class Build:
     def __init__(self, folder):
         self.folder = folder
+        self.common = tempfile.TemporaryDirectory(prefix="zamber-headers-")
         entries = json.loads((folder / "compile_commands.json").read_text())
         self.compilations = {entry["file"]: entry for entry in entries}
         self.links = {kind: self.link_command(program) for kind, program in PROGRAMS.items()}
+        headers = pathlib.Path(self.common.name) / "headers.h"
+        headers.write_text(HEADERS)
+        any_adapter = str(next(ADAPTERS.glob("*.mm")))
+        run([*self.compile_command(any_adapter, headers.with_suffix(".pch")), "-x", "objective-c++-header", headers],
+            folder).check_returncode()
+        self.headers = headers.with_suffix(".pch")
+
+    def compile_command(self, source, output):
+        """How that source is compiled, without its name."""
+        command = [part for part in shlex.split(self.compilations[source]["command"]) if not part.endswith("ccache")]
+        command[command.index("-o") + 1] = str(output)
+        command.remove("-c")
+        command.remove(source)
+        return [*command, "-Wno-error", "-g0"]
 
     def link_command(self, program):
         lines = run(["ninja", "-t", "commands", "-s", program], self.folder).stdout.splitlines()
@@ -66,16 +90,14 @@ class Build:
             workspace = pathlib.Path(name)
             broken = workspace / source.name
             broken.write_text(original.replace(breakage.text, breakage.replacement))
-            entry = self.compilations[str(source)]
-            command = [part for part in shlex.split(entry["command"]) if not part.endswith("ccache")]
-            as_it_is = command[command.index("-o") + 1]
-            command[command.index("-o") + 1] = str(workspace / "broken.o")
-            command[command.index(str(source))] = str(broken)
-            answer = run([*command, "-Wno-error", "-g0"], entry["directory"])
+            ready = ["-include-pch", self.headers] if source.suffix == ".mm" and source.parent == ADAPTERS else []
+            answer = run([*self.compile_command(str(source), workspace / "broken.o"), *ready, "-iquote", source.parent, "-c",
+                          broken], self.folder)
             if answer.returncode:
                 return False, "does not compile: " + answer.stderr[-1500:]
             program = workspace / "tests"
-            link = [part for part in self.links[breakage.program] if part != as_it_is]
+            as_it_is = shlex.split(self.compilations[str(source)]["command"])
+            link = [part for part in self.links[breakage.program] if part != as_it_is[as_it_is.index("-o") + 1]]
             link[link.index("-o") + 1] = str(program)
             link.insert(link.index("-o"), str(workspace / "broken.o"))
             answer = run(link, self.folder)

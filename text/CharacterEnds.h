@@ -12,6 +12,9 @@ namespace zamber::text {
 /// the same time for any text.
 bool endsCharacter(std::string_view text, std::size_t end);
 
+/// May a user-perceived character go on with this one, as with an accent, a skin tone or a joiner?
+bool extendsCharacter(char32_t c);
+
 /// May the character hang together with the one that follows it, depending on what stands before?
 bool mayJoinWhatFollows(char32_t c);
 

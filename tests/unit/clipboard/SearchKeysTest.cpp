@@ -111,6 +111,31 @@ TEST_F(SearchKeysTest, ManyShortTextsAreAsMuchAsOneLargeOne) {
     EXPECT_TRUE(manager->filteredItems().isEmpty());
 }
 
+TEST_F(SearchKeysTest, EachLetterOfASearchRightAfterTheStartMakesOnlyALittleOfAnyHistoryReady) {
+    constexpr qsizetype MADE_READY_A_LETTER_BYTES = 256 * 1024; // some milliseconds of a frame
+    startWith(QList<QByteArray>(10'000, QByteArray(2000, 'x')));
+    const auto readyBytes = [&] {
+        qsizetype bytes = 0;
+        for (const auto& item : manager->items()) {
+            bytes += item.content.hasSearchKey(text::CaseFolding::Common) ? item.content.bytes().size() : 0;
+        }
+        return bytes;
+    };
+    ASSERT_EQ(readyBytes(), 0) << "nothing at the start";
+    manager->filteredItems();
+    EXPECT_EQ(readyBytes(), 0) << "nothing for a list without a search";
+    for (const auto* typed : {"y", "yz", "yzy"}) {
+        const auto before = readyBytes();
+        search(QString::fromLatin1(typed));
+        const auto shown = manager->filteredItems();
+        EXPECT_LE(readyBytes() - before, MADE_READY_A_LETTER_BYTES) << typed;
+        EXPECT_GT(readyBytes(), before) << typed;
+        EXPECT_EQ(shown.size(), 10'000 - readyBytes() / 2000) << "those that are not ready are shown as they are";
+    }
+    ASSERT_TRUE(becomesReady());
+    EXPECT_TRUE(manager->filteredItems().isEmpty());
+}
+
 TEST_F(SearchKeysTest, AFewShortTextsAreFoundOrNotAtOnce) {
     startWith({"apple", "bear", "cherry"});
     search(QStringLiteral("apple"));

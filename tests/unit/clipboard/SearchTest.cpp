@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/Search.h"
 
+#include "text/CharacterEnds.h"
 #include "text/CodePoints.h"
 
 #include <QLocale>
@@ -12,6 +13,8 @@
 #include <algorithm>
 #include <random>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace zamber::clipboard {
 
@@ -213,6 +216,100 @@ TEST(Search, FindsWhatALetterByLetterSearchFinds) {
         std::ranges::generate(searched, [&] { return "abz "[random() % 4]; });
         ASSERT_EQ(searchKeyContains(text, searched), text.contains(searched)) << text << '/' << searched;
     }
+}
+
+/// Place by place, each asked whether a character ends there.
+bool standsPlainly(std::string_view key, std::string_view searched) {
+    for (auto at = key.find(searched); at != std::string_view::npos; at = key.find(searched, at + 1)) {
+        if (text::endsCharacter(key, at + searched.size())) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// A few of a script's characters and marks, so few that pieces of them stand in a text of them again and again.
+const std::vector<std::vector<std::string>>& scripts() {
+    static const std::vector<std::vector<std::string>> all = {
+        {"\u1100", "\u1161", "\u11A8", "\u1102", " "},
+        {"가", "각", "나", "낙", "!"},
+        {"ก", "็", "่", "\u0E33", "า"},
+        {"क", "ष", "\u094D", "\u093C", "\u093E", "\u200D"},
+        {"க", "\u0BCD", "ষ", "\u09CD", "ক"},
+        {"👩", "👧", "\u200D", "🏽", "\uFE0F", "❤", "🇩", "🇪"},
+        {"e", "\u0301", "\u0316", "\u034F", "\u0323", "a"},
+        {"а", "б", "\u0306", "и"},
+        {"的", "一", "\uFE00", "\u3099", "か"},
+        {"\U00011013", "\U00011046", "\U0001D165", "x", "\U000E0100"},
+    };
+    return all;
+}
+
+std::string randomText(const std::vector<std::string>& parts, std::size_t length, std::mt19937& random) {
+    std::string text;
+    for (; length > 0; --length) {
+        text += parts[random() % parts.size()];
+    }
+    return text;
+}
+
+TEST(Search, FindsWhatASearchPlaceByPlaceFindsInEveryScript) {
+    std::mt19937 random(20260102);
+    for (const auto& script : scripts()) {
+        for (int round = 0; round < 10'000; ++round) {
+            const auto key = randomText(script, random() % (round % 10 == 0 ? 400 : 40), random);
+            const auto searched = randomText(script, 1 + random() % 4, random);
+            ASSERT_EQ(searchKeyContains(key, searched), standsPlainly(key, searched)) << key << '/' << searched;
+        }
+    }
+}
+
+TEST(Search, RefusesInEveryScriptWhatASearchPlaceByPlaceRefusesAllTheTime) {
+    std::mt19937 random(20260102);
+    int refused = 0;
+    for (const auto& script : scripts()) {
+        for (int round = 0; round < 3'000; ++round) {
+            // The same few characters again and again, and another at the end.
+            const auto again = randomText(script, 1 + random() % 4, random);
+            std::string key;
+            while (key.size() < 200) {
+                key += again;
+            }
+            key += randomText(script, random() % 4, random);
+            auto end = text::previousCodePoint(again, 1 + random() % again.size());
+            text::nextCodePoint(again, end);
+            const auto searched = again.substr(0, end);
+            const bool stands = standsPlainly(key, searched);
+            ASSERT_EQ(searchKeyContains(key, searched), stands) << key << '/' << searched;
+            refused += stands ? 0 : 1;
+        }
+    }
+    EXPECT_GT(refused, 1000);
+}
+
+TEST(Search, ALongTextIsFoundAmongMostOfItself) {
+    const std::string half(2'000, 'a');
+    const auto searched = half + 'b' + half;
+    const std::string key(300'000, 'a');
+    EXPECT_FALSE(searchKeyContains(key, searched));
+    EXPECT_TRUE(searchKeyContains(key + 'b' + half, searched));
+    EXPECT_FALSE(searchKeyContains(key + 'b' + half + "\u0301", searched));
+    EXPECT_TRUE(searchKeyContains(key + 'b' + half + "\u0301" + searched, searched));
+    EXPECT_TRUE(searchKeyContains(key + half + 'b' + half + key, searched));
+}
+
+TEST(Search, ALongTextIsFoundAmongOnesThatEndInsideACharacter) {
+    std::string again;
+    for (int i = 0; i < 500; ++i) {
+        again += "ab\u0301";
+    }
+    std::string key;
+    for (int i = 0; i < 100; ++i) {
+        key += again;
+    }
+    EXPECT_FALSE(searchKeyContains(key, again + "ab"));
+    EXPECT_TRUE(searchKeyContains(key + "ab", again + "ab"));
+    EXPECT_TRUE(searchKeyContains(key + "abc" + key, again + "ab"));
 }
 
 TEST(Search, KeyOfPlainLowerCaseSharesTheText) {

@@ -263,6 +263,23 @@ TEST_F(ClipboardListViewTest, AWheelOverTheListScrollsItAndStopsAtItsEnds) {
     EXPECT_EQ(stage.list().scrollOffset(), 0);
 }
 
+TEST_F(ClipboardListViewTest, OfALongHistoryOnlyTheRowsThatAreSeenCostWorkAlsoAtTheFirstLetters) {
+    constexpr int MOST_ROWS_SEEN = 20;
+    write(stage.defaults, preferences::maxItems, 2000);
+    stage.copyTexts(2000);
+    open();
+    stage.view->grab();
+    EXPECT_GT(stage.linkDetector.questions, 0);
+    EXPECT_LE(stage.linkDetector.questions, MOST_ROWS_SEEN);
+    for (const auto key : {Qt::Key_T, Qt::Key_E, Qt::Key_X}) {
+        const auto before = stage.linkDetector.questions;
+        QTest::keyClick(visible<QLineEdit>(u"searchField"_s), key);
+        stage.view->grab();
+        EXPECT_EQ(stage.list().items().size(), 2000);
+        EXPECT_LE(stage.linkDetector.questions - before, MOST_ROWS_SEEN);
+    }
+}
+
 TEST_F(ClipboardListViewTest, AnEndlessLineInTheHistoryDoesNotHoldUpTheView) {
     stage.copyText(QByteArray(20'000'000, 'x'));
     stage.copyText("short");

@@ -57,8 +57,8 @@ void paintHairline(QPainter& painter, const QRectF& box, double radius, const QC
     painter.drawRoundedRect(box.adjusted(half, half, -half, -half), radius - half, radius - half);
 }
 
-void drawLine(QPainter& painter, QPointF topLeft, const QStaticText& text) {
-    painter.drawStaticText(QPointF(topLeft.x(), std::round(topLeft.y())), text);
+void drawLine(QPainter& painter, QPointF topLeft, const PreparedLine& text) {
+    text.draw(painter, QPointF(topLeft.x(), std::round(topLeft.y())));
 }
 
 } // namespace
@@ -128,14 +128,12 @@ void ClipboardRowView::paintThumbnail(QPainter& painter, const QRect& area, cons
 
 void ClipboardRowView::paintLink(QPainter& painter, const QRect& area, const RowStyle& style) const {
     const QFont hostFont = ui::textFont(12, QFont::Medium);
-    painter.setFont(hostFont);
     painter.setPen(style.palette.blue);
     drawLine(painter, area.topLeft(), preparedLines(linkTitle(), hostFont, area.width(), 1).value(0));
 
     if (hasLinkPreview()) {
         const int second = lineHeight(hostFont) + rowmetrics::LINK_SPACING;
         const QFont small = ui::textFont(10);
-        painter.setFont(small);
         painter.setPen(style.palette.secondary);
         drawLine(painter, area.topLeft() + QPoint(0, second),
                  preparedLines(preview(), small, area.width(), 1).value(0));
@@ -165,9 +163,8 @@ void ClipboardRowView::paintText(QPainter& painter, const QRect& area, const Row
                 SCROLL_THUMB_WIDTH / 2.0, SCROLL_THUMB_WIDTH / 2.0);
         }
     } else {
-        painter.setFont(font);
         QPointF place = shown.topLeft();
-        for (const QStaticText& line : previewLines(static_cast<int>(shown.width()))) {
+        for (const PreparedLine& line : previewLines(static_cast<int>(shown.width()))) {
             drawLine(painter, place, line);
             place.ry() += height;
         }
@@ -178,12 +175,11 @@ void ClipboardRowView::paintText(QPainter& painter, const QRect& area, const Row
 
 void ClipboardRowView::paintCounts(QPainter& painter, QPointF topLeft, const RowStyle& style) const {
     const QFont font = ui::textFont(9, QFont::Medium);
-    painter.setFont(font);
     painter.setPen(style.palette.tertiary);
     for (const QString& part : counts()) {
-        const QStaticText text = preparedLine(part, font);
+        const PreparedLine text = preparedLine(part, font);
         drawLine(painter, topLeft, text);
-        topLeft.rx() += text.size().width() + rowmetrics::COUNT_SPACING;
+        topLeft.rx() += text.width() + rowmetrics::COUNT_SPACING;
     }
 }
 
@@ -191,11 +187,10 @@ void ClipboardRowView::paintTrailing(QPainter& painter, const QRect& row, const 
     const QRect ageBox(row.right() + 1 - rowmetrics::PADDING_HORIZONTAL - rowmetrics::AGE_WIDTH, row.top(),
                        rowmetrics::AGE_WIDTH, row.height());
     const QFont ageFont = ui::textFont(10, QFont::Medium);
-    const QStaticText ageText = preparedLine(age(style.now), ageFont);
-    painter.setFont(ageFont);
+    const PreparedLine ageText = preparedLine(age(style.now), ageFont);
     painter.setPen(style.palette.quaternary);
     drawLine(painter,
-             QPointF(ageBox.right() + 1 - ageText.size().width(), ageBox.center().y() + 1 - lineHeight(ageFont) / 2.0),
+             QPointF(ageBox.right() + 1 - ageText.width(), ageBox.center().y() + 1 - lineHeight(ageFont) / 2.0),
              ageText);
 
     if (style.highlight > 0) {

@@ -114,7 +114,7 @@ bool ClipboardRowView::showsHost() const {
     return m_detectedUrl && m_preferences.previewURLs;
 }
 
-QList<QStaticText> ClipboardRowView::previewLines(int width) const {
+QList<PreparedLine> ClipboardRowView::previewLines(int width) const {
     const bool hasFewLines = m_textState == TextState::Measured && m_item.content.lineCount() < 2;
     const int mostLines = m_detectedUrl || hasFewLines ? 2 : 3;
     return preparedLines(preview(), previewFont(), width, mostLines);

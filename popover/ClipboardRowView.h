@@ -8,7 +8,6 @@
 
 #include <QPoint>
 #include <QRect>
-#include <QStaticText>
 #include <QStringList>
 #include <QUrl>
 
@@ -19,6 +18,7 @@ class QPainter;
 namespace zamber::popover {
 
 class ExpandedText;
+class PreparedLine;
 
 /// One entry of the history as the list shows it. A value: everything is computed from the constructor's arguments, and
 /// the list hands in all that moves or changes.
@@ -73,7 +73,7 @@ private:
     bool hasLinkPreview() const;
     int countsHeight() const;
     int actionsWidth() const;
-    QList<QStaticText> previewLines(int width) const;
+    QList<PreparedLine> previewLines(int width) const;
     int contentHeight(int width) const;
     QRect contentArea(const QRect& row) const;
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "popover/TextLines.h"
 
+#include "ui/EmojiFonts.h"
+
 #include <QCoreApplication>
 #include <QFontMetricsF>
 #include <QHash>
@@ -50,15 +52,38 @@ QString withoutTrailingBlanks(QString text) {
     return text;
 }
 
+double widthOf(const QString& text, const QFont& font) {
+    constexpr double wideEnough = 1'000'000;
+    QTextLayout layout;
+    prepareLayout(layout, text, font);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(wideEnough);
+    layout.endLayout();
+    return line.naturalTextWidth();
+}
+
 /// As much of the line as fits, closely followed by an ellipsis.
 QString elided(const QString& line, const QFont& font, int width) {
-    const QFontMetricsF metrics(font);
-    QString text = metrics.elidedText(withoutTrailingBlanks(line) + ELLIPSIS, Qt::ElideRight, width);
-    if (text.endsWith(ELLIPSIS)) {
-        text.chop(1);
-        text = withoutTrailingBlanks(text) + ELLIPSIS;
+    QString text = withoutTrailingBlanks(line);
+    if (widthOf(text + ELLIPSIS, font) <= width) {
+        return text + ELLIPSIS;
     }
-    return text;
+    // One that is broken where it has to be tells how much fits, to a character: the ellipsis may take one or two more.
+    QTextLayout layout;
+    prepareLayout(layout, text, font);
+    QTextOption anywhere;
+    anywhere.setWrapMode(QTextOption::WrapAnywhere);
+    layout.setTextOption(anywhere);
+    layout.beginLayout();
+    QTextLine first = layout.createLine();
+    first.setLineWidth(std::max(1.0, width - widthOf(QString(ELLIPSIS), font)));
+    layout.endLayout();
+    int end = first.textLength();
+    while (end > 0 && widthOf(withoutTrailingBlanks(text.left(end)) + ELLIPSIS, font) > width) {
+        end = layout.previousCursorPosition(end);
+    }
+    return withoutTrailingBlanks(text.left(end)) + ELLIPSIS;
 }
 
 /// All that a prepared text depends on; the typeface is always the same.
@@ -78,22 +103,14 @@ struct LineKey {
 constexpr qsizetype MOST_KEPT_TEXTS = 400;
 
 /// Destroyed with the application object, as long as Qt's fonts exist.
-QHash<LineKey, QList<QStaticText>>* keptLines() {
+QHash<LineKey, QList<PreparedLine>>* keptLines() {
     static QPointer<QObject> owner;
-    static QHash<LineKey, QList<QStaticText>> kept;
+    static QHash<LineKey, QList<PreparedLine>> kept;
     if (owner == nullptr) {
         owner = new QObject(QCoreApplication::instance());
         QObject::connect(owner, &QObject::destroyed, owner, [] { kept.clear(); });
     }
     return &kept;
-}
-
-QStaticText prepared(const QString& line, const QFont& font) {
-    QStaticText text(line);
-    text.setTextFormat(Qt::PlainText);
-    text.setPerformanceHint(QStaticText::AggressiveCaching);
-    text.prepare({}, font);
-    return text;
 }
 
 /// Where a character ends that begins before `limit` bytes.
@@ -112,9 +129,20 @@ int lineHeight(const QFont& font) {
     return static_cast<int>(std::ceil(metrics.ascent() + metrics.descent()));
 }
 
+void prepareLayout(QTextLayout& layout, const QString& text, const QFont& font) {
+    layout.setFont(font);
+    layout.setText(ui::withKeycapsJoined(text));
+    layout.setFormats(ui::emojiFormats(text, font));
+}
+
+double baselineShift(const QTextLine& line, const QFont& font) {
+    return QFontMetricsF(font).ascent() - line.ascent();
+}
+
 QStringList elidedLines(const QString& text, const QFont& font, int width, int mostLines) {
     const QString shown = withLineSeparators(text.left(MOST_SHOWN_CHARACTERS));
-    QTextLayout layout(shown, font);
+    QTextLayout layout;
+    prepareLayout(layout, shown, font);
     layout.setTextOption(wrapping());
 
     QStringList lines;
@@ -137,15 +165,15 @@ QStringList elidedLines(const QString& text, const QFont& font, int width, int m
     return lines;
 }
 
-QList<QStaticText> preparedLines(const QString& text, const QFont& font, int width, int mostLines) {
+QList<PreparedLine> preparedLines(const QString& text, const QFont& font, int width, int mostLines) {
     const LineKey key{text, font.pixelSize(), font.weight(), width, mostLines};
-    QHash<LineKey, QList<QStaticText>>& kept = *keptLines();
+    QHash<LineKey, QList<PreparedLine>>& kept = *keptLines();
     if (const auto known = kept.constFind(key); known != kept.constEnd()) {
         return *known;
     }
-    QList<QStaticText> lines;
+    QList<PreparedLine> lines;
     for (const QString& line : elidedLines(text, font, width, mostLines)) {
-        lines.append(prepared(line, font));
+        lines.append(PreparedLine(line, font));
     }
     if (kept.size() >= MOST_KEPT_TEXTS) {
         kept.clear();
@@ -153,7 +181,7 @@ QList<QStaticText> preparedLines(const QString& text, const QFont& font, int wid
     return *kept.insert(key, lines);
 }
 
-QStaticText preparedLine(const QString& text, const QFont& font) {
+PreparedLine preparedLine(const QString& text, const QFont& font) {
     constexpr int wideEnough = 100'000;
     return preparedLines(text, font, wideEnough, 1).value(0);
 }
@@ -201,12 +229,13 @@ void LazyTextLayout::layOutNextPiece() {
     const QString original = QString::fromUtf8(bytes);
     const bool isLast = end == m_text.size();
 
-    auto layout = std::make_unique<QTextLayout>(withLineSeparators(original), m_font);
+    auto layout = std::make_unique<QTextLayout>();
+    prepareLayout(*layout, withLineSeparators(original), m_font);
     layout->setTextOption(wrapping());
     layout->beginLayout();
     for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
         line.setLineWidth(m_width);
-        line.setPosition({0, 0});
+        line.setPosition({0, baselineShift(line, m_font)});
     }
     layout->endLayout();
 

@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "popover/PreparedLine.h"
+
 #include <QByteArray>
 #include <QFont>
-#include <QStaticText>
 #include <QString>
 #include <QStringList>
 #include <QTextLayout>
@@ -19,16 +20,22 @@ namespace zamber::popover {
 /// The height that every line of the font takes, in points; symbols from another font do not push lines apart.
 int lineHeight(const QFont& font);
 
+/// Gives the layout the text in the font, its emoji in fonts of their own.
+void prepareLayout(QTextLayout& layout, const QString& text, const QFont& font);
+
+/// How far below its place (points) a line must lie for its baseline to be the font's.
+double baselineShift(const QTextLine& line, const QFont& font);
+
 /// The text broken into at most so many lines of the width (points), the last one ending in "…" when there is more.
 /// Looks only at as much of the text as could possibly be shown.
 QStringList elidedLines(const QString& text, const QFont& font, int width, int mostLines);
 
 /// The same lines ready to be drawn. Those last asked for are kept, as long as the application runs: breaking and
 /// shaping the same few texts anew would be most of what drawing a list costs.
-QList<QStaticText> preparedLines(const QString& text, const QFont& font, int width, int mostLines);
+QList<PreparedLine> preparedLines(const QString& text, const QFont& font, int width, int mostLines);
 
 /// A text that is drawn on one line, however long it is.
-QStaticText preparedLine(const QString& text, const QFont& font);
+PreparedLine preparedLine(const QString& text, const QFont& font);
 
 /// A text of any length, broken into lines only as far down as it is drawn or measured.
 class LazyTextLayout {

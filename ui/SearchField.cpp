@@ -3,10 +3,13 @@
 #include "ui/SearchField.h"
 
 #include "platform/Symbols.h"
+#include "ui/EmojiFonts.h"
 #include "ui/PlainButton.h"
 #include "ui/Typography.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPalette>
@@ -54,6 +57,7 @@ SearchField::SearchField(const Symbols& symbols, const QString& placeholder, QWi
 
     connect(m_field, &QLineEdit::textChanged, this, [this](const QString& text) {
         m_clearButton->setVisible(!text.isEmpty());
+        formatEmoji();
         emit textChanged(text);
     });
     connect(m_clearButton, &PlainButton::clicked, m_field, &QLineEdit::clear);
@@ -80,6 +84,17 @@ void SearchField::setColors(const Palette& palette) {
     m_field->setPalette(colors);
     m_clearButton->setColors(palette.tertiary, palette);
     update();
+}
+
+void SearchField::formatEmoji() {
+    // Input methods are the only ones that a line edit lets say how its text looks.
+    QList<QInputMethodEvent::Attribute> attributes;
+    for (const QTextLayout::FormatRange& range : emojiFormats(m_field->text(), m_field->font())) {
+        attributes.append(
+            {QInputMethodEvent::TextFormat, range.start - m_field->cursorPosition(), range.length, range.format});
+    }
+    QInputMethodEvent formats({}, attributes);
+    QApplication::sendEvent(m_field, &formats);
 }
 
 void SearchField::paintEvent(QPaintEvent*) {

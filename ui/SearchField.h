@@ -36,6 +36,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void formatEmoji();
+
     const Symbols& m_symbols;
     QLineEdit* m_field;
     PlainButton* m_clearButton;

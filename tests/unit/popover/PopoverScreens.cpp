@@ -86,6 +86,17 @@ void fillWithLinks(PopoverStage& stage) {
     stage.copyText("Not a link");
 }
 
+void fillWithEmoji(PopoverStage& stage) {
+    stage.copyText("😀 🇩🇪 ☎ ☎\uFE0F ☎\uFE0E ❤ ❤\uFE0F 1\uFE0F⃣ #\uFE0F⃣ 👩\u200D💻 👍🏽 "
+                   "🏴\U000E0067\U000E0062\U000E0073\U000E0063\U000E0074\U000E007F © ⌚ ✔ → ⌘⇧");
+    stage.copyText(
+        "שלום 😀 עולם, מזל טוב 🎉 ועוד הרבה דברים טובים שיהיו ארוכים מדי בשביל שורה אחת, ואולי גם בשביל שתיים 🎂🎂");
+    stage.copyText("A party 🎉 with cake 🎂 and a telephone ☎ which rings ☎\uFE0F all the time, until nobody can hear "
+                   "it any more 🙉 and all go home 🏠");
+    stage.copyText("No emoji at all, on the same lines");
+    stage.copyText("https://example.org/🍕?q=☎\uFE0F");
+}
+
 void fillWithImages(PopoverStage& stage) {
     stage.copyImage("these bytes are no picture");
     stage.scheduler.advance(1h);
@@ -238,6 +249,9 @@ int shootAll(const QString& folder, bool isDark) {
     shoot([](PopoverStage& stage) { stage.copyText("The only one"); }, once(u"one"_s));
     shoot([](PopoverStage& stage) { stage.copyTexts(12); }, once(u"recent-only"_s));
     shoot(fillWithImages, once(u"images"_s));
+    shoot(fillWithEmoji, [&](PopoverStage& stage) {
+        camera.shoot(stage, u"emoji"_s, [](PopoverStage& shown) { press(shown, HardwareKey::DownArrow, 2); });
+    });
     shoot(fillWithLinks, [&](PopoverStage& stage) {
         camera.shoot(stage, u"links"_s, [](PopoverStage& shown) { press(shown, HardwareKey::DownArrow, 1); });
     });

@@ -5,11 +5,14 @@
 #include "ui/Typography.h"
 
 #include <QElapsedTimer>
+#include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 
 #include <gtest/gtest.h>
+
+#include <utility>
 
 namespace zamber::popover {
 
@@ -18,6 +21,40 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int WIDTH = 240;
+
+/// The line as it is drawn in black, on white.
+QImage picture(const PreparedLine& line) {
+    QImage image(WIDTH, 40, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    line.draw(painter, {0, 10});
+    return image;
+}
+
+int colouredPixels(const QImage& image) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            count += image.pixelColor(x, y).saturation() > 60 ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+/// The first and the last column with ink.
+std::pair<int, int> inkedColumns(const QImage& image) {
+    int first = -1;
+    int last = -1;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            if (image.pixelColor(x, y) != QColor(Qt::white)) {
+                first = first < 0 ? x : first;
+                last = x;
+            }
+        }
+    }
+    return {first, last};
+}
 
 /// Which lines of the layout have any ink, from `top` on.
 QList<bool> inkedLines(LazyTextLayout& layout, double top, int lines) {
@@ -70,6 +107,76 @@ TEST(ElidedLines, NoLineIsWiderThanTheRoom) {
 
 TEST(ElidedLines, IndentationIsKept) {
     EXPECT_EQ(elidedLines(u"if\n    then\nelse"_s, ui::textFont(12), WIDTH, 2), (QStringList{u"if"_s, u"    then…"_s}));
+}
+
+TEST(PreparedLine, PicturesAreColouredAndLettersAreNot) {
+    ASSERT_TRUE(QFontDatabase::hasFamily(u"Noto Color Emoji"_s)) << "the test needs a font of pictures";
+    const QFont font = ui::textFont(12);
+    for (const QString& text :
+         {u"😀"_s, u"☎\uFE0F"_s, u"🇩🇪"_s, u"👍🏽"_s, u"👩\u200D💻"_s, u"1\uFE0F\u20E3"_s, u"⌚"_s}) {
+        EXPECT_GT(colouredPixels(picture(PreparedLine(text, font))), 10) << text.toStdString();
+        EXPECT_GT(colouredPixels(picture(PreparedLine(u"so "_s + text + u" it is"_s, font))), 10);
+    }
+    for (const QString& text : {u"☎"_s, u"☎\uFE0E"_s, u"😀\uFE0E"_s, u"❤"_s, u"©"_s, u"✔"_s, u"12 → #"_s}) {
+        EXPECT_EQ(colouredPixels(picture(PreparedLine(text, font))), 0) << text.toStdString();
+        EXPECT_GE(inkedColumns(picture(PreparedLine(text, font))).first, 0) << text.toStdString();
+    }
+}
+
+TEST(PreparedLine, AKeycapIsOnePicture) {
+    const QFont font = ui::textFont(12);
+    EXPECT_NEAR(PreparedLine(u"1\uFE0F\u20E3"_s, font).width(), PreparedLine(u"😀"_s, font).width(), 0.5);
+}
+
+TEST(PreparedLine, EmojiMoveNeitherTheBaselineNorTheLettersBeforeThem) {
+    const QFont font = ui::textFont(12);
+    const QImage plain = picture(PreparedLine(u"Hgx"_s, font));
+    const QRect letters(0, 0, static_cast<int>(PreparedLine(u"Hgx"_s, font).width()), plain.height());
+    EXPECT_EQ(picture(PreparedLine(u"Hgx 😀"_s, font)).copy(letters), plain.copy(letters));
+}
+
+TEST(PreparedLine, ItIsAsWideAsItsInk) {
+    const QFont font = ui::textFont(12);
+    for (const QString& text : {u"שלום 😀 עולם"_s, u"מזל טוב 🎉"_s, u"Well done 🎉"_s, u"🇩🇪🇫🇷"_s}) {
+        const PreparedLine line(text, font);
+        const auto [first, last] = inkedColumns(picture(line));
+        EXPECT_GE(first, 0);
+        EXPECT_LE(first, 3) << text.toStdString();
+        EXPECT_NEAR(last, line.width(), 4) << text.toStdString();
+    }
+}
+
+TEST(ElidedLines, PicturesAreMeasuredAsTheyAreDrawn) {
+    const QFont font = ui::textFont(12);
+    for (const QString& text : {u"👍🏽 "_s.repeated(60), u"😀"_s.repeated(60), u"שלום 😀 "_s.repeated(40),
+                                u"1\uFE0F\u20E3 ☎ "_s.repeated(40)}) {
+        const QStringList lines = elidedLines(text, font, WIDTH, 2);
+        ASSERT_EQ(lines.size(), 2) << text.toStdString();
+        EXPECT_TRUE(lines.last().endsWith(u'…'));
+        for (const QString& line : lines) {
+            EXPECT_LE(PreparedLine(line, font).width(), WIDTH + 0.5) << line.toStdString();
+            EXPECT_GT(PreparedLine(line, font).width(), WIDTH - 40) << line.toStdString();
+            EXPECT_FALSE(line.contains(u"👍…"_s)) << "no picture is cut in two";
+        }
+    }
+}
+
+TEST(LazyTextLayout, PicturesAreColouredHereToo) {
+    LazyTextLayout layout("one 😀 two", ui::textFont(12), WIDTH);
+    QImage image(WIDTH, 20, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    layout.draw(painter, {0, 0}, 0, 20);
+    painter.end();
+    EXPECT_GT(colouredPixels(image), 20);
+    const QRect letters(0, 0, 20, 20);
+    LazyTextLayout plain("one", ui::textFont(12), WIDTH);
+    QImage without(image.size(), image.format());
+    without.fill(Qt::white);
+    painter.begin(&without);
+    plain.draw(painter, {0, 0}, 0, 20);
+    painter.end();
+    EXPECT_EQ(image.copy(letters), without.copy(letters)) << "on the same baseline";
 }
 
 TEST(LazyTextLayout, AShortTextHasItsExactHeight) {

@@ -263,6 +263,41 @@ TEST(SearchField, ItTellsEveryChangeAndItsButtonEmptiesIt) {
     EXPECT_FALSE(clear->isVisible());
 }
 
+TEST(SearchField, ItsEmojiAreColouredWhileOneTypes) {
+    const FakeSymbols symbols;
+    SearchField search(symbols, u"Search clipboard…"_s);
+    search.setColors(Palette::light(Qt::gray));
+    search.resize(300, 32);
+    search.show();
+    auto* const field = search.findChild<QLineEdit*>();
+    const QSignalSpy changed(&search, &SearchField::textChanged);
+    const auto colouredPixels = [field] {
+        const QImage drawn = field->grab().toImage();
+        int count = 0;
+        for (int y = 0; y < drawn.height(); ++y) {
+            for (int x = 0; x < drawn.width(); ++x) {
+                count += drawn.pixelColor(x, y).saturation() > 60 ? 1 : 0;
+            }
+        }
+        return count;
+    };
+    field->insert(u"☎"_s);
+    EXPECT_EQ(colouredPixels(), 0);
+    field->insert(u"😀"_s);
+    EXPECT_GT(colouredPixels(), 20);
+    field->setCursorPosition(0);
+    field->insert(u"ab"_s);
+    EXPECT_GT(colouredPixels(), 20) << "with the caret before them";
+    EXPECT_EQ(field->cursorPosition(), 2);
+    EXPECT_EQ(changed.count(), 3) << "nothing but the text's own changes is told";
+    field->setCursorPosition(5);
+    field->backspace();
+    EXPECT_EQ(colouredPixels(), 0);
+    field->undo();
+    EXPECT_EQ(field->text(), u"ab☎😀"_s);
+    EXPECT_GT(colouredPixels(), 20);
+}
+
 TEST(ConfirmationSheet, ItCoversItsViewAndKeepsTheMouseFromIt) {
     QWidget view;
     view.resize(360, 340);

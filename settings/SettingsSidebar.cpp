@@ -4,8 +4,10 @@
 
 #include "platform/Symbols.h"
 #include "settings/SettingsTheme.h"
+#include "ui/FocusRing.h"
 #include "ui/Typography.h"
 
+#include <QFocusEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
@@ -52,7 +54,7 @@ QString groupTitle(SettingsTab tab) {
 
 class SettingsSidebar::Delegate final : public QStyledItemDelegate {
 public:
-    Delegate(const SettingsTheme& theme, QListWidget* list)
+    Delegate(const SettingsTheme& theme, SettingsSidebar* list)
         : QStyledItemDelegate(list)
         , m_theme(theme)
         , m_list(list) {}
@@ -93,6 +95,9 @@ public:
         painter->setPen(isOnAccent ? palette.onAccent : palette.primary);
         painter->drawText(row.adjusted(ROW_PADDING + SYMBOL_WIDTH + SYMBOL_GAP, 0, -ROW_PADDING, 0),
                           Qt::AlignLeft | Qt::AlignVCenter, index.data().toString());
+        if (isSelected && hasFocus && m_list->m_isUsedByKeyboard) {
+            ui::paintFocusRing(*painter, row, ROW_RADIUS, palette);
+        }
         painter->restore();
     }
 
@@ -109,7 +114,7 @@ private:
     }
 
     const SettingsTheme& m_theme;
-    QListWidget* m_list;
+    SettingsSidebar* m_list;
 };
 
 SettingsSidebar::SettingsSidebar(const SettingsTheme& theme)
@@ -152,7 +157,25 @@ bool SettingsSidebar::isOnTitle(const QPoint& position) const {
     return item == nullptr || position.y() < visualItemRect(item).top();
 }
 
+void SettingsSidebar::setUsedByKeyboard(bool isUsed) {
+    m_isUsedByKeyboard = isUsed;
+    viewport()->update();
+}
+
+void SettingsSidebar::focusInEvent(QFocusEvent* event) {
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
+        setUsedByKeyboard(true);
+    }
+    QListWidget::focusInEvent(event);
+}
+
+void SettingsSidebar::keyPressEvent(QKeyEvent* event) {
+    setUsedByKeyboard(true);
+    QListWidget::keyPressEvent(event);
+}
+
 void SettingsSidebar::mousePressEvent(QMouseEvent* event) {
+    setUsedByKeyboard(false);
     if (!isOnTitle(event->position().toPoint())) {
         QListWidget::mousePressEvent(event);
     }

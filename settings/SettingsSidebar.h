@@ -29,14 +29,18 @@ signals:
     void tabSelected(SettingsTab tab);
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
     class Delegate;
     bool isOnTitle(const QPoint& position) const;
+    void setUsedByKeyboard(bool isUsed);
 
     const SettingsTheme& m_theme;
+    bool m_isUsedByKeyboard = false; ///< then the focus has a ring, which a mouse does not need
 };
 
 } // namespace zamber::settings

@@ -13,15 +13,16 @@ namespace {
 constexpr double RING_WIDTH = 2;
 constexpr double GAP_WIDTH = 1.5;
 
-constexpr double LEAST_CONTRAST = 2.2;
+constexpr double LEAST_CONTRAST = 3;
+constexpr double LEAST_CONTRAST_WITH_QUIET_GROUND = 2.2;
 constexpr double QUIET_GROUND_OPACITY = 0.2; // of a switch that is off
 
-/// The accent, but for one that is as grey as the controls are.
+/// The accent, but for one that is as bright as the window's ground, or as grey as the controls are.
 QColor ringColor(const Palette& palette) {
     const QColor quiet = composed(faded(palette.primary, QUIET_GROUND_OPACITY), palette.ultraThinMaterial);
-    return contrastRatio(palette.accent, quiet) >= LEAST_CONTRAST
-               ? palette.accent
-               : composed(palette.primary, palette.ultraThinMaterial);
+    const bool isSeen = contrastRatio(palette.accent, palette.ultraThinMaterial) >= LEAST_CONTRAST &&
+                        contrastRatio(palette.accent, quiet) >= LEAST_CONTRAST_WITH_QUIET_GROUND;
+    return isSeen ? palette.accent : composed(palette.primary, palette.ultraThinMaterial);
 }
 
 void strokeInside(QPainter& painter, const QRectF& box, double radius, double inset, double width,

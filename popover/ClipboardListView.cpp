@@ -10,9 +10,11 @@
 #include "platform/Symbols.h"
 #include "popover/HistoryListAccessible.h"
 #include "popover/HistoryListWidget.h"
+#include "popover/ListAnnouncements.h"
 #include "popover/PopoverBars.h"
 #include "popover/PopoverPreferences.h"
 #include "popover/RowMenu.h"
+#include "ui/Announcer.h"
 #include "ui/ConfirmationSheet.h"
 #include "ui/SearchField.h"
 #include "ui/Typography.h"
@@ -23,6 +25,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace zamber::popover {
 
@@ -56,13 +59,19 @@ ClipboardListView::ClipboardListView(KeyMonitor& keyMonitor, const Appearance& a
           {.title = u"Clear all clipboard items?"_s,
            .message = u"This will remove all non-pinned items. This action cannot be undone."_s,
            .destructiveButton = u"Clear All"_s},
-          this)) {
+          this))
+    , m_announcer(new ui::Announcer(this)) {
     setAccessibleName(u"Zamber"_s);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusProxy(m_search);
     m_search->focusProxy()->installEventFilter(this);
     m_banner->setObjectName(u"updateBanner"_s);
     m_banner->hide();
+    new ListAnnouncements(
+        *m_manager, scheduler,
+        {.announce = [this](const QString& sentence) { m_announcer->announce(sentence); },
+         .selectedRow = [this] { return hasSelectedRow() ? m_list->preview(m_selectedIndex) : QString(); }},
+        this);
     buildLayout();
     connectParts();
     observePreferences();
@@ -155,6 +164,9 @@ void ClipboardListView::refreshRows() {
 void ClipboardListView::searchChanged() {
     refreshRows();
     m_list->showSelection(); // the row that Return is about to choose
+    if (std::exchange(m_isRowAnnounced, false)) {
+        HistoryListAccessible::announceFocus(*m_search->focusProxy());
+    }
 }
 
 void ClipboardListView::updateSize() {
@@ -227,10 +239,12 @@ void ClipboardListView::select(int index) {
     m_list->select(index);
     if (index < m_list->items().size()) {
         HistoryListAccessible::announceSelection(m_list, index);
+        m_isRowAnnounced = true;
     }
 }
 
 void ClipboardListView::choose(const clipboard::ClipboardItem& item) {
+    m_announcer->announce(u"Copied"_s);
     m_manager->copyToClipboard(item);
     if (m_manager->onPaste) {
         m_manager->onPaste();
@@ -268,6 +282,7 @@ void ClipboardListView::showEvent(QShowEvent* event) {
         return;
     }
     m_selectedIndex = 0;
+    m_isRowAnnounced = false;
     m_list->startAtTop();
     m_search->setFocus();
     m_search->selectAll();

@@ -27,6 +27,7 @@ class ClipboardManager;
 }
 
 namespace zamber::ui {
+class Announcer;
 class ConfirmationSheet;
 class SearchField;
 } // namespace zamber::ui
@@ -111,9 +112,11 @@ private:
     EmptyState* m_emptyState;
     PopoverFooter* m_footer;
     ui::ConfirmationSheet* m_clearConfirmation;
+    ui::Announcer* m_announcer;
     QPointer<RowMenu> m_rowMenu;
 
     int m_selectedIndex = 0;
+    bool m_isRowAnnounced = false; ///< screen readers believe that a row has the focus, which the search field has
     std::optional<KeyMonitor::Token> m_keyMonitorToken;
     std::vector<UserDefaults::ObserverToken> m_observers;
 };

@@ -47,6 +47,11 @@ void HistoryListAccessible::announceSelection(HistoryListWidget* list, int row) 
     QAccessible::updateAccessibility(&focused);
 }
 
+void HistoryListAccessible::announceFocus(QWidget& focused) {
+    QAccessibleEvent event(&focused, QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
+}
+
 const HistoryListWidget* HistoryListAccessible::list() const {
     return static_cast<const HistoryListWidget*>(object());
 }

@@ -23,6 +23,9 @@ public:
     /// Reports that the selection has moved to the row, and the focus with it: some screen readers follow only that.
     static void announceSelection(HistoryListWidget* list, int row);
 
+    /// Reports that the focus is where it has been all the time.
+    static void announceFocus(QWidget& focused);
+
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface* child) const override;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/AccessibleRoles.h"
 
+#include "ui/Announcer.h"
 #include "ui/Badge.h"
 #include "ui/ConfirmationSheet.h"
 
@@ -17,6 +18,9 @@ QAccessibleInterface* createForControl(const QString&, QObject* object) {
     }
     if (auto* sheet = qobject_cast<ConfirmationSheet*>(object)) {
         return new QAccessibleWidget(sheet, QAccessible::AlertMessage);
+    }
+    if (auto* announcer = qobject_cast<Announcer*>(object)) {
+        return new QAccessibleWidget(announcer, QAccessible::Notification);
     }
     return nullptr;
 }

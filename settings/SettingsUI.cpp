@@ -84,7 +84,12 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        QPainter(this).fillRect(rect().adjusted(ROW_HORIZONTAL, 0, -ROW_HORIZONTAL, 0), m_theme.palette().separator);
+        // Whole pixels, as many on every line, wherever it lies at a scale that is a fraction.
+        const double ratio = devicePixelRatioF();
+        const double pixelsAbove = mapTo(window(), QPoint()).y() * ratio;
+        const double top = (std::ceil(pixelsAbove) - pixelsAbove) / ratio;
+        const QRectF line(ROW_HORIZONTAL, top, width() - 2 * ROW_HORIZONTAL, std::floor(ratio) / ratio);
+        QPainter(this).fillRect(line, m_theme.palette().separator);
     }
 
 private:

@@ -19,6 +19,8 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(ROOT / "tests" / "desktop"))
 
+from Xlib import X  # noqa: E402
+
 from harness import PrivateDesktop, SettingsPortal, Zamber, default_binary  # noqa: E402
 from scenes import SCALE, SCENES, keep_off_the_edges, paint_background, write_history  # noqa: E402
 
@@ -41,6 +43,8 @@ FONTS = """<?xml version="1.0"?><!DOCTYPE fontconfig SYSTEM "fonts.dtd">
 </fontconfig>
 """
 MOST_LOOKS = 12
+# The same pixels are the same bytes.
+PLAIN = ("-strip", "-define", "png:exclude-chunks=date,time", "-define", "png:compression-level=9")
 
 
 def magick(tool, *arguments):
@@ -54,6 +58,17 @@ def differing_pixels(one, other):
     return int(float(answer.stderr.split()[0])) if answer.returncode in (0, 1) else sys.maxsize
 
 
+def shot(desktop, place, picture):
+    """A part of the screen as it is at this moment; a tool's start would take as long as a caret blinks."""
+    width, height = place.width, place.height
+    data = desktop.display.screen().root.get_image(place.x, place.y, width, height, X.ZPixmap, 0xFFFFFFFF).data
+    colours = bytearray(3 * width * height)
+    colours[0::3], colours[1::3], colours[2::3] = data[2::4], data[1::4], data[0::4]
+    bare = picture.with_suffix(".ppm")
+    bare.write_bytes(b"P6 %d %d 255\n" % (width, height) + bytes(colours))
+    magick("convert", bare, *PLAIN, picture)
+
+
 def take(desktop, scene, zamber, picture, kept):
     """Takes the picture of the program at rest: as the one that is kept, else as in two looks in a row. A caret blinks
     when it likes, so several looks may differ from the picture that is kept before one does not."""
@@ -62,9 +77,7 @@ def take(desktop, scene, zamber, picture, kept):
         scene.refresh(desktop)
         place = scene.place(zamber)
         time.sleep(0.1)  # what is on the glass cannot be asked for
-        whole = desktop.screenshot(picture.with_suffix(".whole.png"))
-        magick("convert", whole, "-crop", f"{place.width}x{place.height}+{place.x}+{place.y}", "+repage", "-depth", "8",
-               "-strip", "-define", "png:exclude-chunks=date,time", picture)
+        shot(desktop, place, picture)
         if kept and differing_pixels(kept, picture) == 0:
             return
         is_at_rest = before and differing_pixels(before, picture) == 0
@@ -109,8 +122,7 @@ def make(scene, folder, is_check):
     """Both looks side by side."""
     result = folder / f"{scene.name}.png"
     halves = [shoot(scene, look, folder, half_of(scene, look, folder) if is_check else None) for look in LOOKS]
-    magick("convert", *halves, "+append", "-strip", "-define", "png:exclude-chunks=date,time", "-define",
-           "png:compression-level=9", result)
+    magick("convert", *halves, "+append", *PLAIN, result)
     return result
 
 

@@ -46,6 +46,19 @@ void scrollToEnd(SettingsStage& stage) {
     }
 }
 
+/// Each control of the page with the keyboard's focus, in the order in which Tab reaches them.
+void shootFocus(Camera& camera, SettingsStage& stage) {
+    const QWidget* const first = QApplication::focusWidget();
+    for (int stop = 0; stop == 0 || QApplication::focusWidget() != first; ++stop) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        camera.shoot(stage, u"focus-%1"_s.arg(stop));
+        if (constexpr int most = 20; stop == most) {
+            camera.isGood = false;
+            break;
+        }
+    }
+}
+
 void shootAll(Camera& camera, const Symbols& symbols, bool isDark) {
     SettingsStage stage(symbols);
     stage.appearance.setDark(isDark);
@@ -60,6 +73,7 @@ void shootAll(Camera& camera, const Symbols& symbols, bool isDark) {
     camera.shoot(stage, u"shortcuts-quick-paste"_s);
 
     stage.select(SettingsTab::General);
+    shootFocus(camera, stage);
     scrollToEnd(stage);
     camera.shoot(stage, u"general-end"_s);
     stage.updates->checkForUpdates();

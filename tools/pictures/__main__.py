@@ -76,7 +76,7 @@ def take(desktop, scene, zamber, picture, kept):
     for look in range(MOST_LOOKS):
         scene.refresh(desktop)
         place = scene.place(zamber)
-        time.sleep(0.1)  # what is on the glass cannot be asked for
+        time.sleep(0.1 + 0.07 * look)  # what is on the glass cannot be asked for; the caret is there, or not, by turns
         shot(desktop, place, picture)
         if kept and differing_pixels(kept, picture) == 0:
             return

@@ -4,6 +4,7 @@
 
 #include "ui/FocusRing.h"
 #include "ui/Typography.h"
+#include "ui/WholeAreaStyle.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -31,6 +32,7 @@ class SegmentedPicker::Segment final : public QRadioButton {
 public:
     Segment(const QString& title, QWidget* parent)
         : QRadioButton(title, parent) {
+        new WholeAreaStyle(this);
         setFont(textFont(TITLE_POINTS));
         setFocusPolicy(Qt::StrongFocus);
         setAttribute(Qt::WA_Hover);

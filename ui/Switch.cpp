@@ -4,6 +4,7 @@
 
 #include "ui/FocusRing.h"
 #include "ui/Typography.h"
+#include "ui/WholeAreaStyle.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -33,6 +34,7 @@ Switch::Switch(const QString& label, QWidget* parent)
     : QCheckBox(label, parent)
     , m_palette(Palette::light(Qt::blue))
     , m_sliding(new QVariantAnimation(this)) {
+    new WholeAreaStyle(this);
     setFont(textFont(LABEL_POINTS));
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

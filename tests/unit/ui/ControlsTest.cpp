@@ -12,6 +12,7 @@
 #include "ui/Switch.h"
 #include "ui/Typography.h"
 
+#include <QAccessible>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
@@ -306,6 +307,21 @@ TEST(FocusRing, ItStandsOutFromWhatSurroundsItAllAround) {
                            value == u"a" ? "chosen segment" : "segment that is not chosen");
             }
         }
+    }
+}
+
+TEST(Switch, ToAssistiveTechnologyItIsAsLargeAsItsRowAndASegmentAsItself) {
+    QWidget window;
+    window.resize(400, 100);
+    auto* const control = new Switch(u"Switch"_s, &window);
+    control->setGeometry(10, 10, 380, 22);
+    auto* const picker = new SegmentedPicker(u"Letter"_s, {{u"A"_s, u"a"_s}, {u"B"_s, u"b"_s}}, &window);
+    picker->setGeometry(10, 50, 200, 24);
+    window.show();
+    const auto extents = [](QWidget* widget) { return QAccessible::queryAccessibleInterface(widget)->rect(); };
+    EXPECT_EQ(extents(control), QRect(control->mapToGlobal(QPoint()), control->size()));
+    for (QRadioButton* const segment : picker->findChildren<QRadioButton*>()) {
+        EXPECT_EQ(extents(segment), QRect(segment->mapToGlobal(QPoint()), QSize(100, 24)));
     }
 }
 

@@ -9,7 +9,7 @@ import struct
 import time
 import zlib
 
-from Xlib import Xatom
+from Xlib import Xatom, Xutil
 
 from harness import wait_until
 
@@ -43,6 +43,7 @@ def keep_off_the_edges(display):
                                ("_NET_WM_STRUT_PARTIAL", Xatom.CARDINAL,
                                 [EDGE] * 4 + [0, height - 1] * 2 + [0, width - 1] * 2)):
         panel.change_property(display.intern_atom(name), kind, 32, values)
+    panel.set_wm_normal_hints(flags=Xutil.USPosition | Xutil.PPosition)  # else it is put anywhere, a dot in the picture
     panel.map()
     display.sync()
 

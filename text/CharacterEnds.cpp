@@ -20,7 +20,6 @@ namespace {
 
 constexpr char32_t FIRST_COMBINING = 0x0300;
 constexpr char32_t COMBINING_GRAPHEME_JOINER = 0x034F;
-constexpr char32_t ZERO_WIDTH_JOINER = 0x200D;
 constexpr int VIRAMA_COMBINING_CLASS = 9;
 
 /// What extends the character before it, and what joins it to the next. A bit for each character of the planes that are

@@ -11,6 +11,8 @@
 
 namespace zamber::text {
 
+inline constexpr char32_t ZERO_WIDTH_JOINER = 0x200D;
+
 /// Reads the code point at a byte offset below the size and moves the offset behind it. Whatever is not UTF-8 reads
 /// as U+FFFD.
 inline char32_t nextCodePoint(std::string_view text, std::size_t& at) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "text/EmojiRuns.h"
 
+#include "text/CodePoints.h"
+
 #include <unicode/uchar.h>
 #include <unicode/utf16.h>
 
@@ -12,7 +14,7 @@ namespace zamber::text {
 namespace {
 
 constexpr char16_t FIRST_EMOJI_THAT_IS_NO_KEY = 0x00A9;
-constexpr UChar32 ZERO_WIDTH_JOINER = 0x200D;
+constexpr auto JOINER = static_cast<UChar32>(ZERO_WIDTH_JOINER);
 constexpr UChar32 KEYCAP = 0x20E3;
 constexpr UChar32 TEXT_SELECTOR = 0xFE0E;
 constexpr UChar32 PICTURE_SELECTOR = 0xFE0F;
@@ -120,7 +122,7 @@ std::optional<EmojiForm> readEmoji(Reader& reader) {
         return std::nullopt;
     }
     EmojiForm form = readModified(reader);
-    for (Reader ahead = reader; ahead.skip(ZERO_WIDTH_JOINER) && is(ahead.peek(), UCHAR_EXTENDED_PICTOGRAPHIC);) {
+    for (Reader ahead = reader; ahead.skip(JOINER) && is(ahead.peek(), UCHAR_EXTENDED_PICTOGRAPHIC);) {
         readModified(ahead);
         reader = ahead;
         form = EmojiForm::Picture;

@@ -105,6 +105,14 @@ TEST(ElidedLines, NoLineIsWiderThanTheRoom) {
     }
 }
 
+TEST(ElidedLines, TheBlankAtWhichALineWasBrokenIsNotDrawnBeforeTextThatReadsFromTheRight) {
+    const QStringList lines = elidedLines(u"שלום עולם "_s.repeated(20), ui::textFont(12), WIDTH, 3);
+    ASSERT_EQ(lines.size(), 3);
+    for (const QString& line : lines) {
+        EXPECT_FALSE(line.back().isSpace()) << line.toStdString();
+    }
+}
+
 TEST(ElidedLines, IndentationIsKept) {
     EXPECT_EQ(elidedLines(u"if\n    then\nelse"_s, ui::textFont(12), WIDTH, 2), (QStringList{u"if"_s, u"    then…"_s}));
 }

@@ -146,10 +146,10 @@ public:
     static constexpr std::size_t READ_BYTES = sizeof(std::uint64_t);
 
     explicit Searched(std::string_view text)
-        : m_text(text) {
+        : m_text(text)
+        , m_lastAt(text.size() - 1) {
         std::memcpy(&m_start, text.data(), std::min(text.size(), READ_BYTES));
         std::memset(&m_startMask, 0xFF, std::min(text.size(), READ_BYTES));
-        m_lastAt = text.size() - 1;
         const auto lastCharacterAt = text::previousCodePoint(text, text.size());
         m_otherAt = lastCharacterAt > 0 ? lastCharacterAt - 1 : m_lastAt - std::min(m_lastAt, std::size_t{1});
     }

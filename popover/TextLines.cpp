@@ -65,7 +65,7 @@ double widthOf(const QString& text, const QFont& font) {
 
 /// As much of the line as fits, closely followed by an ellipsis.
 QString elided(const QString& line, const QFont& font, int width) {
-    QString text = withoutTrailingBlanks(line);
+    const QString text = withoutTrailingBlanks(line);
     if (widthOf(text + ELLIPSIS, font) <= width) {
         return text + ELLIPSIS;
     }

@@ -128,7 +128,7 @@ private:
 
     /// The characters before the place, and the one behind it. Without any bytes it is no answer yet.
     struct Answer {
-        std::array<char, std::size_t{MOST_MARKS_LOOKED_AT + 1} * U8_MAX_LENGTH> around;
+        std::array<char, std::size_t{MOST_MARKS_LOOKED_AT + 1} * U8_MAX_LENGTH> around{};
         std::size_t length = 0;
         bool isEnd = true;
     };

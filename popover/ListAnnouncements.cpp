@@ -30,30 +30,18 @@ ListAnnouncements::ListAnnouncements(clipboard::ClipboardManager& manager, Sched
                                      QObject* parent)
     : QObject(parent)
     , m_manager(manager)
-    , m_scheduler(scheduler)
     , m_callbacks(std::move(callbacks))
     , m_known(manager.items())
-    , m_searchText(manager.searchText()) {
+    , m_searchText(manager.searchText())
+    , m_rest(scheduler, TYPING_RESTS, [this] { tellFound(); }) {
     connect(&manager, &clipboard::ClipboardManager::itemsChanged, this, &ListAnnouncements::itemsChanged);
     connect(&manager, &clipboard::ClipboardManager::searchTextChanged, this, &ListAnnouncements::searchChanged);
 }
 
-ListAnnouncements::~ListAnnouncements() {
-    if (m_rest) {
-        m_scheduler.invalidate(*m_rest);
-    }
-}
-
 void ListAnnouncements::searchChanged() {
-    if (m_rest) {
-        m_scheduler.invalidate(*m_rest);
-        m_rest.reset();
-    }
+    // The signal also comes when more of the history has been made ready for the same search.
     if (std::exchange(m_searchText, m_manager.searchText()) != m_manager.searchText()) {
-        m_rest = m_scheduler.after(TYPING_RESTS, [this] {
-            m_rest.reset();
-            tellFound();
-        });
+        m_rest.start();
     }
 }
 

@@ -3,14 +3,13 @@
 #pragma once
 
 #include "clipboard/ClipboardItem.h"
-#include "platform/Scheduler.h"
+#include "platform/SingleShotTimer.h"
 
 #include <QList>
 #include <QObject>
 #include <QString>
 
 #include <functional>
-#include <optional>
 
 namespace zamber::clipboard {
 class ClipboardManager;
@@ -30,7 +29,6 @@ public:
 
     /// How much a search has found is told when the typing rests.
     ListAnnouncements(clipboard::ClipboardManager& manager, Scheduler& scheduler, Callbacks callbacks, QObject* parent);
-    ~ListAnnouncements() override;
 
 private:
     void searchChanged();
@@ -39,11 +37,10 @@ private:
     QString difference(const QList<clipboard::ClipboardItem>& before) const;
 
     clipboard::ClipboardManager& m_manager;
-    Scheduler& m_scheduler;
     Callbacks m_callbacks;
     QList<clipboard::ClipboardItem> m_known;
     QString m_searchText;
-    std::optional<Scheduler::Token> m_rest;
+    SingleShotTimer m_rest;
 };
 
 } // namespace zamber::popover

@@ -71,6 +71,17 @@ TEST_F(ListAnnouncementsTest, WhatASearchHasFoundIsToldOnceTheTypingRests) {
     EXPECT_EQ(said, (QStringList{u"1 entry found: apple tart"_s, u"No matches found"_s, u"3 entries"_s}));
 }
 
+TEST_F(ListAnnouncementsTest, ATextThatIsReadyForSearchingMeanwhileDoesNotKeepTheAnnouncementBack) {
+    manager->setSearchText(u"a"_s);
+    scheduler.advance(400ms);
+    emit manager->searchTextChanged(); // as when a worker has made a search key
+    scheduler.advance(100ms);
+    EXPECT_EQ(said, QStringList{u"3 entries found"_s});
+    emit manager->searchTextChanged();
+    scheduler.advance(1s);
+    EXPECT_EQ(said.size(), 1) << "it is told once";
+}
+
 TEST_F(ListAnnouncementsTest, ChangesOfTheHistoryAreTold) {
     copy("date slice");
     manager->togglePin(manager->items().first());

@@ -37,7 +37,7 @@ protected:
 
     HistoryListWidget& list() { return stage.list(); }
     QPoint middle() { return list().rect().center(); }
-    QUuid entry(int row) { return list().items()[row].id; }
+    QUuid entry(int row) { return row < 0 ? QUuid() : list().items()[row].id; }
 
     int rowOf(const QUuid& id) {
         for (int row = 0; row < list().items().size(); ++row) {

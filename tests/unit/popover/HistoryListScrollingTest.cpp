@@ -15,9 +15,12 @@ TEST_F(HistoryListScrollingTest, EachNotchMovesTheListByItsWayAndNoRowChangesIts
     const QPoint at(middle().x(), list().height() - 4);
     moveTo(at);
     ASSERT_TRUE(list().isExpanded(rowAt(at)));
-    turn(-1000, list().expandedTextRectangle(rowAt(at)).center()); // its text is at its end
+    ASSERT_TRUE(list().expandedTextRectangle(rowAt(at)).contains(at));
+    turn(-1000, at); // its text is at its end
     pause();
-    const QUuid anchor = entry(rowAt(at));
+    const int row = rowAt(at);
+    ASSERT_EQ(row, 3) << "the wheel has moved the text and not the list";
+    const QUuid anchor = entry(row);
     double wanted = top(anchor);
     double lowest = list().rowRectangle(19).bottom();
     for (int notch = 0; notch < 16 && lowest - POINTS_PER_NOTCH > list().height(); ++notch) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "popover/TextLines.h"
 
+#include "tests/support/Pictures.h"
 #include "ui/Typography.h"
 
 #include <QElapsedTimer>
@@ -31,29 +32,10 @@ QImage picture(const PreparedLine& line) {
     return image;
 }
 
-int colouredPixels(const QImage& image) {
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            count += image.pixelColor(x, y).saturation() > 60 ? 1 : 0;
-        }
-    }
-    return count;
-}
-
 /// The first and the last column with ink.
-std::pair<int, int> inkedColumns(const QImage& image) {
-    int first = -1;
-    int last = -1;
-    for (int x = 0; x < image.width(); ++x) {
-        for (int y = 0; y < image.height(); ++y) {
-            if (image.pixelColor(x, y) != QColor(Qt::white)) {
-                first = first < 0 ? x : first;
-                last = x;
-            }
-        }
-    }
-    return {first, last};
+std::pair<int, int> inkedColumns(const PreparedLine& line) {
+    const QImage drawn = picture(line);
+    return inkedRange(drawn, drawn.rect(), Qt::Horizontal);
 }
 
 /// Which lines of the layout have any ink, from `top` on.
@@ -127,7 +109,7 @@ TEST(PreparedLine, PicturesAreColouredAndLettersAreNot) {
     }
     for (const QString& text : {u"☎"_s, u"☎\uFE0E"_s, u"😀\uFE0E"_s, u"❤"_s, u"©"_s, u"✔"_s, u"12 → #"_s}) {
         EXPECT_EQ(colouredPixels(picture(PreparedLine(text, font))), 0) << text.toStdString();
-        EXPECT_GE(inkedColumns(picture(PreparedLine(text, font))).first, 0) << text.toStdString();
+        EXPECT_GE(inkedColumns(PreparedLine(text, font)).first, 0) << text.toStdString();
     }
 }
 
@@ -147,7 +129,7 @@ TEST(PreparedLine, ItIsAsWideAsItsInk) {
     const QFont font = ui::textFont(12);
     for (const QString& text : {u"שלום 😀 עולם"_s, u"מזל טוב 🎉"_s, u"Well done 🎉"_s, u"🇩🇪🇫🇷"_s}) {
         const PreparedLine line(text, font);
-        const auto [first, last] = inkedColumns(picture(line));
+        const auto [first, last] = inkedColumns(line);
         EXPECT_GE(first, 0);
         EXPECT_LE(first, 3) << text.toStdString();
         EXPECT_NEAR(last, line.width(), 4) << text.toStdString();

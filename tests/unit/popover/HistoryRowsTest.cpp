@@ -179,9 +179,11 @@ TEST_F(LargeTextInTheListTest, NothingOfItIsShownUntilItIsKnownWhetherItIsSensit
     stage.copyText(LARGE);
     stage.copyText("short");
     open();
-    EXPECT_EQ(stage.list().preview(1), QString());
+    const QString dots = u"●●●●●●●●●●●●"_s;
+    const QString first = stage.list().preview(1);
+    EXPECT_TRUE(first.isEmpty() || first == dots) << "the other thread may have been faster: " << first.toStdString();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !stage.list().preview(1).isEmpty(); }, 20'000));
-    EXPECT_EQ(stage.list().preview(1), u"●●●●●●●●●●●●"_s);
+    EXPECT_EQ(stage.list().preview(1), dots);
 }
 
 } // namespace zamber::popover

@@ -16,8 +16,15 @@ class Orca:
         socket = desktop.directory / "speech"
         self._speech = desktop.start("speech", ["/usr/bin/python3", PARTNERS / "speech_server.py", socket])
         wait_until(self._speech.stdout_lines, START_SECONDS, lambda: f"the speech server: {self._speech.stderr()}")
+        # Orca does not start beside another one of the same user, which may be a test's or the user's own: its question
+        # for others is answered with none.
+        pgrep = desktop.directory / "no-other-reader" / "pgrep"
+        pgrep.parent.mkdir()
+        pgrep.write_text("#!/bin/sh\nexit 1\n")
+        pgrep.chmod(0o755)
         # Settings in memory: there is no service for them on this bus.
-        environment = dict(desktop.environment, SPEECHD_ADDRESS=f"unix_socket:{socket}", GSETTINGS_BACKEND="memory")
+        environment = dict(desktop.environment, SPEECHD_ADDRESS=f"unix_socket:{socket}", GSETTINGS_BACKEND="memory",
+                           PATH=f"{pgrep.parent}:{desktop.environment['PATH']}")
         self._reader = desktop.start("orca", ["orca"], environment=environment)
         wait_until(lambda: "Screen reader on." in self.said(), START_SECONDS, lambda: f"Orca: {self._reader.stderr()}")
         self._heard = 0

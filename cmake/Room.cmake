@@ -2,7 +2,8 @@
 #
 # A room is one folder of the house: a static library whose headers are reached as "<folder>/<Header>.h". HEADERS are
 # those that other rooms include, by linking the target. INTERNAL headers are seen by the room itself and by its tests,
-# which link <target>_internals in its stead.
+# which link <target>_internals in its stead. LINKS are the rooms that its HEADERS include, and are passed on;
+# PRIVATE_LINKS are what the rest of the room needs besides.
 #
 # Both kinds of headers have an include directory of their own with links to just these headers, so that including one
 # that may not be seen does not build, even though all sources lie side by side.
@@ -16,7 +17,7 @@ function(zamber_room target folder)
     zamber_view("${internals}" "${folder}" ${room_INTERNAL})
     add_library(${target}_internals INTERFACE)
     target_include_directories(${target}_internals INTERFACE "${internals}")
-    target_link_libraries(${target}_internals INTERFACE ${target})
+    target_link_libraries(${target}_internals INTERFACE ${target} ${room_PRIVATE_LINKS})
   endif()
 
   if(room_SOURCES)

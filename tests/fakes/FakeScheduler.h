@@ -9,6 +9,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <thread>
 #include <utility>
 
 namespace zamber {
@@ -34,6 +35,7 @@ public:
     void soon(Action action) override {
         const std::scoped_lock lock(m_soonMutex);
         m_soon.push_back(std::move(action));
+        m_soonCaller = std::this_thread::get_id();
     }
 
     double now() const override { return START_TIME + std::chrono::duration<double>(m_elapsed).count(); }
@@ -58,6 +60,12 @@ public:
 
     std::chrono::milliseconds elapsed() const { return m_elapsed; }
     std::size_t pendingTimers() const { return m_timers.size(); }
+
+    /// The thread that called `soon` last.
+    std::thread::id soonCaller() const {
+        const std::scoped_lock lock(m_soonMutex);
+        return m_soonCaller;
+    }
 
 private:
     struct Timer {
@@ -91,8 +99,9 @@ private:
 
     /// By due time; equal ones in the order in which they were set.
     std::multimap<std::chrono::milliseconds, Timer> m_timers;
-    std::mutex m_soonMutex;
+    mutable std::mutex m_soonMutex;
     std::list<Action> m_soon;
+    std::thread::id m_soonCaller;
     std::chrono::milliseconds m_elapsed{0};
     std::uint64_t m_lastId = 0;
 };

@@ -1,15 +1,15 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""Breaks the X11 adapter one line at a time and sees whether the tests notice.
+"""Breaks the program one line at a time and sees whether the tests notice.
 
 Usage: tests/mutations/mutations.py [--build FOLDER] [--jobs N] [NAME …]
 
-Each breakage of breakages.py is compiled beside the build, which is brought up to date before and else left alone as
-the sources are; the program is linked with the one object file exchanged, and the named test run with it. First all
-those tests have to pass with the program as it is. The exit status is 0 when every breakage was noticed; a text that
-does not occur in its file exactly once, or does not compile, counts as not noticed. NAME picks breakages by a part of
-their names.
+Each breakage of adapter_breakages.py and use_breakages.py is compiled beside the build, which is brought up to date
+before and else left alone as the sources are; the program is linked with the one object file exchanged, and the named
+test run with it. First all those tests have to pass with the program as it is. The exit status is 0 when every breakage
+was noticed; a text that does not occur in its file exactly once, or does not compile, counts as not noticed. NAME picks
+breakages by a part of their names.
 """
 
 import argparse
@@ -24,13 +24,15 @@ import sys
 import tempfile
 import time
 
-from breakages import BREAKAGES
+from adapter_breakages import ADAPTER_BREAKAGES
+from use_breakages import USE_BREAKAGES
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 DESKTOP_TESTS = ROOT / "tests" / "desktop"
-CONTRACT = "contract:"
+BREAKAGES = ADAPTER_BREAKAGES + USE_BREAKAGES
 TEST_SECONDS = 150
 BUILD_SECONDS = 1200
+PYTHON = "/usr/bin/python3"
 
 
 class Unusable(Exception):
@@ -38,12 +40,12 @@ class Unusable(Exception):
 
 
 class Build:
-    def __init__(self, folder):
+    def __init__(self, folder, programs):
         self.folder = folder
-        self._run(["cmake", "--build", str(folder), "--target", "zamber", "x11_contract_tests"], BUILD_SECONDS)
+        self._run(["cmake", "--build", str(folder), "--target", *programs], BUILD_SECONDS)
         self._compilations = {entry["file"]: entry for entry in
                               json.loads((folder / "compile_commands.json").read_text())}
-        self.programs = {"zamber": folder / "zamber", "x11_contract_tests": folder / "tests" / "x11_contract_tests"}
+        self.programs = {name: folder / ("" if name == "zamber" else "tests") / name for name in programs}
 
     def program_with(self, breakage, program, workspace):
         """Builds the program with the breakage in the workspace; returns its path."""
@@ -90,26 +92,30 @@ class Build:
 
 
 def program_of(test):
-    return "x11_contract_tests" if test.startswith(CONTRACT) else "zamber"
+    program, colon, _ = test.partition(":")
+    return program if colon else "zamber"
 
 
 def passes(test, program):
     """Whether the test passes with that program, and what it wrote."""
     environment = {**os.environ, "PYTHONDONTWRITEBYTECODE": "1"}
-    if test.startswith(CONTRACT):
-        command = [DESKTOP_TESTS / "private_desktop.py", "--timeout", str(TEST_SECONDS - 30), "--", program,
-                   f"--gtest_filter={test.removeprefix(CONTRACT)}"]
-    else:
+    _, colon, cases = test.partition(":")
+    if not colon:
         environment["ZAMBER_BINARY"] = str(program)
-        command = ["-m", "unittest", test]
-    process = subprocess.Popen(["/usr/bin/python3", *map(str, command)], cwd=DESKTOP_TESTS, env=environment, text=True,
+        command = [PYTHON, "-m", "unittest", test]
+    elif program_of(test) == "x11_contract_tests":
+        command = [PYTHON, DESKTOP_TESTS / "private_desktop.py", "--timeout", str(TEST_SECONDS - 30), "--", program,
+                   f"--gtest_filter={cases}"]
+    else:
+        command = [program, f"--gtest_filter={cases}"]
+    process = subprocess.Popen([*map(str, command)], cwd=DESKTOP_TESTS, env=environment, text=True,
                                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
     try:
         output, _ = process.communicate(timeout=TEST_SECONDS)
     except subprocess.TimeoutExpired:
         process.terminate()
         output, _ = process.communicate()
-    return process.returncode == 0, output
+    return process.returncode == 0 and "Running 0 tests" not in output, output
 
 
 def try_breakage(build, breakage):
@@ -134,7 +140,7 @@ def main():
         parser.error("no breakage has such a name")
 
     began = time.monotonic()
-    build = Build(options.build.resolve())
+    build = Build(options.build.resolve(), sorted({program_of(breakage.test) for breakage in chosen}))
     good = True
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
         tests = sorted({breakage.test for breakage in chosen})
@@ -147,7 +153,7 @@ def main():
         width = max(len(breakage.name) for breakage in chosen)
         for breakage, (noticed, word) in zip(chosen, pool.map(lambda b: try_breakage(build, b), chosen)):
             good = good and noticed
-            print(f"{breakage.name:{width}}  {word:8}  {breakage.test.rpartition('.')[2]}", flush=True)
+            print(f"{breakage.name:{width}}  {word:8}  {breakage.test.split('.', 1)[-1]}", flush=True)
     print(f"{len(chosen)} breakages, {'all noticed' if good else 'NOT ALL NOTICED'}; "
           f"{time.monotonic() - began:.0f} s")
     return 0 if good else 1

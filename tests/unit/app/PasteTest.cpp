@@ -18,6 +18,7 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 TEST_F(AppDelegateTest, APasteClosesThePopoverActivatesAndTypesAfter350Milliseconds) {
     launch();
@@ -33,6 +34,8 @@ TEST_F(AppDelegateTest, APasteClosesThePopoverActivatesAndTypesAfter350Milliseco
     scheduler.advance(349ms);
     EXPECT_THAT(keystrokes.asked, IsEmpty());
     scheduler.advance(1ms);
+    ASSERT_THAT(keystrokes.asked, SizeIs(1));
+    EXPECT_EQ(keystrokes.asked.front().target, editor);
     EXPECT_THAT(keystrokes.received, ElementsAre(editor));
     EXPECT_EQ(log.take(), "🔵 Pasting into: Editor\n✅ Pasted via CGEvent\n");
 }

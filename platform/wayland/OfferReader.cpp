@@ -12,11 +12,14 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <utility>
 
 namespace zamber::wayland {
 
 namespace {
+
+constexpr std::chrono::milliseconds LONGEST_DYING{100};
 
 /// A compositor that drops the mark of a secret drops all of X's types that are no MIME types. Where one of those is
 /// left, the mark would be left as well.
@@ -80,8 +83,11 @@ void OfferReader::handlePipe(const OwnerAnswer& owned, const Answer& answer) {
         return;
     }
     // A pipe is closed in the same way when its writer dies. In that case the compositor reports the owner's end before
-    // it answers, and this reader has been stopped by then.
-    m_connection.afterRoundTrip(this, [owned, answer] { answer(owned); });
+    // it answers, and this reader has been stopped by then. The kernel closes a dying program's pipes before the
+    // connection that the compositor watches, and on a busy machine there may be a while between the two.
+    QTimer::singleShot(LONGEST_DYING, this, [this, owned, answer] {
+        m_connection.afterRoundTrip(this, [owned, answer] { answer(owned); });
+    });
 }
 
 } // namespace zamber::wayland

@@ -3,6 +3,7 @@
 #include "SettingsStage.h"
 #include "preferences/PreferenceKeys.h"
 
+#include "tests/fakes/FakeDesktopShortcut.h"
 #include "tests/fakes/FakeSymbols.h"
 #include "tests/support/LogCapture.h"
 #include "ui/BorderedButton.h"
@@ -16,6 +17,8 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <vector>
 
 namespace zamber::settings {
 
@@ -69,6 +72,31 @@ public:
 };
 
 } // namespace
+
+TEST_F(SettingsPagesTest, TabGoesThroughEveryPageAsOneReadsIt) {
+    stage.trust.isGranted = false;
+    FakeDesktopShortcut shortcut;
+    stage.desktopShortcut = &shortcut;
+    for (const SettingsTab tab : {SettingsTab::General, SettingsTab::Clipboard, SettingsTab::Shortcuts}) {
+        open(tab);
+        QTest::qWaitForWindowActive(stage.view.get());
+        const auto* const page = stage.view->page();
+        std::vector<QPoint> stops;
+        auto* const first = stage.view->findChild<SettingsSidebar*>();
+        first->setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        while (page->isAncestorOf(QApplication::focusWidget())) {
+            const QWidget* const control = QApplication::focusWidget();
+            stops.push_back(control->mapTo(page, control->rect().center()));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        EXPECT_EQ(QApplication::focusWidget(), first) << "and back to where it began";
+        EXPECT_GE(stops.size(), 2U) << static_cast<int>(tab);
+        for (std::size_t i = 1; i < stops.size(); ++i) {
+            EXPECT_GT(stops[i].y(), stops[i - 1].y()) << static_cast<int>(tab) << ", stop " << i;
+        }
+    }
+}
 
 // General
 

@@ -73,4 +73,15 @@ TEST_F(SearchFieldTest, ItsEmojiAreColouredWhileOneTypes) {
     EXPECT_GT(colours(), 20);
 }
 
+TEST_F(SearchFieldTest, AKeyOfAKeycapIsADigitUntilTheCapIsTyped) {
+    const auto colours = [this] { return colouredPixels(field->grab().toImage()); };
+    field->insert(u"1"_s);
+    EXPECT_EQ(colours(), 0);
+    field->insert(u"\uFE0F\u20E3"_s);
+    EXPECT_GT(colours(), 20);
+    field->backspace();
+    field->insert(u"2"_s);
+    EXPECT_EQ(colours(), 0) << field->text().toStdString();
+}
+
 } // namespace zamber::ui

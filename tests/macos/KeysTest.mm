@@ -135,8 +135,11 @@ TEST(Recorded, TheKeyMonitorIsThereWhileSomebodyHasAHandler) {
     EXPECT_THAT(callsDuring([&] { second = monitor.addHandler(passOn); }), IsEmpty());
     EXPECT_THAT(callsDuring([&] { monitor.removeHandler(first); }), IsEmpty());
     EXPECT_THAT(callsDuring([&] { monitor.removeHandler(second); }), ElementsAre("NSEvent removeMonitor:"));
-    EXPECT_THAT(callsDuring([&] { monitor.addHandler(passOn); }),
-                ElementsAre("NSEvent addLocalMonitorForEventsMatchingMask: 0x400"));
+    EXPECT_THAT(callsDuring([&] {
+                    macos::MacKeyMonitor another;
+                    another.addHandler(passOn);
+                }),
+                ElementsAre("NSEvent addLocalMonitorForEventsMatchingMask: 0x400", "NSEvent removeMonitor:"));
 }
 
 } // namespace zamber

@@ -28,6 +28,10 @@ TEST(Recorded, TheAccentIsThatOfTheAppearance) {
     int told = 0;
     appearance.addChangedHandler([&told] { ++told; });
     system::setDark(true);
+    system::setDark(false);
+    EXPECT_EQ(told, 2) << "there and back";
+    told = 0;
+    system::setDark(true);
     EXPECT_TRUE(appearance.isDark());
     EXPECT_EQ(appearance.accentColor(), QColor::fromRgbF(0.2F, 0.4F, 0.5F));
     EXPECT_EQ(told, 1);

@@ -75,4 +75,11 @@ TEST(Recorded, ASymbolIsDrawnInItsWeight) {
     }
 }
 
+TEST(Recorded, ASymbolKeepsItsShapeAndHasTheWantedColour) {
+    const macos::MacSymbols symbols;
+    const QImage drawn = symbols.pixmap(QStringLiteral("pin"), {.pointSize = 12, .color = Qt::red}).toImage();
+    EXPECT_EQ(drawn.pixelColor(drawn.rect().center()), QColor(Qt::red));
+    EXPECT_EQ(drawn.pixelColor(0, 0).alpha(), 0);
+}
+
 } // namespace zamber

@@ -10,12 +10,17 @@
 #import <AppKit/AppKit.h>
 #include <gmock/gmock.h>
 
+#include <memory>
+#include <thread>
+#include <vector>
+
 namespace zamber {
 
 namespace {
 
 using system::callsDuring;
 using testing::ElementsAre;
+using testing::IsEmpty;
 using namespace std::chrono_literals;
 
 } // namespace
@@ -35,6 +40,33 @@ TEST(Recorded, ObserversGoWithTheirDefaults) {
     [NSUserDefaults.standardUserDefaults setObject:@"dark" forKey:@"appTheme"];
     macos::letPass(20ms);
     EXPECT_EQ(told, 0);
+}
+
+TEST(Recorded, WhatIsReportedOnAnotherThreadIsToldOnTheMainOne) {
+    macos::MacUserDefaults defaults;
+    std::vector<std::thread::id> threads;
+    defaults.addObserver(QStringLiteral("appTheme"), [&threads] { threads.push_back(std::this_thread::get_id()); });
+    std::thread([] {
+        @autoreleasepool {
+            [NSUserDefaults.standardUserDefaults setObject:@"light" forKey:@"appTheme"];
+        }
+    }).join();
+    EXPECT_THAT(threads, IsEmpty());
+    macos::letPass(20ms);
+    EXPECT_THAT(threads, ElementsAre(std::this_thread::get_id()));
+}
+
+TEST(Recorded, AnObserverMayGoWhileItIsTold) {
+    macos::MacUserDefaults defaults;
+    UserDefaults::ObserverToken token;
+    int told = 0;
+    token = defaults.addObserver(QStringLiteral("appTheme"), [&, own = std::make_shared<int>(1)] {
+        defaults.removeObserver(token);
+        told += *own;
+    });
+    [NSUserDefaults.standardUserDefaults setObject:@"system" forKey:@"appTheme"];
+    macos::letPass(20ms);
+    EXPECT_EQ(told, 1);
 }
 
 TEST(Recorded, WholeNumbersOfAnySizeAreReadAsFarAsTheyGo) {

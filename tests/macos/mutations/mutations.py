@@ -81,6 +81,13 @@ class Build:
             return "no such test"
         return None if answer.returncode == 0 else answer.stdout + answer.stderr
 
+    def compiled_file(self, source):
+        """The source itself, or what CMake has put together of all sources of its room."""
+        if str(source) in self.compilations:
+            return source
+        return next(pathlib.Path(file) for file in self.compilations
+                    if "/Unity/" in file and f'"{source}"' in pathlib.Path(file).read_text())
+
     def noticed(self, breakage):
         source = ROOT / ("" if "/" in breakage.adapter else "platform/macos") / breakage.adapter
         original = source.read_text()
@@ -90,13 +97,18 @@ class Build:
             workspace = pathlib.Path(name)
             broken = workspace / source.name
             broken.write_text(original.replace(breakage.text, breakage.replacement))
+            compiled = self.compiled_file(source)
+            to_compile = broken
+            if compiled != source:
+                to_compile = workspace / compiled.name
+                to_compile.write_text(compiled.read_text().replace(f'"{source}"', f'"{broken}"'))
             ready = ["-include-pch", self.headers] if source.suffix == ".mm" and source.parent == ADAPTERS else []
-            answer = run([*self.compile_command(str(source), workspace / "broken.o"), *ready, "-iquote", source.parent, "-c",
-                          broken], self.folder)
+            answer = run([*self.compile_command(str(compiled), workspace / "broken.o"), *ready, "-iquote", source.parent,
+                          "-c", to_compile], self.folder)
             if answer.returncode:
                 return False, "does not compile: " + answer.stderr[-1500:]
             program = workspace / "tests"
-            as_it_is = shlex.split(self.compilations[str(source)]["command"])
+            as_it_is = shlex.split(self.compilations[str(compiled)]["command"])
             link = [part for part in self.links[breakage.program] if part != as_it_is[as_it_is.index("-o") + 1]]
             link[link.index("-o") + 1] = str(program)
             link.insert(link.index("-o"), str(workspace / "broken.o"))

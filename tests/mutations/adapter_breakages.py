@@ -10,11 +10,6 @@ SELECTION = "platform/freedesktop/selection/"
 
 ADAPTER_BREAKAGES = (
     Breakage(
-        "our own write is read again", X11 + "X11Pasteboard.cpp",
-        "if (change.owner == m_clipboard.window()) {", "if (false) {",
-        "x11_contract_tests:*.OurOwnWriteMovesTheCountInsideTheCallAndNotLater",
-    ),
-    Breakage(
         "a transfer has no deadline", X11 + "IncomingTransfer.cpp",
         "    m_patience.start(PATIENCE);\n    xcb_convert_selection", "    xcb_convert_selection",
         "test_hostile_owners.SilentOwnersTest."

@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """The hot keys and the paste under locks, layouts and rivals."""
 
+import itertools
 import re
 import time
 
@@ -227,6 +228,19 @@ class MenuTest(DesktopTestCase):
         self.zamber.wait_for_popover()
         self.assertEqual([node.text for node in self.zamber.tree().all(role="text") if node.text], [])
         self.assertEqual(self.editor.text(), "second")
+
+    def test_a_quick_paste_in_the_trays_menu_with_any_order_of_release(self):
+        arrived = ""
+        for order in itertools.permutations(("Super_L", "Shift_L", "2")):
+            with self.subTest(order=order):
+                self.open_tray_menu()
+                releases = ((0.2 + 0.12 * step, f"-{key}") for step, key in enumerate(order))
+                self.keyboard.play((0.0, "+Super_L"), (0.03, "+Shift_L"), (0.08, "+2"), *releases)
+                self.expected_lines.append(PASTED_LINE)
+                arrived += "second"
+                self.editor.wait_for_text(arrived)
+                self.assert_menu_closed()
+        holds_for(lambda: self.editor.text() == arrived, 0.5, "nothing more comes")
 
     def test_two_presses_in_a_row(self):
         self.open_tray_menu()

@@ -79,7 +79,7 @@ TEST_F(SettingsPagesTest, TabGoesThroughEveryPageAsOneReadsIt) {
     stage.desktopShortcut = &shortcut;
     for (const SettingsTab tab : {SettingsTab::General, SettingsTab::Clipboard, SettingsTab::Shortcuts}) {
         open(tab);
-        QTest::qWaitForWindowActive(stage.view.get());
+        ASSERT_TRUE(QTest::qWaitForWindowActive(stage.view.get()));
         const auto* const page = stage.view->page();
         std::vector<QPoint> stops;
         auto* const first = stage.view->findChild<SettingsSidebar*>();

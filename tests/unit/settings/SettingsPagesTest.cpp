@@ -68,6 +68,7 @@ public:
     }
 
     FakeSymbols symbols;
+    FakeDesktopShortcut shortcut;
     SettingsStage stage{symbols};
 };
 
@@ -75,7 +76,6 @@ public:
 
 TEST_F(SettingsPagesTest, TabGoesThroughEveryPageAsOneReadsIt) {
     stage.trust.isGranted = false;
-    FakeDesktopShortcut shortcut;
     stage.desktopShortcut = &shortcut;
     for (const SettingsTab tab : {SettingsTab::General, SettingsTab::Clipboard, SettingsTab::Shortcuts}) {
         open(tab);

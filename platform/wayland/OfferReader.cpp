@@ -19,6 +19,7 @@ namespace zamber::wayland {
 
 namespace {
 
+/// The longest time that a dying program is given between the end of its pipes and that of its connection.
 constexpr std::chrono::milliseconds LONGEST_DYING{100};
 
 /// A compositor that drops the mark of a secret drops all of X's types that are no MIME types. Where one of those is

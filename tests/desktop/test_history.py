@@ -87,16 +87,16 @@ class KilledTest(HistoryTestCase):
 
     def test_killed_two_seconds_after_a_copy_loses_nothing(self):
         self.clipboard.copy_text("in time")
-        time.sleep(2.0)  # no save is due for this time, so there is no condition to wait for
+        self.zamber.wait_for_history(["in time", "old", "older"], 2.0)
         self.kill()
-        self.assertEqual(self.zamber.history(), ["in time", "old", "older"])
         self.restart(loaded=3)
         self.copy_and_wait("next", ["next", "in time", "old", "older"])
 
     def test_ended_while_a_save_waits_does_not_save(self):
         before = self.zamber.history_path.read_bytes()
         self.clipboard.copy_text("too late")
-        time.sleep(POLL_SECONDS + 0.1)  # captured, which nothing shows before the save that must not come
+        # The copy has been captured by then, which nothing shows before the save that must not come.
+        holds_for(lambda: self.zamber.history_path.read_bytes() == before, POLL_SECONDS + 0.1, "nothing is saved")
         self.zamber.stop()
         self.assertEqual(self.zamber.history_path.read_bytes(), before)
         self.restart(loaded=2)

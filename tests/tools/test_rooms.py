@@ -40,7 +40,8 @@ def words_of(text):
 
 
 def find_rooms():
-    files = (file for file in TREE.rglob("CMakeLists.txt") if file.relative_to(TREE).parts[0] not in ("build", "tests"))
+    tops = re.findall(r"^ *add_subdirectory\((\w+)\)", (TREE / "CMakeLists.txt").read_text(), re.MULTILINE)
+    files = (file for top in tops if top != "tests" for file in (TREE / top).rglob("CMakeLists.txt"))
     return [Room(match["name"], match["folder"], words_of(match["words"]))
             for file in files for match in ROOM.finditer(file.read_text())]
 

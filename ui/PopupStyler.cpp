@@ -67,6 +67,11 @@ void PopupStyler::setColors(const QPalette& palette) {
 }
 
 bool PopupStyler::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::PolishRequest && qobject_cast<QMenu*>(watched) != nullptr) {
+        // Qt posts this request for every new widget. A menu is polished once more as it opens; earlier the request
+        // would have the tray's menu look for its font, which takes longer than all else before the icon appears.
+        return true;
+    }
     const bool isOpening = event->type() == QEvent::Polish || event->type() == QEvent::Show;
     if (!isOpening && event->type() != QEvent::MouseButtonPress) {
         return false;

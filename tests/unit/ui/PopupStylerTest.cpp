@@ -67,6 +67,14 @@ TEST_F(PopupStylerTest, MenusThatOpenHaveThem) {
     EXPECT_EQ(groundWhenOpen(after), QColor(Qt::red));
 }
 
+TEST_F(PopupStylerTest, AMenuIsStyledAsItOpensAndNotBefore) {
+    QMenu menu;
+    QApplication::processEvents(); // Qt asks every new widget to be polished
+    EXPECT_FALSE(menu.testAttribute(Qt::WA_TranslucentBackground));
+    menu.popup({0, 0});
+    EXPECT_TRUE(menu.testAttribute(Qt::WA_TranslucentBackground));
+}
+
 TEST_F(PopupStylerTest, TheyFollowInAMenuThatIsOpenAndInOneThatOpensAgain) {
     styler.setColors(QPalette(Qt::red));
     QMenu open;

@@ -13,6 +13,7 @@
 #include <bitset>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 
 namespace zamber::text {
 
@@ -176,9 +177,10 @@ bool endsCharacter(std::string_view text, std::size_t end) {
         lastLetter != HangulLetter::None && nextLetter != HangulLetter::None) {
         return !isSameSyllable(lastLetter, nextLetter);
     }
-    static thread_local JoinerAnswers answers;
+    // Made when a thread first asks: each thread that the program has would be given this table as it starts.
+    static thread_local const auto answers = std::make_unique<JoinerAnswers>();
     return (lastLetter == HangulLetter::None && !mayJoinWhatFollows(last)) ||
-           answers.endsCharacter(text, end, afterNext);
+           answers->endsCharacter(text, end, afterNext);
 }
 
 } // namespace zamber::text

@@ -4,7 +4,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -85,14 +84,13 @@ QStringList arguments(const QString& commandLine) {
 
 /// "de_AT.UTF-8@euro" as the four keys that entries may have for it.
 QStringList keysOfLocale(const QString& locale) {
-    static const QRegularExpression parts(u"^([^_.@]+)(_[^.@]+)?(?:\\.[^@]*)?(@.+)?$"_s);
-    const QRegularExpressionMatch match = parts.match(locale);
-    if (!match.hasMatch()) {
+    const QString modifier = locale.contains(u'@') ? locale.sliced(locale.indexOf(u'@')) : QString();
+    const QString place = locale.section(u'@', 0, 0).section(u'.', 0, 0); // without the encoding
+    const QString language = place.section(u'_', 0, 0);
+    const QString country = place.sliced(language.size());
+    if (language.isEmpty()) {
         return {};
     }
-    const QString language = match.captured(1);
-    const QString country = match.captured(2);
-    const QString modifier = match.captured(3);
     QStringList keys{language + country + modifier, language + country, language + modifier, language};
     keys.removeDuplicates();
     return keys;

@@ -5,7 +5,7 @@
 #include "platform/freedesktop/session/GSettingsShortcut.h"
 #include "platform/freedesktop/session/XfconfShortcut.h"
 
-#include <QRegularExpression>
+#include <algorithm>
 
 namespace zamber::freedesktop::session {
 
@@ -28,8 +28,10 @@ std::unique_ptr<DesktopShortcut> desktopShortcutOf(const QStringList& currentDes
 }
 
 QString shellWord(const QString& path) {
-    static const QRegularExpression plain(u"\\A[A-Za-z0-9_./+@:-]+\\z"_s);
-    if (plain.match(path).hasMatch()) {
+    const auto isPlain = [](QChar c) {
+        return (c.isLetterOrNumber() && c.unicode() < 0x80) || u"_./+@:-"_s.contains(c);
+    };
+    if (!path.isEmpty() && std::ranges::all_of(path, isPlain)) {
         return path;
     }
     QString escaped = path;

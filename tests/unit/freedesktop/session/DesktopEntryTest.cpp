@@ -137,6 +137,14 @@ TEST(MessageLocales, ComeFromTheFirstVariableThatIsSet) {
         EXPECT_EQ(messageLocales(), (QStringList{u"de_AT@euro"_s, u"de_AT"_s, u"de@euro"_s, u"de"_s}));
     }
     {
+        const Variables variables({{"LANG", "ca@valencia"}});
+        EXPECT_EQ(messageLocales(), (QStringList{u"ca@valencia"_s, u"ca"_s}));
+    }
+    {
+        const Variables variables({{"LANG", "_AT.UTF-8"}, {"LANGUAGE", ".UTF-8:@euro"}});
+        EXPECT_EQ(messageLocales(), QStringList());
+    }
+    {
         const Variables variables({{"LANG", "de_AT.UTF-8"}, {"LC_MESSAGES", "fr_FR"}});
         EXPECT_EQ(messageLocales(), (QStringList{u"fr_FR"_s, u"fr"_s}));
     }

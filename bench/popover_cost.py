@@ -58,7 +58,30 @@ def texts(count):
         yield f"{number} " + " ".join(words) + ("\nand a second line" if number % 5 == 0 else "")
 
 
-class Popover:
+class Probe:
+    """Presses keys on a desktop, and tells when the answer to each was on the screen."""
+
+    def __init__(self, desktop, program):
+        self._process = subprocess.Popen([program], env=desktop.environment, stdin=subprocess.PIPE,
+                                         stdout=subprocess.PIPE, text=True)
+
+    def ask(self, question):
+        self._process.stdin.write(question + "\n")
+        self._process.stdin.flush()
+        answer = json.loads(self._process.stdout.readline())
+        if "error" in answer or (question == "open" and not answer["mapped"]):
+            raise RuntimeError(f"{question}: {answer}")
+        return answer
+
+    def key(self, name):
+        return self.ask(f"key {KEY_CODES[name]}")
+
+    def stop(self):
+        self._process.stdin.close()
+        self._process.wait(10)
+
+
+class Popover(Probe):
     """A running program on a desktop of its own, and the probe that presses its keys."""
 
     def __init__(self, desktop, binary, probe, contents):
@@ -74,28 +97,27 @@ class Popover:
             for index, content in enumerate(contents)]))
         self.zamber.start()
         time.sleep(SETTLE_SECONDS)
-        self.probe = subprocess.Popen([probe], env=desktop.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                      text=True)
-
-    def ask(self, question):
-        self.probe.stdin.write(question + "\n")
-        self.probe.stdin.flush()
-        answer = json.loads(self.probe.stdout.readline())
-        if "error" in answer or (question == "open" and not answer["mapped"]):
-            raise RuntimeError(f"{question}: {answer}")
-        return answer
-
-    def key(self, name):
-        return self.ask(f"key {KEY_CODES[name]}")
+        super().__init__(desktop, probe)
 
     def close(self):
         self.key("Escape")
         self.zamber.wait_until_closed()
 
     def stop(self):
-        self.probe.stdin.close()
-        self.probe.wait(10)
+        super().stop()
         self.zamber.stop()
+
+
+def typed_keys(popover, runs):
+    """The answers to letters that are typed into the search, with the popover open; they find ever less."""
+    typed = []
+    popover.key("k"), popover.key("BackSpace")
+    for _ in range(runs):
+        letters = [popover.key(letter) for letter in "kee"]
+        typed += [letter for letter in letters if letter["drawings"]]
+        for _ in "kee":
+            popover.key("BackSpace")
+    return typed
 
 
 class Report:
@@ -125,13 +147,7 @@ def measure(report, name, popover, runs):
     report.tell(f"{name}: opening, painted", [one["complete"] for one in opened], GOALS["painted, warm"])
 
     popover.ask("open")
-    typed = []
-    popover.key("k"), popover.key("BackSpace")
-    for _ in range(max(2, runs // 3)):
-        letters = [popover.key(letter) for letter in "kee"]
-        typed += [letter for letter in letters if letter["drawings"]]
-        for _ in "kee":
-            popover.key("BackSpace")
+    typed = typed_keys(popover, max(2, runs // 3))
     if typed:
         goal = GOALS["key, 10000"] if name.startswith("10000") else GOALS["key, 20"] if name.startswith("20 ") else None
         report.tell(f"{name}: key press, first right frame", [one["first"] for one in typed], goal)

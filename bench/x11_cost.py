@@ -98,8 +98,8 @@ class Partner:
         self.serve_until(lambda seen: seen.type == X.ClientMessage and seen.client_type == opcode)
 
 
-def start(desktop, program):
-    return subprocess.Popen([program], env=desktop.environment, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+def start(desktop, program, launcher=()):
+    return subprocess.Popen([*launcher, program], env=desktop.environment, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                             stderr=subprocess.DEVNULL, cwd=desktop.home)
 
 
@@ -124,6 +124,13 @@ def cpu_milliseconds(pid):
 
 def settle():
     time.sleep(SETTLE_SECONDS)
+
+
+def noise_picture(desktop):
+    """A PNG picture of 0.6 MB."""
+    picture = desktop.directory / "picture.png"
+    desktop.run(["convert", "-size", "500x400", "xc:", "+noise", "Random", "-depth", "8", picture])
+    return picture.read_bytes()
 
 
 class Figures:
@@ -174,10 +181,7 @@ def measure_start(figures, zamber, empty, runs):
 
 def measure_running(figures, zamber, runs):
     with PrivateDesktop(accessibility=False) as desktop:
-        partner = Partner(desktop)
-        picture = desktop.directory / "picture.png"
-        desktop.run(["convert", "-size", "500x400", "xc:", "+noise", "Random", "-depth", "8", picture])
-        png = picture.read_bytes()
+        partner, png = Partner(desktop), noise_picture(desktop)
         process = start(desktop, zamber)
         wait_until(lambda: desktop.tray_icon(), PATIENCE_SECONDS, what="the tray icon")
         settle()

@@ -10,13 +10,30 @@
 #include "platform/wayland/WaylandDesktop.h"
 #endif
 
+#include <malloc.h>
+
 #include <utility>
 
 namespace zamber::app {
 
 using freedesktop::desktop::FreedesktopDesktop;
 
+namespace {
+
+/// Has large blocks of memory go back to the system as soon as they are free. Left to itself, glibc takes the size of
+/// each that is freed for one that is needed often and keeps as much: megabytes that nothing uses, for a program that
+/// copies a picture now and then.
+void giveLargeBlocksBack() {
+#ifdef M_MMAP_THRESHOLD
+    constexpr int largeBytes = 128 * 1024;
+    mallopt(M_MMAP_THRESHOLD, largeBytes);
+#endif
+}
+
+} // namespace
+
 std::expected<void, std::string> SessionDesktop::prepare() {
+    giveLargeBlocksBack();
     // On Wayland, too: the windows are XWayland's there.
     return x11::X11Desktop::prepare();
 }

@@ -5,11 +5,15 @@
 from Xlib.ext import res
 
 from case import DesktopTestCase
-from harness import wait_until
+from harness import holds_for, wait_until
+from hostile import MEBIBYTE, HostileTestCase
 
 WARM_UP_CYCLES = 10
 CYCLES = 100
 MOST_KIBIBYTES = 4096
+PICTURES = 20
+MOST_BESIDE_PICTURES = 2 * MEBIBYTE
+CAPTURE_SECONDS = 0.7
 
 
 class EnduranceTest(DesktopTestCase):
@@ -47,3 +51,26 @@ class EnduranceTest(DesktopTestCase):
             self.cycle()
         self.assertEqual(self.resources(), resources)
         self.assertLess(self.resident_kibibytes() - memory, MOST_KIBIBYTES)
+
+
+class PictureMemoryTest(HostileTestCase):
+    def written_bytes(self):
+        """The memory that the program has written to, which no other program shares."""
+        with open(f"/proc/{self.zamber.pid}/smaps_rollup", encoding="ascii") as rollup:
+            return next(1024 * int(line.split()[1]) for line in rollup if line.startswith("Private_Dirty"))
+
+    def test_pictures_take_hardly_more_memory_than_their_bytes(self):
+        path = self.desktop.directory / "noise.png"
+        self.desktop.run(["convert", "-size", "500x400", "xc:", "+noise", "Random", "-depth", "8", path])
+        noise = path.read_bytes()
+        wait_until(self.zamber.has_asked_for_updates, 15.0, "the first check, for which libraries are loaded")
+        before = self.written_bytes()
+        for number in range(PICTURES):
+            path.write_bytes(noise + b"%d" % number)
+            self.clipboard.copy_image(path)
+            holds_for(self.zamber.is_running, CAPTURE_SECONDS, "the program runs")
+        wait_until(lambda: self.zamber.history_path.stat().st_size > PICTURES * len(noise) * 4 / 3, 10.0,
+                   "all pictures in the history")
+        most = PICTURES * len(noise) + MOST_BESIDE_PICTURES + self.memory_kept_by_a_sanitizer()
+        wait_until(lambda: self.written_bytes() - before < most, 5.0,
+                   lambda: f"no more memory than for the pictures; {self.written_bytes() - before:,} bytes of {most:,}")

@@ -23,6 +23,7 @@
 #include "platform/x11/SecretMark.h"
 #include "platform/x11/Windows.h"
 #include "platform/x11/X11AccessibilityTrust.h"
+#include "platform/x11/X11EmbeddedIcon.h"
 #include "platform/x11/X11HotKeyCenter.h"
 #include "platform/x11/X11KeystrokePoster.h"
 #include "platform/x11/X11WindowSystem.h"
@@ -121,7 +122,8 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
     freedesktop::TextFieldPaste textFieldPaste{pasteboard};
     freedesktop::popover::PopoverWindow popover{appearance, windowSystem};
     freedesktop::tray::TrayClicks trayClicks{popover, presses, scheduler};
-    freedesktop::tray::TrayIcon statusItem{trayClicks, windowSystem, hotKeys.commandKeyHint()};
+    x11::X11EmbeddedIcon embeddedIcon{*connections.xwayland};
+    freedesktop::tray::TrayIcon statusItem{trayClicks, &embeddedIcon, windowSystem, hotKeys.commandKeyHint()};
 
 private:
     std::optional<Typing> makeTyping() {

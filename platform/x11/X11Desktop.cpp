@@ -14,6 +14,7 @@
 #include "platform/x11/Keyboard.h"
 #include "platform/x11/Windows.h"
 #include "platform/x11/X11AccessibilityTrust.h"
+#include "platform/x11/X11EmbeddedIcon.h"
 #include "platform/x11/X11HotKeyCenter.h"
 #include "platform/x11/X11KeystrokePoster.h"
 #include "platform/x11/X11Pasteboard.h"
@@ -69,7 +70,8 @@ struct X11Desktop::Adapters : freedesktop::desktop::CommonAdapters {
     freedesktop::TextFieldPaste textFieldPaste{pasteboard};
     freedesktop::popover::PopoverWindow popover{appearance, windowSystem};
     freedesktop::tray::TrayClicks trayClicks{popover, presses, scheduler};
-    freedesktop::tray::TrayIcon statusItem{trayClicks, windowSystem, hotKeys.commandKeyHint()};
+    x11::X11EmbeddedIcon embeddedIcon{*inputConnection};
+    freedesktop::tray::TrayIcon statusItem{trayClicks, &embeddedIcon, windowSystem, hotKeys.commandKeyHint()};
 };
 
 std::expected<void, std::string> X11Desktop::prepare() {

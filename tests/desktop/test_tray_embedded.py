@@ -5,7 +5,7 @@
 from Xlib import X
 
 from case import DesktopTestCase
-from harness import holds_for, wait_until
+from harness import PARTNERS, holds_for, wait_until
 
 DOUBLE_CLICK_SECONDS = 0.6
 HISTORY = ("apple tart", "banana bread")
@@ -37,6 +37,61 @@ class IconAtTheOriginTest(DesktopTestCase):
             holds_for(lambda: self.zamber.popover() is None, DOUBLE_CLICK_SECONDS, "the popover stays closed")
             self.click_tray_icon()
             self.zamber.wait_for_popover()
+
+
+class DrawnIconTest(DesktopTestCase):
+    """The drawing lies on the panel's own ground."""
+
+    history = HISTORY
+    compositor = "picom"
+    depth = 32  # bits a pixel, with those that say how opaque it is
+
+    def pixels(self, x, y, width, height):
+        data = self.desktop.display.screen().root.get_image(x, y, width, height, X.ZPixmap, 0xFFFFFFFF).data
+        return [tuple(data[at:at + 3]) for at in range(0, len(data), 4)]
+
+    def test_the_panel_is_seen_around_the_drawing(self):
+        icon = self.wait_for_tray_icon()
+        window = self.desktop.display.create_resource_object("window", icon.id)
+        self.assertEqual(window.get_geometry().depth, self.depth)
+        (ground,) = self.pixels(icon.x - 2, icon.y + 2, 1, 1)
+        self.assertNotEqual(ground, (0, 0, 0))
+        wait_until(lambda: len(set(self.pixels(icon.x, icon.y, icon.width, icon.height))) > 4, 5.0, "the drawing")
+        seen = self.pixels(icon.x, icon.y, icon.width, icon.height)
+        corners = [seen[0], seen[icon.width - 1], seen[-icon.width], seen[-1]]
+        self.assertEqual(corners, [ground] * 4)
+
+    def test_its_name_is_shown_while_the_pointer_rests_on_it(self):
+        icon = self.wait_for_tray_icon()
+
+        def others():
+            return [window for window in self.zamber.windows() if window.id != icon.id]
+
+        self.assertEqual(others(), [])
+        self.desktop.mouse.move(icon.x + icon.width // 2, icon.y + icon.height // 2)
+        (tip,) = wait_until(others, 5.0, "the tool tip")
+        self.assertLess(tip.width, 120)
+        self.assertLess(tip.height, 60)
+        self.desktop.mouse.move(600, 400)
+        wait_until(lambda: others() == [], 5.0, "the end of the tool tip")
+        self.click_tray_icon()
+        self.zamber.wait_for_popover()
+
+
+class DrawnIconWithoutCompositorTest(DrawnIconTest):
+    compositor = "none"
+
+
+class DrawnIconInPlainTrayTest(DrawnIconTest):
+    """A tray that says nothing of pixels."""
+
+    compositor = "none"
+    tray = "none"
+    depth = 24
+
+    def prepare(self):
+        self.desktop.start("tray", ["/usr/bin/python3", PARTNERS / "plain_tray.py"])
+        wait_until(lambda: self.desktop.selection_owner("_NET_SYSTEM_TRAY_S0"), 10.0, "the tray")
 
 
 class EmbeddedIconTest(DesktopTestCase):

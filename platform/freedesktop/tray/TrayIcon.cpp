@@ -12,13 +12,10 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDBusConnection>
-#include <QIcon>
-#include <QMouseEvent>
-#include <QPixmap>
 #include <QScreen>
-#include <QWindow>
+#include <QStyle>
+#include <QToolTip>
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -28,16 +25,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What trays ask for, in pixels.
+/// What hosts ask for, in pixels.
 constexpr std::array ICON_SIZES{16, 22, 24, 32, 48, 64};
 
 const QString ITEM_PATH = u"/StatusNotifierItem"_s;
 const QString MENU_PATH = u"/MenuBar"_s;
-
-/// What Qt shows an embedded icon in.
-bool isEmbeddedIcon(const QObject* object) {
-    return object->inherits("QSystemTrayIconSys");
-}
 
 const QScreen& screenWithPointer() {
     const QScreen* const screen = QGuiApplication::screenAt(QCursor::pos());
@@ -46,13 +38,22 @@ const QScreen& screenWithPointer() {
 
 } // namespace
 
-TrayIcon::TrayIcon(TrayClicks& clicks, const popover::WindowSystem& windowSystem, const QString& commandKeyHint)
+TrayIcon::TrayIcon(TrayClicks& clicks, EmbeddedIcon* embeddedIcon, const popover::WindowSystem& windowSystem,
+                   const QString& commandKeyHint)
     : m_clicks(clicks)
+    , m_embeddedIcon(embeddedIcon)
     , m_windowSystem(windowSystem)
     , m_hosts(QDBusConnection::sessionBus())
     , m_menu(commandKeyHint) {
     m_clicks.setEmbeddedIcon([this] { return embeddedRectangle(); });
-    QCoreApplication::instance()->installEventFilter(this);
+    if (m_embeddedIcon != nullptr) {
+        connect(m_embeddedIcon, &EmbeddedIcon::clicked, this, &TrayIcon::handleClickOnEmbeddedIcon);
+        connect(m_embeddedIcon, &EmbeddedIcon::pointerEntered, &m_toolTipDelay, qOverload<>(&QTimer::start));
+        connect(m_embeddedIcon, &EmbeddedIcon::pointerLeft, this, &TrayIcon::hideToolTip);
+    }
+    m_toolTipDelay.setSingleShot(true);
+    m_toolTipDelay.setInterval(QApplication::style()->styleHint(QStyle::SH_ToolTip_WakeUpDelay));
+    m_toolTipDelay.callOnTimeout(this, [this] { QToolTip::showText(QCursor::pos(), m_description); });
     connect(&m_hosts, &NotifierHosts::appeared, this, &TrayIcon::useNotifierHost);
     connect(&m_hosts, &NotifierHosts::disappeared, this, &TrayIcon::useTray);
 }
@@ -63,37 +64,35 @@ TrayIcon::~TrayIcon() {
 
 void TrayIcon::showSymbol(const QString& /*symbol*/, const QString& accessibilityDescription) {
     m_description = accessibilityDescription;
-    for (const int size : ICON_SIZES) {
-        m_pictures << trayPicture(size);
-    }
     m_hosts.start();
 }
 
 void TrayIcon::useNotifierHost() {
-    m_embeddedIcon.reset();
+    if (m_embeddedIcon != nullptr) {
+        m_embeddedIcon->hide();
+    }
     exportItem();
     m_hosts.registerItem(m_busService);
 }
 
 void TrayIcon::useTray() {
-    // Not before it is known that no host is there: Qt looks for a host once in the life of a process.
-    QIcon icon;
-    for (const QImage& picture : std::as_const(m_pictures)) {
-        icon.addPixmap(QPixmap::fromImage(picture));
+    if (m_embeddedIcon != nullptr) {
+        m_embeddedIcon->show(trayPicture, m_description);
     }
-    m_embeddedIcon = std::make_unique<QSystemTrayIcon>(icon);
-    m_embeddedIcon->setToolTip(m_description);
-    m_embeddedIcon->show();
 }
 
 void TrayIcon::exportItem() {
     if (m_busMenu != nullptr) {
         return;
     }
+    QList<QImage> pictures;
+    for (const int size : ICON_SIZES) {
+        pictures << trayPicture(size);
+    }
     new NotifierItem(
         &m_busObject,
         {.activated = [this] { handleLeftClick(); }, .menuRequested = [this] { openMenu(QCursor::pos()); }}, MENU_PATH,
-        m_description, m_pictures);
+        m_description, pictures);
     m_busMenu = new NotifierMenu(&m_busObject, [this] { tell(MouseButton::Right); });
 
     QDBusConnection bus = QDBusConnection::sessionBus();
@@ -105,13 +104,7 @@ void TrayIcon::exportItem() {
 }
 
 std::optional<QRect> TrayIcon::embeddedRectangle() const {
-    // The tray shows the icon's window when it has taken it in. Until then the window waits, unseen, at the screen's
-    // origin, where a tray may be as well.
-    const bool isSeen =
-        m_embeddedIcon && std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget* widget) {
-            return isEmbeddedIcon(widget) && widget->windowHandle() != nullptr && widget->windowHandle()->isExposed();
-        });
-    return isSeen ? std::optional(m_embeddedIcon->geometry()) : std::nullopt;
+    return m_embeddedIcon != nullptr ? m_embeddedIcon->rectangle() : std::nullopt;
 }
 
 std::optional<Anchor> TrayIcon::button() const {
@@ -137,42 +130,23 @@ void TrayIcon::showMenuOnce(const QList<MenuItem>& menu) {
     }
 }
 
-bool TrayIcon::eventFilter(QObject* watched, QEvent* event) {
-    if (!isEmbeddedIcon(watched)) {
-        return QObject::eventFilter(watched, event);
-    }
-    // Qt itself acts at the press, and makes a double click of two clicks in quick succession.
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-        m_pressedButton = static_cast<QMouseEvent*>(event)->button();
-        return true;
-    case QEvent::MouseButtonRelease:
-        handleReleaseOnEmbeddedIcon(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event));
-        return true;
-    default:
-        return QObject::eventFilter(watched, event);
-    }
-}
-
 void TrayIcon::tell(MouseButton button) const {
     if (m_handler) {
         m_handler(button);
     }
 }
 
-void TrayIcon::handleReleaseOnEmbeddedIcon(const QWidget& icon, const QMouseEvent& release) {
-    const bool isClick = std::exchange(m_pressedButton, Qt::NoButton) == release.button();
-    // In the icon's own coordinates: Qt learns its place on the screen late when the tray moves its icons.
-    if (!isClick || !icon.rect().contains(release.position().toPoint())) {
-        return;
-    }
-    const QPoint place = release.globalPosition().toPoint();
-    if (release.button() == Qt::LeftButton) {
+void TrayIcon::handleClickOnEmbeddedIcon(Qt::MouseButton button) {
+    if (button == Qt::LeftButton) {
         handleLeftClick();
-    } else if (release.button() == Qt::RightButton) {
-        openMenu(place);
+    } else if (button == Qt::RightButton) {
+        openMenu(QCursor::pos());
     }
+}
+
+void TrayIcon::hideToolTip() {
+    m_toolTipDelay.stop();
+    QToolTip::hideText();
 }
 
 void TrayIcon::handleLeftClick() {

@@ -3,19 +3,15 @@
 #pragma once
 
 #include "platform/StatusItem.h"
+#include "platform/freedesktop/tray/EmbeddedIcon.h"
 #include "platform/freedesktop/tray/NotifierHosts.h"
 #include "platform/freedesktop/tray/TrayMenu.h"
 
-#include <QImage>
 #include <QObject>
 #include <QPoint>
-#include <QSystemTrayIcon>
+#include <QTimer>
 
-#include <memory>
 #include <optional>
-
-class QMouseEvent;
-class QWidget;
 
 namespace zamber::freedesktop::popover {
 class WindowSystem;
@@ -35,8 +31,9 @@ class TrayIcon final : public QObject, public StatusItem {
     Q_OBJECT
 
 public:
-    /// The hint says which key ⌘ is, for people. The others outlive this object.
-    TrayIcon(TrayClicks& clicks, const popover::WindowSystem& windowSystem, const QString& commandKeyHint);
+    /// The hint says which key ⌘ is, for people. The others outlive this object; the embedded icon may be missing.
+    TrayIcon(TrayClicks& clicks, EmbeddedIcon* embeddedIcon, const popover::WindowSystem& windowSystem,
+             const QString& commandKeyHint);
     ~TrayIcon() override;
 
     /// Shows the drawing for panels, whatever the symbol's name.
@@ -45,33 +42,28 @@ public:
     void setClickedHandler(ClickedHandler handler) override;
     void showMenuOnce(const QList<MenuItem>& menu) override;
 
-    /// Where the icon lies once a tray has taken it in; nothing while none has.
-    std::optional<QRect> embeddedRectangle() const;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
+    std::optional<QRect> embeddedRectangle() const;
     void useNotifierHost();
     void useTray();
     void exportItem();
     void tell(MouseButton button) const;
-    void handleReleaseOnEmbeddedIcon(const QWidget& icon, const QMouseEvent& release);
+    void handleClickOnEmbeddedIcon(Qt::MouseButton button);
+    void hideToolTip();
     void handleLeftClick();
     void openMenu(QPoint place);
 
     TrayClicks& m_clicks;
+    EmbeddedIcon* m_embeddedIcon;
     const popover::WindowSystem& m_windowSystem;
     QString m_description;
-    QList<QImage> m_pictures;
     NotifierHosts m_hosts;
     QObject m_busObject; // what the hosts talk to
     NotifierMenu* m_busMenu = nullptr;
     QString m_busService;
     TrayMenu m_menu;
-    std::unique_ptr<QSystemTrayIcon> m_embeddedIcon;
-    Qt::MouseButton m_pressedButton = Qt::NoButton; ///< the one that went down on the embedded icon
-    std::optional<QPoint> m_lastClick;              // points
+    QTimer m_toolTipDelay;             // from the pointer's coming to the embedded icon
+    std::optional<QPoint> m_lastClick; // points
     ClickedHandler m_handler;
 };
 

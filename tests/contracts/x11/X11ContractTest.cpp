@@ -11,6 +11,7 @@
 #include "platform/x11/Keyboard.h"
 #include "platform/x11/Windows.h"
 #include "platform/x11/X11AccessibilityTrust.h"
+#include "platform/x11/X11EmbeddedIcon.h"
 #include "platform/x11/X11HotKeyCenter.h"
 #include "platform/x11/X11KeystrokePoster.h"
 #include "platform/x11/X11Pasteboard.h"
@@ -32,9 +33,7 @@
 #include <QTemporaryDir>
 #include <QThreadPool>
 #include <QTimer>
-#include <QWidget>
 
-#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -259,7 +258,8 @@ struct TrayIconRig : X11Rig {
     x11::ButtonPresses presses{*connection};
     freedesktop::popover::PopoverWindow popover{appearance, windowSystem};
     freedesktop::tray::TrayClicks clicks{popover, presses, scheduler};
-    freedesktop::tray::TrayIcon adapter{clicks, windowSystem, {}};
+    x11::X11EmbeddedIcon embeddedIcon{*connection};
+    freedesktop::tray::TrayIcon adapter{clicks, &embeddedIcon, windowSystem, {}};
 
     TrayIconRig() = default;
 
@@ -268,11 +268,12 @@ struct TrayIconRig : X11Rig {
         // The tray takes the icon in when it gets to it, and moves it to its place after that. The click goes to
         // wherever the icon is at that moment.
         EXPECT_TRUE(waitUntil([this] {
-            const auto window = iconWindow();
-            return window && partner.isViewable(*window) && adapter.embeddedRectangle() &&
-                   adapter.button()->screenRectangle.contains(partner.centreOf(*window));
+            const xcb_window_t window = embeddedIcon.window();
+            const std::optional<QRect> place = embeddedIcon.rectangle();
+            return place && partner.isViewable(window) && place->contains(partner.centreOf(window)) &&
+                   adapter.button()->screenRectangle == *place;
         }));
-        partner.clickWindow(iconWindow().value_or(XCB_WINDOW_NONE), button == MouseButton::Left ? 1 : 3);
+        partner.clickWindow(embeddedIcon.window(), button == MouseButton::Left ? 1 : 3);
     }
     void chooseFirst() {
         const auto* const menu = QApplication::activePopupWidget();
@@ -280,14 +281,6 @@ struct TrayIconRig : X11Rig {
         partner.click(menu->mapToGlobal(QPoint(menu->width() / 2, 12)), 1);
     }
     bool isMenuOpen() const { return QApplication::activePopupWidget() != nullptr; }
-
-private:
-    static std::optional<xcb_window_t> iconWindow() {
-        const auto widgets = QApplication::topLevelWidgets();
-        const auto icon =
-            std::ranges::find_if(widgets, [](const QWidget* widget) { return widget->inherits("QSystemTrayIconSys"); });
-        return icon == widgets.end() ? std::nullopt : std::optional(static_cast<xcb_window_t>((*icon)->winId()));
-    }
 };
 
 } // namespace

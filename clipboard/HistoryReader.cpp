@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <boost/json/basic_parser_impl.hpp>
+#include <boost/system/error_code.hpp>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -21,6 +22,7 @@ namespace zamber::clipboard {
 namespace {
 
 namespace json = boost::json;
+using ErrorCode = boost::system::error_code; // newer Boost has no name of its own for it in json
 
 constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 /// The array, the record, and the levels that a value of the record may have.
@@ -56,21 +58,21 @@ public:
     static constexpr std::size_t max_key_size = static_cast<std::size_t>(-1);
     static constexpr std::size_t max_string_size = static_cast<std::size_t>(-1);
 
-    bool on_document_begin(json::error_code& /*error*/) { return true; }
-    bool on_document_end(json::error_code& /*error*/) { return true; }
+    bool on_document_begin(ErrorCode& /*error*/) { return true; }
+    bool on_document_end(ErrorCode& /*error*/) { return true; }
 
-    bool on_array_begin(json::error_code& error) { return begin(m_depth != RECORDS, error); }
-    bool on_array_end(std::size_t /*size*/, json::error_code& /*error*/) {
+    bool on_array_begin(ErrorCode& error) { return begin(m_depth != RECORDS, error); }
+    bool on_array_end(std::size_t /*size*/, ErrorCode& /*error*/) {
         end();
         return true;
     }
-    bool on_object_begin(json::error_code& error) {
+    bool on_object_begin(ErrorCode& error) {
         if (m_depth == RECORDS) {
             m_record.clear();
         }
         return begin(m_depth != TOP, error);
     }
-    bool on_object_end(std::size_t /*size*/, json::error_code& /*error*/) {
+    bool on_object_end(std::size_t /*size*/, ErrorCode& /*error*/) {
         end();
         if (m_depth == RECORDS) {
             addItem();
@@ -78,20 +80,20 @@ public:
         return true;
     }
 
-    bool on_key_part(json::string_view part, std::size_t /*size*/, json::error_code& /*error*/) {
+    bool on_key_part(json::string_view part, std::size_t /*size*/, ErrorCode& /*error*/) {
         if (m_depth == MEMBERS) {
             appendName(m_key, part);
         }
         return true;
     }
-    bool on_key(json::string_view part, std::size_t size, json::error_code& error) {
+    bool on_key(json::string_view part, std::size_t size, ErrorCode& error) {
         on_key_part(part, size, error);
         if (m_depth == MEMBERS) {
             m_record.forget(m_key);
         }
         return true;
     }
-    bool on_string_part(json::string_view part, std::size_t /*size*/, json::error_code& error) {
+    bool on_string_part(json::string_view part, std::size_t /*size*/, ErrorCode& error) {
         if (m_depth == MEMBERS && m_key == "value") {
             m_record.value.append(part.data(), part.size());
         } else if (m_depth == MEMBERS && m_key == "type") {
@@ -99,35 +101,33 @@ public:
         }
         return isInRecord(error);
     }
-    bool on_string(json::string_view part, std::size_t size, json::error_code& error) {
+    bool on_string(json::string_view part, std::size_t size, ErrorCode& error) {
         on_string_part(part, size, error);
         m_record.hasValue |= m_depth == MEMBERS && m_key == "value";
         return valueEnded(error);
     }
-    bool on_number_part(json::string_view part, json::error_code& error) {
+    bool on_number_part(json::string_view part, ErrorCode& error) {
         if (m_depth == MEMBERS && m_key == "timestamp") {
             m_number.append(part.data(), part.size());
         }
         return isInRecord(error);
     }
-    bool on_int64(std::int64_t value, json::string_view part, json::error_code& error) {
+    bool on_int64(std::int64_t value, json::string_view part, ErrorCode& error) {
         return numberEnded(static_cast<double>(value), part, error);
     }
-    bool on_uint64(std::uint64_t value, json::string_view part, json::error_code& error) {
+    bool on_uint64(std::uint64_t value, json::string_view part, ErrorCode& error) {
         return numberEnded(static_cast<double>(value), part, error);
     }
-    bool on_double(double value, json::string_view part, json::error_code& error) {
-        return numberEnded(value, part, error);
-    }
-    bool on_bool(bool value, json::error_code& error) {
+    bool on_double(double value, json::string_view part, ErrorCode& error) { return numberEnded(value, part, error); }
+    bool on_bool(bool value, ErrorCode& error) {
         if (m_depth == MEMBERS && m_key == "isPinned") {
             m_record.isPinned = value;
         }
         return valueEnded(error);
     }
-    bool on_null(json::error_code& error) { return valueEnded(error); }
-    bool on_comment_part(json::string_view /*part*/, json::error_code& /*error*/) { return true; }
-    bool on_comment(json::string_view /*part*/, json::error_code& /*error*/) { return true; }
+    bool on_null(ErrorCode& error) { return valueEnded(error); }
+    bool on_comment_part(json::string_view /*part*/, ErrorCode& /*error*/) { return true; }
+    bool on_comment(json::string_view /*part*/, ErrorCode& /*error*/) { return true; }
     // NOLINTEND(readability-identifier-naming)
 
     QList<ClipboardItem> takeItems() { return std::move(m_items); }
@@ -170,14 +170,14 @@ private:
         name.append(part.data(), std::min(part.size(), LONGEST_NAME_BYTES - std::min(name.size(), LONGEST_NAME_BYTES)));
     }
 
-    bool isInRecord(json::error_code& error) const {
+    bool isInRecord(ErrorCode& error) const {
         if (m_depth < MEMBERS) {
             error = json::error::syntax; // no array of objects
         }
         return m_depth >= MEMBERS;
     }
 
-    bool begin(bool isAllowed, json::error_code& error) {
+    bool begin(bool isAllowed, ErrorCode& error) {
         if (!isAllowed) {
             error = json::error::syntax;
             return false;
@@ -197,12 +197,12 @@ private:
         }
     }
 
-    bool valueEnded(json::error_code& error) {
+    bool valueEnded(ErrorCode& error) {
         forgetKey();
         return isInRecord(error);
     }
 
-    bool numberEnded(double roughly, json::string_view part, json::error_code& error) {
+    bool numberEnded(double roughly, json::string_view part, ErrorCode& error) {
         on_number_part(part, error);
         if (m_depth == MEMBERS && m_key == "timestamp") {
             m_record.timestamp = numberFrom(m_number, roughly);
@@ -301,7 +301,7 @@ std::optional<QList<ClipboardItem>> readHistoryJson(const ReadBytes& read) {
     json::parse_options options;
     options.max_depth = DEEPEST_NESTING;
     json::basic_parser<HistoryHandler> parser(options);
-    json::error_code error;
+    ErrorCode error;
 
     QByteArray buffer(READ_STEP_BYTES, Qt::Uninitialized);
     const auto fill = [&](std::size_t kept) { return kept + read(buffer.data() + kept, READ_STEP_BYTES - kept); };

@@ -29,6 +29,7 @@
 #include "tests/fakes/FakeAppearance.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QThreadPool>
@@ -265,12 +266,19 @@ struct TrayIconRig : X11Rig {
 
     StatusItem& item() { return adapter; }
     void click(MouseButton button) {
-        // The tray takes the icon in when it gets to it, and moves it to its place after that. The click goes to
-        // wherever the icon is at that moment.
-        EXPECT_TRUE(waitUntil([this] {
+        // The tray takes the icon in when it gets to it, and moves it to its place after that.
+        constexpr int SETTLED_MS = 150;
+        std::optional<QRect> last;
+        QElapsedTimer age;
+        EXPECT_TRUE(waitUntil([&] {
             const xcb_window_t window = embeddedIcon.window();
             const std::optional<QRect> place = embeddedIcon.rectangle();
-            return place && partner.isViewable(window) && place->contains(partner.centreOf(window)) &&
+            if (place != last || !place || !partner.isViewable(window)) {
+                last = place;
+                age.start();
+                return false;
+            }
+            return age.hasExpired(SETTLED_MS) && place->contains(partner.centreOf(window)) &&
                    adapter.button()->screenRectangle == *place;
         }));
         partner.clickWindow(embeddedIcon.window(), button == MouseButton::Left ? 1 : 3);

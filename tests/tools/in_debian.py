@@ -51,6 +51,12 @@ def wait_until(condition, what):
     return answer
 
 
+def take_signals():
+    """A command in the background of a script ignores some, and hands that on."""
+    for number in (signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, signal.SIG_DFL)
+
+
 class InDebianTest(unittest.TestCase):
     def setUp(self):
         self.addCleanup(self.assert_nothing_is_left)
@@ -102,7 +108,8 @@ class InDebianTest(unittest.TestCase):
             with self.subTest(number):
                 running = subprocess.Popen(
                     [SCRIPT, RELEASE, "sh", "-c", f"trap '' TERM INT HUP; setsid sleep {MARK} & sleep {MARK}"],
-                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, stdin=subprocess.DEVNULL)
+                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, stdin=subprocess.DEVNULL,
+                    preexec_fn=take_signals)
                 self.addCleanup(running.kill)
                 # The script's own and its namespaces' first process have the mark in their arguments too.
                 wait_until(lambda: len([pid for pid in marked_processes() if self.is_sleep(pid)]) == 2, "the command")

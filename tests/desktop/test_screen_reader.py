@@ -5,7 +5,7 @@
 import json
 
 from case import DesktopTestCase
-from harness import PARTNERS, wait_until
+from harness import PARTNERS, WaitTimeout, wait_until
 
 START_SECONDS = 30.0
 SPEECH_SECONDS = 10.0
@@ -62,11 +62,24 @@ class OrcaTestCase(DesktopTestCase):
 
     def prepare(self):
         self.orca = Orca(self.desktop)
+        # It greets before it listens to what happens on the desktop.
+        wait_until(lambda: all([self.is_read(self.bystander), self.is_read(self.editor)]), START_SECONDS,
+                   lambda: f"Orca to follow the windows; said {self.orca.said()}")
         # Qt asks the reader about each key and writes a line when it has no time to answer, and one each time the reader
         # asks about something that has gone, such as a menu (in other words since Qt 6.8); newer readers want to be told
         # what Qt does not know. None of it is a fault.
         all_lines = self.zamber.stderr_lines
         self.zamber.stderr_lines = lambda: [line for line in all_lines() if not any(map(line.__contains__, NO_FAULTS))]
+
+    def is_read(self, partner):
+        """Whether Orca says a window's title when it comes to the front."""
+        self.orca.forget()
+        self.desktop.activate(partner.window)
+        try:
+            wait_until(lambda: partner.window.title in self.orca.since(), 3.0, "the title")
+        except WaitTimeout:
+            return False
+        return True
 
     def open(self):
         self.orca.forget()

@@ -16,11 +16,7 @@ if(program MATCHES "^[A-Za-z0-9/._-]+$")
   set(service_exec "${program}")
   set(exec "${program}")
 endif()
-# Everybody's path has these.
-if(program MATCHES "^/usr/(local/)?bin/zamber$")
-  set(exec zamber)
-  set(try_exec zamber)
-endif()
+# KWin gives the interfaces that the entry asks for to the program that Exec names by its whole path.
 
 set(id app.zamber.Zamber)
 configure_file("${templates}/${id}.desktop.in" "${made}/${id}.desktop" @ONLY)

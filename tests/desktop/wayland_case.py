@@ -6,23 +6,25 @@ import sys
 import unittest
 
 from case import PASTED_LINE, PASTING_LINE, LogAssertions
-from harness import Editor, SwayDesktop, WaylandOwner, Zamber, holds_for
+from harness import Editor, KWinDesktop, SwayDesktop, WaylandOwner, Zamber, default_binary, holds_for
 from harness.zamber import READY_LINE
 
 CAPTURE_SECONDS = 0.7
 
 
-class SwayTestCase(LogAssertions, unittest.TestCase):
-    """A desktop of sway's with a Wayland editor in front, and the program with the class's history and preferences."""
+class WaylandTestCase(LogAssertions, unittest.TestCase):
+    """A desktop with a Wayland editor in front, and the program with the class's history and preferences."""
 
-    configuration = ""
     layout = "us"
     history = ()
     preferences = {}
     ready_line = READY_LINE
 
+    def make_desktop(self):
+        raise NotImplementedError
+
     def setUp(self):
-        self.desktop = self.enterContext(SwayDesktop(layout=self.layout, configuration=self.configuration))
+        self.desktop = self.enterContext(self.make_desktop())
         self.keyboard, self.clipboard = self.desktop.keyboard, self.desktop.clipboard
         self.zamber = Zamber(self.desktop, ready_line=self.ready_line)
         self.expected_lines, self.expected_errors = [], []
@@ -86,3 +88,24 @@ class SwayTestCase(LogAssertions, unittest.TestCase):
         except (AttributeError, OSError) as failure:
             self._scene = f"no scene: {failure}"
         return super().doCleanups()
+
+
+class SwayTestCase(WaylandTestCase):
+    configuration = ""
+
+    def make_desktop(self):
+        return SwayDesktop(layout=self.layout, configuration=self.configuration)
+
+
+class KWinTestCase(WaylandTestCase):
+    """`is_installed` is whether a desktop entry asks KWin for what the program needs, as an installed one does."""
+
+    is_installed = True
+
+    def make_desktop(self):
+        return KWinDesktop(layout=self.layout, installed=[default_binary()] if self.is_installed else [])
+
+    def tearDown(self):
+        super().tearDown()
+        with self.subTest("no key is stuck"):
+            self.assertEqual(self.keyboard.held_keys(), set())

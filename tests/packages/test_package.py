@@ -164,9 +164,11 @@ class VersionTest(PackageTestCase):
             text = (SOURCES / name).read_text()
             self.assertIsNone(pattern.search(text), f"{name}: {pattern.search(text)}")
 
-    def test_the_menu_entry_starts_what_is_on_everybodys_path(self):
+    def test_the_menu_entry_starts_the_program_by_its_whole_path_and_asks_kwin_for_keys_and_windows(self):
         keys = entry_keys(self.root / DESKTOP_ENTRY)
-        self.assertEqual((keys["Exec"], keys["TryExec"], keys["Icon"]), ("zamber", "zamber", ID))
+        self.assertEqual((keys["Exec"], keys["TryExec"], keys["Icon"]), ("/usr/bin/zamber", "/usr/bin/zamber", ID))
+        self.assertEqual(keys["X-KDE-Wayland-Interfaces"],
+                         "org_kde_kwin_fake_input,org_kde_kwin_keystate,org_kde_plasma_window_management")
         keys = entry_keys(self.root / SERVICE)
         self.assertEqual((keys["Name"], keys["Exec"]), (ID, "/usr/bin/zamber"))
 

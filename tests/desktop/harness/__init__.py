@@ -3,8 +3,8 @@
 """Private desktops to try desktop programs on.
 
 A `PrivateDesktop` is an X server of its own with session bus, accessibility bus, window manager, tray and folders;
-it shares nothing with whoever is logged in, and leaves nothing behind. A `SwayDesktop` is the same on Wayland. `Zamber`
-is the program inside. Works with Debian's own Python and python3-xlib; needs no test framework.
+it shares nothing with whoever is logged in, and leaves nothing behind. A `SwayDesktop` and a `KWinDesktop` are the same
+on Wayland. `Zamber` is the program inside. Works with Debian's own Python and python3-xlib; needs no test framework.
 
     from harness import PrivateDesktop, Zamber
 
@@ -21,6 +21,7 @@ From a shell, with this folder's parent as working directory: python3 -m harness
 from .clipboard import PARTNERS, Begun, Clipboard, SelectionOwner, WaylandOwner
 from .desktop import PrivateDesktop
 from .keyboard import ALT, CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER
+from .kwin import KWinDesktop
 from .notifier import NotifierHost
 from .partners import Browser, Editor, Foot, Gvim, LineEdit, Mousepad, Partner, SessionManager, Terminal
 from .portal import GtkPortal, SettingsPortal, XSettings
@@ -34,7 +35,7 @@ from .zamber import Zamber, default_binary
 
 __all__ = [
     "ALT", "Begun", "Browser", "CONTROL", "Child", "Clipboard", "Editor", "Foot", "GtkPortal", "Gvim", "KEY_CODES",
-    "KeyEvent", "LOCK", "LineEdit", "Mousepad", "NUM", "NotifierHost", "PARTNERS", "Partner", "PrivateDesktop",
+    "KWinDesktop", "KeyEvent", "LOCK", "LineEdit", "Mousepad", "NUM", "NotifierHost", "PARTNERS", "Partner", "PrivateDesktop",
     "Recorder", "SHIFT", "SUPER", "SelectionOwner", "SessionManager", "SettingsPortal", "SwayDesktop", "Terminal",
     "WaitTimeout", "WaylandOwner", "Window", "XSettings", "Zamber", "convert", "default_binary", "holds_for",
     "mean_color", "pixels", "png_bytes", "wait_until",

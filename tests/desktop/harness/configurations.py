@@ -92,3 +92,20 @@ input * xkb_layout {layout}
 {more}
 exec_always printf '%s\\n' "$WAYLAND_DISPLAY" "$SWAYSOCK" "$DISPLAY" "" >{told}
 """
+
+# The layouts of a Plasma user's settings; the first is the one in use.
+KWIN_KEYBOARD_CONFIGURATION = """[Layout]
+LayoutList={layouts}
+Use=true
+"""
+
+# KWin looks up the programs of desktop entries by the menu that they are in.
+KWIN_MENU_CONFIGURATION = """<!DOCTYPE Menu PUBLIC "-//freedesktop//DTD Menu 1.0//EN"
+ "http://www.freedesktop.org/standards/menu-spec/1.0/menu.dtd">
+<Menu>
+  <Name>Applications</Name>
+  <DefaultAppDirs/>
+  <DefaultDirectoryDirs/>
+  <Include><All/></Include>
+</Menu>
+"""

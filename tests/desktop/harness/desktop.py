@@ -6,7 +6,6 @@ import os
 import select
 
 from Xlib import Xatom, error
-from Xlib.display import Display
 
 from . import windows
 from .authority import add_display, authority_in_environment, write_authority
@@ -17,6 +16,7 @@ from .recorder import Recorder
 from .screen import screenshot
 from .session import START_SECONDS, PrivateSession
 from .waiting import wait_until
+from .x_connection import connect
 
 WINDOW_MANAGERS = ("openbox", "xfwm4", "i3", "none")
 TRAYS = ("tint2", "none")
@@ -119,7 +119,7 @@ class PrivateDesktop(PrivateSession):
     def connect(self):
         """Another connection to the X server."""
         with authority_in_environment(self._authority):
-            return Display(self.display_name)
+            return connect(self.display_name)
 
     def start_window_manager(self):
         """Part of coming up. A test that has stopped `window_manager_process` calls it again."""

@@ -11,10 +11,11 @@ from Xlib import X
 TOOL_SECONDS = 20.0
 
 
-def screenshot(desktop, path):
-    """The screen as a user sees it, the compositor's work included, as a picture file of the type that the name ends in."""
+def screenshot(desktop, path, environment=None):
+    """The screen as a user sees it, the compositor's work included, as a picture file of the type that the name ends in.
+    The screen is the desktop's unless the environment of another one is given."""
     subprocess.run(
-        ["/usr/bin/import", "-window", "root", str(path)], env=desktop.environment, stdin=subprocess.DEVNULL,
+        ["/usr/bin/import", "-window", "root", str(path)], env=environment or desktop.environment, stdin=subprocess.DEVNULL,
         capture_output=True, timeout=TOOL_SECONDS, check=True,
     )
     return path

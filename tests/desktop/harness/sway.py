@@ -8,14 +8,13 @@ import socket
 import struct
 import subprocess
 
-from Xlib.display import Display
-
 from . import windows
 from .configurations import SWAY_CONFIGURATION
 from .session import START_SECONDS, PrivateSession
 from .virtual_input import VirtualKeyboard, VirtualMouse
 from .waiting import wait_until
 from .wayland_clipboard import WaylandClipboard
+from .x_connection import connect
 
 IPC_COMMAND, IPC_TREE = 0, 4
 NOBODY = 65534
@@ -81,7 +80,7 @@ class SwayDesktop(PrivateSession):
         self.environment.update(WAYLAND_DISPLAY=str(folder / wayland), SWAYSOCK=ipc)
         if self._with_xwayland:
             self.environment["DISPLAY"] = x11
-            self.display = Display(x11)
+            self.display = connect(x11)
         self.keyboard = VirtualKeyboard(self.environment, self._layout)
         self.mouse = VirtualMouse(self.environment, self._size)
         self.clipboard = WaylandClipboard(self)

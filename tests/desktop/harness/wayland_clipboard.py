@@ -42,9 +42,9 @@ class WaylandClipboard:
         data = self.read()
         return None if data is None else data.decode()
 
-    def targets(self):
+    def targets(self, timeout=READ_SECONDS):
         """The types that are offered, each once; empty when nobody owns the clipboard."""
-        return list(dict.fromkeys(self._paste("--list-types").stdout.decode().splitlines()))
+        return list(dict.fromkeys(self._paste("--list-types", timeout=timeout).stdout.decode().splitlines()))
 
     def _paste(self, *options, timeout=READ_SECONDS):
         return subprocess.run(["wl-paste", *options], env=self._desktop.environment, stdin=subprocess.DEVNULL,

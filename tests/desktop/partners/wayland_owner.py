@@ -69,10 +69,15 @@ def answer(asked, contents):
 def take(contents):
     source = client.new()
     manager.send(CREATE_SOURCE, source)
-    source.handlers = {SEND: lambda asked: answer(asked, contents), CANCELLED: lambda _: source.send(SOURCE_DESTROY)}
+    source.handlers = {SEND: lambda asked: answer(asked, contents), CANCELLED: lambda _: destroy(source)}
     for kind in contents:
         source.send(SOURCE_OFFER, kind)
     device.send(SET_SELECTION, source)
+
+
+def destroy(source):
+    source.handlers = {}  # KWin cancels twice
+    source.send(SOURCE_DESTROY)
 
 
 unread = b""

@@ -1,0 +1,158 @@
+# SPDX-FileCopyrightText: 2026 The Zamber project
+# SPDX-License-Identifier: MIT
+"""A whole Plasma-like desktop that nobody else sees: KWin in the one window of a private X server, whose keyboard and
+mouse are the user's hands."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+
+from Xlib import X
+
+from .configurations import KWIN_KEYBOARD_CONFIGURATION, KWIN_MENU_CONFIGURATION
+from .desktop import PrivateDesktop
+from .plasma_windows import PlasmaWindows
+from .screen import screenshot
+from .session import START_SECONDS
+from .waiting import wait_until
+from .wayland_clipboard import WaylandClipboard
+
+PYTHON = os.readlink("/proc/self/exe")
+SILENCE_SECONDS = 2.0
+ENTRIES = pathlib.Path(__file__).resolve().parents[3] / "packaging" / "freedesktop"
+
+
+class _KWinClipboard(WaylandClipboard):
+    """KWin says nothing to a program that asks what is on an empty clipboard, and nothing of a dead owner of X."""
+
+    def read(self, target="text/plain;charset=utf-8", timeout=SILENCE_SECONDS):
+        try:
+            return super().read(target, timeout)
+        except subprocess.TimeoutExpired:
+            return None
+
+    def targets(self, timeout=SILENCE_SECONDS):
+        try:
+            return super().targets(timeout)
+        except subprocess.TimeoutExpired:
+            return []
+
+
+class KWinDesktop(PrivateDesktop):
+    """As `PrivateDesktop`, with the same questions and hands. `display`, `keyboard` and `mouse` are those of the X
+    server around KWin; programs get the display of the XWayland inside.
+
+    KWin lets only those programs see windows and type whose desktop entry asks for it. The programs in `installed` get
+    the entry that installing writes; the tests' own Python may see the windows."""
+
+    def __init__(self, *, size=(1280, 800), accessibility=True, layout="us", installed=()):
+        super().__init__(window_manager="none", size=size, accessibility=accessibility)
+        self._layouts = layout
+        self._installed = installed
+        self._plasma_windows = None
+
+    def _come_up(self):
+        super()._come_up()
+        self.window_manager = "kwin"
+        self._outside = dict(self.environment)
+        # KWin gets key events only while the key is down, as from a real keyboard.
+        self.display.change_keyboard_control(auto_repeat_mode=X.AutoRepeatModeOff)
+        self._configure()
+        self.start_kwin()
+
+    def _closers(self):
+        connection, self._plasma_windows = self._plasma_windows, None
+        return [*super()._closers(), *([connection.close] if connection else [])]
+
+    def _configure(self):
+        self.environment.update(XDG_SESSION_TYPE="wayland", XDG_CURRENT_DESKTOP="KDE", KDE_SESSION_VERSION="5")
+        (self.config_home / "kxkbrc").write_text(KWIN_KEYBOARD_CONFIGURATION.format(layouts=self._layouts))
+        menus = self.directory / "no-config" / "menus"
+        menus.mkdir()
+        for name in ("kf5-applications.menu", "applications.menu"):  # of KDE's libraries 5 and 6
+            (menus / name).write_text(KWIN_MENU_CONFIGURATION)
+        entries = self.data_home / "applications"
+        entries.mkdir()
+        # By this name it replaces Debian's own entry: of two entries of one program KWin takes any.
+        (entries / f"{os.path.basename(PYTHON)}.desktop").write_text(
+            f"[Desktop Entry]\nType=Application\nName=Tests\nExec={PYTHON}\nNoDisplay=true\n"
+            "X-KDE-Wayland-Interfaces=org_kde_plasma_window_management\n")
+        for program in self._installed:
+            self._install_entry(pathlib.Path(program).resolve())
+
+    def _install_entry(self, program):
+        if program.name != "zamber":
+            raise ValueError(f"the entry that is installed starts zamber, not {program.name}")
+        self.run(["cmake", "-D", f"CMAKE_INSTALL_PREFIX={program.parent.parent}", "-D", f"bin={program.parent.name}",
+                  "-D", f"data={self.data_home}", "-D", f"templates={ENTRIES}", "-D", f"made={self.directory}",
+                  "-P", ENTRIES / "Entries.cmake"])
+
+    def start_kwin(self):
+        """Part of coming up; called again by whoever has stopped `compositor_process`."""
+        if self._plasma_windows:
+            self._plasma_windows.close()
+            self._plasma_windows = None
+        told, script = self.directory / "kwin-told", self.directory / "kwin-tells"
+        told.unlink(missing_ok=True)
+        script.write_text(f'#!/bin/sh\nprintf "%s\\n" "$WAYLAND_DISPLAY" "$DISPLAY" "$XAUTHORITY" "" >{told}\n')
+        script.chmod(0o755)
+        # The installed file has a capability, which some containers refuse, and which ends the death signal.
+        program = self.directory / "kwin_wayland"
+        if not program.exists():
+            shutil.copyfile(shutil.which("kwin_wayland"), program)
+            program.chmod(0o755)
+        environment = dict(self.environment, KWIN_COMPOSE="Q", DISPLAY=self.display_name,
+                           XAUTHORITY=self._outside["XAUTHORITY"])
+        environment.pop("WAYLAND_DISPLAY", None)
+        width, height = self._size
+        process = self.compositor_process = self.start(
+            "kwin", [program, "--x11-display", self.display_name, "--width", width, "--height", height,
+                     "--no-lockscreen", "--xwayland", "--socket", "wayland-kwin", script],
+            environment=environment, death_signal="TERM")
+
+        def answers():
+            if not process.is_running():
+                raise RuntimeError(f"kwin has ended: {process.stderr()}")
+            return told.read_text().splitlines() if told.exists() and told.read_text().endswith("\n\n") else None
+
+        wayland, display, authority = wait_until(answers, START_SECONDS, lambda: f"kwin: {process.stderr()}")[:3]
+        self.environment.update(WAYLAND_DISPLAY=wayland, DISPLAY=display)
+        if authority:
+            self.environment["XAUTHORITY"] = authority
+        else:  # whoever is the same user may connect
+            self.environment.pop("XAUTHORITY", None)
+        self._plasma_windows = PlasmaWindows(self.environment)
+        self.clipboard = _KWinClipboard(self)
+
+    # The screen
+
+    def windows(self):
+        return [window for window, _ in self._plasma_windows.look()]
+
+    def active_window(self):
+        return next((window for window, is_active in self._plasma_windows.look() if is_active), None)
+
+    focused_window = active_window
+
+    def wait_until_active(self, window, timeout=5.0):
+        def is_active():
+            active = self.active_window()
+            return active and active.id == window.id
+
+        wait_until(is_active, timeout, lambda: f"{window.title!r} to be active; it is {self.active_window()}")
+
+    def activate(self, window):
+        self._plasma_windows.activate(window)
+        self.wait_until_active(window)
+
+    def screenshot(self, path):
+        return screenshot(self, path, environment=self._outside)
+
+    # The keyboard
+
+    def use_layout(self, number):
+        """Chooses one of several layouts, the first being 0, as the user does by the indicator in the panel."""
+        call = ["gdbus", "call", "--session", "-d", "org.kde.keyboard", "-o", "/Layouts", "-m"]
+        self.run([*call, "org.kde.KeyboardLayouts.setLayout", number])
+        wait_until(lambda: f" {number}," in self.run([*call, "org.kde.KeyboardLayouts.getLayout"]), what="the layout")

@@ -8,7 +8,12 @@ struct ext_data_control_device_v1;
 struct ext_data_control_manager_v1;
 struct ext_data_control_offer_v1;
 struct ext_data_control_source_v1;
+struct org_kde_kwin_fake_input;
+struct org_kde_kwin_keystate;
+struct org_kde_plasma_window;
+struct org_kde_plasma_window_management;
 struct wl_display;
+struct wl_keyboard;
 struct wl_registry;
 struct wl_seat;
 struct zwlr_data_control_device_v1;
@@ -27,6 +32,7 @@ struct Destroyer {
     void operator()(wl_display* object) const;
     void operator()(wl_registry* object) const;
     void operator()(wl_seat* object) const;
+    void operator()(wl_keyboard* object) const;
     void operator()(ext_data_control_manager_v1* object) const;
     void operator()(ext_data_control_device_v1* object) const;
     void operator()(ext_data_control_source_v1* object) const;
@@ -39,6 +45,10 @@ struct Destroyer {
     void operator()(zwlr_foreign_toplevel_handle_v1* object) const;
     void operator()(zwp_virtual_keyboard_manager_v1* object) const;
     void operator()(zwp_virtual_keyboard_v1* object) const;
+    void operator()(org_kde_kwin_fake_input* object) const;
+    void operator()(org_kde_kwin_keystate* object) const;
+    void operator()(org_kde_plasma_window_management* object) const;
+    void operator()(org_kde_plasma_window* object) const;
 };
 
 /// Owns one object of the compositor's. To be destroyed before the connection that the object was made by.

@@ -4,6 +4,7 @@
 
 #include "platform/wayland/Connection.h"
 #include "platform/wayland/Descriptor.h"
+#include "platform/wayland/KeymapLookup.h"
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -20,8 +21,6 @@ namespace zamber::wayland {
 
 namespace {
 
-using freedesktop::selection::PasteKeystroke;
-
 /// The kernel's key codes, by the keys' places on every PC keyboard.
 enum Key : std::uint32_t { LeftControl = 29, LeftShift = 42, V = 47, Insert = 110 };
 
@@ -29,14 +28,10 @@ enum Key : std::uint32_t { LeftControl = 29, LeftShift = 42, V = 47, Insert = 11
 constexpr std::uint32_t SHIFT_MASK = 1;
 constexpr std::uint32_t CONTROL_MASK = 4;
 
-template <auto release>
-struct Releaser {
-    void operator()(auto* object) const { release(object); }
+struct Free {
+    void operator()(char* text) const { std::free(text); }
 };
-
-using Context = std::unique_ptr<xkb_context, Releaser<&xkb_context_unref>>;
-using Keymap = std::unique_ptr<xkb_keymap, Releaser<&xkb_keymap_unref>>;
-using Text = std::unique_ptr<char, Releaser<&std::free>>;
+using Text = std::unique_ptr<char, Free>;
 
 /// The time of an event. Any clock will do, as long as the times of one keyboard never decrease.
 std::uint32_t now() {
@@ -64,10 +59,7 @@ VirtualKeyboard::VirtualKeyboard(Connection& connection, zwp_virtual_keyboard_v1
 VirtualKeyboard::~VirtualKeyboard() = default;
 
 bool VirtualKeyboard::sendKeymap() {
-    const Context context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
-    const xkb_rule_names names{.rules = "evdev", .model = "pc105", .layout = "us", .variant = "", .options = ""};
-    const Keymap keymap(context ? xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS)
-                                : nullptr);
+    const Keymap keymap = keymapOf("us");
     const Text text(keymap ? xkb_keymap_get_as_string(keymap.get(), XKB_KEYMAP_FORMAT_TEXT_V1) : nullptr);
     if (!text) {
         return false;
@@ -82,7 +74,7 @@ bool VirtualKeyboard::sendKeymap() {
     return true;
 }
 
-void VirtualKeyboard::type(PasteKeystroke keystroke) {
+bool VirtualKeyboard::type(PasteKeystroke keystroke) {
     std::vector<std::uint32_t> keys{LeftControl, V};
     std::uint32_t modifiers = CONTROL_MASK;
     if (keystroke == PasteKeystroke::ControlShiftV) {
@@ -104,6 +96,7 @@ void VirtualKeyboard::type(PasteKeystroke keystroke) {
     }
     zwp_virtual_keyboard_v1_modifiers(m_keyboard.get(), 0, 0, 0, 0);
     m_connection.flush();
+    return true;
 }
 
 void VirtualKeyboard::send(std::uint32_t key, std::uint32_t state) {

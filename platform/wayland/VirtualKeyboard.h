@@ -2,12 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/freedesktop/selection/PasteKeystroke.h"
+#include "platform/wayland/PasteKeyboard.h"
 #include "platform/wayland/Proxy.h"
 
 #include <memory>
-
-struct xkb_keymap;
 
 namespace zamber::wayland {
 
@@ -15,16 +13,13 @@ class Connection;
 
 /// A second keyboard beside the user's, by virtual-keyboard-unstable-v1. It has its own layout, so that its keys mean
 /// the same in every layout of the user's, and its own modifiers, so that those that the user holds do not count.
-class VirtualKeyboard final {
+class VirtualKeyboard final : public PasteKeyboard {
 public:
     /// Null where the compositor lets no program be a keyboard.
     static std::unique_ptr<VirtualKeyboard> create(Connection& connection);
-    ~VirtualKeyboard();
-    VirtualKeyboard(const VirtualKeyboard&) = delete;
-    VirtualKeyboard& operator=(const VirtualKeyboard&) = delete;
+    ~VirtualKeyboard() override;
 
-    /// Presses the keys of the keystroke and releases them, in the window that has the focus.
-    void type(freedesktop::selection::PasteKeystroke keystroke);
+    bool type(PasteKeystroke keystroke) override;
 
 private:
     VirtualKeyboard(Connection& connection, zwp_virtual_keyboard_v1* keyboard);

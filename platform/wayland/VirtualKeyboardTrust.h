@@ -13,4 +13,12 @@ public:
     std::optional<QUrl> settingsAddress() const override { return std::nullopt; }
 };
 
+/// KWin gives the permission to programs whose desktop entry asks for it, at their start. There is no page of settings
+/// where the user could grant it.
+class NotInstalledTrust final : public AccessibilityTrust {
+public:
+    bool isTrusted() const override { return false; }
+    std::optional<QUrl> settingsAddress() const override { return std::nullopt; }
+};
+
 } // namespace zamber::wayland

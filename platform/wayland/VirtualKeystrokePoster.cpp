@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/VirtualKeystrokePoster.h"
 
-#include "platform/wayland/VirtualKeyboard.h"
+#include "platform/wayland/PasteKeyboard.h"
+
+#include <unistd.h>
 
 namespace zamber::wayland {
 
@@ -10,19 +12,21 @@ namespace {
 
 /// Whether a window is this program's: it has the program's id, or, by way of XWayland, the program's window class.
 bool isOurs(const Toplevels::Toplevel& toplevel) {
-    return toplevel.applicationId.compare(QStringLiteral("app.zamber.Zamber"), Qt::CaseInsensitive) == 0 ||
+    return toplevel.processId == getpid() ||
+           toplevel.applicationId.compare(QStringLiteral("app.zamber.Zamber"), Qt::CaseInsensitive) == 0 ||
            toplevel.applicationId.compare(QStringLiteral("zamber"), Qt::CaseInsensitive) == 0;
 }
 
 } // namespace
 
-VirtualKeystrokePoster::VirtualKeystrokePoster(VirtualKeyboard& keyboard, Toplevels& toplevels,
+VirtualKeystrokePoster::VirtualKeystrokePoster(PasteKeyboard& keyboard, Toplevels& toplevels,
                                                freedesktop::selection::SelectionPasteboard& pasteboard,
                                                Scheduler& scheduler)
     : PasteQueue(pasteboard, scheduler)
     , m_keyboard(keyboard)
     , m_toplevels(toplevels) {
     connect(&toplevels, &Toplevels::activeChanged, this, &VirtualKeystrokePoster::postWhenReady);
+    connect(&keyboard, &PasteKeyboard::readyChanged, this, &VirtualKeystrokePoster::postWhenReady);
 }
 
 std::optional<VirtualKeystrokePoster::Window> VirtualKeystrokePoster::ownWindowInFront() const {
@@ -31,6 +35,10 @@ std::optional<VirtualKeystrokePoster::Window> VirtualKeystrokePoster::ownWindowI
 }
 
 bool VirtualKeystrokePoster::isReady() const {
+    return m_keyboard.isReady() && isTargetInFront();
+}
+
+bool VirtualKeystrokePoster::isTargetInFront() const {
     const std::optional<RunningApplication>& target = current().paste.target;
     if (target && m_toplevels.isOpen(target->handle)) {
         const std::optional<Toplevels::Toplevel> front = m_toplevels.active();
@@ -54,15 +62,11 @@ std::optional<VirtualKeystrokePoster::Window> VirtualKeystrokePoster::windowToTy
 }
 
 VirtualKeystrokePoster::PasteKeystroke VirtualKeystrokePoster::keystrokeFor(Window /*window*/) const {
-    return freedesktop::selection::pasteKeystrokeOf(m_toplevels.active()->applicationId);
+    return m_keyboard.possibleFor(freedesktop::selection::pasteKeystrokeOf(m_toplevels.active()->applicationId));
 }
 
 bool VirtualKeystrokePoster::type(Window window, PasteKeystroke keystroke) {
-    if (windowToTypeInto() != window) {
-        return false;
-    }
-    m_keyboard.type(keystroke);
-    return true;
+    return windowToTypeInto() == window && m_keyboard.type(keystroke);
 }
 
 } // namespace zamber::wayland

@@ -9,15 +9,14 @@
 
 namespace zamber::wayland {
 
-class VirtualKeyboard;
+class PasteKeyboard;
 
-/// Types the paste keystroke by a virtual keyboard. Keys that the user holds belong to another keyboard and do not
-/// change the keystroke.
+/// Types the paste keystroke into the window that is in front, by a keyboard of the compositor's.
 class VirtualKeystrokePoster final : public freedesktop::selection::PasteQueue {
     Q_OBJECT
 
 public:
-    VirtualKeystrokePoster(VirtualKeyboard& keyboard, Toplevels& toplevels,
+    VirtualKeystrokePoster(PasteKeyboard& keyboard, Toplevels& toplevels,
                            freedesktop::selection::SelectionPasteboard& pasteboard, Scheduler& scheduler);
 
 private:
@@ -25,11 +24,12 @@ private:
 
     std::optional<Window> ownWindowInFront() const override;
     bool isReady() const override;
+    bool isTargetInFront() const;
     std::optional<Window> windowToTypeInto() const override;
     PasteKeystroke keystrokeFor(Window window) const override;
     bool type(Window window, PasteKeystroke keystroke) override;
 
-    VirtualKeyboard& m_keyboard;
+    PasteKeyboard& m_keyboard;
     Toplevels& m_toplevels;
 };
 

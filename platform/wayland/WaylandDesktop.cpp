@@ -9,6 +9,10 @@
 #include "platform/freedesktop/tray/TrayIcon.h"
 #include "platform/wayland/Connection.h"
 #include "platform/wayland/DataControl.h"
+#include "platform/wayland/FakeKeyboard.h"
+#include "platform/wayland/KGlobalAccelHotKeyCenter.h"
+#include "platform/wayland/PlasmaLayout.h"
+#include "platform/wayland/SeatKeyboard.h"
 #include "platform/wayland/SwayConnection.h"
 #include "platform/wayland/SwayHotKeyCenter.h"
 #include "platform/wayland/ToplevelWorkspace.h"
@@ -20,6 +24,7 @@
 #include "platform/x11/ButtonPresses.h"
 #include "platform/x11/Connection.h"
 #include "platform/x11/Keyboard.h"
+#include "platform/x11/OwnerDeaths.h"
 #include "platform/x11/SecretMark.h"
 #include "platform/x11/Windows.h"
 #include "platform/x11/X11AccessibilityTrust.h"
@@ -29,6 +34,7 @@
 #include "platform/x11/X11WindowSystem.h"
 #include "platform/x11/X11Workspace.h"
 
+#include <cstdio>
 #include <optional>
 #include <utility>
 
@@ -58,9 +64,19 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
         , connections(std::move(opened)) {
         QObject::connect(claimed.instance.get(), &freedesktop::session::SingleInstance::showRequested,
                          claimed.instance.get(), [this] { application.requestShow(); });
+        QObject::connect(&ownerDeaths, &x11::OwnerDeaths::ownerDied, &pasteboard, &WaylandPasteboard::checkOwner);
+        if (plasmaHotKeys && !typing) {
+            std::fputs(
+                "zamber: KWin lets Zamber paste into other programs only when it is installed: its desktop entry "
+                "asks for that, and names the program by its whole path\n",
+                stderr);
+        }
         userDefaults.addObserver(quickPaste(), [this] {
             if (swayHotKeys) {
                 swayHotKeys->update();
+            }
+            if (plasmaHotKeys) {
+                plasmaHotKeys->update();
             }
         });
     }
@@ -86,6 +102,7 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
                                  [this](const std::vector<QByteArray>& types, x11::SecretMark::Answer answer) {
                                      secretMark.ask(types, std::move(answer));
                                  }};
+    x11::OwnerDeaths ownerDeaths{*connections.xwayland};
 
     x11::Keyboard keyboard{*connections.xwayland};
     x11::Windows windows{*connections.xwayland};
@@ -103,12 +120,20 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
         sway ? std::make_unique<SwayHotKeyCenter>(
                    *sway, [this](PhysicalKey key) { return isWanted(key); }, freedesktop::desktop::closeMenus)
              : nullptr;
-    HotKeyCenter& hotKeys = swayHotKeys ? static_cast<HotKeyCenter&>(*swayHotKeys) : x11HotKeys;
+    std::unique_ptr<SeatKeyboard> seatKeyboard = SeatKeyboard::create(*connections.input);
+    std::unique_ptr<KGlobalAccelHotKeyCenter> plasmaHotKeys =
+        !sway && seatKeyboard && KGlobalAccelHotKeyCenter::isOffered()
+            ? std::make_unique<KGlobalAccelHotKeyCenter>(
+                  *seatKeyboard, [this](PhysicalKey key) { return isWanted(key); }, freedesktop::desktop::closeMenus)
+            : nullptr;
+    HotKeyCenter& hotKeys = swayHotKeys     ? static_cast<HotKeyCenter&>(*swayHotKeys)
+                            : plasmaHotKeys ? static_cast<HotKeyCenter&>(*plasmaHotKeys)
+                                            : x11HotKeys;
 
     /// Both or neither: a keystroke is typed when the right window is in front.
     struct Typing {
         std::unique_ptr<Toplevels> toplevels;
-        std::unique_ptr<VirtualKeyboard> keyboard;
+        std::unique_ptr<PasteKeyboard> keyboard;
         std::unique_ptr<ToplevelWorkspace> workspace;
         std::unique_ptr<VirtualKeystrokePoster> keystrokes;
         VirtualKeyboardTrust trust;
@@ -116,7 +141,10 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
     std::optional<Typing> typing = makeTyping();
     Workspace& workspace = typing ? static_cast<Workspace&>(*typing->workspace) : x11Workspace;
     KeystrokePoster& keystrokes = typing ? static_cast<KeystrokePoster&>(*typing->keystrokes) : x11Keystrokes;
-    AccessibilityTrust& trust = typing ? static_cast<AccessibilityTrust&>(typing->trust) : x11Trust;
+    NotInstalledTrust notInstalledTrust; // KWin's, which would let an installed program type
+    AccessibilityTrust& trust = typing          ? static_cast<AccessibilityTrust&>(typing->trust)
+                                : plasmaHotKeys ? static_cast<AccessibilityTrust&>(notInstalledTrust)
+                                                : x11Trust;
 
     freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
     freedesktop::TextFieldPaste textFieldPaste{pasteboard};
@@ -128,13 +156,17 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
 private:
     std::optional<Typing> makeTyping() {
         auto toplevels = Toplevels::create(*connections.input);
-        auto virtualKeyboard = VirtualKeyboard::create(*connections.input);
-        if (!toplevels || !virtualKeyboard) {
+        std::unique_ptr<PasteKeyboard> ownKeyboard = VirtualKeyboard::create(*connections.input);
+        if (!ownKeyboard && seatKeyboard) {
+            ownKeyboard =
+                FakeKeyboard::create(*connections.input, *seatKeyboard, activePlasmaLayout, plasmaHotKeys.get());
+        }
+        if (!toplevels || !ownKeyboard) {
             return std::nullopt;
         }
         Typing made;
         made.toplevels = std::move(toplevels);
-        made.keyboard = std::move(virtualKeyboard);
+        made.keyboard = std::move(ownKeyboard);
         made.workspace = std::make_unique<ToplevelWorkspace>(
             *made.toplevels, [this](const QString& applicationId) { return nameOf(applicationId); });
         made.keystrokes =

@@ -83,6 +83,8 @@ void WaylandPasteboard::serve(Publication& publication, const QByteArray& type, 
 
 void WaylandPasteboard::handleChange(const std::shared_ptr<DataOffer>& offer, Counts counts) {
     m_hasOwner = offer != nullptr;
+    m_probe.reset();
+    m_foreign.reset();
     if (offer && m_clipboard.source && isOffered(*offer, m_clipboard.mark)) {
         if (!std::exchange(m_isEchoed, true)) {
             noteOffered();
@@ -105,11 +107,28 @@ void WaylandPasteboard::handleChange(const std::shared_ptr<DataOffer>& offer, Co
         Q_EMIT ownershipChanged();
         return;
     }
+    m_foreign = offer;
     startReading(
         [this, &offer](CopyReader::Tell tell) {
             return std::make_unique<OfferReader>(m_connection, offer, m_askForMark, std::move(tell));
         },
         counts);
+}
+
+void WaylandPasteboard::checkOwner() {
+    if (!m_foreign || isWriteOnItsWay()) {
+        return;
+    }
+    const auto candidates = freedesktop::selection::planReading(m_foreign->types()).candidates;
+    if (candidates.empty()) {
+        return;
+    }
+    m_probe = std::make_unique<OwnerProbe>(*m_foreign, candidates.front(), [this] {
+        m_probe.release()->deleteLater(); // it is the one that calls
+        m_hasOwner = false;
+        handleLoss(OwnerLoss::Gone);
+        Q_EMIT ownershipChanged();
+    });
 }
 
 void WaylandPasteboard::handleCancelled(Publication& publication) {

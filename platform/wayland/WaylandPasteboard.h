@@ -7,6 +7,7 @@
 #include "platform/wayland/DataControl.h"
 #include "platform/wayland/OfferReader.h"
 #include "platform/wayland/OutgoingPipes.h"
+#include "platform/wayland/OwnerProbe.h"
 
 #include <functional>
 #include <memory>
@@ -30,6 +31,10 @@ public:
 
     void borrowPrimary(int changeCount, std::function<void()> done) override;
     void giveBackPrimary() override;
+
+    /// To be called when the owner of the copy may have died without the compositor's noticing. A copy that nobody
+    /// answers for is taken over, as after any other death of an owner.
+    void checkOwner();
 
 private:
     using SelectionContent = freedesktop::selection::SelectionContent;
@@ -61,6 +66,8 @@ private:
     OutgoingPipes m_outgoing;
     Publication m_clipboard;
     Publication m_primary;
+    std::shared_ptr<DataOffer> m_foreign; // the copy on the clipboard, if it is another program's
+    std::unique_ptr<OwnerProbe> m_probe;  // of its owner
     std::optional<SelectionContent> m_toPublish;
     bool m_isPublishing = false; // until the compositor has reported the copy
     bool m_isEchoed = false;     // since the compositor has reported the copy

@@ -93,6 +93,25 @@ class DrawnIconInPlainTrayTest(DrawnIconTest):
         self.desktop.start("tray", ["/usr/bin/python3", PARTNERS / "plain_tray.py"])
         wait_until(lambda: self.desktop.selection_owner("_NET_SYSTEM_TRAY_S0"), 10.0, "the tray")
 
+    def test_a_tray_that_changes_its_colour_is_seen_around_the_drawing(self):
+        icon = self.wait_for_tray_icon()
+        window = self.desktop.display.create_resource_object("window", icon.id)
+        wait_until(lambda: len(set(self.pixels(icon.x, icon.y, icon.width, icon.height))) > 4, 5.0, "the drawing")
+        (ground,) = self.pixels(icon.x - 2, icon.y + 2, 1, 1)
+        strip = window.query_tree().parent
+        strip.change_attributes(background_pixel=0x884422)
+        strip.clear_area()
+        window.clear_area(exposures=True)  # as trays do, so that their icons are drawn again
+        self.desktop.display.sync()
+        (new_ground,) = self.pixels(icon.x - 2, icon.y + 2, 1, 1)
+        self.assertNotEqual(new_ground, ground)
+
+        def is_drawn_anew():
+            seen = self.pixels(icon.x, icon.y, icon.width, icon.height)
+            return seen[0] == seen[-1] == new_ground and ground not in seen and len(set(seen)) > 4
+
+        wait_until(is_drawn_anew, 5.0, "the new colour")
+
 
 class EmbeddedIconTest(DesktopTestCase):
     history = HISTORY

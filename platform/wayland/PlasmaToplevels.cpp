@@ -13,8 +13,8 @@ namespace zamber::wayland {
 
 namespace {
 
-/// The first version in which a program can give a window's object back. What later ones add is not needed here.
-constexpr std::uint32_t VERSION = 4;
+/// The first version that names windows by their UUID; KWin 6 does not tell of windows in any other way.
+constexpr std::uint32_t VERSION = 13;
 
 } // namespace
 
@@ -59,14 +59,18 @@ PlasmaToplevels::PlasmaToplevels(Connection& connection, org_kde_plasma_window_m
     , m_manager(manager) {
     static constexpr org_kde_plasma_window_management_listener LISTENER{
         .show_desktop_changed = [](void*, org_kde_plasma_window_management*, std::uint32_t) {},
-        .window = [](void* self, org_kde_plasma_window_management*,
-                     std::uint32_t number) { static_cast<PlasmaToplevels*>(self)->add(number); }};
+        .window = [](void*, org_kde_plasma_window_management*, std::uint32_t) {},
+        .stacking_order_changed = [](void*, org_kde_plasma_window_management*, wl_array*) {},
+        .stacking_order_uuid_changed = [](void*, org_kde_plasma_window_management*, const char*) {},
+        .window_with_uuid = [](void* self, org_kde_plasma_window_management*, std::uint32_t,
+                               const char* uuid) { static_cast<PlasmaToplevels*>(self)->add(uuid); },
+        .stacking_order_changed_2 = [](void*, org_kde_plasma_window_management*) {}};
     org_kde_plasma_window_management_add_listener(manager, &LISTENER, this);
 }
 
 PlasmaToplevels::~PlasmaToplevels() = default;
 
-void PlasmaToplevels::add(std::uint32_t number) {
+void PlasmaToplevels::add(const char* uuid) {
     using Handle = org_kde_plasma_window;
     static constexpr auto AS_WINDOW = [](void* self) -> Window& { return *static_cast<Window*>(self); };
     static constexpr org_kde_plasma_window_listener LISTENER{
@@ -90,7 +94,7 @@ void PlasmaToplevels::add(std::uint32_t number) {
         .resource_name_changed = [](void*, Handle*, const char*) {},
         .client_geometry = [](void*, Handle*, std::int32_t, std::int32_t, std::uint32_t, std::uint32_t) {}};
     auto& added = m_windows.emplace_back(std::make_unique<Window>(*this));
-    added->proxy.reset(org_kde_plasma_window_management_get_window(m_manager.get(), number));
+    added->proxy.reset(org_kde_plasma_window_management_get_window_by_uuid(m_manager.get(), uuid));
     added->described.handle = ++m_lastHandle;
     org_kde_plasma_window_add_listener(added->proxy.get(), &LISTENER, added.get());
     m_connection.flush();

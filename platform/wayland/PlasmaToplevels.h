@@ -24,7 +24,7 @@ private:
     struct Window;
 
     PlasmaToplevels(Connection& connection, org_kde_plasma_window_management* manager);
-    void add(std::uint32_t number);
+    void add(const char* uuid);
 
     Connection& m_connection;
     Proxy<org_kde_plasma_window_management> m_manager;

@@ -6,8 +6,9 @@ from .windows import Window
 from .wire import Client
 
 INTERFACE = "org_kde_plasma_window_management"
-VERSION_WITH_GEOMETRY = 6
-GET_WINDOW, SET_STATE = 1, 0
+VERSION_WITH_UUIDS = 13
+GET_WINDOW_BY_UUID, SET_STATE = 2, 0
+WINDOW_WITH_UUID = 4
 ACTIVE, MINIMIZED = 1, 2
 
 
@@ -50,18 +51,18 @@ class PlasmaWindows:
         if INTERFACE not in self._client.globals:
             raise RuntimeError("KWin does not let this program see the windows")
         self._windows = []
-        self._manager = self._client.bind(INTERFACE, VERSION_WITH_GEOMETRY)
-        self._manager.handlers[1] = self._add
+        self._manager = self._client.bind(INTERFACE, VERSION_WITH_UUIDS)
+        self._manager.handlers[WINDOW_WITH_UUID] = self._add
         self._client.round_trip()
 
     def close(self):
         self._client.close()
 
     def _add(self, event):
-        number = event.integer()
+        number, uuid = event.integer(), event.string()
         proxy = self._client.new()
         self._windows.append(_Window(number, proxy))
-        self._manager.send(GET_WINDOW, proxy, number)
+        self._manager.send(GET_WINDOW_BY_UUID, proxy, uuid)
 
     def look(self):
         """Each window, and whether it is the active one."""

@@ -40,6 +40,16 @@ void pressIn(QWindow* window, QPoint position) {
     QCoreApplication::sendEvent(window, &press);
 }
 
+/// Counts the widgets' wishes to be painted that come by way of the event queue.
+struct PaintWishes final : QObject {
+    int count = 0;
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::UpdateLater ? 1 : 0;
+        return false;
+    }
+};
+
 struct PopoverWindowRig {
     FakeWindowSystem windowSystem;
     FakeAppearance appearance;
@@ -135,6 +145,15 @@ TEST(PopoverPlacement, AtTheEdgesOfTheWorkAreaItKeepsAMargin) {
             freedesktop::popover::popoverPlacement(QRect(corner, QSize(1, 1)), {440, 420}, PopoverEdge::MinY, workArea);
         EXPECT_TRUE(free.contains(placed)) << corner.x() << ',' << corner.y();
     }
+}
+
+TEST_F(PopoverWindowTest, NoWishToBePaintedIsLeftForAfterTheFirstPainting) {
+    PaintWishes wishes;
+    rig.content.installEventFilter(&wishes);
+    show();
+    EXPECT_EQ(wishes.count, 1) << "Qt's own, of a widget that is shown";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(wishes.count, 1);
 }
 
 TEST_F(PopoverWindowTest, ItIsAToolWindowAndNeverAPopup) {

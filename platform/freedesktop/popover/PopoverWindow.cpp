@@ -101,6 +101,9 @@ void PopoverWindow::show(const Anchor& anchor, PopoverEdge preferredEdge) {
     applyShape();
     place();
     m_frame.show();
+    // Each widget that is shown has asked to be painted soon. Where that is heard after the window system has asked for
+    // the whole window, as on a busy machine, everything would be painted twice.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
     m_frame.raise();
     m_frame.activateWindow();
     m_frame.setFocus();

@@ -51,6 +51,11 @@ bool hasBody(const QNetworkReply& reply) {
     return status >= FIRST_ERROR_STATUS && error > LAST_TRANSPORT_ERROR && error != QNetworkReply::ProtocolFailure;
 }
 
+bool hasTimedOut(const QNetworkReply& reply) {
+    // The transfer timeout cancels, and nothing else does; newer Qt tells it by its own name.
+    return reply.error() == QNetworkReply::OperationCanceledError || reply.error() == QNetworkReply::TimeoutError;
+}
+
 } // namespace
 
 UpdateRequest::UpdateRequest(QNetworkAccessManager& access, Scheduler& scheduler, const QUrl& address, Done done)
@@ -127,7 +132,7 @@ void UpdateRequest::finish() {
     Answer answer = std::move(m_body);
     if (m_failure) {
         answer = std::unexpected(*m_failure);
-    } else if (m_reply->error() == QNetworkReply::OperationCanceledError) { // only the transfer timeout cancels
+    } else if (hasTimedOut(*m_reply)) {
         answer = std::unexpected(TIMED_OUT);
     } else if (!hasBody(*m_reply)) {
         answer = std::unexpected(m_reply->errorString());

@@ -126,8 +126,8 @@ USE_BREAKAGES = (
     # The tray and the popover's place.
     Breakage(
         "a click beside the icon takes the next click's effect", "platform/freedesktop/tray/TrayClicks.cpp",
-        "    const bool isSamePlace = (*m_closingPress - pointer).manhattanLength() <= WIDEST_ICON;",
-        "    const bool isSamePlace = !pointer.isNull();",
+        "    const bool isSamePlace = (*m_closingPress - *pointer).manhattanLength() <= WIDEST_ICON;",
+        "    const bool isSamePlace = !pointer->isNull();",
         "tray_tests:*ClickAfterClosingPress*",
     ),
     Breakage(

@@ -153,7 +153,9 @@ void PopoverFrame::setColorScheme(ColorScheme colorScheme) {
 }
 
 void PopoverFrame::setContentGeometry(const QRect& rectangle) {
-    setGeometry(rectangle.marginsAdded(shadowMargins()));
+    const QRect window = rectangle.marginsAdded(shadowMargins());
+    setFixedSize(window.size()); // nobody resizes a popover, and tiling compositors let windows of a fixed size float
+    setGeometry(window);
     arrange();
 }
 

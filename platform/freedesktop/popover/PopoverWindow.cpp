@@ -48,6 +48,17 @@ bool belongsTo(const QWidget* window, const QWidget* frame) {
     return window == frame;
 }
 
+/// Where the button was pressed in the window. On Wayland, Qt says of every window that it is at the screen's origin;
+/// the popover's own are where they were told to be, as `isInside` has it.
+QPoint placeOf(const QMouseEvent& press, const QObject* window, const QWidget* frame) {
+    const auto widgets = QApplication::topLevelWidgets();
+    const auto widget =
+        std::ranges::find_if(widgets, [&](const QWidget* each) { return each->windowHandle() == window; });
+    return widget != widgets.end() && belongsTo(*widget, frame)
+               ? (*widget)->geometry().topLeft() + press.position().toPoint()
+               : press.globalPosition().toPoint();
+}
+
 } // namespace
 
 PopoverWindow::PopoverWindow(const Appearance& appearance, WindowSystem& windowSystem)
@@ -114,7 +125,10 @@ void PopoverWindow::show(const Anchor& anchor, PopoverEdge preferredEdge) {
 }
 
 void PopoverWindow::performClose() {
-    m_frame.hide();
+    if (isShown()) {
+        m_frame.hide();
+        m_windowSystem.settleHidden();
+    }
 }
 
 bool PopoverWindow::isShown() const {
@@ -138,7 +152,7 @@ bool PopoverWindow::isInside(QPoint place) const {
 bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress && watched->isWindowType()) {
         const auto& mouse = *static_cast<QMouseEvent*>(event);
-        press(mouse.button(), mouse.globalPosition().toPoint());
+        press(mouse.button(), placeOf(mouse, watched, &m_frame));
     } else if (event->type() == QEvent::ApplicationPaletteChange) {
         applyColorScheme();
     }
@@ -150,6 +164,7 @@ void PopoverWindow::place() {
         const QRect workArea = workAreaOf(*screenNear(m_anchor->screenRectangle.center()), m_windowSystem);
         m_frame.setContentGeometry(
             popoverPlacement(m_anchor->screenRectangle, m_contentSize, m_preferredEdge, workArea));
+        m_windowSystem.place(m_frame.winId(), m_frame.geometry());
     }
 }
 
@@ -176,6 +191,7 @@ void PopoverWindow::closeUnlessOursIsActive() {
         QTimer::singleShot(LOOK_INTERVAL, this, &PopoverWindow::closeUnlessOursIsActive);
         return;
     }
+    emit abandoned();
     performClose();
 }
 

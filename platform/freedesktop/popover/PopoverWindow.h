@@ -51,6 +51,8 @@ public:
 signals:
     void shown();
     void closed();
+    /// Another program's window has come to the front, and the popover is about to close for that.
+    void abandoned();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

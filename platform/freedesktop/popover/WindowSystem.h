@@ -4,12 +4,19 @@
 
 #include <QMargins>
 #include <QObject>
+#include <QPoint>
 #include <QRect>
+#include <QString>
 #include <QtGui/qwindowdefs.h>
+
+#include <optional>
+
+class QScreen;
 
 namespace zamber::freedesktop::popover {
 
-/// The questions about the desktop, and the wishes for a window of ours, that Qt has no call for. Pixels throughout.
+/// The questions about the desktop, and the wishes for a window of ours, that Qt has no call for. In pixels where
+/// nothing else is said.
 class WindowSystem : public QObject {
     Q_OBJECT
 
@@ -31,6 +38,25 @@ public:
     /// Whether a window of this program has the keyboard focus, even while a grab takes the keys elsewhere, such as
     /// that of a hot key that is held. Qt reports a focus that is lost for the time of the grab.
     virtual bool hasKeyboardFocus() const = 0;
+
+    /// The part of a screen that panels leave free, in points on the desktop; nothing where `workArea` is to be asked.
+    virtual std::optional<QRect> freeArea(const QScreen& /*screen*/) const { return std::nullopt; }
+
+    /// Where the pointer is, in points on the desktop; nothing where programs are not told.
+    virtual std::optional<QPoint> pointer() const;
+
+    /// The screen that the user is working on: the one with the pointer, as far as it is known.
+    virtual const QScreen& currentScreen() const;
+
+    /// Asks for a window of ours to be at this rectangle (points on the desktop), where Qt's own wish is not heeded. It
+    /// may be called before the window is shown, and again while it is.
+    virtual void place(WId /*window*/, const QRect& /*rectangle*/) {}
+
+    /// The desktop has given this token for the window that is shown next to come to the front.
+    virtual void useActivationToken(const QString& /*token*/) {}
+
+    /// Returns when the desktop knows that the popover is hidden, so that no key that is typed after this reaches it.
+    virtual void settleHidden() {}
 
 Q_SIGNALS:
     void compositedChanged();

@@ -13,6 +13,9 @@ namespace zamber::freedesktop::popover {
 
 QRect workAreaOf(const QScreen& screen, const WindowSystem& windowSystem) {
     const QRect available = screen.availableGeometry();
+    if (const std::optional<QRect> free = windowSystem.freeArea(screen)) {
+        return *free & available;
+    }
     if (QGuiApplication::screens().size() < 2) {
         return available;
     }

@@ -80,6 +80,8 @@ void NotifierItem::ContextMenu(int /*x*/, int /*y*/) {
 
 void NotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) {}
 
-void NotifierItem::ProvideXdgActivationToken(const QString& /*token*/) {}
+void NotifierItem::ProvideXdgActivationToken(const QString& token) {
+    m_callbacks.tokenProvided(token);
+}
 
 } // namespace zamber::freedesktop::tray

@@ -54,7 +54,8 @@ public:
     /// Called when a host reports the user's act. They are no signals, which an adaptor would send to the bus.
     struct Callbacks {
         std::function<void()> activated;
-        std::function<void()> menuRequested; ///< by a host that draws no menus
+        std::function<void()> menuRequested;                     ///< by a host that draws no menus
+        std::function<void(const QString& token)> tokenProvided; ///< lets the next window come to the front (Wayland)
     };
 
     NotifierItem(QObject* object, Callbacks callbacks, const QString& menuPath, const QString& title,

@@ -14,6 +14,8 @@ namespace {
 
 /// How long after a button's release a host may tell of the click. A busy panel takes its time.
 constexpr std::chrono::milliseconds LATEST_NEWS{1000};
+/// The longest time from a press to the news of its click, for a hand that does not dwell on the button.
+constexpr std::chrono::milliseconds LONGEST_CLICK{600};
 /// A click begins and ends on one icon; those of the largest panels are not wider.
 constexpr int WIDEST_ICON = 64; // points
 
@@ -22,7 +24,8 @@ constexpr int WIDEST_ICON = 64; // points
 TrayClicks::TrayClicks(PopoverWindow& popover, PointerButtons& buttons, Scheduler& scheduler)
     : m_popover(popover)
     , m_buttons(buttons)
-    , m_expiry(scheduler, LATEST_NEWS, [this] { forgetClosingPress(); }) {
+    , m_expiry(scheduler, LATEST_NEWS, [this] { forgetClosingPress(); })
+    , m_abandonment(scheduler, LONGEST_CLICK, [] {}) {
     popover.setPressFilter([this](Qt::MouseButton button, QPoint place) { return isLeftToClick(button, place); });
     connect(&buttons, &PointerButtons::pressed, this, &TrayClicks::handlePress);
     connect(&buttons, &PointerButtons::released, this, &TrayClicks::handleRelease);
@@ -31,6 +34,7 @@ TrayClicks::TrayClicks(PopoverWindow& popover, PointerButtons& buttons, Schedule
         m_buttons.setListening(PointerButtons::Listening::On);
     });
     connect(&popover, &PopoverWindow::closed, this, &TrayClicks::handleClosing);
+    connect(&popover, &PopoverWindow::abandoned, this, [this] { m_abandonment.start(); });
 }
 
 TrayClicks::~TrayClicks() {
@@ -38,14 +42,26 @@ TrayClicks::~TrayClicks() {
     forgetClosingPress();
 }
 
-bool TrayClicks::isToBeActedOn(QPoint pointer) {
+bool TrayClicks::isToBeActedOn(std::optional<QPoint> pointer) {
     m_buttons.catchUp();
-    if (m_popover.isShown() || !m_closingPress) {
+    if (m_popover.isShown()) {
         return true;
     }
-    const bool isSamePlace = (*m_closingPress - pointer).manhattanLength() <= WIDEST_ICON;
+    if (!pointer) {
+        const bool isSameClick = m_abandonment.isActive();
+        m_abandonment.stop();
+        return !isSameClick;
+    }
+    if (!m_closingPress) {
+        return true;
+    }
+    const bool isSamePlace = (*m_closingPress - *pointer).manhattanLength() <= WIDEST_ICON;
     forgetClosingPress();
     return !isSamePlace;
+}
+
+void TrayClicks::closePopoverForMenu() {
+    m_popover.performClose();
 }
 
 bool TrayClicks::isLeftToClick(Qt::MouseButton button, QPoint place) const {

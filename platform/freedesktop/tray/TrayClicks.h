@@ -27,6 +27,8 @@ namespace zamber::freedesktop::tray {
 /// - An embedded icon (XEmbed) is a window of ours: its place is known, and a left press on it is left to the click.
 /// - A host on the session bus (StatusNotifierItem) draws the icon in a window of its own, and tells of the click when
 ///   the button has come up. The press has closed the popover by then; the click that it belongs to does nothing more.
+/// - On Wayland nobody tells of presses elsewhere. A host whose panel takes the focus at the press makes the popover
+///   close like that of any other window; a click that is reported soon after that is the same one.
 class TrayClicks final : public QObject {
     Q_OBJECT
 
@@ -40,9 +42,12 @@ public:
 
     void setEmbeddedIcon(EmbeddedIcon embeddedIcon) { m_embeddedIcon = std::move(embeddedIcon); }
 
-    /// To be asked once for each left click on the icon, with the pointer's place: whether the click is still to be
-    /// acted on. It is not when its own press has closed the popover.
-    bool isToBeActedOn(QPoint pointer);
+    /// To be asked once for each left click on the icon, with the pointer's place where it is known: whether the click
+    /// is still to be acted on. It is not when its own press has closed the popover.
+    bool isToBeActedOn(std::optional<QPoint> pointer);
+
+    /// The icon's menu is about to open. Nobody may have told of the press, which closes the popover.
+    void closePopoverForMenu();
 
 private:
     bool isLeftToClick(Qt::MouseButton button, QPoint place) const;
@@ -56,6 +61,7 @@ private:
     EmbeddedIcon m_embeddedIcon;
     std::optional<QPoint> m_closingPress; ///< the latest press, if it has closed the popover and its click may follow
     SingleShotTimer m_expiry;
+    SingleShotTimer m_abandonment; ///< runs from when another window has come to the front of the popover
 };
 
 } // namespace zamber::freedesktop::tray

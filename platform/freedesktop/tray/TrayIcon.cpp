@@ -10,7 +10,6 @@
 #include "platform/freedesktop/tray/TrayPicture.h"
 
 #include <QApplication>
-#include <QCursor>
 #include <QDBusConnection>
 #include <QScreen>
 #include <QStyle>
@@ -31,14 +30,9 @@ constexpr std::array ICON_SIZES{16, 22, 24, 32, 48, 64};
 const QString ITEM_PATH = u"/StatusNotifierItem"_s;
 const QString MENU_PATH = u"/MenuBar"_s;
 
-const QScreen& screenWithPointer() {
-    const QScreen* const screen = QGuiApplication::screenAt(QCursor::pos());
-    return screen != nullptr ? *screen : *QGuiApplication::primaryScreen();
-}
-
 } // namespace
 
-TrayIcon::TrayIcon(TrayClicks& clicks, EmbeddedIcon* embeddedIcon, const popover::WindowSystem& windowSystem,
+TrayIcon::TrayIcon(TrayClicks& clicks, EmbeddedIcon* embeddedIcon, popover::WindowSystem& windowSystem,
                    const QString& commandKeyHint)
     : m_clicks(clicks)
     , m_embeddedIcon(embeddedIcon)
@@ -89,10 +83,11 @@ void TrayIcon::exportItem() {
     for (const int size : ICON_SIZES) {
         pictures << trayPicture(size);
     }
-    new NotifierItem(
-        &m_busObject,
-        {.activated = [this] { handleLeftClick(); }, .menuRequested = [this] { openMenu(QCursor::pos()); }}, MENU_PATH,
-        m_description, pictures);
+    new NotifierItem(&m_busObject,
+                     {.activated = [this] { handleLeftClick(); },
+                      .menuRequested = [this] { openMenu(m_windowSystem.pointer().value_or(cornerOfTray())); },
+                      .tokenProvided = [this](const QString& token) { m_windowSystem.useActivationToken(token); }},
+                     MENU_PATH, m_description, pictures);
     m_busMenu = new NotifierMenu(&m_busObject, [this] { tell(MouseButton::Right); });
 
     QDBusConnection bus = QDBusConnection::sessionBus();
@@ -114,9 +109,12 @@ std::optional<Anchor> TrayIcon::button() const {
     if (m_lastClick) {
         return Anchor{.screenRectangle = QRect(*m_lastClick, QSize(1, 1))};
     }
-    const QScreen& screen = screenWithPointer();
-    const QPoint corner = popover::cornerNextToPanel(screen.geometry(), workAreaOf(screen, m_windowSystem));
-    return Anchor{.screenRectangle = QRect(corner, QSize(1, 1))};
+    return Anchor{.screenRectangle = QRect(cornerOfTray(), QSize(1, 1))};
+}
+
+QPoint TrayIcon::cornerOfTray() const {
+    const QScreen& screen = m_windowSystem.currentScreen();
+    return popover::cornerNextToPanel(screen.geometry(), workAreaOf(screen, m_windowSystem));
 }
 
 void TrayIcon::setClickedHandler(ClickedHandler handler) {
@@ -151,7 +149,7 @@ void TrayIcon::hideToolTip() {
 
 void TrayIcon::handleLeftClick() {
     // A bus host's coordinates are some host's pixels, if it tells any; the pointer is still there.
-    const QPoint pointer = QCursor::pos();
+    const std::optional<QPoint> pointer = m_windowSystem.pointer();
     if (m_clicks.isToBeActedOn(pointer)) {
         m_lastClick = pointer;
         tell(MouseButton::Left);
@@ -160,7 +158,9 @@ void TrayIcon::handleLeftClick() {
 
 void TrayIcon::openMenu(QPoint place) {
     tell(MouseButton::Right);
+    m_clicks.closePopoverForMenu();
     m_menu.open(place);
+    m_windowSystem.place(m_menu.winId(), m_menu.geometry());
 }
 
 } // namespace zamber::freedesktop::tray

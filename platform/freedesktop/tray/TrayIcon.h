@@ -32,7 +32,7 @@ class TrayIcon final : public QObject, public StatusItem {
 
 public:
     /// The hint says which key ⌘ is, for people. The others outlive this object; the embedded icon may be missing.
-    TrayIcon(TrayClicks& clicks, EmbeddedIcon* embeddedIcon, const popover::WindowSystem& windowSystem,
+    TrayIcon(TrayClicks& clicks, EmbeddedIcon* embeddedIcon, popover::WindowSystem& windowSystem,
              const QString& commandKeyHint);
     ~TrayIcon() override;
 
@@ -52,10 +52,11 @@ private:
     void hideToolTip();
     void handleLeftClick();
     void openMenu(QPoint place);
+    QPoint cornerOfTray() const;
 
     TrayClicks& m_clicks;
     EmbeddedIcon* m_embeddedIcon;
-    const popover::WindowSystem& m_windowSystem;
+    popover::WindowSystem& m_windowSystem;
     QString m_description;
     NotifierHosts m_hosts;
     QObject m_busObject; // what the hosts talk to

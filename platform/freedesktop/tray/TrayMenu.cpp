@@ -40,6 +40,7 @@ void TrayMenu::setItems(const QList<MenuItem>& items) {
 
 void TrayMenu::open(QPoint place) {
     hide(); // Qt takes the keyboard and the pointer for a menu when it comes, not when it moves
+    m_hadFocus = false;
     popup(place);
     windowHandle()->installEventFilter(this);
 }
@@ -60,8 +61,11 @@ void TrayMenu::keyPressEvent(QKeyEvent* event) {
 bool TrayMenu::eventFilter(QObject* watched, QEvent* event) {
     // Qt takes every popup away when the program ceases to be the active one, as it does a moment after the window in
     // front has gone. A tray icon's menu has nothing to do with that; as long as a user closes it, the program is
-    // active.
-    if (watched == windowHandle() && event->type() == QEvent::Close &&
+    // active. On Wayland the menu is a window like any other, which has the focus at first and closes when it loses it.
+    if (watched == windowHandle() && event->type() == QEvent::FocusIn) {
+        m_hadFocus = true;
+    }
+    if (watched == windowHandle() && event->type() == QEvent::Close && !m_hadFocus &&
         QGuiApplication::applicationState() != Qt::ApplicationActive) {
         event->ignore();
         return true;

@@ -27,6 +27,7 @@ protected:
 
 private:
     QString m_commandKeyHint;
+    bool m_hadFocus = false; ///< its window, since it was opened; on X11 none of a menu ever has
 };
 
 } // namespace zamber::freedesktop::tray

@@ -54,6 +54,19 @@ protected:
         window.isShown() ? window.performClose() : showPopover();
     }
 
+    /// Another window comes to the front, as the desktop reports it.
+    void abandonPopover() {
+        Q_EMIT window.abandoned();
+        window.performClose();
+    }
+
+    /// The icon's host reports a click, and the program acts on it, where nobody tells of presses and of the pointer.
+    void tellClickOnWayland() {
+        if (clicks.isToBeActedOn(std::nullopt)) {
+            window.isShown() ? window.performClose() : showPopover();
+        }
+    }
+
     /// A left click on the icon from beginning to end.
     void click(milliseconds held = milliseconds(120)) {
         press(Qt::LeftButton, ON_THE_ICON);
@@ -230,6 +243,44 @@ TEST_F(TrayClicksTest, WhatIsOpenedAnotherWayInBetweenIsClosedByTheClick) {
     showPopover(); // by the hot key, while the button is down
     release(milliseconds(120));
     tellClick(ON_THE_ICON);
+    EXPECT_FALSE(window.isShown());
+}
+
+TEST_F(TrayClicksTest, OnWaylandClicksToggleInTurnHoweverQuickly) {
+    for (const bool isShown : {true, false, true, false}) {
+        tellClickOnWayland();
+        EXPECT_EQ(window.isShown(), isShown);
+    }
+}
+
+TEST_F(TrayClicksTest, OnWaylandAClickWhosePressHasTakenTheFocusDoesNotOpenItAgain) {
+    showPopover();
+    abandonPopover();
+    scheduler.advance(milliseconds(400)); // the button is held
+    tellClickOnWayland();
+    EXPECT_FALSE(window.isShown());
+    tellClickOnWayland();
+    EXPECT_TRUE(window.isShown()) << "the next click is another one";
+}
+
+TEST_F(TrayClicksTest, OnWaylandAClickLongAfterAnotherWindowCameOpensIt) {
+    showPopover();
+    abandonPopover();
+    scheduler.advance(milliseconds(700));
+    tellClickOnWayland();
+    EXPECT_TRUE(window.isShown());
+}
+
+TEST_F(TrayClicksTest, OnWaylandAClickAfterEscapeOpensIt) {
+    showPopover();
+    window.performClose();
+    tellClickOnWayland();
+    EXPECT_TRUE(window.isShown());
+}
+
+TEST_F(TrayClicksTest, TheMenuTakesThePlaceOfThePopover) {
+    showPopover();
+    clicks.closePopoverForMenu();
     EXPECT_FALSE(window.isShown());
 }
 

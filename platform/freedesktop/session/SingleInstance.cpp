@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/freedesktop/session/SingleInstance.h"
 
+#include "platform/freedesktop/session/Programs.h"
+
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 
@@ -12,6 +14,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int LONGEST_ANSWER_MS = 5000;
+
+const QString ACTIVATION_TOKEN = u"activation-token"_s;
 
 } // namespace
 
@@ -46,10 +50,19 @@ bool SingleInstance::takeName() {
 bool SingleInstance::askOtherToShow() const {
     QDBusMessage call =
         QDBusMessage::createMethodCall(m_applicationId, m_path, u"org.freedesktop.Application"_s, u"Activate"_s);
-    call << QVariantMap();
+    QVariantMap platformData;
+    const QString token = startEnvironment().value(u"XDG_ACTIVATION_TOKEN"_s);
+    if (!token.isEmpty()) {
+        platformData[ACTIVATION_TOKEN] = token;
+    }
+    call << platformData;
     // The bus is not to start yet another one when the one that runs has just ended.
     call.setAutoStartService(false);
     return m_bus.call(call, QDBus::Block, LONGEST_ANSWER_MS).type() == QDBusMessage::ReplyMessage;
+}
+
+void ApplicationInterface::requestShow(const QVariantMap& platformData) {
+    emit m_instance->showRequested(platformData.value(ACTIVATION_TOKEN).toString());
 }
 
 } // namespace zamber::freedesktop::session

@@ -30,8 +30,9 @@ public:
     Start start();
 
 signals:
-    /// Another start, or the desktop, has asked for this program.
-    void showRequested();
+    /// Another start, or the desktop, has asked for this program. The token, which may be empty, lets its window come
+    /// to the front on Wayland.
+    void showRequested(const QString& activationToken);
 
 private:
     bool takeName();
@@ -54,15 +55,15 @@ public:
 
 public slots:
     // NOLINTBEGIN(readability-identifier-naming): the names are the interface's
-    void Activate(const QVariantMap& /*platformData*/) { emit m_instance->showRequested(); }
-    void Open(const QStringList& /*addresses*/, const QVariantMap& /*platformData*/) {
-        emit m_instance->showRequested();
-    }
+    void Activate(const QVariantMap& platformData) { requestShow(platformData); }
+    void Open(const QStringList& /*addresses*/, const QVariantMap& platformData) { requestShow(platformData); }
     void ActivateAction(const QString& /*action*/, const QVariantList& /*parameter*/,
                         const QVariantMap& /*platformData*/) {}
     // NOLINTEND(readability-identifier-naming)
 
 private:
+    void requestShow(const QVariantMap& platformData);
+
     SingleInstance* m_instance;
 };
 

@@ -34,7 +34,12 @@ void giveLargeBlocksBack() {
 
 std::expected<void, std::string> SessionDesktop::prepare() {
     giveLargeBlocksBack();
-    // On Wayland, too: the windows are XWayland's there.
+#ifdef ZAMBER_WAYLAND
+    if (wayland::WaylandDesktop::prepareWindows()) {
+        return {};
+    }
+#endif
+    // On Wayland, too: the windows are XWayland's then.
     return x11::X11Desktop::prepare();
 }
 

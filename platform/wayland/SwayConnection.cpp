@@ -14,7 +14,12 @@
 
 namespace zamber::wayland {
 
-enum class SwayConnection::Kind : std::uint32_t { RunCommand = 0, Subscribe = 2, GetConfiguration = 9 };
+enum class SwayConnection::Kind : std::uint32_t {
+    RunCommand = 0,
+    GetWorkspaces = 1,
+    Subscribe = 2,
+    GetConfiguration = 9
+};
 
 namespace {
 
@@ -67,6 +72,23 @@ bool SwayConnection::run(const QByteArray& command) {
 QByteArray SwayConnection::configuration() {
     const auto answer = ask(Kind::GetConfiguration, {});
     return answer ? QJsonDocument::fromJson(*answer)[QStringLiteral("config")].toString().toUtf8() : QByteArray();
+}
+
+std::vector<SwayConnection::Workspace> SwayConnection::visibleWorkspaces() {
+    std::vector<Workspace> visible;
+    const auto answer = ask(Kind::GetWorkspaces, {});
+    const QJsonArray workspaces = answer ? QJsonDocument::fromJson(*answer).array() : QJsonArray();
+    for (const QJsonValue& workspace : workspaces) {
+        if (workspace[QStringLiteral("visible")].toBool()) {
+            const QJsonValue place = workspace[QStringLiteral("rect")];
+            visible.push_back(
+                {.output = workspace[QStringLiteral("output")].toString(),
+                 .rectangle = {place[QStringLiteral("x")].toInt(), place[QStringLiteral("y")].toInt(),
+                               place[QStringLiteral("width")].toInt(), place[QStringLiteral("height")].toInt()},
+                 .isFocused = workspace[QStringLiteral("focused")].toBool()});
+        }
+    }
+    return visible;
 }
 
 std::optional<QByteArray> SwayConnection::ask(Kind kind, const QByteArray& payload) {

@@ -5,10 +5,13 @@
 #include <QByteArray>
 #include <QLocalSocket>
 #include <QObject>
+#include <QRect>
+#include <QString>
 
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace zamber::wayland {
 
@@ -26,6 +29,16 @@ public:
 
     /// The configuration that is in force, without the files that it includes; empty when sway does not answer.
     QByteArray configuration();
+
+    /// A workspace that is on a screen.
+    struct Workspace {
+        QString output;  ///< the screen's name
+        QRect rectangle; ///< what panels leave free of it, in points on the desktop
+        bool isFocused = false;
+    };
+
+    /// One for each screen; empty when sway does not answer.
+    std::vector<Workspace> visibleWorkspaces();
 
 Q_SIGNALS:
     /// The keys of a binding with this command have been pressed.

@@ -5,14 +5,19 @@
 #include "platform/freedesktop/QtApplication.h"
 #include "platform/freedesktop/TextFieldPaste.h"
 #include "platform/freedesktop/popover/PopoverWindow.h"
+#include "platform/freedesktop/session/Programs.h"
+#include "platform/freedesktop/session/TerminationSignals.h"
 #include "platform/freedesktop/tray/TrayClicks.h"
 #include "platform/freedesktop/tray/TrayIcon.h"
 #include "platform/wayland/Connection.h"
 #include "platform/wayland/DataControl.h"
 #include "platform/wayland/FakeKeyboard.h"
 #include "platform/wayland/KGlobalAccelHotKeyCenter.h"
+#include "platform/wayland/NoHotKeys.h"
+#include "platform/wayland/NoPointerButtons.h"
 #include "platform/wayland/PlasmaLayout.h"
 #include "platform/wayland/SeatKeyboard.h"
+#include "platform/wayland/SessionCompositor.h"
 #include "platform/wayland/SwayConnection.h"
 #include "platform/wayland/SwayHotKeyCenter.h"
 #include "platform/wayland/ToplevelWorkspace.h"
@@ -21,18 +26,10 @@
 #include "platform/wayland/VirtualKeyboardTrust.h"
 #include "platform/wayland/VirtualKeystrokePoster.h"
 #include "platform/wayland/WaylandPasteboard.h"
-#include "platform/x11/ButtonPresses.h"
-#include "platform/x11/Connection.h"
-#include "platform/x11/Keyboard.h"
-#include "platform/x11/OwnerDeaths.h"
-#include "platform/x11/SecretMark.h"
-#include "platform/x11/Windows.h"
-#include "platform/x11/X11AccessibilityTrust.h"
-#include "platform/x11/X11EmbeddedIcon.h"
-#include "platform/x11/X11HotKeyCenter.h"
-#include "platform/x11/X11KeystrokePoster.h"
-#include "platform/x11/X11WindowSystem.h"
-#include "platform/x11/X11Workspace.h"
+#include "platform/wayland/WaylandWindowSystem.h"
+#include "platform/wayland/XwaylandAdapters.h"
+
+#include <QGuiApplication>
 
 #include <cstdio>
 #include <optional>
@@ -47,24 +44,37 @@ QString quickPaste() {
     return QStringLiteral("quickPasteEnabled");
 }
 
+/// Whether Qt draws on Wayland by itself; else its windows are XWayland's.
+bool areWindowsOwn() {
+    return QGuiApplication::platformName() == QStringLiteral("wayland");
+}
+
 } // namespace
 
 /// Hot keys, the paste keystroke and the application in front come from the compositor where it has protocols for them,
-/// else from XWayland, which knows only programs of X. The pasteboard has its own connection, so that a large transfer
-/// does not delay a keystroke.
+/// else from XWayland, which knows only programs of X and need not be there. The pasteboard has its own connection, so
+/// that a large transfer does not delay a keystroke.
 struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
-    struct Connections {
+    struct Session {
         std::unique_ptr<Connection> clipboard;
         std::unique_ptr<Connection> input;
-        std::unique_ptr<x11::Connection> xwayland;
+        std::unique_ptr<Toplevels> toplevels;           // null where the compositor does not tell of them
+        std::unique_ptr<PasteKeyboard> virtualKeyboard; // null where the compositor lets no program be one
+        std::unique_ptr<x11::Connection> xwayland; // null where there is none; needed where one of the two before is
     };
 
-    Adapters(freedesktop::desktop::Claim claim, Connections opened)
+    Adapters(freedesktop::desktop::Claim claim, Session opened)
         : CommonAdapters(std::move(claim))
-        , connections(std::move(opened)) {
+        , session(std::move(opened)) {
         QObject::connect(claimed.instance.get(), &freedesktop::session::SingleInstance::showRequested,
-                         claimed.instance.get(), [this] { application.requestShow(); });
-        QObject::connect(&ownerDeaths, &x11::OwnerDeaths::ownerDied, &pasteboard, &WaylandPasteboard::checkOwner);
+                         claimed.instance.get(), [this](const QString& activationToken) {
+                             windowSystem().useActivationToken(activationToken);
+                             application.requestShow();
+                         });
+        if (xwayland) {
+            QObject::connect(&xwayland->ownerDeaths, &x11::OwnerDeaths::ownerDied, &pasteboard,
+                             &WaylandPasteboard::checkOwner);
+        }
         if (plasmaHotKeys && !typing) {
             std::fputs(
                 "zamber: KWin lets Zamber paste into other programs only when it is installed: its desktop entry "
@@ -86,7 +96,20 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
     Adapters(const Adapters&) = delete;
     Adapters& operator=(const Adapters&) = delete;
 
-    void bringToFront(WId window) const { windows.activate(static_cast<xcb_window_t>(window)); }
+    freedesktop::popover::WindowSystem& windowSystem() {
+        if (ownWindows) {
+            return *ownWindows;
+        }
+        return xwayland->windowSystem;
+    }
+
+    void bringToFront(WId window) {
+        if (ownWindows) {
+            WaylandWindowSystem::bringToFront(window);
+        } else {
+            xwayland->windows.activate(static_cast<xcb_window_t>(window));
+        }
+    }
 
     bool isWanted(PhysicalKey key) const {
         return key == PhysicalKey::V || userDefaults.boolean(quickPaste()).value_or(false);
@@ -96,84 +119,116 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
         return applicationNames.ofWindowClass(applicationId);
     }
 
-    Connections connections;
-    x11::SecretMark secretMark{*connections.xwayland};
-    WaylandPasteboard pasteboard{*connections.clipboard,
-                                 [this](const std::vector<QByteArray>& types, x11::SecretMark::Answer answer) {
-                                     secretMark.ask(types, std::move(answer));
-                                 }};
-    x11::OwnerDeaths ownerDeaths{*connections.xwayland};
+    OfferReader::AskForMark askForMark() {
+        if (!secretMark) {
+            return {};
+        }
+        return [this](const std::vector<QByteArray>& types, x11::SecretMark::Answer answer) {
+            secretMark->ask(types, std::move(answer));
+        };
+    }
 
-    x11::Keyboard keyboard{*connections.xwayland};
-    x11::Windows windows{*connections.xwayland};
-    x11::ButtonPresses presses{*connections.xwayland};
-    x11::X11WindowSystem windowSystem{*connections.xwayland, windows};
-    x11::X11HotKeyCenter x11HotKeys{*connections.xwayland, keyboard, freedesktop::desktop::closeMenus};
-    x11::X11Workspace x11Workspace{*connections.xwayland, windows,
-                                   [this](const QString& windowClass) { return nameOf(windowClass); }};
-    x11::X11KeystrokePoster x11Keystrokes{*connections.xwayland, keyboard,   windows,  x11HotKeys,
-                                          x11Workspace,          pasteboard, scheduler};
-    x11::X11AccessibilityTrust x11Trust{*connections.xwayland};
+    Session session;
+    std::unique_ptr<x11::SecretMark> secretMark =
+        session.xwayland ? std::make_unique<x11::SecretMark>(*session.xwayland) : nullptr;
+    WaylandPasteboard pasteboard{*session.clipboard, askForMark()};
+    std::unique_ptr<XwaylandAdapters> xwayland =
+        session.xwayland
+            ? std::make_unique<XwaylandAdapters>(*session.xwayland, pasteboard, scheduler,
+                                                 freedesktop::desktop::closeMenus,
+                                                 [this](const QString& windowClass) { return nameOf(windowClass); })
+            : nullptr;
 
     std::unique_ptr<SwayConnection> sway = SwayConnection::open();
     std::unique_ptr<SwayHotKeyCenter> swayHotKeys =
         sway ? std::make_unique<SwayHotKeyCenter>(
                    *sway, [this](PhysicalKey key) { return isWanted(key); }, freedesktop::desktop::closeMenus)
              : nullptr;
-    std::unique_ptr<SeatKeyboard> seatKeyboard = SeatKeyboard::create(*connections.input);
+    std::unique_ptr<SeatKeyboard> seatKeyboard = SeatKeyboard::create(*session.input);
     std::unique_ptr<KGlobalAccelHotKeyCenter> plasmaHotKeys =
         !sway && seatKeyboard && KGlobalAccelHotKeyCenter::isOffered()
             ? std::make_unique<KGlobalAccelHotKeyCenter>(
                   *seatKeyboard, [this](PhysicalKey key) { return isWanted(key); }, freedesktop::desktop::closeMenus)
             : nullptr;
-    HotKeyCenter& hotKeys = swayHotKeys     ? static_cast<HotKeyCenter&>(*swayHotKeys)
-                            : plasmaHotKeys ? static_cast<HotKeyCenter&>(*plasmaHotKeys)
-                                            : x11HotKeys;
+    NoHotKeys noHotKeys;
+    HotKeyCenter& hotKeys = chooseHotKeys();
 
     /// Both or neither: a keystroke is typed when the right window is in front.
     struct Typing {
-        std::unique_ptr<Toplevels> toplevels;
         std::unique_ptr<PasteKeyboard> keyboard;
         std::unique_ptr<ToplevelWorkspace> workspace;
         std::unique_ptr<VirtualKeystrokePoster> keystrokes;
         VirtualKeyboardTrust trust;
     };
     std::optional<Typing> typing = makeTyping();
-    Workspace& workspace = typing ? static_cast<Workspace&>(*typing->workspace) : x11Workspace;
-    KeystrokePoster& keystrokes = typing ? static_cast<KeystrokePoster&>(*typing->keystrokes) : x11Keystrokes;
+    Workspace& workspace = typing ? static_cast<Workspace&>(*typing->workspace) : xwayland->workspace;
+    KeystrokePoster& keystrokes = typing ? static_cast<KeystrokePoster&>(*typing->keystrokes) : xwayland->keystrokes;
     NotInstalledTrust notInstalledTrust; // KWin's, which would let an installed program type
     AccessibilityTrust& trust = typing          ? static_cast<AccessibilityTrust&>(typing->trust)
                                 : plasmaHotKeys ? static_cast<AccessibilityTrust&>(notInstalledTrust)
-                                                : x11Trust;
+                                                : xwayland->trust;
 
+    /// Null where the windows are XWayland's.
+    std::unique_ptr<WaylandWindowSystem> ownWindows =
+        areWindowsOwn() ? std::make_unique<WaylandWindowSystem>(sway.get()) : nullptr;
+    NoPointerButtons noPresses;
     freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
     freedesktop::TextFieldPaste textFieldPaste{pasteboard};
-    freedesktop::popover::PopoverWindow popover{appearance, windowSystem};
-    freedesktop::tray::TrayClicks trayClicks{popover, presses, scheduler};
-    x11::X11EmbeddedIcon embeddedIcon{*connections.xwayland};
-    freedesktop::tray::TrayIcon statusItem{trayClicks, &embeddedIcon, windowSystem, hotKeys.commandKeyHint()};
+    freedesktop::popover::PopoverWindow popover{appearance, windowSystem()};
+    freedesktop::tray::TrayClicks trayClicks{popover, presses(), scheduler};
+    freedesktop::tray::TrayIcon statusItem{trayClicks, ownWindows ? nullptr : &xwayland->embeddedIcon, windowSystem(),
+                                           hotKeys.commandKeyHint()};
 
 private:
-    std::optional<Typing> makeTyping() {
-        auto toplevels = Toplevels::create(*connections.input);
-        std::unique_ptr<PasteKeyboard> ownKeyboard = VirtualKeyboard::create(*connections.input);
-        if (!ownKeyboard && seatKeyboard) {
-            ownKeyboard =
-                FakeKeyboard::create(*connections.input, *seatKeyboard, activePlasmaLayout, plasmaHotKeys.get());
+    HotKeyCenter& chooseHotKeys() {
+        if (swayHotKeys) {
+            return *swayHotKeys;
         }
-        if (!toplevels || !ownKeyboard) {
+        if (plasmaHotKeys) {
+            return *plasmaHotKeys;
+        }
+        return xwayland ? static_cast<HotKeyCenter&>(xwayland->hotKeys) : noHotKeys;
+    }
+
+    freedesktop::tray::PointerButtons& presses() {
+        if (ownWindows) {
+            return noPresses;
+        }
+        return xwayland->presses;
+    }
+
+    std::optional<Typing> makeTyping() {
+        std::unique_ptr<PasteKeyboard> ownKeyboard = std::move(session.virtualKeyboard);
+        if (!ownKeyboard && seatKeyboard) {
+            ownKeyboard = FakeKeyboard::create(*session.input, *seatKeyboard, activePlasmaLayout, plasmaHotKeys.get());
+        }
+        if (!session.toplevels || !ownKeyboard) {
             return std::nullopt;
         }
         Typing made;
-        made.toplevels = std::move(toplevels);
         made.keyboard = std::move(ownKeyboard);
         made.workspace = std::make_unique<ToplevelWorkspace>(
-            *made.toplevels, [this](const QString& applicationId) { return nameOf(applicationId); });
+            *session.toplevels, [this](const QString& applicationId) { return nameOf(applicationId); });
         made.keystrokes =
-            std::make_unique<VirtualKeystrokePoster>(*made.keyboard, *made.toplevels, pasteboard, scheduler);
+            std::make_unique<VirtualKeystrokePoster>(*made.keyboard, *session.toplevels, pasteboard, scheduler);
         return made;
     }
 };
+
+bool WaylandDesktop::prepareWindows() {
+    // Windows are placed by sway's control socket. Where nobody places them, XWayland's are the better ones.
+    if (qEnvironmentVariableIsEmpty("SWAYSOCK") || qgetenv("QT_QPA_PLATFORM").startsWith("xcb") ||
+        !qtHasWaylandWindows() || !sessionHasDataControl()) {
+        return false;
+    }
+    freedesktop::session::TerminationSignals::remember();
+    freedesktop::session::startEnvironment(); // before it is changed, for the programs that are started later
+    qputenv("QT_QPA_PLATFORM", "wayland");
+    qputenv("QT_QPA_UPDATE_IDLE_TIME",
+            "0");                      // a frame is painted when something has changed, not five milliseconds later
+    qunsetenv("XDG_ACTIVATION_TOKEN"); // meant for a window that opens at the start
+    return true;
+}
 
 std::unique_ptr<Connection> WaylandDesktop::reachCompositor() {
     auto connection = Connection::open();
@@ -187,13 +242,17 @@ WaylandDesktop::create(freedesktop::desktop::Claim claim, std::unique_ptr<Connec
         return std::unexpected(input.error());
     }
     auto xwayland = x11::Connection::open();
-    if (!xwayland) {
+    auto toplevels = Toplevels::create(**input);
+    auto virtualKeyboard = VirtualKeyboard::create(**input);
+    if (!xwayland && (!toplevels || !virtualKeyboard || !areWindowsOwn())) {
         return std::unexpected(xwayland.error());
     }
-    auto adapters =
-        std::make_unique<Adapters>(std::move(claim), Adapters::Connections{.clipboard = std::move(compositor),
-                                                                           .input = std::move(*input),
-                                                                           .xwayland = std::move(*xwayland)});
+    auto adapters = std::make_unique<Adapters>(
+        std::move(claim), Adapters::Session{.clipboard = std::move(compositor),
+                                            .input = std::move(*input),
+                                            .toplevels = std::move(toplevels),
+                                            .virtualKeyboard = std::move(virtualKeyboard),
+                                            .xwayland = xwayland ? std::move(*xwayland) : nullptr});
     return std::unique_ptr<WaylandDesktop>(new WaylandDesktop(std::move(adapters)));
 }
 

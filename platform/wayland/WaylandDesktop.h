@@ -13,10 +13,15 @@ namespace zamber::wayland {
 
 class Connection;
 
-/// The adapters for a compositor that lets programs control the clipboard, with windows that are XWayland's. The
-/// application object comes before them and goes after them.
+/// The adapters for a compositor that lets programs control the clipboard. Windows are Wayland's own where Qt's plug-in
+/// for it is installed, else XWayland's. The application object comes before the adapters and goes after them.
 class WaylandDesktop final : public freedesktop::desktop::FreedesktopDesktop {
 public:
+    /// Comes before the application object. True, and Qt will draw on Wayland, where the compositor of the environment
+    /// lets programs control the clipboard and place windows (sway), and Qt's plug-in is there. The user's
+    /// QT_QPA_PLATFORM=xcb is heeded.
+    static bool prepareWindows();
+
     /// A connection to the compositor of the environment; null where there is none, or none with data control.
     static std::unique_ptr<Connection> reachCompositor();
 

@@ -16,6 +16,8 @@ class WaylandTestCase(LogAssertions, unittest.TestCase):
     """A desktop with a Wayland editor in front, and the program with the class's history and preferences."""
 
     layout = "us"
+    xwayland = True
+    environment = {}  # of the program, besides the desktop's
     history = ()
     preferences = {}
     ready_line = READY_LINE
@@ -27,6 +29,7 @@ class WaylandTestCase(LogAssertions, unittest.TestCase):
         self.desktop = self.enterContext(self.make_desktop())
         self.keyboard, self.clipboard = self.desktop.keyboard, self.desktop.clipboard
         self.zamber = Zamber(self.desktop, ready_line=self.ready_line)
+        self.zamber.environment = {**self.zamber.environment, **self.environment}
         self.expected_lines, self.expected_errors = [], []
         self.zamber_has_ended = False
         if self.history:
@@ -94,7 +97,7 @@ class SwayTestCase(WaylandTestCase):
     configuration = ""
 
     def make_desktop(self):
-        return SwayDesktop(layout=self.layout, configuration=self.configuration)
+        return SwayDesktop(layout=self.layout, configuration=self.configuration, xwayland=self.xwayland)
 
 
 class KWinTestCase(WaylandTestCase):

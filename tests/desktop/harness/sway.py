@@ -16,7 +16,7 @@ from .waiting import wait_until
 from .wayland_clipboard import WaylandClipboard
 from .x_connection import connect
 
-IPC_COMMAND, IPC_TREE = 0, 4
+IPC_COMMAND, IPC_WORKSPACES, IPC_TREE = 0, 1, 4
 NOBODY = 65534
 IPC_MAGIC = b"i3-ipc"
 
@@ -127,6 +127,10 @@ class SwayDesktop(PrivateSession):
 
         look(self._ask(IPC_TREE))
         return found
+
+    def workspaces(self):
+        """As sway describes them: what panels leave free of each is its "rect"."""
+        return self._ask(IPC_WORKSPACES)
 
     def windows(self):
         return [_described(node) for node in self.nodes()]

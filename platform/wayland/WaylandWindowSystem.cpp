@@ -1,0 +1,189 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/wayland/WaylandWindowSystem.h"
+
+#include "platform/wayland/SwayConnection.h"
+
+#include <QExposeEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QTimer>
+#include <QWidget>
+
+#include <algorithm>
+#include <chrono>
+
+namespace zamber::wayland {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A window that has no title of its own is given this one, by which sway knows it.
+const QString UNTITLED = u"Zamber menu"_s;
+
+/// sway gives a new window the focus at once, but not over one in full screen, where it is not even seen.
+constexpr std::chrono::milliseconds TIME_FOR_FOCUS{60};
+
+/// The window in the words of sway's criteria.
+QByteArray criteriaOf(const QWindow& window) {
+    return "[app_id=\"^app[.]zamber[.]Zamber$\" title=\"^" + window.title().toUtf8() + "$\"]";
+}
+
+QByteArray moveTo(QPoint place) {
+    return "move absolute position " + QByteArray::number(place.x()) + " px " + QByteArray::number(place.y()) + " px";
+}
+
+/// Moves a hidden window to the screen that it will be shown on. Qt 6.4 keeps the scale that a window was made with,
+/// so that one for another scale is made anew; else it would be blurred.
+void moveToScreen(QWindow& window, QPoint place) {
+    QScreen* const screen = QGuiApplication::screenAt(place);
+    if (screen == nullptr) {
+        return;
+    }
+    window.setScreen(screen);
+    if (window.devicePixelRatio() != screen->devicePixelRatio()) {
+        window.destroy();
+        window.create();
+    }
+}
+
+QWindow* windowOf(WId id) {
+    const QWidget* const widget = QWidget::find(id);
+    return widget != nullptr ? widget->windowHandle() : nullptr;
+}
+
+} // namespace
+
+WaylandWindowSystem::WaylandWindowSystem(SwayConnection* sway)
+    : m_sway(sway) {
+    if (m_sway != nullptr) {
+        connect(m_sway, &SwayConnection::reloaded, this, [this] { m_announced.clear(); });
+    }
+}
+
+std::optional<QRect> WaylandWindowSystem::freeArea(const QScreen& screen) const {
+    const auto workspaces = m_sway != nullptr ? m_sway->visibleWorkspaces() : std::vector<SwayConnection::Workspace>();
+    const auto found = std::ranges::find(workspaces, screen.name(), &SwayConnection::Workspace::output);
+    return found != workspaces.end() ? found->rectangle : screen.availableGeometry();
+}
+
+const QScreen& WaylandWindowSystem::currentScreen() const {
+    const auto workspaces = m_sway != nullptr ? m_sway->visibleWorkspaces() : std::vector<SwayConnection::Workspace>();
+    const auto current = std::ranges::find(workspaces, true, &SwayConnection::Workspace::isFocused);
+    if (current != workspaces.end()) {
+        const auto screens = QGuiApplication::screens();
+        const auto screen = std::ranges::find(screens, current->output, &QScreen::name);
+        if (screen != screens.end()) {
+            return **screen;
+        }
+    }
+    return *QGuiApplication::primaryScreen();
+}
+
+void WaylandWindowSystem::place(WId id, const QRect& rectangle) {
+    QWindow* const window = windowOf(id);
+    if (m_sway == nullptr || window == nullptr) {
+        return;
+    }
+    if (window->title().isEmpty()) {
+        window->setTitle(UNTITLED);
+    }
+    // sway tiles a window that could have another size.
+    window->setMinimumSize(rectangle.size());
+    window->setMaximumSize(rectangle.size());
+    if (wishOf(window) == nullptr) {
+        std::erase_if(m_wishes, [](const Wish& wish) { return wish.window == nullptr; });
+        m_wishes.push_back({.window = window, .rectangle = {}});
+        window->installEventFilter(this);
+    }
+    Wish& wish = *wishOf(window);
+    wish.rectangle = rectangle;
+    if (wish.isFulfilled) {
+        fulfil(wish);
+        return;
+    }
+    if (!window->isVisible()) {
+        moveToScreen(*window, rectangle.center());
+    }
+    announce(wish);
+}
+
+WaylandWindowSystem::Wish* WaylandWindowSystem::wishOf(const QObject* window) {
+    const auto found = std::ranges::find(m_wishes, window, [](const Wish& wish) { return wish.window.data(); });
+    return found != m_wishes.end() ? &*found : nullptr;
+}
+
+void WaylandWindowSystem::announce(const Wish& wish) {
+    // The rule has the window come up where it belongs. Without it, it is seen in the middle for the time of a frame.
+    const QByteArray rule = "for_window " + criteriaOf(*wish.window) + " \"" + moveTo(wish.rectangle.topLeft()) + '"';
+    if (!m_announced.contains(rule)) {
+        m_announced.insert(rule);
+        m_sway->run(rule);
+    }
+}
+
+void WaylandWindowSystem::fulfil(Wish& wish) {
+    wish.isFulfilled = true;
+    m_sway->run(criteriaOf(*wish.window) + ' ' + moveTo(wish.rectangle.topLeft()));
+}
+
+void WaylandWindowSystem::insistOnFocus(const QWindow& window) {
+    const Wish* const wish = wishOf(&window);
+    if (wish != nullptr && window.isExposed() && !wish->hadFocus) {
+        m_sway->run(criteriaOf(window) + " focus");
+    }
+}
+
+void WaylandWindowSystem::useActivationToken(const QString& token) {
+    if (!token.isEmpty()) {
+        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8()); // where Qt looks for it when a window asks for the focus
+    }
+}
+
+void WaylandWindowSystem::bringToFront(WId id) {
+    QWidget* const widget = QWidget::find(id);
+    if (widget == nullptr || widget->windowHandle() == nullptr || widget->isActiveWindow()) {
+        return;
+    }
+    if (widget->windowHandle()->isExposed() && !widget->isModal()) { // a dialog would end by being hidden
+        widget->hide();
+        widget->show();
+    }
+    widget->activateWindow();
+}
+
+bool WaylandWindowSystem::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Expose) {
+        handleExposure(*static_cast<QWindow*>(watched));
+    } else if (event->type() == QEvent::FocusIn) {
+        if (Wish* const wish = wishOf(watched)) {
+            wish->hadFocus = true;
+        }
+    }
+    return false;
+}
+
+void WaylandWindowSystem::handleExposure(QWindow& window) {
+    Wish* const wish = wishOf(&window);
+    if (wish == nullptr || !window.isExposed()) {
+        if (wish != nullptr) {
+            wish->isFulfilled = false;
+            wish->hadFocus = false;
+        }
+        return;
+    }
+    if (!wish->isFulfilled) {
+        // The window is there for the compositor when it has been painted, and when that has arrived.
+        QTimer::singleShot(0, &window, [this, &window] {
+            Wish* const still = wishOf(&window);
+            if (still != nullptr && window.isExposed()) {
+                m_qt.roundTrip();
+                fulfil(*still);
+            }
+        });
+        QTimer::singleShot(TIME_FOR_FOCUS, &window, [this, &window] { insistOnFocus(window); });
+    }
+}
+
+} // namespace zamber::wayland

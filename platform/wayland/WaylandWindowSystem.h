@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/freedesktop/popover/WindowSystem.h"
+#include "platform/wayland/QtDisplay.h"
+
+#include <QPointer>
+#include <QSet>
+#include <QWindow>
+
+#include <vector>
+
+namespace zamber::wayland {
+
+class SwayConnection;
+
+/// The compositor, as windows of Wayland need it. Wayland lets no program choose the place of its windows; sway moves
+/// them by commands over its control socket.
+class WaylandWindowSystem final : public freedesktop::popover::WindowSystem {
+    Q_OBJECT
+
+public:
+    /// What is not null outlives this object.
+    explicit WaylandWindowSystem(SwayConnection* sway);
+
+    bool isComposited() const override { return true; }
+    QRect workArea(const QRect& monitor) const override { return monitor; }
+    void setShadow(WId /*window*/, const QMargins& /*shadow*/) override {}
+    void presentPopover(WId /*window*/) override {}          // Qt has asked for the focus, and a new window gets it
+    bool hasKeyboardFocus() const override { return false; } // no hot key takes the focus away here
+
+    std::optional<QRect> freeArea(const QScreen& screen) const override;
+    std::optional<QPoint> pointer() const override { return std::nullopt; }
+    const QScreen& currentScreen() const override;
+    void place(WId window, const QRect& rectangle) override;
+    void useActivationToken(const QString& token) override;
+    void settleHidden() override { m_qt.roundTrip(); }
+
+    /// Brings a window of ours to the front, with the keyboard, on the workspace that the user is on. One that is open
+    /// is hidden and shown, since a compositor raises no window at its program's wish.
+    static void bringToFront(WId window);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Wish {
+        QPointer<QWindow> window;
+        QRect rectangle;
+        bool isFulfilled = false; ///< since the window was shown
+        bool hadFocus = false;    ///< since then
+    };
+
+    Wish* wishOf(const QObject* window);
+    void announce(const Wish& wish);
+    void fulfil(Wish& wish);
+    void handleExposure(QWindow& window);
+    void insistOnFocus(const QWindow& window);
+
+    QtDisplay m_qt;
+    SwayConnection* m_sway;
+    std::vector<Wish> m_wishes;
+    QSet<QByteArray> m_announced; ///< the rules that sway has
+};
+
+} // namespace zamber::wayland

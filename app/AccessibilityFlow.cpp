@@ -8,6 +8,7 @@
 #include "platform/Workspace.h"
 
 #include <chrono>
+#include <utility>
 
 namespace zamber::app {
 
@@ -18,6 +19,14 @@ constexpr std::chrono::milliseconds POLL_INTERVAL{1000};
 } // namespace
 
 void AppDelegate::checkAccessibility() {
+    m_desktop.trust.whenKnown([weakSelf = weak_from_this()] {
+        if (const auto self = weakSelf.lock()) {
+            self->startAccessibilityFlow();
+        }
+    });
+}
+
+void AppDelegate::startAccessibilityFlow() {
     if (m_desktop.trust.isTrusted()) {
         logLine("✅ Accessibility: trusted");
         return;
@@ -48,7 +57,11 @@ void AppDelegate::checkAccessibility() {
 }
 
 void AppDelegate::showPermissionWindow() {
-    auto window = std::make_unique<PermissionWindow>(m_desktop.appearance, m_desktop.symbols);
+    std::function<void()> showDialog;
+    if (m_desktop.trust.hasDialog()) {
+        showDialog = [&trust = m_desktop.trust] { trust.showDialog(); };
+    }
+    auto window = std::make_unique<PermissionWindow>(m_desktop.appearance, m_desktop.symbols, std::move(showDialog));
     window->showInCentre();
     m_permissionWindow = std::move(window);
 }

@@ -77,6 +77,7 @@ private:
     QWidget* makeListView();
     void followUpdates();
     void observePreferences();
+    void startAccessibilityFlow();
     void handleHotKey(std::uint32_t id);
     void playPasteSound();
     void cgEventPaste(const Paste& paste);

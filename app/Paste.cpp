@@ -25,6 +25,12 @@ constexpr std::chrono::milliseconds DELAY_AFTER_ACTIVATION{350};
 /// Time for the clipboard to have the entry; the target is in front already.
 constexpr std::chrono::milliseconds DELAY_AFTER_COPY{150};
 
+void logMissingPermission() {
+    logLine("❌ Accessibility NOT granted. Clipboard is set — press ⌘+V manually.");
+    logLine("💡 To fix: System Settings → Privacy → Accessibility → add Xcode (or Zamber)");
+    logLine("💡 Then REMOVE it and RE-ADD it, then restart the app.");
+}
+
 } // namespace
 
 void AppDelegate::pasteToActiveApp() {
@@ -39,13 +45,11 @@ void AppDelegate::pasteToActiveApp() {
     m_desktop.workspace.activate(*m_previousApp);
     const int written = m_desktop.pasteboard.changeCount();
     m_desktop.scheduler.after(DELAY_AFTER_ACTIVATION, [self = shared_from_this(), written] {
-        if (self->m_desktop.trust.isTrusted()) {
+        if (self->m_desktop.trust.isTrustedInFront()) {
             self->cgEventPaste({.changeCount = written, .target = self->m_previousApp});
-            return;
+        } else {
+            logMissingPermission();
         }
-        logLine("❌ Accessibility NOT granted. Clipboard is set — press ⌘+V manually.");
-        logLine("💡 To fix: System Settings → Privacy → Accessibility → add Xcode (or Zamber)");
-        logLine("💡 Then REMOVE it and RE-ADD it, then restart the app.");
     });
 }
 
@@ -59,7 +63,7 @@ void AppDelegate::quickPaste(int index) {
     playPasteSound();
     const int written = m_desktop.pasteboard.changeCount();
     m_desktop.scheduler.after(DELAY_AFTER_COPY, [weakSelf = weak_from_this(), &trust = m_desktop.trust, written] {
-        const bool isTrusted = trust.isTrusted();
+        const bool isTrusted = trust.isTrustedInFront();
         if (const auto self = weakSelf.lock(); self && isTrusted) {
             self->cgEventPaste({.changeCount = written, .target = std::nullopt});
         }

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace zamber::app {
 
@@ -24,10 +25,11 @@ const QScreen* screenWithPointer() {
 
 } // namespace
 
-PermissionWindow::PermissionWindow(const Appearance& appearance, const Symbols& symbols)
+PermissionWindow::PermissionWindow(const Appearance& appearance, const Symbols& symbols,
+                                   std::function<void()> showDialog)
     : QWidget(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                            Qt::WindowStaysOnTopHint)
-    , m_view(new PermissionView(appearance, symbols, this)) {
+    , m_view(new PermissionView(appearance, symbols, showDialog ? GrantedBy::Dialog : GrantedBy::Settings, this)) {
     setWindowTitle(QStringLiteral("Zamber — Permission Required"));
     // The window appears unasked, while the user may be typing into another one.
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -35,6 +37,10 @@ PermissionWindow::PermissionWindow(const Appearance& appearance, const Symbols& 
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
     // As high as its content, but no lower than designed where the font is small.
+    connect(m_view, &PermissionView::dialogRequested, this, [this, showDialog = std::move(showDialog)] {
+        hide(); // it would be above the dialog
+        showDialog();
+    });
     setFixedSize(CONTENT_POINTS.width(), std::max(CONTENT_POINTS.height(), m_view->sizeHint().height()));
 }
 

@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 namespace zamber {
 class Appearance;
 class Symbols;
@@ -19,7 +21,8 @@ class PermissionWindow final : public QWidget {
     Q_OBJECT
 
 public:
-    PermissionWindow(const Appearance& appearance, const Symbols& symbols);
+    /// `showDialog` is for desktops that ask the user for the permission themselves, when told to.
+    PermissionWindow(const Appearance& appearance, const Symbols& symbols, std::function<void()> showDialog = {});
 
     void showInCentre();
 

@@ -133,7 +133,9 @@ QWidget* GeneralSettingsView::grantButton() {
         u"Grant Access"_s, {.prominence = ui::ButtonStyle::Prominence::Prominent, .size = ui::ControlSize::Small});
     theme().apply(button, [button](const ui::Palette& palette) { button->setColors(palette); });
     connect(button, &ui::BorderedButton::clicked, this, [this] {
-        if (const auto address = m_services.trust.settingsAddress()) {
+        if (m_services.trust.hasDialog()) {
+            m_services.trust.showDialog();
+        } else if (const auto address = m_services.trust.settingsAddress()) {
             m_services.workspace.open(*address);
         }
     });

@@ -20,16 +20,49 @@
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11WindowSystem.h"
 #include "platform/x11/X11Workspace.h"
+#include "platform/x11/XWaylandPortals.h"
 
 #include <xcb/xcb.h>
 
+#include <optional>
 #include <utility>
 
 namespace zamber::x11 {
 
 using Connections = std::pair<std::unique_ptr<x11::Connection>, std::unique_ptr<x11::Connection>>;
 
-/// The pasteboard has a connection to itself, so that a large transfer does not stand before a hot key.
+namespace {
+
+/// The preference for quick paste. While it is off, its two hot keys are not asked of a portal.
+QString quickPaste() {
+    return QStringLiteral("quickPasteEnabled");
+}
+
+/// The desktop's own shortcut is not needed where its portal has bound the hot key; one that was set can be taken away.
+class ShortcutWithoutPortal final : public DesktopShortcut {
+public:
+    ShortcutWithoutPortal(DesktopShortcut& shortcut, const freedesktop::portal::PortalHotKeyCenter& portal)
+        : m_shortcut(shortcut)
+        , m_portal(portal) {}
+
+    DesktopShortcutStatus status() const override {
+        const DesktopShortcutStatus status = m_shortcut.status();
+        return status == DesktopShortcutStatus::NotSet && m_portal.isBound(PhysicalKey::V)
+                   ? DesktopShortcutStatus::NotOffered
+                   : status;
+    }
+    std::expected<void, QString> set() override { return m_shortcut.set(); }
+    std::expected<void, QString> remove() override { return m_shortcut.remove(); }
+
+private:
+    DesktopShortcut& m_shortcut;
+    const freedesktop::portal::PortalHotKeyCenter& m_portal;
+};
+
+} // namespace
+
+/// The pasteboard has a connection to itself, so that a large transfer does not stand before a hot key. In a session of
+/// Wayland the desktop's portals are asked for what X has for its own programs alone.
 struct X11Desktop::Adapters : freedesktop::desktop::CommonAdapters {
     Adapters(freedesktop::desktop::Claim claim, Connections connections)
         : CommonAdapters(std::move(claim))
@@ -37,6 +70,12 @@ struct X11Desktop::Adapters : freedesktop::desktop::CommonAdapters {
         , inputConnection(std::move(connections.second)) {
         QObject::connect(claimed.instance.get(), &freedesktop::session::SingleInstance::showRequested,
                          claimed.instance.get(), [this] { application.requestShow(); });
+        if (portals) {
+            userDefaults.addObserver(quickPaste(), [this] { portals->hotKeys.update(); });
+        }
+        if (portals && desktopShortcut) {
+            shortcutWithoutPortal.emplace(*desktopShortcut, portals->hotKeys);
+        }
     }
 
     ~Adapters() { stop(); }
@@ -54,17 +93,26 @@ struct X11Desktop::Adapters : freedesktop::desktop::CommonAdapters {
     std::unique_ptr<x11::Connection> clipboardConnection;
     std::unique_ptr<x11::Connection> inputConnection;
 
+    const bool isOnWayland = XWaylandPortals::isSessionOfWayland();
     x11::X11Pasteboard pasteboard{*clipboardConnection};
     x11::Keyboard keyboard{*inputConnection};
     x11::Windows windows{*inputConnection};
     x11::ButtonPresses presses{*inputConnection};
     x11::X11WindowSystem windowSystem{*inputConnection, windows};
-    x11::X11HotKeyCenter hotKeys{*inputConnection, keyboard, freedesktop::desktop::closeMenus};
-    x11::X11Workspace workspace{*inputConnection, windows, [this](const QString& windowClass) {
-                                    return applicationNames.ofWindowClass(windowClass);
-                                }};
-    x11::X11KeystrokePoster keystrokes{*inputConnection, keyboard, windows, hotKeys, workspace, pasteboard, scheduler};
-    x11::X11AccessibilityTrust trust{*inputConnection};
+    x11::X11HotKeyCenter x11HotKeys{*inputConnection, keyboard, freedesktop::desktop::closeMenus};
+    x11::X11Workspace workspace{
+        *inputConnection, windows,
+        [this](const QString& windowClass) { return applicationNames.ofWindowClass(windowClass); },
+        isOnWayland ? X11Workspace::Otherwise::WindowOfWayland : X11Workspace::Otherwise::Nothing};
+    x11::X11KeystrokePoster x11Keystrokes{*inputConnection, keyboard,   windows,  x11HotKeys,
+                                          workspace,        pasteboard, scheduler};
+    x11::X11AccessibilityTrust x11Trust{*inputConnection};
+
+    std::unique_ptr<XWaylandPortals> portals = isOnWayland ? makePortals() : nullptr;
+    HotKeyCenter& hotKeys = portals ? static_cast<HotKeyCenter&>(portals->hotKeys) : x11HotKeys;
+    KeystrokePoster& keystrokes = portals ? static_cast<KeystrokePoster&>(portals->keystrokes) : x11Keystrokes;
+    AccessibilityTrust& trust = portals ? static_cast<AccessibilityTrust&>(portals->trust) : x11Trust;
+    std::optional<ShortcutWithoutPortal> shortcutWithoutPortal;
 
     freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
     freedesktop::TextFieldPaste textFieldPaste{pasteboard};
@@ -72,6 +120,24 @@ struct X11Desktop::Adapters : freedesktop::desktop::CommonAdapters {
     freedesktop::tray::TrayClicks trayClicks{popover, presses, scheduler};
     x11::X11EmbeddedIcon embeddedIcon{*inputConnection};
     freedesktop::tray::TrayIcon statusItem{trayClicks, &embeddedIcon, windowSystem, hotKeys.commandKeyHint()};
+
+private:
+    bool isWanted(PhysicalKey key) const {
+        return key == PhysicalKey::V || userDefaults.boolean(quickPaste()).value_or(false);
+    }
+
+    std::unique_ptr<XWaylandPortals> makePortals() {
+        return std::make_unique<XWaylandPortals>(
+            XWaylandPortals::Surroundings{.connection = *inputConnection,
+                                          .keyboard = keyboard,
+                                          .windows = windows,
+                                          .hotKeysOfX = x11HotKeys,
+                                          .workspace = workspace,
+                                          .pasteboard = pasteboard,
+                                          .scheduler = scheduler,
+                                          .isWanted = [this](PhysicalKey key) { return isWanted(key); },
+                                          .closeMenus = freedesktop::desktop::closeMenus});
+    }
 };
 
 std::expected<void, std::string> X11Desktop::prepare() {
@@ -115,7 +181,8 @@ void X11Desktop::bringToFront(WId window) {
 
 Desktop X11Desktop::ports() {
     Desktop ports = portsOf(*m_adapters);
-    ports.desktopShortcut = m_adapters->desktopShortcut.get();
+    ports.desktopShortcut =
+        m_adapters->shortcutWithoutPortal ? &*m_adapters->shortcutWithoutPortal : m_adapters->desktopShortcut.get();
     return ports;
 }
 

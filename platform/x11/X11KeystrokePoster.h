@@ -16,8 +16,8 @@ class X11HotKeyCenter;
 class X11Workspace;
 
 /// Types the paste keystroke by XTEST (the X Test Extension Protocol); where the server lacks it, every paste is given
-/// up.
-class X11KeystrokePoster final : public freedesktop::selection::PasteQueue {
+/// up. A derived class may know of windows that the X server does not have.
+class X11KeystrokePoster : public freedesktop::selection::PasteQueue {
     Q_OBJECT
 
 public:
@@ -27,7 +27,7 @@ public:
 
     void postPaste(const Paste& paste, Done done) override;
 
-private:
+protected:
     using PasteKeystroke = freedesktop::selection::PasteKeystroke;
 
     std::optional<Window> ownWindowInFront() const override;
@@ -39,11 +39,16 @@ private:
     bool type(Window window, PasteKeystroke keystroke) override;
     bool mayBeReader(std::uint32_t window) const override;
 
-    bool isTargetInFront() const;
+    /// The keys of the keystroke, in the order in which they are pressed.
+    std::vector<xcb_keycode_t> keysOf(PasteKeystroke keystroke) const;
+
+    /// The window that the paste was remembered for, while it exists.
     std::optional<xcb_window_t> targetWindow() const;
+
+private:
+    bool isTargetInFront() const;
     bool isOurs(xcb_window_t window) const;
     void liftHeldKeys();
-    std::vector<xcb_keycode_t> keysOf(PasteKeystroke keystroke) const;
     bool mayTypeIntoOurs(xcb_window_t front) const;
     bool mayType(xcb_window_t front) const;
     void fake(std::uint8_t event, xcb_keycode_t key) const;

@@ -8,14 +8,23 @@
 #include <QCoreApplication>
 #include <QUrl>
 
+#include <limits>
 #include <utility>
 
 namespace zamber::x11 {
 
-X11Workspace::X11Workspace(Connection& connection, Windows& windows, NameOfClass nameOfClass)
+namespace {
+
+/// The application of all windows of Wayland; no window of X gets a number as high.
+constexpr std::uint64_t WINDOW_OF_WAYLAND = std::numeric_limits<std::uint64_t>::max();
+
+} // namespace
+
+X11Workspace::X11Workspace(Connection& connection, Windows& windows, NameOfClass nameOfClass, Otherwise otherwise)
     : m_connection(connection)
     , m_windows(windows)
-    , m_nameOfClass(std::move(nameOfClass)) {
+    , m_nameOfClass(std::move(nameOfClass))
+    , m_otherwise(otherwise) {
     connection.addEventHandler([this](const xcb_generic_event_t& event) {
         if (codeOf(event) == XCB_DESTROY_NOTIFY) {
             m_handles.erase(as<xcb_destroy_notify_event_t>(event).window);
@@ -38,7 +47,9 @@ std::expected<void, QString> X11Workspace::moveToTrash(const QString& path) {
 std::optional<RunningApplication> X11Workspace::frontmostApplication() {
     const std::optional<xcb_window_t> window = m_windows.activeWindow();
     if (!window) {
-        return std::nullopt;
+        return m_otherwise == Otherwise::Nothing
+                   ? std::nullopt
+                   : std::optional(RunningApplication{.handle = WINDOW_OF_WAYLAND, .localizedName = std::nullopt});
     }
     auto found = m_handles.find(*window);
     if (found == m_handles.end()) {

@@ -8,6 +8,9 @@
 #include <QJsonDocument>
 #include <QProcessEnvironment>
 
+#include <signal.h>
+#include <sys/types.h>
+
 #include <stdexcept>
 
 namespace zamber {
@@ -35,16 +38,16 @@ QString uniqueName() {
 
 } // namespace
 
-PortalRig::PortalRig() {
+PortalRig::PortalRig()
+    : PortalRig(QStringLiteral(ZAMBER_SETTINGS_PORTAL)) {}
+
+PortalRig::PortalRig(const QString& script)
+    : m_script(script) {
     m_daemon.start(u"dbus-daemon"_s,
                    {u"--session"_s, u"--nofork"_s, u"--print-address"_s, u"--address=unix:dir="_s + m_folder.path()});
-    const QString address = QString::fromUtf8(nextLine(m_daemon));
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, address);
-    m_portal.setProcessEnvironment(environment);
-    m_portal.start(u"/usr/bin/python3"_s, {QStringLiteral(ZAMBER_SETTINGS_PORTAL)});
-    nextLine(m_portal);
-    m_client = std::make_unique<QDBusConnection>(QDBusConnection::connectToBus(address, uniqueName()));
+    m_address = QString::fromUtf8(nextLine(m_daemon));
+    start();
+    m_client = std::make_unique<QDBusConnection>(QDBusConnection::connectToBus(m_address, uniqueName()));
 }
 
 PortalRig::~PortalRig() {
@@ -53,6 +56,34 @@ PortalRig::~PortalRig() {
         process->kill();
         process->waitForFinished();
     }
+}
+
+void PortalRig::start() {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, m_address);
+    m_portal.setProcessEnvironment(environment);
+    m_portal.start(u"/usr/bin/python3"_s, {m_script});
+    nextLine(m_portal);
+}
+
+void PortalRig::kill() {
+    m_portal.kill();
+    m_portal.waitForFinished();
+}
+
+void PortalRig::suspend() {
+    ::kill(static_cast<pid_t>(m_portal.processId()), SIGSTOP);
+}
+
+void PortalRig::resume() {
+    ::kill(static_cast<pid_t>(m_portal.processId()), SIGCONT);
+}
+
+QByteArray PortalRig::tell(const QJsonArray& words) {
+    m_portal.write(QJsonDocument(words).toJson(QJsonDocument::Compact) + '\n');
+    const QByteArray answer = nextLine(m_portal);
+    deliverSignals();
+    return answer;
 }
 
 void PortalRig::set(const QString& group, const QString& key, const QString& value) {

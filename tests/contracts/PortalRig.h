@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QJsonArray>
 #include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
@@ -12,11 +13,14 @@
 
 namespace zamber {
 
-/// A settings portal on a message bus of its own. It runs in another process, as portals do: what the process under
+/// A stand-in portal on a message bus of its own. It runs in another process, as portals do: what the process under
 /// test has not registered with Qt's D-Bus itself is not registered by the rig either.
 class PortalRig final {
 public:
-    PortalRig();
+    PortalRig(); ///< the settings portal
+
+    /// The stand-in whose script lies there.
+    explicit PortalRig(const QString& script);
     ~PortalRig();
     PortalRig(const PortalRig&) = delete;
     PortalRig& operator=(const PortalRig&) = delete;
@@ -34,10 +38,24 @@ public:
     /// The portal sends its signal with arguments of another kind.
     void emitSignal(const QString& signature, const QString& arguments);
 
+    /// Tells the stand-in what is written at the top of its script, and returns its answer. The signals that it has
+    /// sent until then have been delivered.
+    QByteArray tell(const QJsonArray& words);
+
+    /// The portal dies, as if it had crashed, or is started again, knowing nothing.
+    void kill();
+    void start();
+
+    /// The portal hangs, until it is resumed.
+    void suspend();
+    void resume();
+
 private:
     void command(const QStringList& words);
     void deliverSignals() const;
 
+    QString m_script;
+    QString m_address;
     QTemporaryDir m_folder; // of the bus
     QProcess m_daemon;
     QProcess m_portal;

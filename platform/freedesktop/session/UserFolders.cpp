@@ -16,4 +16,12 @@ std::filesystem::path userDataFolder() {
     return {QFile::encodeName(folder).toStdString()};
 }
 
+std::filesystem::path userStateFolder() {
+    QString folder = qEnvironmentVariable("XDG_STATE_HOME"); // Qt knows this folder from 6.7 on
+    if (folder.isEmpty() || QDir::isRelativePath(folder)) {
+        folder = QDir::homePath() + QStringLiteral("/.local/state");
+    }
+    return {QFile::encodeName(folder).toStdString()};
+}
+
 } // namespace zamber::freedesktop::session

@@ -10,4 +10,8 @@ namespace zamber::freedesktop::session {
 /// a relative path, which the XDG Base Directory standard has programs ignore.
 std::filesystem::path userDataFolder();
 
+/// The folder for what programs remember of this machine and session, `$XDG_STATE_HOME` or `~/.local/state`, by the
+/// same rules.
+std::filesystem::path userStateFolder();
+
 } // namespace zamber::freedesktop::session

@@ -24,7 +24,7 @@ from .keyboard import ALT, CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER
 from .kwin import KWinDesktop
 from .notifier import NotifierHost
 from .partners import Browser, Editor, Foot, Gvim, LineEdit, Mousepad, Partner, SessionManager, Terminal
-from .portal import GtkPortal, SettingsPortal, XSettings
+from .portal import DesktopPortal, GtkPortal, SettingsPortal, XSettings
 from .processes import Child
 from .recorder import KeyEvent, Recorder
 from .screen import convert, mean_color, pixels, png_bytes
@@ -34,9 +34,9 @@ from .windows import Window
 from .zamber import Zamber, default_binary
 
 __all__ = [
-    "ALT", "Begun", "Browser", "CONTROL", "Child", "Clipboard", "Editor", "Foot", "GtkPortal", "Gvim", "KEY_CODES",
-    "KWinDesktop", "KeyEvent", "LOCK", "LineEdit", "Mousepad", "NUM", "NotifierHost", "PARTNERS", "Partner", "PrivateDesktop",
-    "Recorder", "SHIFT", "SUPER", "SelectionOwner", "SessionManager", "SettingsPortal", "SwayDesktop", "Terminal",
-    "WaitTimeout", "WaylandOwner", "Window", "XSettings", "Zamber", "convert", "default_binary", "holds_for",
-    "mean_color", "pixels", "png_bytes", "wait_until",
+    "ALT", "Begun", "Browser", "CONTROL", "Child", "Clipboard", "DesktopPortal", "Editor", "Foot", "GtkPortal",
+    "Gvim", "KEY_CODES", "KWinDesktop", "KeyEvent", "LOCK", "LineEdit", "Mousepad", "NUM", "NotifierHost",
+    "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT", "SUPER", "SelectionOwner", "SessionManager",
+    "SettingsPortal", "SwayDesktop", "Terminal", "WaitTimeout", "WaylandOwner", "Window", "XSettings", "Zamber",
+    "convert", "default_binary", "holds_for", "mean_color", "pixels", "png_bytes", "wait_until",
 ]

@@ -46,6 +46,56 @@ class SettingsPortal:
                    lambda: f"the stand-in portal: {self.child.stderr()}")
 
 
+class DesktopPortal:
+    """Global shortcuts, remote control, and a user who answers the dialogs: partners/desktop_portal.py."""
+
+    def __init__(self, desktop, **behaviour):
+        self._desktop = desktop
+        self.child = desktop.start("desktop_portal", ["/usr/bin/python3", PARTNERS / "desktop_portal.py"],
+                                   stdin=subprocess.PIPE)
+        self._answers = 0
+        self._next_answer()
+        for name, value in behaviour.items():
+            self.set(name, value)
+
+    def set(self, name, value):
+        """Another behaviour from now on."""
+        self._ask("set", name, value)
+
+    def press(self, shortcut):
+        self._ask("press", shortcut)
+
+    def release(self, shortcut):
+        self._ask("release", shortcut)
+
+    def unassign(self, shortcut):
+        """The user takes the shortcut's keys away in the desktop's settings."""
+        self._ask("unassign", shortcut)
+
+    def record(self):
+        """What has been asked of the portals, oldest first."""
+        return self._ask("record")
+
+    def open_sessions(self):
+        return self._ask("open sessions")
+
+    def wait_for_record(self, *expected, timeout=6.0):
+        """Until the last things asked are just these."""
+        wait_until(lambda: self.record()[-len(expected):] == list(expected), timeout,
+                   lambda: f"{expected}; recorded is {self.record()}")
+
+    def _ask(self, *words):
+        self.child.process.stdin.write(json.dumps(words).encode() + b"\n")
+        self.child.process.stdin.flush()
+        return self._next_answer()
+
+    def _next_answer(self):
+        self._answers += 1
+        wait_until(lambda: len(self.child.stdout_lines()) >= self._answers, START_SECONDS,
+                   lambda: f"the stand-in portals: {self.child.stderr()}")
+        return json.loads(self.child.stdout_lines()[self._answers - 1])
+
+
 class GtkPortal:
     """xdg-desktop-portal with its GTK backend, which reads GNOME's settings."""
 

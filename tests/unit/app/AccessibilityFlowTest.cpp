@@ -4,6 +4,7 @@
 
 #include "tests/support/LogCapture.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QScreen>
 #include <QWidget>
@@ -60,6 +61,39 @@ TEST_F(AccessibilityFlowTest, WhereNobodyCanGrantItNoAddressIsOpenedButTheWindow
     trust.address.reset();
     launch();
     EXPECT_THAT(journal.entries(), Not(Contains(HasSubstr("open "))));
+    EXPECT_NE(permissionWindow(), nullptr);
+}
+
+TEST_F(AccessibilityFlowTest, WhereTheDesktopAsksTheUserItselfTheWindowsButtonLeadsThere) {
+    trust.address.reset();
+    trust.hasOwnDialog = true;
+    launch();
+    EXPECT_EQ(trust.dialogsShown, 0) << "nobody is asked unless the user wants it";
+    auto* const button = permissionWindow()->findChild<QAbstractButton*>();
+    ASSERT_NE(button, nullptr);
+    button->click();
+    EXPECT_EQ(trust.dialogsShown, 1);
+    EXPECT_FALSE(permissionWindow()->isVisible()) << "it would hide the dialog";
+    trust.isGranted = true;
+    LogCapture log;
+    scheduler.advance(1s);
+    EXPECT_EQ(log.take(), "✅ Accessibility granted!\n");
+}
+
+TEST_F(AccessibilityFlowTest, WithoutADialogOfTheDesktopsThereIsNoButton) {
+    launch();
+    EXPECT_EQ(permissionWindow()->findChild<QAbstractButton*>(), nullptr);
+}
+
+TEST_F(AccessibilityFlowTest, ADesktopThatHasToBeAskedFirstIsWaitedFor) {
+    trust.isKnown = false;
+    LogCapture log;
+    delegate->applicationDidFinishLaunching();
+    scheduler.advance(5s);
+    EXPECT_EQ(log.take(), "");
+    EXPECT_EQ(permissionWindow(), nullptr);
+    trust.answer();
+    EXPECT_EQ(log.take(), "⚠️ Accessibility: NOT trusted — opening System Settings\n");
     EXPECT_NE(permissionWindow(), nullptr);
 }
 

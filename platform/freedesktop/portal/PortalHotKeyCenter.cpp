@@ -242,6 +242,7 @@ void PortalHotKeyCenter::askForShortcuts() {
                           m_sinceAsked.hasExpired(SHORTEST_LOOK_AT_A_DIALOG.count()));
         }
     };
+    m_sinceAsked.start();
     m_request =
         std::make_unique<PortalRequest>(m_portals,
                                         PortalRequest::Call{.interface = INTERFACE,

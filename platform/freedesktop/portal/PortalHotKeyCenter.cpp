@@ -38,7 +38,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, Shortcut& shortcu
 
 namespace {
 
-const auto INTERFACE = u"org.freedesktop.portal.GlobalShortcuts"_s;
+const auto GLOBAL_SHORTCUTS = u"org.freedesktop.portal.GlobalShortcuts"_s;
 
 /// While a desktop is still coming up, its portals may be there before they work.
 constexpr std::chrono::milliseconds BIND_AGAIN_DELAY{5000};
@@ -83,11 +83,6 @@ QString triggerOf(PhysicalKey key, HotKeyModifiers modifiers) {
     return (modifiers.command ? u"LOGO+"_s : QString()) + (modifiers.shift ? u"SHIFT+"_s : QString()) + name;
 }
 
-QStringList without(QStringList list, const QStringList& removed) {
-    list.removeIf([&removed](const QString& text) { return removed.contains(text); });
-    return list;
-}
-
 } // namespace
 
 PortalHotKeyCenter::PortalHotKeyCenter(const Surroundings& surroundings, IsWanted isWanted, CloseMenus closeMenus)
@@ -101,9 +96,10 @@ PortalHotKeyCenter::PortalHotKeyCenter(const Surroundings& surroundings, IsWante
     qDBusRegisterMetaType<Shortcut>();
     qDBusRegisterMetaType<QList<Shortcut>>();
     const auto follow = [this](const QString& name, const char* slot) {
-        session::subscribe(m_portals.bus(),
-                           {.service = Portals::SERVICE, .path = Portals::PATH, .interface = INTERFACE, .name = name},
-                           this, slot);
+        session::subscribe(
+            m_portals.bus(),
+            {.service = Portals::SERVICE, .path = Portals::PATH, .interface = GLOBAL_SHORTCUTS, .name = name}, this,
+            slot);
     };
     follow(u"Activated"_s, SLOT(handleActivated(QDBusMessage)));
     follow(u"Deactivated"_s, SLOT(handleDeactivated(QDBusMessage)));
@@ -181,7 +177,7 @@ void PortalHotKeyCenter::bind() {
         return;
     }
     // A session's shortcuts are bound once, so that others take another session.
-    m_session = std::make_unique<PortalSession>(m_portals, INTERFACE, [this](bool isBegun) {
+    m_session = std::make_unique<PortalSession>(m_portals, GLOBAL_SHORTCUTS, [this](bool isBegun) {
         if (isBegun) {
             askForShortcuts();
         } else {
@@ -245,7 +241,7 @@ void PortalHotKeyCenter::askForShortcuts() {
     m_sinceAsked.start();
     m_request =
         std::make_unique<PortalRequest>(m_portals,
-                                        PortalRequest::Call{.interface = INTERFACE,
+                                        PortalRequest::Call{.interface = GLOBAL_SHORTCUTS,
                                                             .method = u"BindShortcuts"_s,
                                                             .arguments = {QVariant::fromValue(m_session->path()),
                                                                           QVariant::fromValue(shortcuts), QString()},
@@ -256,7 +252,7 @@ void PortalHotKeyCenter::askForShortcuts() {
 void PortalHotKeyCenter::listShortcuts(bool isRefused) {
     m_request =
         std::make_unique<PortalRequest>(m_portals,
-                                        PortalRequest::Call{.interface = INTERFACE,
+                                        PortalRequest::Call{.interface = GLOBAL_SHORTCUTS,
                                                             .method = u"ListShortcuts"_s,
                                                             .arguments = {QVariant::fromValue(m_session->path())},
                                                             .options = {}},

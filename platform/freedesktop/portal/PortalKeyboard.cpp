@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto INTERFACE = u"org.freedesktop.portal.RemoteDesktop"_s;
+const auto REMOTE_DESKTOP = u"org.freedesktop.portal.RemoteDesktop"_s;
 
 /// The first version that remembers a consent.
 constexpr uint VERSION_WITH_TOKENS = 2;
@@ -49,13 +49,13 @@ void PortalKeyboard::askWhatIsOffered() {
     if (m_isOffered) {
         return;
     }
-    m_portals.readProperty(INTERFACE, u"version"_s, this, [this](const QVariant& version) {
+    m_portals.readProperty(REMOTE_DESKTOP, u"version"_s, this, [this](const QVariant& version) {
         if (version.toUInt() < VERSION_WITH_TOKENS) {
             m_isAnswered = true;
             Q_EMIT changed();
             return;
         }
-        m_portals.readProperty(INTERFACE, u"AvailableDeviceTypes"_s, this, [this](const QVariant& types) {
+        m_portals.readProperty(REMOTE_DESKTOP, u"AvailableDeviceTypes"_s, this, [this](const QVariant& types) {
             m_isAnswered = true;
             m_isOffered = (types.toUInt() & KEYBOARD) != 0;
             Q_EMIT changed();
@@ -91,7 +91,7 @@ void PortalKeyboard::begin(Step step) {
     m_step = step;
     m_keysUnderWay = 0;
     ++m_opening;
-    m_session = std::make_unique<PortalSession>(m_portals, INTERFACE, [this](bool isBegun) {
+    m_session = std::make_unique<PortalSession>(m_portals, REMOTE_DESKTOP, [this](bool isBegun) {
         if (isBegun) {
             selectDevices();
         } else {
@@ -112,7 +112,7 @@ void PortalKeyboard::selectDevices() {
     }
     m_request =
         std::make_unique<PortalRequest>(m_portals,
-                                        PortalRequest::Call{.interface = INTERFACE,
+                                        PortalRequest::Call{.interface = REMOTE_DESKTOP,
                                                             .method = u"SelectDevices"_s,
                                                             .arguments = {QVariant::fromValue(m_session->path())},
                                                             .options = options},
@@ -129,7 +129,7 @@ void PortalKeyboard::start() {
     m_unansweredStarts += m_step == Step::Opening ? 1 : 0;
     m_request = std::make_unique<PortalRequest>(
         m_portals,
-        PortalRequest::Call{.interface = INTERFACE,
+        PortalRequest::Call{.interface = REMOTE_DESKTOP,
                             .method = u"Start"_s,
                             .arguments = {QVariant::fromValue(m_session->path()), QString()},
                             .options = {}},
@@ -170,7 +170,7 @@ void PortalKeyboard::type(const std::vector<int>& keys) {
 
 void PortalKeyboard::notifyKey(int key, bool isDown) {
     QDBusMessage call =
-        QDBusMessage::createMethodCall(Portals::SERVICE, Portals::PATH, INTERFACE, u"NotifyKeyboardKeycode"_s);
+        QDBusMessage::createMethodCall(Portals::SERVICE, Portals::PATH, REMOTE_DESKTOP, u"NotifyKeyboardKeycode"_s);
     call << QVariant::fromValue(m_session->path()) << QVariantMap() << key << (isDown ? 1U : 0U);
     // The session must not end before the keys have arrived: portals handle the calls of several objects side by side.
     ++m_keysUnderWay;

@@ -18,12 +18,12 @@ const auto TOKEN = u"restoreToken"_s;
 const auto ACCEPTED = u"acceptedShortcuts"_s;
 const auto REFUSED = u"refusedShortcuts"_s;
 
+} // namespace
+
 QStringList without(QStringList list, const QStringList& removed) {
     list.removeIf([&removed](const QString& text) { return removed.contains(text); });
     return list;
 }
-
-} // namespace
 
 PortalRecord::PortalRecord(const QString& path)
     : m_settings(path, QSettings::IniFormat) {

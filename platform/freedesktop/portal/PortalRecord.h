@@ -8,6 +8,9 @@
 
 namespace zamber::freedesktop::portal {
 
+/// The list without these texts.
+QStringList without(QStringList list, const QStringList& removed);
+
 /// What has become of the questions that portals have put to the user: which shortcuts were accepted or refused, and
 /// the token by which the consent to type keys is remembered. It holds for this machine alone and changes with every
 /// paste, so it is kept with the user's state and not with the preferences; others cannot read it.

@@ -102,12 +102,17 @@ void IconWindow::paintEvent(QPaintEvent* /*event*/) {
 }
 
 bool IconWindow::event(QEvent* event) {
-    if (event->type() == QEvent::Enter) {
-        Q_EMIT pointerEntered();
-    } else if (event->type() == QEvent::Leave) {
+    if (event->type() == QEvent::Leave) {
         Q_EMIT pointerLeft();
     }
     return QRasterWindow::event(event);
+}
+
+void IconWindow::mouseMoveEvent(QMouseEvent* event) {
+    // Not when it enters: it is said to do so too when a menu closes beneath which it has rested on the icon.
+    if (event->buttons() == Qt::NoButton) {
+        Q_EMIT pointerMoved();
+    }
 }
 
 void IconWindow::mousePressEvent(QMouseEvent* event) {

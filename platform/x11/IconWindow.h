@@ -34,13 +34,14 @@ Q_SIGNALS:
     /// The button has been pressed over the icon and let go over it.
     void clicked(Qt::MouseButton button);
 
-    /// The pointer has come to the icon, and has left it or pressed a button.
-    void pointerEntered();
+    /// The pointer has moved over the icon, and has left it or pressed a button.
+    void pointerMoved();
     void pointerLeft();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 

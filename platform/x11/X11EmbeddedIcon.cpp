@@ -119,7 +119,7 @@ void X11EmbeddedIcon::findTray() {
         m_window.reset(new IconWindow(
             m_connection, isBlended ? IconWindow::Ground::Blended : IconWindow::Ground::Copied, m_drawing, m_title));
         connect(m_window.get(), &IconWindow::clicked, this, &X11EmbeddedIcon::clicked);
-        connect(m_window.get(), &IconWindow::pointerEntered, this, &X11EmbeddedIcon::pointerEntered);
+        connect(m_window.get(), &IconWindow::pointerMoved, this, &X11EmbeddedIcon::pointerMoved);
         connect(m_window.get(), &IconWindow::pointerLeft, this, &X11EmbeddedIcon::pointerLeft);
         m_connection.watch(m_window->id(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
         askForPlace();

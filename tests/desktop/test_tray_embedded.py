@@ -186,6 +186,13 @@ class EmbeddedIconTest(DesktopTestCase):
         self.click_tray_icon()
         self.zamber.wait_for_popover()
 
+    def test_the_icons_name_is_not_shown_when_the_menu_closes_over_a_pointer_at_rest(self):
+        self.open_menu()
+        self.keyboard.tap("Escape")
+        self.wait_until_menu_is_gone()
+        icon = self.wait_for_tray_icon()
+        holds_for(lambda: [window for window in self.zamber.windows() if window.id != icon.id] == [], 1.5, "no tool tip")
+
     def test_another_key_does_nothing(self):
         self.open_menu()
         self.keyboard.tap("x")

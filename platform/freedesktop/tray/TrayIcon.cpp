@@ -42,7 +42,7 @@ TrayIcon::TrayIcon(TrayClicks& clicks, EmbeddedIcon* embeddedIcon, popover::Wind
     m_clicks.setEmbeddedIcon([this] { return embeddedRectangle(); });
     if (m_embeddedIcon != nullptr) {
         connect(m_embeddedIcon, &EmbeddedIcon::clicked, this, &TrayIcon::handleClickOnEmbeddedIcon);
-        connect(m_embeddedIcon, &EmbeddedIcon::pointerEntered, &m_toolTipDelay, qOverload<>(&QTimer::start));
+        connect(m_embeddedIcon, &EmbeddedIcon::pointerMoved, &m_toolTipDelay, qOverload<>(&QTimer::start));
         connect(m_embeddedIcon, &EmbeddedIcon::pointerLeft, this, &TrayIcon::hideToolTip);
     }
     m_toolTipDelay.setSingleShot(true);

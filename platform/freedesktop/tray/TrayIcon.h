@@ -63,7 +63,7 @@ private:
     NotifierMenu* m_busMenu = nullptr;
     QString m_busService;
     TrayMenu m_menu;
-    QTimer m_toolTipDelay;             // from the pointer's coming to the embedded icon
+    QTimer m_toolTipDelay;             // from the pointer's coming to rest on the embedded icon
     std::optional<QPoint> m_lastClick; // points
     ClickedHandler m_handler;
 };

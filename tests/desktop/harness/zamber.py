@@ -148,8 +148,9 @@ class Zamber:
         return next((window for window in self.windows() if window.title == "Zamber" and window.width > 300), None)
 
     def menu(self):
-        """The tray icon's menu while it is open, else None; assistive technology is not shown it by Qt."""
-        return next((window for window in self.windows() if 60 < window.width <= 300), None)
+        """The tray icon's menu while it is open, else None; assistive technology is not shown it by Qt. The icon's tool
+        tip, a line of text, is none."""
+        return next((window for window in self.windows() if 60 < window.width <= 300 and window.height > 60), None)
 
     def autostart_path(self):
         return self._desktop.config_home / "autostart" / "app.zamber.Zamber.desktop"

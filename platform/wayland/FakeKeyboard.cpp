@@ -3,6 +3,7 @@
 #include "platform/wayland/FakeKeyboard.h"
 
 #include "platform/wayland/Connection.h"
+#include "platform/wayland/KeyCodes.h"
 #include "platform/wayland/KeymapLookup.h"
 #include "platform/wayland/ModifierKeys.h"
 #include "platform/wayland/SeatKeyboard.h"
@@ -19,20 +20,6 @@ namespace zamber::wayland {
 namespace {
 
 constexpr std::uint32_t VERSION_WITH_KEYS = 4;
-
-/// The kernel's key codes, by the keys' places on every PC keyboard.
-enum Key : std::uint32_t {
-    LeftControl = 29,
-    LeftShift = 42,
-    V = 47,
-    RightShift = 54,
-    LeftAlt = 56,
-    RightControl = 97,
-    RightAlt = 100,
-    Insert = 110,
-    LeftSuper = 125,
-    RightSuper = 126
-};
 
 } // namespace
 
@@ -118,7 +105,7 @@ void FakeKeyboard::liftModifiers() {
     // KWin drops the release of a key that is not down.
     static constexpr std::array MODIFIERS{LeftShift, RightShift, LeftControl, RightControl,
                                           LeftAlt,   RightAlt,   LeftSuper,   RightSuper};
-    for (const Key key : MODIFIERS) {
+    for (const KeyCode key : MODIFIERS) {
         send(key, WL_KEYBOARD_KEY_STATE_RELEASED);
     }
 }

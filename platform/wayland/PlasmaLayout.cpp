@@ -11,7 +11,7 @@ namespace zamber::wayland {
 
 namespace {
 
-constexpr std::chrono::milliseconds LONGEST_ANSWER{250};
+constexpr std::chrono::milliseconds LONGEST_LAYOUT_ANSWER{250};
 
 } // namespace
 
@@ -21,7 +21,7 @@ std::uint32_t activePlasmaLayout() {
                                        QStringLiteral("org.kde.KeyboardLayouts"), QStringLiteral("getLayout"));
     message.setAutoStartService(false);
     const QDBusMessage answer =
-        QDBusConnection::sessionBus().call(message, QDBus::Block, static_cast<int>(LONGEST_ANSWER.count()));
+        QDBusConnection::sessionBus().call(message, QDBus::Block, static_cast<int>(LONGEST_LAYOUT_ANSWER.count()));
     return answer.type() == QDBusMessage::ReplyMessage ? answer.arguments().value(0).toUInt() : 0;
 }
 

@@ -4,6 +4,7 @@
 
 #include "platform/wayland/Connection.h"
 #include "platform/wayland/Descriptor.h"
+#include "platform/wayland/KeyCodes.h"
 #include "platform/wayland/KeymapLookup.h"
 
 #include <sys/mman.h>
@@ -20,9 +21,6 @@
 namespace zamber::wayland {
 
 namespace {
-
-/// The kernel's key codes, by the keys' places on every PC keyboard.
-enum Key : std::uint32_t { LeftControl = 29, LeftShift = 42, V = 47, Insert = 110 };
 
 /// The bits of the real modifiers, which have the same order in every keymap.
 constexpr std::uint32_t SHIFT_MASK = 1;

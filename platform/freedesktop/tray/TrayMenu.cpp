@@ -61,9 +61,10 @@ void TrayMenu::keyPressEvent(QKeyEvent* event) {
 bool TrayMenu::eventFilter(QObject* watched, QEvent* event) {
     // Qt takes every popup away when the program ceases to be the active one, as it does a moment after the window in
     // front has gone. A tray icon's menu has nothing to do with that; as long as a user closes it, the program is
-    // active. On Wayland the menu is a window like any other, which has the focus at first and closes when it loses it.
+    // active. On Wayland the menu is a window like any other, which has the focus at first and closes when it loses it;
+    // on X11 Qt says that it has the focus while it is the program's window in front that has it.
     if (watched == windowHandle() && event->type() == QEvent::FocusIn) {
-        m_hadFocus = true;
+        m_hadFocus = QGuiApplication::platformName() == QStringLiteral("wayland");
     }
     if (watched == windowHandle() && event->type() == QEvent::Close && !m_hadFocus &&
         QGuiApplication::applicationState() != Qt::ApplicationActive) {

@@ -27,7 +27,7 @@ protected:
 
 private:
     QString m_commandKeyHint;
-    bool m_hadFocus = false; ///< its window, since it was opened; on X11 none of a menu ever has
+    bool m_hadFocus = false; ///< its window on Wayland, since it was opened
 };
 
 } // namespace zamber::freedesktop::tray

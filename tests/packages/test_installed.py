@@ -20,8 +20,18 @@ class InstalledTestCase(DesktopTestCase):
         self.before = self.root.tree()
         self.root.install(package())
         self.binary = self.root.folder / "usr" / "bin" / "zamber"
+        share = self.root.folder / "usr" / "share"
         self.zamber = InstalledZamber(self.desktop, self.binary, PATH=self.binary.parent,
-                                      XDG_DATA_DIRS=self.root.folder / "usr" / "share")
+                                      XDG_DATA_DIRS=f"{self.entries_for_this_root(share)}:{share}")
+
+    def entries_for_this_root(self, share):
+        """A folder with the package's entry, whose program is named by its whole path, as it is below this root."""
+        folder = self.desktop.directory / "share"
+        (folder / "applications").mkdir(parents=True)
+        entry = (share / "applications" / f"{ID}.desktop").read_text()
+        self.assertIn("Exec=/usr/bin/zamber\n", entry)
+        (folder / "applications" / f"{ID}.desktop").write_text(entry.replace("/usr/bin/zamber", str(self.binary)))
+        return folder
 
     def start_zamber(self):
         self.launch(LAUNCH_BY_NAME, f"{ID}.desktop")

@@ -119,7 +119,7 @@ class DesktopTestCase(LogAssertions, unittest.TestCase):
             places.append(self.desktop.tray_icon(self.zamber.pid))
             return len(places) > SETTLED_LOOKS and places[-1] and set(places[-SETTLED_LOOKS:]) == {places[-1]}
 
-        wait_until(has_settled, 5.0, "the icon in the tray")
+        wait_until(has_settled, 15.0, "the icon in the tray")
         return places[-1]
 
     def click_tray_icon(self, button=1):

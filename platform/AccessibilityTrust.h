@@ -23,6 +23,7 @@ public:
 
     /// Calls back, from the main loop at the latest, when `isTrusted` has an answer to be relied on; once. Some
     /// desktops have to be asked first.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): other desktops keep it until they have been answered
     virtual void whenKnown(std::function<void()> known) { known(); }
 
     /// Whether the desktop has a dialog of its own that asks the user for it, and has not been given it.

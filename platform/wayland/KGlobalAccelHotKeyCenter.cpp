@@ -85,7 +85,7 @@ QVariant call(const QString& method, const QVariantList& arguments) {
 }
 
 QList<int> keysOf(const QVariant& answer) {
-    QList<int> keys = qdbus_cast<QList<int>>(answer);
+    auto keys = qdbus_cast<QList<int>>(answer);
     keys.removeAll(0); // stands for a combination that another program has, or for none
     return keys;
 }

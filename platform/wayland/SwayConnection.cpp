@@ -78,7 +78,7 @@ std::vector<SwayConnection::Workspace> SwayConnection::visibleWorkspaces() {
     std::vector<Workspace> visible;
     const auto answer = ask(Kind::GetWorkspaces, {});
     const QJsonArray workspaces = answer ? QJsonDocument::fromJson(*answer).array() : QJsonArray();
-    for (const QJsonValue& workspace : workspaces) {
+    for (const auto& workspace : workspaces) {
         if (workspace[QStringLiteral("visible")].toBool()) {
             const QJsonValue place = workspace[QStringLiteral("rect")];
             visible.push_back(

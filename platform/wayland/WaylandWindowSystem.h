@@ -33,13 +33,13 @@ public:
     std::optional<QRect> freeArea(const QScreen& screen) const override;
     std::optional<QPoint> pointer() const override { return std::nullopt; }
     const QScreen& currentScreen() const override;
-    void place(WId window, const QRect& rectangle) override;
+    void place(WId id, const QRect& rectangle) override;
     void useActivationToken(const QString& token) override;
     void settleHidden() override { m_qt.roundTrip(); }
 
     /// Brings a window of ours to the front, with the keyboard, on the workspace that the user is on. One that is open
     /// is hidden and shown, since a compositor raises no window at its program's wish.
-    static void bringToFront(WId window);
+    static void bringToFront(WId id);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -32,8 +32,7 @@ void waitForQtsRequests() {
 IconWindow::IconWindow(const Connection& connection, Ground ground, Drawing drawing, const QString& title)
     : m_connection(connection)
     , m_ground(ground)
-    , m_drawing(std::move(drawing))
-    , m_window(XCB_WINDOW_NONE) {
+    , m_drawing(std::move(drawing)) {
     QSurfaceFormat pixels = format();
     pixels.setAlphaBufferSize(ground == Ground::Blended ? 8 : 0);
     setFormat(pixels);
@@ -42,6 +41,7 @@ IconWindow::IconWindow(const Connection& connection, Ground ground, Drawing draw
     setTitle(title);
     setGeometry(0, 0, USUAL_SIZE, USUAL_SIZE);
     create();
+    // NOLINTNEXTLINE(cppcoreguidelines-prefer-member-initializer): there is a window only once it has been created
     m_window = static_cast<xcb_window_t>(winId());
     waitForQtsRequests();
     describe();

@@ -52,7 +52,7 @@ private:
     const Connection& m_connection;
     Ground m_ground;
     Drawing m_drawing;
-    xcb_window_t m_window;
+    xcb_window_t m_window = XCB_WINDOW_NONE;
     Qt::MouseButton m_pressedButton = Qt::NoButton; ///< the one that went down on the icon
 };
 

@@ -22,6 +22,8 @@ struct Shortcut {
     QVariantMap properties;
 };
 
+// Found by Qt by the type of their argument, so not in a namespace without a name.
+// NOLINTBEGIN(misc-use-internal-linkage, bugprone-return-const-ref-from-parameter)
 QDBusArgument& operator<<(QDBusArgument& argument, const Shortcut& shortcut) {
     argument.beginStructure();
     argument << shortcut.name << shortcut.properties;
@@ -35,6 +37,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, Shortcut& shortcu
     argument.endStructure();
     return argument;
 }
+// NOLINTEND(misc-use-internal-linkage, bugprone-return-const-ref-from-parameter)
 
 namespace {
 

@@ -73,7 +73,7 @@ void PortalRequest::handleResponse(const QDBusMessage& message) {
         finish(Outcome::Failed, {});
         return;
     }
-    const QVariantMap results = qdbus_cast<QVariantMap>(message.arguments().at(1));
+    const auto results = qdbus_cast<QVariantMap>(message.arguments().at(1));
     switch (message.arguments().at(0).toUInt()) {
     case 0:
         finish(Outcome::Granted, results);

@@ -72,7 +72,7 @@ void Portals::whenRegistered(QObject* context, std::function<void()> done) {
         done();
         return;
     }
-    m_waiting.push_back([guard = QPointer<QObject>(context), done = std::move(done)] {
+    m_waiting.emplace_back([guard = QPointer<QObject>(context), done = std::move(done)] {
         if (guard) {
             done();
         }

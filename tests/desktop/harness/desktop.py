@@ -3,6 +3,7 @@
 """A whole desktop for one test: X server, buses, window manager, tray, folders."""
 
 import os
+import pathlib
 import select
 
 from Xlib import Xatom, error
@@ -48,6 +49,7 @@ class PrivateDesktop(PrivateSession):
         self._with_accessibility = accessibility
         self._size, self._layout, self._with_xtest = size, layout, xtest
         super().__init__()
+        self._display_lock = None
         self._recorders = []
         self.display = None
 
@@ -73,7 +75,7 @@ class PrivateDesktop(PrivateSession):
     def _closers(self):
         connection, self.display = self.display, None
         return [*(recorder.stop for recorder in self._recorders), *super()._closers(),
-                *([connection.close] if connection else [])]
+                *([connection.close] if connection else []), self._unlock_display]
 
     def _start_server(self):
         cookie = write_authority(self._authority)
@@ -94,6 +96,7 @@ class PrivateDesktop(PrivateSession):
             os.close(reader)
             if writer is not None:
                 os.close(writer)
+        self._lock_display(number)
         self.display_name = f":{number}"
         self.environment["DISPLAY"] = self.display_name
         add_display(self._authority, cookie, number)
@@ -105,6 +108,19 @@ class PrivateDesktop(PrivateSession):
             self.keyboard.tap("Shift_L")
         self.clipboard = Clipboard(self)
         self.primary = Clipboard(self, "primary")
+
+    def _lock_display(self, number):
+        """Xvfb takes no lock when it chooses its number itself; without one a compositor's XWayland takes the number too."""
+        self._display_lock = pathlib.Path(f"/tmp/.X{number}-lock")
+        try:
+            with open(self._display_lock, "x", encoding="ascii") as lock:
+                lock.write(f"{self.server.pid:10}\n")
+        except FileExistsError:
+            self._display_lock = None  # somebody else's, which says as much
+
+    def _unlock_display(self):
+        if self._display_lock:
+            self._display_lock.unlink(missing_ok=True)
 
     def _read_display_number(self, reader):
         answer = b""

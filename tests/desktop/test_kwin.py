@@ -8,7 +8,7 @@ from case import PASTED_LINE
 from harness import CONTROL, KEY_CODES, SHIFT, SUPER, Editor, SelectionOwner, holds_for, mean_color, wait_until
 from harness.zamber import UNTRUSTED_LINE
 from wayland_case import KWinTestCase
-from wayland_cases import HINT, UTF8, CaptureCases, OwnersCases, PasteCases
+from wayland_cases import HINT, UTF8, CaptureCases, EndCases, HotKeysCases, OwnersCases, PasteCases
 
 KGLOBALACCEL = ["gdbus", "call", "--session", "-d", "org.kde.kglobalaccel", "-o", "/kglobalaccel", "-m"]
 META, SHIFTED = 0x10000000, 0x02000000  # as Qt numbers combinations
@@ -66,20 +66,7 @@ class KWinOwnersOfXTest(KWinTestCase):
         holds_for(lambda: "text/html" in self.clipboard.targets(), 2.0, "the owner of the newer copy has it")
 
 
-class KWinHotKeysTest(KWinTestCase):
-    history = ("first", "second", "third")
-
-    def test_the_hot_key_opens_the_history_whatever_is_in_front(self):
-        self.zamber.open_popover()
-        self.keyboard.tap("Escape")
-        self.zamber.wait_until_closed()
-        self.desktop.wait_until_active(self.editor.window)
-        of_x = Editor(self.desktop, "Of X", GDK_BACKEND="x11")
-        self.zamber.open_popover()
-        self.keyboard.tap("Escape")
-        self.zamber.wait_until_closed()
-        self.assertEqual(self.editor.text() + of_x.text(), "")
-
+class KWinHotKeysTest(HotKeysCases, KWinTestCase):
     def test_it_works_again_in_whatever_order_the_keys_came_up(self):
         for order in (("v", "Shift_L", "Super_L"), ("Shift_L", "v", "Super_L"), ("Super_L", "Shift_L", "v")):
             for _ in range(2):
@@ -104,18 +91,6 @@ class KWinHotKeysTest(KWinTestCase):
         self.zamber.wait_for_popover()
         self.keyboard.tap("Escape")
         self.zamber.wait_until_closed()
-
-    def test_it_is_given_back_at_the_end(self):
-        self.assertEqual(self.zamber.stop(), 0)
-        self.zamber_has_ended = True
-        self.zamber.press_hot_key()
-        wait_until(lambda: any(key["code"] == KEY_CODES["v"] and key["pressed"] for key in self.editor.keys()),
-                   what="the key to reach the editor")
-
-    def test_the_keys_of_quick_paste_are_the_users_own_while_it_is_off(self):
-        self.keyboard.chord("Super_L", "Shift_L", "2")
-        wait_until(lambda: any(key["code"] == KEY_CODES["2"] and key["pressed"] for key in self.editor.keys()),
-                   what="the key to reach the editor")
 
 
 class KWinMenuTest(KWinTestCase):
@@ -271,12 +246,8 @@ class KWinNotInstalledTest(KWinTestCase):
         wait_until(lambda: self.clipboard.text() == "first", what="the choice on the clipboard")
 
 
-class KWinEndTest(KWinTestCase):
-    def test_it_ends_with_its_compositor(self):
-        self.desktop.compositor_process.kill()
-        wait_until(lambda: not self.zamber.is_running(), 5.0, "the program to end")
-        self.zamber_has_ended = True
-        self.expected_errors = self.zamber.stderr_lines()
+class KWinEndTest(EndCases, KWinTestCase):
+    pass
 
 
 if __name__ == "__main__":

@@ -56,14 +56,26 @@ class PortalTestCase(DesktopTestCase):
     def permission_window(self):
         return self.desktop.window(title=PERMISSION_TITLE, pid=self.zamber.pid)
 
-    def grant(self):
+    def ask_for_access(self):
         """By the button of the window that appears at the start."""
         wait_until(self.permission_window, 5.0, "the permission window")
         (button,) = wait_until(lambda: self.zamber.tree().all(role="push button", name="Grant Access"), 5.0, "the button")
         self.zamber.act(button, "Press")
+
+    def grant(self):
+        self.ask_for_access()
         wait_until(lambda: self.permission_window() is None, 5.0, "the permission window to be gone")
         self.expected_lines.append(GRANTED_LINE)
         self.wait_for_expected_lines()
+
+    def assert_only_the_clipboard_gets(self, position):
+        """A program of Wayland is in front, into which nothing may be typed: the log says so."""
+        self.go_to_wayland()
+        self.open_popover()
+        self.choose(position)
+        self.expected_lines += [PASTING_LINE, *NOT_GRANTED_LINES]
+        self.wait_for_expected_lines()
+        self.assertEqual(self.clipboard.text(), self.history[position])
 
 
 class PortalHotKeyTest(PortalTestCase):
@@ -172,12 +184,7 @@ class PortalPasteTest(PortalTestCase):
 
     def test_without_consent_the_entry_is_on_the_clipboard_and_the_log_says_so(self):
         wait_until(self.permission_window, 5.0, "the permission window")
-        self.go_to_wayland()
-        self.open_popover()
-        self.choose(1)
-        self.expected_lines += [PASTING_LINE, *NOT_GRANTED_LINES]
-        self.wait_for_expected_lines()
-        self.assertEqual(self.clipboard.text(), "second")
+        self.assert_only_the_clipboard_gets(1)
         self.portal.press("paste-third")
         self.portal.release("paste-third")
         wait_until(lambda: self.clipboard.text() == "third", 3.0, "the third entry on the clipboard")
@@ -199,16 +206,9 @@ class PortalRefusedPasteTest(PortalTestCase):
     portal_behaviour = {"remote": "refuse"}
 
     def test_a_refusal_leaves_everything_as_it_was(self):
-        wait_until(self.permission_window, 5.0, "the permission window")
-        (button,) = wait_until(lambda: self.zamber.tree().all(role="push button", name="Grant Access"), 5.0, "the button")
-        self.zamber.act(button, "Press")
+        self.ask_for_access()
         self.portal.wait_for_record(["start", "by dialog"], CLOSED)
-        self.go_to_wayland()
-        self.open_popover()
-        self.choose(2)
-        self.expected_lines += [PASTING_LINE, *NOT_GRANTED_LINES]
-        self.wait_for_expected_lines()
-        self.assertEqual(self.clipboard.text(), "third")
+        self.assert_only_the_clipboard_gets(2)
 
 
 class OldPortalTest(PortalTestCase):
@@ -220,12 +220,7 @@ class OldPortalTest(PortalTestCase):
     def test_it_is_left_alone(self):
         self.wait_for_binds(["open"])
         self.assertIsNone(self.permission_window())
-        self.go_to_wayland()
-        self.open_popover()
-        self.choose(1)
-        self.expected_lines += [PASTING_LINE, *NOT_GRANTED_LINES]
-        self.wait_for_expected_lines()
-        self.assertEqual(self.clipboard.text(), "second")
+        self.assert_only_the_clipboard_gets(1)
 
 
 class OfferedShortcutTest(SettingsTestCase):

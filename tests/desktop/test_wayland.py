@@ -4,7 +4,7 @@
 
 from harness import Editor, SelectionOwner, holds_for, wait_until
 from wayland_case import SwayTestCase
-from wayland_cases import HINT, UTF8, CaptureCases, OwnersCases, PasteCases
+from wayland_cases import HINT, UTF8, CaptureCases, EndCases, HotKeysCases, OwnersCases, PasteCases
 
 
 class SwayCaptureTest(CaptureCases, SwayTestCase):
@@ -39,32 +39,15 @@ class SwaySecretsOfXTest(SwayTestCase):
             wait_until(lambda: self.zamber.history()[:1] == [f"copy {number}"], 6.0, "the next copy")
 
 
-class SwayEndTest(SwayTestCase):
-    def test_it_ends_with_its_compositor(self):
-        self.desktop.compositor_process.kill()
-        wait_until(lambda: not self.zamber.is_running(), 5.0, "the program to end")
-        self.zamber_has_ended = True
-        self.expected_errors = self.zamber.stderr_lines()
+class SwayEndTest(EndCases, SwayTestCase):
+    pass
 
 
 class SwayOwnersTest(OwnersCases, SwayTestCase):
     pass
 
 
-class SwayHotKeysTest(SwayTestCase):
-    history = ("first", "second", "third")
-
-    def test_the_hot_key_opens_the_history_whatever_is_in_front(self):
-        self.zamber.open_popover()
-        self.keyboard.tap("Escape")
-        self.zamber.wait_until_closed()
-        self.desktop.wait_until_active(self.editor.window)
-        of_x = Editor(self.desktop, "Of X", GDK_BACKEND="x11")
-        self.zamber.open_popover()
-        self.keyboard.tap("Escape")
-        self.zamber.wait_until_closed()
-        self.assertEqual(self.editor.text() + of_x.text(), "")
-
+class SwayHotKeysTest(HotKeysCases, SwayTestCase):
     def test_held_as_hands_hold_it_it_opens_once(self):
         self.keyboard.play((0.0, "+Super_L"), (0.08, "+Shift_L"), (0.16, "+v"), (0.5, "-Super_L"), (0.6, "-v"),
                            (0.7, "-Shift_L"))
@@ -83,16 +66,6 @@ class SwayHotKeysTest(SwayTestCase):
         except AssertionError:
             return False
         return True
-
-    def test_it_is_given_back_at_the_end(self):
-        self.assertEqual(self.zamber.stop(), 0)
-        self.zamber_has_ended = True
-        self.zamber.press_hot_key()
-        wait_until(lambda: any(key["code"] == 55 for key in self.editor.keys()), what="the key to reach the editor")
-
-    def test_the_keys_of_quick_paste_are_the_users_own_while_it_is_off(self):
-        self.keyboard.chord("Super_L", "Shift_L", "2")
-        wait_until(lambda: any(key["code"] == 11 for key in self.editor.keys()), what="the key to reach the editor")
 
 
 class SwayTakenHotKeyTest(SwayTestCase):

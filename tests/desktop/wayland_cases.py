@@ -3,7 +3,7 @@
 """What holds on every compositor: cases that are a part of each compositor's own classes."""
 
 from case import PASTED_LINE, PASTING_LINE
-from harness import Begun, Editor, Foot, holds_for, png_bytes, wait_until
+from harness import KEY_CODES, Begun, Editor, Foot, holds_for, png_bytes, wait_until
 
 UTF8 = "text/plain;charset=utf-8"
 HINT = "x-kde-passwordManagerHint"
@@ -113,6 +113,38 @@ class OwnersCases:
         self.zamber_has_ended = True
 
 
+class HotKeysCases:
+    """Hot keys, whose keys are the user's own where the program does not need them."""
+
+    history = ("first", "second", "third")
+
+    def test_the_hot_key_opens_the_history_whatever_is_in_front(self):
+        self.open_and_close()
+        self.desktop.wait_until_active(self.editor.window)
+        of_x = Editor(self.desktop, "Of X", GDK_BACKEND="x11")
+        self.open_and_close()
+        self.assertEqual(self.editor.text() + of_x.text(), "")
+
+    def open_and_close(self):
+        self.zamber.open_popover()
+        self.keyboard.tap("Escape")
+        self.zamber.wait_until_closed()
+
+    def test_it_is_given_back_at_the_end(self):
+        self.assertEqual(self.zamber.stop(), 0)
+        self.zamber_has_ended = True
+        self.zamber.press_hot_key()
+        self.wait_for_press("v")
+
+    def test_the_keys_of_quick_paste_are_the_users_own_while_it_is_off(self):
+        self.keyboard.chord("Super_L", "Shift_L", "2")
+        self.wait_for_press("2")
+
+    def wait_for_press(self, name):
+        wait_until(lambda: any(key["code"] == KEY_CODES[name] and key["pressed"] for key in self.editor.keys()),
+                   what="the key to reach the editor")
+
+
 class PasteCases:
     """The way of an entry into other programs."""
 
@@ -178,3 +210,13 @@ class PasteCases:
         owner.offer({UTF8: b"newer"})
         self.zamber.wait_for_history(["newer", "first", "second", "third"])
         self.assertEqual(self.clipboard.text(), "newer")
+
+
+class EndCases:
+    """The end of the compositor."""
+
+    def test_it_ends_with_its_compositor(self):
+        self.desktop.compositor_process.kill()
+        wait_until(lambda: not self.zamber.is_running(), 5.0, "the program to end")
+        self.zamber_has_ended = True
+        self.expected_errors = self.zamber.stderr_lines()

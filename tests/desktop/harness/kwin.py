@@ -135,13 +135,6 @@ class KWinDesktop(PrivateDesktop):
 
     focused_window = active_window
 
-    def wait_until_active(self, window, timeout=5.0):
-        def is_active():
-            active = self.active_window()
-            return active and active.id == window.id
-
-        wait_until(is_active, timeout, lambda: f"{window.title!r} to be active; it is {self.active_window()}")
-
     def activate(self, window):
         self._plasma_windows.activate(window)
         self.wait_until_active(window)

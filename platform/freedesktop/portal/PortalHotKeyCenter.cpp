@@ -10,6 +10,7 @@
 #include <QDBusMetaType>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace zamber::freedesktop::portal {
@@ -54,36 +55,32 @@ constexpr std::chrono::milliseconds SHORTEST_LOOK_AT_A_DIALOG{1000};
 /// Time for the modifiers of a hot key to come up after its key, which is all that the portal tells of.
 constexpr std::chrono::milliseconds HANDS_OFF_TIME{250};
 
-/// The desktop keeps what the user has chosen for a shortcut under this name.
-QString nameOf(PhysicalKey key) {
-    switch (key) {
-    case PhysicalKey::V:
-        return u"open"_s;
-    case PhysicalKey::Digit2:
-        return u"paste-second"_s;
-    case PhysicalKey::Digit3:
-        return u"paste-third"_s;
-    }
-    return {};
+/// How the desktop knows a hot key.
+struct Names {
+    PhysicalKey key;
+    QLatin1StringView name;        // what the user has chosen for a shortcut is kept under it
+    QLatin1StringView description; // what the dialog shows
+    QLatin1StringView keyName;     // as freedesktop.org's shortcuts are written
+};
+
+constexpr std::array NAMES{
+    Names{.key = PhysicalKey::V, .name = "open"_L1, .description = "Open Zamber"_L1, .keyName = "v"_L1},
+    Names{.key = PhysicalKey::Digit2, .name = "paste-second"_L1, .description = "Paste 2nd item"_L1, .keyName = "2"_L1},
+    Names{.key = PhysicalKey::Digit3, .name = "paste-third"_L1, .description = "Paste 3rd item"_L1, .keyName = "3"_L1},
+};
+
+const Names& namesOf(PhysicalKey key) {
+    return *std::ranges::find(NAMES, key, &Names::key);
 }
 
-/// What the desktop's dialog shows.
-QString descriptionOf(PhysicalKey key) {
-    switch (key) {
-    case PhysicalKey::V:
-        return u"Open Zamber"_s;
-    case PhysicalKey::Digit2:
-        return u"Paste 2nd item"_s;
-    case PhysicalKey::Digit3:
-        return u"Paste 3rd item"_s;
-    }
-    return {};
+QString nameOf(PhysicalKey key) {
+    return namesOf(key).name;
 }
 
 /// As freedesktop.org's shortcuts are written.
 QString triggerOf(PhysicalKey key, HotKeyModifiers modifiers) {
-    const QString name = key == PhysicalKey::V ? u"v"_s : key == PhysicalKey::Digit2 ? u"2"_s : u"3"_s;
-    return (modifiers.command ? u"LOGO+"_s : QString()) + (modifiers.shift ? u"SHIFT+"_s : QString()) + name;
+    return (modifiers.command ? u"LOGO+"_s : QString()) + (modifiers.shift ? u"SHIFT+"_s : QString()) +
+           namesOf(key).keyName;
 }
 
 } // namespace
@@ -227,7 +224,7 @@ void PortalHotKeyCenter::askForShortcuts() {
         if (m_askedFor.contains(nameOf(registration.key))) {
             shortcuts << Shortcut{
                 .name = nameOf(registration.key),
-                .properties = {{u"description"_s, descriptionOf(registration.key)},
+                .properties = {{u"description"_s, QString(namesOf(registration.key).description)},
                                {u"preferred_trigger"_s, triggerOf(registration.key, registration.modifiers)}}};
         }
     }

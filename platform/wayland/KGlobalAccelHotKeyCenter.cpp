@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/KGlobalAccelHotKeyCenter.h"
 
+#include "platform/freedesktop/KeyPositions.h"
 #include "platform/freedesktop/session/BusSignals.h"
 #include "platform/wayland/PlasmaCombinations.h"
 #include "platform/wayland/SeatKeyboard.h"
@@ -15,6 +16,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <utility>
@@ -23,6 +25,7 @@ namespace zamber::wayland {
 
 namespace {
 
+using namespace Qt::StringLiterals;
 using freedesktop::session::subscribe;
 
 constexpr std::chrono::milliseconds LONGEST_ANSWER{1000};
@@ -44,33 +47,25 @@ QString component() {
     return QStringLiteral("app.zamber.Zamber");
 }
 
-QString actionOf(PhysicalKey key) {
-    switch (key) {
-    case PhysicalKey::V:
-        return QStringLiteral("history");
-    case PhysicalKey::Digit2:
-        return QStringLiteral("paste-second");
-    case PhysicalKey::Digit3:
-        return QStringLiteral("paste-third");
-    }
-    return {};
-}
+/// What a hot key does, as Plasma knows it.
+struct Action {
+    PhysicalKey key;
+    QLatin1StringView name;  // what the user has chosen for it is kept under it
+    QLatin1StringView title; // what the user reads in Plasma's settings
+};
 
-/// What the user reads of the action in Plasma's settings.
-QString titleOf(PhysicalKey key) {
-    switch (key) {
-    case PhysicalKey::V:
-        return QStringLiteral("Show the clipboard history");
-    case PhysicalKey::Digit2:
-        return QStringLiteral("Paste the second entry");
-    case PhysicalKey::Digit3:
-        return QStringLiteral("Paste the third entry");
-    }
-    return {};
+constexpr std::array ACTIONS{
+    Action{.key = PhysicalKey::V, .name = "history"_L1, .title = "Show the clipboard history"_L1},
+    Action{.key = PhysicalKey::Digit2, .name = "paste-second"_L1, .title = "Paste the second entry"_L1},
+    Action{.key = PhysicalKey::Digit3, .name = "paste-third"_L1, .title = "Paste the third entry"_L1},
+};
+
+const Action& actionOf(PhysicalKey key) {
+    return *std::ranges::find(ACTIONS, key, &Action::key);
 }
 
 QStringList identityOf(PhysicalKey key) {
-    return {component(), actionOf(key), QStringLiteral("Zamber"), titleOf(key)};
+    return {component(), actionOf(key).name, QStringLiteral("Zamber"), actionOf(key).title};
 }
 
 /// The first argument of the answer, and an invalid one where there is none.
@@ -148,7 +143,7 @@ KGlobalAccelHotKeyCenter::~KGlobalAccelHotKeyCenter() {
 }
 
 QString KGlobalAccelHotKeyCenter::commandKeyHint() const {
-    return QStringLiteral("⌘ is the Super key, often marked with a logo");
+    return freedesktop::commandKeyHint();
 }
 
 std::optional<HotKeyRef> KGlobalAccelHotKeyCenter::registerHotKey(PhysicalKey key, HotKeyModifiers modifiers,
@@ -180,12 +175,10 @@ bool KGlobalAccelHotKeyCenter::bind(Registration& registration) {
         listen();
         return true;
     }
-    call(QStringLiteral("unregister"), {component(), actionOf(registration.key)});
-    std::fprintf(stderr, "zamber: the hot key %s%s%s is held by another program\n",
+    call(QStringLiteral("unregister"), {component(), QString(actionOf(registration.key).name)});
+    std::fprintf(stderr, "zamber: the hot key %s%s%c is held by another program\n",
                  registration.modifiers.command ? "Super+" : "", registration.modifiers.shift ? "Shift+" : "",
-                 registration.key == PhysicalKey::V        ? "V"
-                 : registration.key == PhysicalKey::Digit2 ? "2"
-                                                           : "3");
+                 freedesktop::positionOf(registration.key).label);
     return false;
 }
 
@@ -194,7 +187,7 @@ void KGlobalAccelHotKeyCenter::unbind(Registration& registration) {
         return;
     }
     if (registration.granted == present(registration.key)) {
-        call(QStringLiteral("unregister"), {component(), actionOf(registration.key)});
+        call(QStringLiteral("unregister"), {component(), QString(actionOf(registration.key).name)});
     } else { // the user has chosen another one
         call(QStringLiteral("setInactive"), {identityOf(registration.key)});
     }
@@ -239,8 +232,9 @@ void KGlobalAccelHotKeyCenter::handlePress(const QString& /*component*/, const Q
     const bool isRepeat = action == m_heldAction;
     m_heldAction = action;
     m_letGo.start(LONGEST_REPEAT); // should the release not be told
-    const auto pressed = std::ranges::find_if(
-        m_registrations, [&action](const Registration& registration) { return actionOf(registration.key) == action; });
+    const auto pressed = std::ranges::find_if(m_registrations, [&action](const Registration& registration) {
+        return actionOf(registration.key).name == action;
+    });
     if (isRepeat || pressed == m_registrations.end() || !m_handler) {
         return;
     }

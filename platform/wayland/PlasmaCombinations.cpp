@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/PlasmaCombinations.h"
 
+#include "platform/freedesktop/KeyPositions.h"
 #include "platform/wayland/KeymapLookup.h"
 
 #include <QChar>
@@ -13,18 +14,6 @@
 namespace zamber::wayland {
 
 namespace {
-
-xkb_keycode_t codeOf(PhysicalKey key) {
-    switch (key) {
-    case PhysicalKey::V:
-        return 55;
-    case PhysicalKey::Digit2:
-        return 11;
-    case PhysicalKey::Digit3:
-        return 12;
-    }
-    return 0;
-}
 
 /// Qt's number of a key that gives this character.
 int qtKeyOf(char32_t character) {
@@ -66,7 +55,7 @@ QList<int> plasmaCombinations(xkb_keymap* keymap, PhysicalKey key, HotKeyModifie
     QList<int> combinations;
     for (xkb_layout_index_t layout = 0; layout < xkb_keymap_num_layouts(used); ++layout) {
         xkb_state_update_mask(state.get(), held, 0, 0, 0, 0, layout);
-        const std::optional<int> combination = combinationIn(state.get(), codeOf(key), modifiers);
+        const std::optional<int> combination = combinationIn(state.get(), freedesktop::positionOf(key).code, modifiers);
         if (combination && !combinations.contains(*combination)) {
             combinations.append(*combination);
         }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/SwayBindings.h"
 
+#include "platform/freedesktop/KeyPositions.h"
+
 #include <QByteArrayList>
 
 #include <algorithm>
@@ -17,15 +19,16 @@ namespace {
 
 struct Place {
     PhysicalKey key;
-    QByteArray code;                 // X's key code
     std::array<QByteArray, 2> names; // without and with Shift, in lower case
+
+    QByteArray code() const { return QByteArray::number(freedesktop::positionOf(key).code); }
 };
 
 const Place& placeOf(PhysicalKey key) {
     static const std::array places{
-        Place{.key = PhysicalKey::V, .code = "55", .names = {"v", "v"}},
-        Place{.key = PhysicalKey::Digit2, .code = "11", .names = {"2", "at"}},
-        Place{.key = PhysicalKey::Digit3, .code = "12", .names = {"3", "numbersign"}},
+        Place{.key = PhysicalKey::V, .names = {"v", "v"}},
+        Place{.key = PhysicalKey::Digit2, .names = {"2", "at"}},
+        Place{.key = PhysicalKey::Digit3, .names = {"3", "numbersign"}},
     };
     return *std::ranges::find(places, key, &Place::key);
 }
@@ -63,7 +66,7 @@ bool isSame(const QByteArray& combination, const Place& place, HotKeyModifiers m
         return false;
     }
     const QByteArray& key = *parts.begin();
-    return key == place.code || std::ranges::find(place.names, key) != place.names.end();
+    return key == place.code() || std::ranges::find(place.names, key) != place.names.end();
 }
 
 } // namespace
@@ -76,7 +79,7 @@ QByteArray swayCombination(PhysicalKey key, HotKeyModifiers modifiers) {
     if (modifiers.shift) {
         combination += "Shift+";
     }
-    return combination + placeOf(key).code;
+    return combination + placeOf(key).code();
 }
 
 bool isBoundIn(const QByteArray& configuration, PhysicalKey key, HotKeyModifiers modifiers) {

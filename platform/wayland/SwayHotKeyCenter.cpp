@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/SwayHotKeyCenter.h"
 
+#include "platform/freedesktop/KeyPositions.h"
 #include "platform/wayland/SwayBindings.h"
 #include "platform/wayland/SwayConnection.h"
 
@@ -34,7 +35,7 @@ SwayHotKeyCenter::~SwayHotKeyCenter() {
 }
 
 QString SwayHotKeyCenter::commandKeyHint() const {
-    return QStringLiteral("⌘ is the Super key, often marked with a logo");
+    return freedesktop::commandKeyHint();
 }
 
 std::optional<HotKeyRef> SwayHotKeyCenter::registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) {

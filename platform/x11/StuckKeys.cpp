@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/StuckKeys.h"
 
+#include "platform/freedesktop/KeyPositions.h"
 #include "platform/x11/Keyboard.h"
 
 #include <QCoreApplication>
@@ -21,15 +22,7 @@ constexpr std::chrono::milliseconds LOOK_INTERVAL{20};
 constexpr int MOST_LOOKS = 50;
 
 xcb_keycode_t keyCodeOf(PhysicalKey key) {
-    switch (key) {
-    case PhysicalKey::V:
-        return 55;
-    case PhysicalKey::Digit2:
-        return 11;
-    case PhysicalKey::Digit3:
-        return 12;
-    }
-    return 0;
+    return freedesktop::positionOf(key).code;
 }
 
 } // namespace

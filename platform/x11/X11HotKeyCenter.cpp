@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11HotKeyCenter.h"
 
+#include "platform/freedesktop/KeyPositions.h"
 #include "platform/x11/Keyboard.h"
 
 #include <QGuiApplication>
@@ -22,29 +23,6 @@ constexpr int MOST_GRAB_ATTEMPTS = 20;
 
 /// How often the keyboard is asked while a hot key is held: without the grab, its release goes to another program.
 constexpr std::chrono::milliseconds LOOK_INTERVAL{50};
-
-xcb_keycode_t keyCodeOf(PhysicalKey key) {
-    switch (key) {
-    case PhysicalKey::V:
-        return 55;
-    case PhysicalKey::Digit2:
-        return 11;
-    case PhysicalKey::Digit3:
-        return 12;
-    }
-    return 0;
-}
-
-const char* nameOf(xcb_keycode_t key) {
-    switch (key) {
-    case 55:
-        return "V";
-    case 11:
-        return "2";
-    default:
-        return "3";
-    }
-}
 
 /// Every set of bits within the mask, the empty one included.
 std::vector<std::uint16_t> subsetsOf(std::uint16_t mask) {
@@ -73,15 +51,16 @@ X11HotKeyCenter::X11HotKeyCenter(Connection& connection, Keyboard& keyboard, Clo
 }
 
 QString X11HotKeyCenter::commandKeyHint() const {
-    return QStringLiteral("⌘ is the Super key, often marked with a logo");
+    return freedesktop::commandKeyHint();
 }
 
 std::optional<HotKeyRef> X11HotKeyCenter::registerHotKey(PhysicalKey key, HotKeyModifiers modifiers, HotKeyId id) {
-    Registration& registration =
-        m_registrations.emplace_back(keyCodeOf(key), modifiers, id.id, std::uint16_t{0}, std::vector<std::uint16_t>{});
+    Registration& registration = m_registrations.emplace_back(freedesktop::positionOf(key).code, modifiers, id.id,
+                                                              std::uint16_t{0}, std::vector<std::uint16_t>{});
     if (grab(registration) == Outcome::Taken) {
-        std::fprintf(stderr, "zamber: the hot key %s%s%s is held by another program\n",
-                     modifiers.command ? "Super+" : "", modifiers.shift ? "Shift+" : "", nameOf(registration.key));
+        std::fprintf(stderr, "zamber: the hot key %s%s%c is held by another program\n",
+                     modifiers.command ? "Super+" : "", modifiers.shift ? "Shift+" : "",
+                     freedesktop::positionOf(key).label);
         m_registrations.pop_back();
         return std::nullopt;
     }

@@ -3,42 +3,18 @@
 #include "platform/freedesktop/portal/PortalHotKeyCenter.h"
 
 #include "platform/freedesktop/portal/PortalRecord.h"
+#include "platform/freedesktop/portal/PortalShortcut.h"
 #include "platform/freedesktop/session/BusSignals.h"
 
-#include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusMetaType>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace zamber::freedesktop::portal {
 
 using namespace Qt::StringLiterals;
-
-/// What portals say of a shortcut.
-struct Shortcut {
-    QString name;
-    QVariantMap properties;
-};
-
-// Found by Qt by the type of their argument, so not in a namespace without a name.
-// NOLINTBEGIN(misc-use-internal-linkage, bugprone-return-const-ref-from-parameter)
-QDBusArgument& operator<<(QDBusArgument& argument, const Shortcut& shortcut) {
-    argument.beginStructure();
-    argument << shortcut.name << shortcut.properties;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, Shortcut& shortcut) {
-    argument.beginStructure();
-    argument >> shortcut.name >> shortcut.properties;
-    argument.endStructure();
-    return argument;
-}
-// NOLINTEND(misc-use-internal-linkage, bugprone-return-const-ref-from-parameter)
 
 namespace {
 
@@ -55,34 +31,6 @@ constexpr std::chrono::milliseconds SHORTEST_LOOK_AT_A_DIALOG{1000};
 /// Time for the modifiers of a hot key to come up after its key, which is all that the portal tells of.
 constexpr std::chrono::milliseconds HANDS_OFF_TIME{250};
 
-/// How the desktop knows a hot key.
-struct Names {
-    PhysicalKey key;
-    QLatin1StringView name;        // what the user has chosen for a shortcut is kept under it
-    QLatin1StringView description; // what the dialog shows
-    QLatin1StringView keyName;     // as freedesktop.org's shortcuts are written
-};
-
-constexpr std::array NAMES{
-    Names{.key = PhysicalKey::V, .name = "open"_L1, .description = "Open Zamber"_L1, .keyName = "v"_L1},
-    Names{.key = PhysicalKey::Digit2, .name = "paste-second"_L1, .description = "Paste 2nd item"_L1, .keyName = "2"_L1},
-    Names{.key = PhysicalKey::Digit3, .name = "paste-third"_L1, .description = "Paste 3rd item"_L1, .keyName = "3"_L1},
-};
-
-const Names& namesOf(PhysicalKey key) {
-    return *std::ranges::find(NAMES, key, &Names::key);
-}
-
-QString nameOf(PhysicalKey key) {
-    return namesOf(key).name;
-}
-
-/// As freedesktop.org's shortcuts are written.
-QString triggerOf(PhysicalKey key, HotKeyModifiers modifiers) {
-    return (modifiers.command ? u"LOGO+"_s : QString()) + (modifiers.shift ? u"SHIFT+"_s : QString()) +
-           namesOf(key).keyName;
-}
-
 } // namespace
 
 PortalHotKeyCenter::PortalHotKeyCenter(const Surroundings& surroundings, IsWanted isWanted, CloseMenus closeMenus)
@@ -93,8 +41,8 @@ PortalHotKeyCenter::PortalHotKeyCenter(const Surroundings& surroundings, IsWante
     , m_closeMenus(std::move(closeMenus))
     , m_bindAgain(surroundings.scheduler, BIND_AGAIN_DELAY, [this] { bind(); })
     , m_handsOff(surroundings.scheduler, HANDS_OFF_TIME, [this] { Q_EMIT keysReleased(); }) {
-    qDBusRegisterMetaType<Shortcut>();
-    qDBusRegisterMetaType<QList<Shortcut>>();
+    qDBusRegisterMetaType<PortalShortcut>();
+    qDBusRegisterMetaType<QList<PortalShortcut>>();
     const auto follow = [this](const QString& name, const char* slot) {
         session::subscribe(
             m_portals.bus(),
@@ -153,7 +101,7 @@ QStringList PortalHotKeyCenter::wanted() const {
     QStringList names;
     for (const Registration& registration : m_registrations) {
         if (m_isWanted(registration.key)) {
-            names << nameOf(registration.key);
+            names << shortcutNameOf(registration.key);
         }
     }
     return names;
@@ -219,13 +167,10 @@ bool PortalHotKeyCenter::release() {
 }
 
 void PortalHotKeyCenter::askForShortcuts() {
-    QList<Shortcut> shortcuts;
+    QList<PortalShortcut> shortcuts;
     for (const Registration& registration : m_registrations) {
-        if (m_askedFor.contains(nameOf(registration.key))) {
-            shortcuts << Shortcut{
-                .name = nameOf(registration.key),
-                .properties = {{u"description"_s, QString(namesOf(registration.key).description)},
-                               {u"preferred_trigger"_s, triggerOf(registration.key, registration.modifiers)}}};
+        if (m_askedFor.contains(shortcutNameOf(registration.key))) {
+            shortcuts << shortcutOf(registration.key, registration.modifiers);
         }
     }
     const auto done = [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
@@ -263,10 +208,10 @@ void PortalHotKeyCenter::listShortcuts(bool isRefused) {
 }
 
 void PortalHotKeyCenter::take(const QVariant& shortcuts) {
-    const auto list = qdbus_cast<QList<Shortcut>>(shortcuts);
+    const auto list = qdbus_cast<QList<PortalShortcut>>(shortcuts);
     for (Registration& registration : m_registrations) {
-        const QString name = nameOf(registration.key);
-        const auto found = std::ranges::find(list, name, &Shortcut::name);
+        const QString name = shortcutNameOf(registration.key);
+        const auto found = std::ranges::find(list, name, &PortalShortcut::name);
         // The user may have taken the keys away from it.
         registration.isBound = m_askedFor.contains(name) && found != list.end() &&
                                !found->properties.value(u"trigger_description"_s).toString().isEmpty();
@@ -277,7 +222,7 @@ void PortalHotKeyCenter::settle(bool isRefused) {
     QStringList bound;
     for (const Registration& registration : m_registrations) {
         if (registration.isBound) {
-            bound << nameOf(registration.key);
+            bound << shortcutNameOf(registration.key);
         }
     }
     if (!bound.isEmpty() || !isRefused) {
@@ -299,8 +244,9 @@ const PortalHotKeyCenter::Registration* PortalHotKeyCenter::registrationOf(const
         return nullptr;
     }
     const QString name = message.arguments().at(1).toString();
-    const auto found = std::ranges::find_if(
-        m_registrations, [&name](const Registration& registration) { return nameOf(registration.key) == name; });
+    const auto found = std::ranges::find_if(m_registrations, [&name](const Registration& registration) {
+        return shortcutNameOf(registration.key) == name;
+    });
     return found != m_registrations.end() && m_askedFor.contains(name) ? &*found : nullptr;
 }
 
@@ -334,5 +280,3 @@ void PortalHotKeyCenter::tell(std::uint32_t id) const {
 }
 
 } // namespace zamber::freedesktop::portal
-
-Q_DECLARE_METATYPE(zamber::freedesktop::portal::Shortcut)

@@ -36,11 +36,11 @@ PermissionWindow::PermissionWindow(const Appearance& appearance, const Symbols& 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
-    // As high as its content, but no lower than designed where the font is small.
     connect(m_view, &PermissionView::dialogRequested, this, [this, showDialog = std::move(showDialog)] {
         hide(); // it would be above the dialog
         showDialog();
     });
+    // As high as its content, but no lower than designed where the font is small.
     setFixedSize(CONTENT_POINTS.width(), std::max(CONTENT_POINTS.height(), m_view->sizeHint().height()));
 }
 

@@ -12,6 +12,7 @@ struct xkb_state;
 
 namespace zamber::wayland {
 
+/// Gives back what xkbcommon has made.
 struct XkbUnreference {
     void operator()(xkb_context* context) const;
     void operator()(xkb_keymap* keymap) const;

@@ -109,7 +109,7 @@ bool IconWindow::event(QEvent* event) {
 }
 
 void IconWindow::mouseMoveEvent(QMouseEvent* event) {
-    // Not when it enters: it is said to do so too when a menu closes beneath which it has rested on the icon.
+    // The event of its entering does not count: that comes also when a menu closes that has covered a resting pointer.
     if (event->buttons() == Qt::NoButton) {
         Q_EMIT pointerMoved();
     }

@@ -24,7 +24,8 @@ constexpr uint VERSION_WITH_TOKENS = 2;
 constexpr uint KEYBOARD = 1;
 constexpr uint UNTIL_REVOKED = 2;
 
-/// A token that leads to no answer so many times leads to a dialog, which the user did not ask for.
+/// After so many starts with a token that were given no answer, the portal is taken to show a dialog instead, which the
+/// user did not ask for. The token is then given up.
 constexpr int MOST_UNANSWERED_STARTS = 2;
 
 } // namespace

@@ -49,7 +49,7 @@ Q_SIGNALS:
     /// The service has ended, and with it every session and request.
     void ended();
 
-    /// It is there again after its end, or it is time to call it, which starts it.
+    /// After its end, the service is there again, or may be called again, which starts it.
     void returned();
 
 private:

@@ -46,7 +46,8 @@ public:
     /// is still to be acted on. It is not when its own press has closed the popover.
     bool isToBeActedOn(std::optional<QPoint> pointer);
 
-    /// The icon's menu is about to open. Nobody may have told of the press, which closes the popover.
+    /// To be called before the icon's menu opens: closes the popover, which the press has not closed where no press is
+    /// reported.
     void closePopoverForMenu();
 
 private:

@@ -5,10 +5,10 @@
 import itertools
 
 from case import PASTED_LINE
-from harness import CONTROL, KEY_CODES, SHIFT, SUPER, Editor, SelectionOwner, holds_for, mean_color, wait_until
+from harness import CONTROL, KEY_CODES, SHIFT, SUPER, Editor, holds_for, mean_color, wait_until
 from harness.zamber import UNTRUSTED_LINE
 from wayland_case import KWinTestCase
-from wayland_cases import HINT, UTF8, CaptureCases, EndCases, HotKeysCases, OwnersCases, PasteCases
+from wayland_cases import UTF8, CaptureCases, EndCases, HotKeysCases, OwnerOfX, OwnersCases, PasteCases
 
 KGLOBALACCEL = ["gdbus", "call", "--session", "-d", "org.kde.kglobalaccel", "-o", "/kglobalaccel", "-m"]
 META, SHIFTED = 0x10000000, 0x02000000  # as Qt numbers combinations
@@ -23,20 +23,15 @@ class KWinOwnersTest(OwnersCases, KWinTestCase):
     pass
 
 
-class KWinOwnersOfXTest(KWinTestCase):
+class KWinOwnersOfXTest(OwnerOfX, KWinTestCase):
     """KWin passes on what a program of X copies while it is in front, and does not notice when that program dies."""
 
     def prepare(self):
         self.editor = Editor(self.desktop)
-        self.of_x = Editor(self.desktop, "Of X", GDK_BACKEND="x11")
-        self.owner_of_x = SelectionOwner(self.desktop)
+        self.open_owner_of_x()
 
     def test_a_secret_is_neither_asked_for_nor_kept(self):
-        self.owner_of_x.offer({HINT: b"secret", "UTF8_STRING": b"my password"})
-        wait_until(lambda: HINT in self.owner_of_x.requests(), what="the hint to be read")
-        self.let_a_poll_pass()
-        self.copy_and_wait("harmless", ["harmless"])
-        self.assertNotIn("UTF8_STRING", self.owner_of_x.requests())
+        self.assert_secret_of_x_is_neither_asked_for_nor_kept()
 
     def test_what_was_copied_outlives_a_program_of_x_that_dies(self):
         self.owner_of_x.offer({"UTF8_STRING": b"orphan"})
@@ -49,8 +44,7 @@ class KWinOwnersOfXTest(KWinTestCase):
         self.assertEqual(self.zamber.history(), ["orphan"])
 
     def test_a_secret_is_not_served_after_its_program_has_died(self):
-        self.owner_of_x.offer({HINT: b"secret", "UTF8_STRING": b"my password"})
-        wait_until(lambda: HINT in self.owner_of_x.requests(), what="the hint to be read")
+        self.offer_secret_of_x()
         self.owner_of_x.child.kill()
         self.let_a_poll_pass()
         self.copy_and_wait("harmless", ["harmless"])

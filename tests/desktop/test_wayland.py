@@ -2,39 +2,33 @@
 # SPDX-License-Identifier: MIT
 """The program on sway: what is recorded of other programs' copies, what they get back, hot keys."""
 
-from harness import Editor, SelectionOwner, holds_for, wait_until
+from harness import holds_for, wait_until
 from wayland_case import SwayTestCase
-from wayland_cases import HINT, UTF8, CaptureCases, EndCases, HotKeysCases, OwnersCases, PasteCases
+from wayland_cases import HINT, UTF8, CaptureCases, EndCases, HotKeysCases, OwnerOfX, OwnersCases, PasteCases
 
 
 class SwayCaptureTest(CaptureCases, SwayTestCase):
     pass
 
 
-class SwaySecretsOfXTest(SwayTestCase):
+class SwaySecretsOfXTest(OwnerOfX, SwayTestCase):
     """sway does not pass on what a program of X marks its copy with."""
 
     def setUp(self):
         super().setUp()
-        self.of_x = Editor(self.desktop, "Of X", GDK_BACKEND="x11")
-        self.x_owner = SelectionOwner(self.desktop)
+        self.open_owner_of_x()
 
     def test_a_secret_of_a_program_of_x_is_neither_asked_for_nor_kept(self):
-        self.x_owner.offer({HINT: b"secret", "UTF8_STRING": b"my password"})
-        wait_until(lambda: HINT in self.x_owner.requests(), what="the hint to be read")
-        self.let_a_poll_pass()
-        self.copy_and_wait("harmless", ["harmless"])
-        self.assertNotIn("UTF8_STRING", self.x_owner.requests())
+        self.assert_secret_of_x_is_neither_asked_for_nor_kept()
 
     def test_a_hint_that_says_otherwise_is_no_secret(self):
-        self.x_owner.offer({HINT: b"public", "UTF8_STRING": b"harmless"})
+        self.owner_of_x.offer({HINT: b"public", "UTF8_STRING": b"harmless"})
         self.zamber.wait_for_history(["harmless"])
 
     def test_a_copy_of_a_wayland_program_after_it_is_recorded(self):
         owner = self.owner()
         for number in range(5):
-            self.x_owner.offer({HINT: b"secret", "UTF8_STRING": b"my password"})
-            wait_until(lambda: self.x_owner.requests().count(HINT) > number, what="the hint to be read")
+            self.offer_secret_of_x()
             owner.offer({UTF8: b"copy %d" % number, "text/plain": b"copy %d" % number})
             wait_until(lambda: self.zamber.history()[:1] == [f"copy {number}"], 6.0, "the next copy")
 

@@ -3,7 +3,7 @@
 """What holds on every compositor: cases that are a part of each compositor's own classes."""
 
 from case import PASTED_LINE, PASTING_LINE
-from harness import KEY_CODES, Begun, Editor, Foot, holds_for, png_bytes, wait_until
+from harness import KEY_CODES, Begun, Editor, Foot, SelectionOwner, holds_for, png_bytes, wait_until
 
 UTF8 = "text/plain;charset=utf-8"
 HINT = "x-kde-passwordManagerHint"
@@ -57,6 +57,25 @@ class CaptureCases:
         self.let_a_poll_pass()
         self.copy_and_wait("harmless", ["harmless"])
         self.assertEqual(owner.requests(), [HINT])
+
+
+class OwnerOfX:
+    """For cases in which a program of X is in front and copies."""
+
+    def open_owner_of_x(self):
+        self.of_x = Editor(self.desktop, "Of X", GDK_BACKEND="x11")
+        self.owner_of_x = SelectionOwner(self.desktop)
+
+    def offer_secret_of_x(self):
+        asked_before = self.owner_of_x.requests().count(HINT)
+        self.owner_of_x.offer({HINT: b"secret", "UTF8_STRING": b"my password"})
+        wait_until(lambda: self.owner_of_x.requests().count(HINT) > asked_before, what="the hint to be read")
+
+    def assert_secret_of_x_is_neither_asked_for_nor_kept(self):
+        self.offer_secret_of_x()
+        self.let_a_poll_pass()
+        self.copy_and_wait("harmless", ["harmless"])
+        self.assertNotIn("UTF8_STRING", self.owner_of_x.requests())
 
 
 class OwnersCases:

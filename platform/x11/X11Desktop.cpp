@@ -128,13 +128,13 @@ private:
 
     std::unique_ptr<XWaylandPortals> makePortals() {
         return std::make_unique<XWaylandPortals>(
-            XWaylandPortals::Surroundings{.connection = *inputConnection,
-                                          .keyboard = keyboard,
-                                          .windows = windows,
-                                          .hotKeysOfX = x11HotKeys,
-                                          .workspace = workspace,
-                                          .pasteboard = pasteboard,
-                                          .scheduler = scheduler,
+            XWaylandPortals::Surroundings{.partsOfX = {.connection = *inputConnection,
+                                                       .keyboard = keyboard,
+                                                       .windows = windows,
+                                                       .hotKeysOfX = x11HotKeys,
+                                                       .workspace = workspace,
+                                                       .pasteboard = pasteboard,
+                                                       .scheduler = scheduler},
                                           .isWanted = [this](PhysicalKey key) { return isWanted(key); },
                                           .closeMenus = freedesktop::desktop::closeMenus});
     }

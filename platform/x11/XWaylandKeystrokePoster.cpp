@@ -19,13 +19,15 @@ constexpr int FIRST_KEY_CODE = 8;
 
 } // namespace
 
-XWaylandKeystrokePoster::XWaylandKeystrokePoster(const Surroundings& surroundings)
-    : X11KeystrokePoster(surroundings.connection, surroundings.keyboard, surroundings.windows, surroundings.hotKeysOfX,
-                         surroundings.workspace, surroundings.pasteboard, surroundings.scheduler)
-    , m_keyboard(surroundings.keyboard)
-    , m_windows(surroundings.windows)
-    , m_portalKeyboard(surroundings.portalKeyboard)
-    , m_hotKeys(surroundings.hotKeys) {
+XWaylandKeystrokePoster::XWaylandKeystrokePoster(const PartsOfX& partsOfX,
+                                                 freedesktop::portal::PortalKeyboard& portalKeyboard,
+                                                 freedesktop::portal::PortalHotKeyCenter& hotKeys)
+    : X11KeystrokePoster(partsOfX.connection, partsOfX.keyboard, partsOfX.windows, partsOfX.hotKeysOfX,
+                         partsOfX.workspace, partsOfX.pasteboard, partsOfX.scheduler)
+    , m_keyboard(partsOfX.keyboard)
+    , m_windows(partsOfX.windows)
+    , m_portalKeyboard(portalKeyboard)
+    , m_hotKeys(hotKeys) {
     connect(&m_windows, &Windows::activeWindowChanged, this, &XWaylandKeystrokePoster::openWhereNeeded);
     connect(&m_portalKeyboard, &freedesktop::portal::PortalKeyboard::changed, this,
             &XWaylandKeystrokePoster::postWhenReady);

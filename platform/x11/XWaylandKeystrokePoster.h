@@ -18,8 +18,8 @@ class XWaylandKeystrokePoster final : public X11KeystrokePoster {
     Q_OBJECT
 
 public:
-    /// What X's poster works with, and what knows the rest of the desktop. All of them outlive the poster.
-    struct Surroundings {
+    /// What X's poster works with.
+    struct PartsOfX {
         Connection& connection;
         Keyboard& keyboard;
         Windows& windows;
@@ -27,11 +27,11 @@ public:
         X11Workspace& workspace;
         freedesktop::selection::SelectionPasteboard& pasteboard;
         Scheduler& scheduler;
-        freedesktop::portal::PortalKeyboard& portalKeyboard;
-        freedesktop::portal::PortalHotKeyCenter& hotKeys;
     };
 
-    explicit XWaylandKeystrokePoster(const Surroundings& surroundings);
+    /// All of them outlive the poster.
+    XWaylandKeystrokePoster(const PartsOfX& partsOfX, freedesktop::portal::PortalKeyboard& portalKeyboard,
+                            freedesktop::portal::PortalHotKeyCenter& hotKeys);
 
 private:
     void beginWaiting() override;

@@ -15,24 +15,16 @@ bool XWaylandPortals::isSessionOfWayland() {
 }
 
 XWaylandPortals::XWaylandPortals(const Surroundings& surroundings)
-    : portals(u"app.zamber.Zamber"_s, freedesktop::portal::Portals::ownConnection(), surroundings.scheduler)
+    : portals(u"app.zamber.Zamber"_s, freedesktop::portal::Portals::ownConnection(), surroundings.partsOfX.scheduler)
     , hotKeys({.portals = portals,
                .record = record,
-               .hotKeysOfX = surroundings.hotKeysOfX,
-               .scheduler = surroundings.scheduler},
+               .hotKeysOfX = surroundings.partsOfX.hotKeysOfX,
+               .scheduler = surroundings.partsOfX.scheduler},
               surroundings.isWanted, surroundings.closeMenus)
-    , stuckKeys(surroundings.connection, surroundings.keyboard)
+    , stuckKeys(surroundings.partsOfX.connection, surroundings.partsOfX.keyboard)
     , keyboard(portals, record)
-    , trust(surroundings.connection, surroundings.windows, keyboard, hotKeys)
-    , keystrokes({.connection = surroundings.connection,
-                  .keyboard = surroundings.keyboard,
-                  .windows = surroundings.windows,
-                  .hotKeysOfX = surroundings.hotKeysOfX,
-                  .workspace = surroundings.workspace,
-                  .pasteboard = surroundings.pasteboard,
-                  .scheduler = surroundings.scheduler,
-                  .portalKeyboard = keyboard,
-                  .hotKeys = hotKeys}) {
+    , trust(surroundings.partsOfX.connection, surroundings.partsOfX.windows, keyboard, hotKeys)
+    , keystrokes(surroundings.partsOfX, keyboard, hotKeys) {
     using freedesktop::portal::PortalHotKeyCenter;
     QObject::connect(&hotKeys, &PortalHotKeyCenter::activated, &stuckKeys, &StuckKeys::notePress);
     QObject::connect(&hotKeys, &PortalHotKeyCenter::deactivated, &stuckKeys, &StuckKeys::noteRelease);

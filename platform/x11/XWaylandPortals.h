@@ -19,15 +19,9 @@ namespace zamber::x11 {
 /// The adapters that take the place of X's in a session of Wayland whose compositor has nothing better to offer than
 /// the desktop's portals. Each of them is X's as well, and no more than that where there are no portals.
 struct XWaylandPortals {
-    /// What X has. All of it outlives the portals' adapters.
+    /// The parts of X outlive the adapters.
     struct Surroundings {
-        Connection& connection;
-        Keyboard& keyboard;
-        Windows& windows;
-        X11HotKeyCenter& hotKeysOfX;
-        X11Workspace& workspace;
-        freedesktop::selection::SelectionPasteboard& pasteboard;
-        Scheduler& scheduler;
+        XWaylandKeystrokePoster::PartsOfX partsOfX;
         freedesktop::portal::PortalHotKeyCenter::IsWanted isWanted;
         freedesktop::portal::PortalHotKeyCenter::CloseMenus closeMenus;
     };

@@ -49,7 +49,7 @@ QString component() {
 
 /// What a hot key does, as Plasma knows it.
 struct Action {
-    PhysicalKey key;
+    PhysicalKey key = PhysicalKey::V;
     QLatin1StringView name;  // what the user has chosen for it is kept under it
     QLatin1StringView title; // what the user reads in Plasma's settings
 };

@@ -18,7 +18,7 @@ namespace zamber::wayland {
 namespace {
 
 struct Place {
-    PhysicalKey key;
+    PhysicalKey key = PhysicalKey::V;
     std::array<QByteArray, 2> names; // without and with Shift, in lower case
 
     QByteArray code() const { return QByteArray::number(freedesktop::positionOf(key).code); }

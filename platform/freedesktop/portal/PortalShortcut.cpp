@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 struct Names {
-    PhysicalKey key;
+    PhysicalKey key = PhysicalKey::V;
     QLatin1StringView name;
     QLatin1StringView description;
     QLatin1StringView keyName; // as freedesktop.org's shortcuts are written

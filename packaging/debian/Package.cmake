@@ -17,10 +17,12 @@ and puts an earlier one back into the application that was in use, by keys
 alone. It searches as one types, keeps what is pinned, and leaves out what a
 password manager marks as secret.
 
-It runs on desktops with an X server, and on Wayland, beside XWayland or, on some, without it.")
+It runs on desktops with an X server, and on Wayland, beside XWayland or, on
+some desktops, without it.")
 
 # The libraries are found by the tool that knows them; what is loaded at run time it does not see. The sound, the
-# session's bus, the certificates, the default handlers, the letters and windows of Wayland are missed where they are missing, no more.
+# session's bus, the certificates, the default handlers, the letters and windows of Wayland are missed where they are
+# missing, no more.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-image-formats-plugins")
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS ca-certificates "default-dbus-session-bus | dbus-session-bus" fonts-inter

@@ -8,8 +8,8 @@ import sys
 import unittest
 
 from harness import (
-    CONTROL, KEY_CODES, LOCK, NUM, Editor, Mousepad, PrivateDesktop, SelectionOwner, Terminal, WaitTimeout, pixels,
-    png_bytes, wait_until,
+    CONTROL, KEY_CODES, LOCK, NUM, Editor, KWinDesktop, Mousepad, PrivateDesktop, SelectionOwner, Terminal,
+    WaitTimeout, pixels, png_bytes, wait_until,
 )
 from harness.processes import pids_with_environment
 from harness_case import HarnessCase
@@ -126,6 +126,14 @@ class DesktopsTest(unittest.TestCase):
         self.assertEqual(pids_with_environment("XDG_RUNTIME_DIR", runtime), [])
         self.assertFalse(folder.exists())
         self.assertFalse(socket_path.exists())
+
+    def test_a_compositor_that_looks_for_a_number_leaves_the_servers_socket(self):
+        with PrivateDesktop(accessibility=False) as desktop:
+            socket_path = pathlib.Path(f"/tmp/.X11-unix/X{desktop.display_name[1:]}")
+            before = socket_path.stat().st_ino
+            with KWinDesktop(accessibility=False):
+                self.assertEqual(socket_path.stat().st_ino, before)
+            self.assertEqual(socket_path.stat().st_ino, before)
 
     def test_two_desktops_do_not_see_each_other(self):
         with PrivateDesktop() as one, PrivateDesktop() as other:

@@ -2,8 +2,10 @@
 # SPDX-License-Identifier: MIT
 """A whole desktop for one test: X server, buses, window manager, tray, folders."""
 
+import contextlib
 import os
 import pathlib
+import random
 import select
 
 from Xlib import Xatom, error
@@ -22,6 +24,7 @@ from .x_connection import connect
 WINDOW_MANAGERS = ("openbox", "xfwm4", "i3", "none")
 TRAYS = ("tint2", "none")
 COMPOSITORS = ("none", "picom")
+DISPLAY_NUMBERS = range(100, 10_000)  # beyond those that compositors try for their XWayland
 
 
 class PrivateDesktop(PrivateSession):
@@ -75,28 +78,35 @@ class PrivateDesktop(PrivateSession):
     def _closers(self):
         connection, self.display = self.display, None
         return [*(recorder.stop for recorder in self._recorders), *super()._closers(),
-                *([connection.close] if connection else []), self._unlock_display]
+                *([connection.close] if connection else [])]
+
+    def close(self):
+        try:
+            super().close()
+        finally:
+            self._release_display_number()  # once the server has removed its socket
 
     def _start_server(self):
         cookie = write_authority(self._authority)
+        number = self._reserve_display_number()
         reader, writer = os.pipe()
         try:
             width, height = self._size
             # Ended by SIGTERM even when this process is killed: only so it removes its socket and lock file.
             self.server = self.start(
                 "Xvfb",
-                ["Xvfb", "-displayfd", writer, "-screen", "0", f"{width}x{height}x24", "-auth", self._authority,
-                 "-nolisten", "tcp", "-noreset", "-dpi", "96", *([] if self._with_xtest else ["-extension", "XTEST"])],
+                ["Xvfb", f":{number}", "-displayfd", writer, "-screen", "0", f"{width}x{height}x24",
+                 "-auth", self._authority, "-nolisten", "tcp", "-noreset", "-dpi", "96",
+                 *([] if self._with_xtest else ["-extension", "XTEST"])],
                 pass_fds=(writer,), death_signal="TERM",
             )
             os.close(writer)
             writer = None
-            number = self._read_display_number(reader)
+            self._wait_for_server(reader)
         finally:
             os.close(reader)
             if writer is not None:
                 os.close(writer)
-        self._lock_display(number)
         self.display_name = f":{number}"
         self.environment["DISPLAY"] = self.display_name
         add_display(self._authority, cookie, number)
@@ -109,20 +119,23 @@ class PrivateDesktop(PrivateSession):
         self.clipboard = Clipboard(self)
         self.primary = Clipboard(self, "primary")
 
-    def _lock_display(self, number):
-        """Xvfb takes no lock when it chooses its number itself; without one a compositor's XWayland takes the number too."""
-        self._display_lock = pathlib.Path(f"/tmp/.X{number}-lock")
-        try:
-            with open(self._display_lock, "x", encoding="ascii") as lock:
-                lock.write(f"{self.server.pid:10}\n")
-        except FileExistsError:
-            self._display_lock = None  # somebody else's, which says as much
+    def _reserve_display_number(self):
+        """Takes the lock file of a free number, as an X server does that is told its number. One that chooses by itself
+        takes none: then the socket of a new server is removed by an old one of that number, which is just ending."""
+        while self._display_lock is None:
+            number = random.choice(DISPLAY_NUMBERS)
+            lock = pathlib.Path(f"/tmp/.X{number}-lock")
+            with contextlib.suppress(FileExistsError), open(lock, "x", encoding="ascii") as stream:
+                stream.write(f"{os.getpid():10}\n")
+                self._display_lock = lock
+        return number
 
-    def _unlock_display(self):
+    def _release_display_number(self):
         if self._display_lock:
             self._display_lock.unlink(missing_ok=True)
+            self._display_lock = None
 
-    def _read_display_number(self, reader):
+    def _wait_for_server(self, reader):
         answer = b""
         while not answer.endswith(b"\n"):
             ready, _, _ = select.select([reader], [], [], START_SECONDS)
@@ -130,7 +143,6 @@ class PrivateDesktop(PrivateSession):
             if not chunk:
                 raise RuntimeError(f"the X server does not start: {self.server.stderr()}")
             answer += chunk
-        return int(answer)
 
     def connect(self):
         """Another connection to the X server."""

@@ -73,15 +73,22 @@ Context createContext(const char* driver) {
 /// Lives until the last sound has been handed over, on whichever thread that happens.
 class CanberraSound::Player final {
 public:
-    /// Claims the player for one sound; false while it is busy with another.
-    bool begin() { return !m_isBusy.exchange(true); }
+    /// Claims the player for one sound; false while it is busy with another. The sample is read on this thread: Qt's
+    /// resources are gone when the program ends, which the thread that plays may see.
+    bool begin(const QString& name) {
+        if (m_isBusy.exchange(true)) {
+            return false;
+        }
+        m_file = sampleFile(name);
+        m_name = name.toUtf8();
+        return true;
+    }
 
-    void play(const QString& name) {
-        const QByteArray file = sampleFile(name);
-        if (!file.isEmpty() && !playFile(name.toUtf8(), file)) {
+    void play() {
+        if (!m_file.isEmpty() && !playFile()) {
             // After a sound server was restarted, only a new context reaches it.
             m_context.reset();
-            playFile(name.toUtf8(), file);
+            playFile();
         }
         m_isBusy = false;
     }
@@ -96,23 +103,25 @@ private:
         return m_sample ? m_sample->path() : QByteArray();
     }
 
-    bool playFile(const QByteArray& name, const QByteArray& file) {
+    bool playFile() {
         if (!m_context) {
             m_context = createContext("pulse");
         }
         if (!m_context && hasSoundCard()) {
             m_context = createContext("alsa");
         }
-        return m_context && ca_context_play(m_context.get(), 0, CA_PROP_MEDIA_FILENAME, file.constData(),
-                                            CA_PROP_EVENT_ID, name.constData(), CA_PROP_MEDIA_ROLE, "event",
+        return m_context && ca_context_play(m_context.get(), 0, CA_PROP_MEDIA_FILENAME, m_file.constData(),
+                                            CA_PROP_EVENT_ID, m_name.constData(), CA_PROP_MEDIA_ROLE, "event",
                                             CA_PROP_CANBERRA_CACHE_CONTROL, "permanent", nullptr) == CA_SUCCESS;
     }
 
     std::atomic<bool> m_isBusy = false;
-    // The members below belong to the thread that has claimed the player.
+    // The members below belong to the sound that has claimed the player.
     Context m_context;
     QString m_sampleName;
     std::unique_ptr<MemoryFile> m_sample;
+    QByteArray m_file; // the sample's path, empty when there is none
+    QByteArray m_name; // of the sound
 };
 
 CanberraSound::CanberraSound()
@@ -121,8 +130,8 @@ CanberraSound::CanberraSound()
 CanberraSound::~CanberraSound() = default;
 
 void CanberraSound::play(const QString& name) {
-    if (m_player->begin()) {
-        std::thread([player = m_player, name] { player->play(name); }).detach();
+    if (m_player->begin(name)) {
+        std::thread([player = m_player] { player->play(); }).detach();
     }
 }
 

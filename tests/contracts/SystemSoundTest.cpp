@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -49,10 +50,18 @@ public:
         close(m_socket);
         qunsetenv("PULSE_SERVER");
     }
+    /// Whether a program has connected; waits for one, with a bound.
+    bool isAsked() const {
+        pollfd connection{.fd = m_socket, .events = POLLIN, .revents = 0};
+        return poll(&connection, 1, LONGEST_MILLISECONDS) == 1;
+    }
+
     SilentServer(const SilentServer&) = delete;
     SilentServer& operator=(const SilentServer&) = delete;
 
 private:
+    static constexpr int LONGEST_MILLISECONDS = 20'000;
+
     QTemporaryDir m_folder;
     int m_socket;
 };
@@ -63,6 +72,7 @@ TEST(CanberraSound, AServerThatNeverAnswersKeepsNobodyWaiting) {
     const auto played = std::async(std::launch::async, [&adapter] { adapter.play(QStringLiteral("Tink")); });
     // A call that waits for the server waits for ever; the bound only turns that into a failure.
     EXPECT_EQ(played.wait_for(std::chrono::seconds(20)), std::future_status::ready);
+    EXPECT_TRUE(server.isAsked());
 }
 
 } // namespace

@@ -18,6 +18,7 @@ enum class SwayConnection::Kind : std::uint32_t {
     RunCommand = 0,
     GetWorkspaces = 1,
     Subscribe = 2,
+    GetTree = 4,
     GetConfiguration = 9
 };
 
@@ -40,6 +41,19 @@ QByteArray bytesOf(std::uint32_t number) {
     QByteArray bytes(sizeof number, Qt::Uninitialized);
     std::memcpy(bytes.data(), &number, sizeof number);
     return bytes;
+}
+
+/// Whether the part of sway's tree with the focus is this one or below it, and fills the screen by itself or as a part
+/// of a container that does. A workspace, which always fills its screen, does not count.
+bool hasFullScreenFocus(const QJsonObject& node, bool isInFullScreen = false) {
+    const bool isWindow = node[QStringLiteral("type")].toString().endsWith(QStringLiteral("con"));
+    const bool fills = isInFullScreen || (isWindow && node[QStringLiteral("fullscreen_mode")].toInt() > 0);
+    if (node[QStringLiteral("focused")].toBool()) {
+        return fills;
+    }
+    const auto isOrHas = [fills](const QJsonValue& child) { return hasFullScreenFocus(child.toObject(), fills); };
+    return std::ranges::any_of(node[QStringLiteral("nodes")].toArray(), isOrHas) ||
+           std::ranges::any_of(node[QStringLiteral("floating_nodes")].toArray(), isOrHas);
 }
 
 } // namespace
@@ -89,6 +103,11 @@ std::vector<SwayConnection::Workspace> SwayConnection::visibleWorkspaces() {
         }
     }
     return visible;
+}
+
+bool SwayConnection::isFullScreenFocused() {
+    const auto answer = ask(Kind::GetTree, {});
+    return answer && hasFullScreenFocus(QJsonDocument::fromJson(*answer).object());
 }
 
 std::optional<QByteArray> SwayConnection::ask(Kind kind, const QByteArray& payload) {

@@ -40,6 +40,9 @@ public:
     /// One for each screen; empty when sway does not answer.
     std::vector<Workspace> visibleWorkspaces();
 
+    /// Whether the window that has the focus fills its screen, or all screens. False when sway does not answer.
+    bool isFullScreenFocused();
+
 Q_SIGNALS:
     /// The keys of a binding with this command have been pressed.
     void bindingPressed(const QByteArray& command);

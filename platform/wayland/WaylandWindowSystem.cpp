@@ -7,7 +7,6 @@
 #include <QExposeEvent>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QTimer>
 #include <QWidget>
 
 #include <algorithm>
@@ -22,8 +21,8 @@ namespace {
 /// A window that has no title of its own is given this one, by which sway knows it.
 const QString UNTITLED = u"Zamber menu"_s;
 
-/// sway gives a new window the focus at once, but not over one in full screen, where it is not even seen.
-constexpr std::chrono::milliseconds TIME_FOR_FOCUS{60};
+/// After this long sway has mapped a window that was painted.
+constexpr std::chrono::milliseconds TIME_TO_BE_MAPPED{60};
 
 /// The window in the words of sway's criteria.
 QByteArray criteriaOf(const QWindow& window) {
@@ -55,8 +54,9 @@ QWindow* windowOf(WId id) {
 
 } // namespace
 
-WaylandWindowSystem::WaylandWindowSystem(SwayConnection* sway)
-    : m_sway(sway) {
+WaylandWindowSystem::WaylandWindowSystem(SwayConnection* sway, Scheduler& scheduler)
+    : m_sway(sway)
+    , m_scheduler(scheduler) {
     if (m_sway != nullptr) {
         connect(m_sway, &SwayConnection::reloaded, this, [this] { m_announced.clear(); });
     }
@@ -128,10 +128,18 @@ void WaylandWindowSystem::fulfil(Wish& wish) {
     m_sway->run(criteriaOf(*wish.window) + ' ' + moveTo(wish.rectangle.topLeft()));
 }
 
-void WaylandWindowSystem::insistOnFocus(const QWindow& window) {
-    const Wish* const wish = wishOf(&window);
-    if (wish != nullptr && window.isExposed() && !wish->hadFocus) {
-        m_sway->run(criteriaOf(window) + " focus");
+void WaylandWindowSystem::moveOnceMapped(const QWindow* window) {
+    Wish* const wish = wishOf(window);
+    if (wish != nullptr && window->isExposed()) {
+        m_qt.roundTrip();
+        fulfil(*wish);
+    }
+}
+
+void WaylandWindowSystem::takeFocusFromFullScreen(const QWindow* window) {
+    // Any other window that has the focus by now has it since the user wanted it so.
+    if (wishOf(window) != nullptr && window->isExposed() && m_sway->isFullScreenFocused()) {
+        m_sway->run(criteriaOf(*window) + " focus");
     }
 }
 
@@ -156,33 +164,22 @@ void WaylandWindowSystem::bringToFront(WId id) {
 bool WaylandWindowSystem::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Expose) {
         handleExposure(*static_cast<QWindow*>(watched));
-    } else if (event->type() == QEvent::FocusIn) {
-        if (Wish* const wish = wishOf(watched)) {
-            wish->hadFocus = true;
-        }
     }
     return false;
 }
 
 void WaylandWindowSystem::handleExposure(QWindow& window) {
     Wish* const wish = wishOf(&window);
-    if (wish == nullptr || !window.isExposed()) {
-        if (wish != nullptr) {
-            wish->isFulfilled = false;
-            wish->hadFocus = false;
-        }
+    if (wish == nullptr) {
         return;
     }
-    if (!wish->isFulfilled) {
-        // The window is there for the compositor when it has been painted, and when that has arrived.
-        QTimer::singleShot(0, &window, [this, &window] {
-            Wish* const still = wishOf(&window);
-            if (still != nullptr && window.isExposed()) {
-                m_qt.roundTrip();
-                fulfil(*still);
-            }
-        });
-        QTimer::singleShot(TIME_FOR_FOCUS, &window, [this, &window] { insistOnFocus(window); });
+    if (!window.isExposed()) {
+        wish->isFulfilled = false;
+    } else if (!wish->isFulfilled) {
+        // The window is there for the compositor when it has been painted, and when that has arrived. sway gives it the
+        // focus then, but not over a window in full screen, where the new one is not even seen.
+        m_scheduler.soon([this, later = QPointer(&window)] { moveOnceMapped(later); });
+        m_scheduler.after(TIME_TO_BE_MAPPED, [this, later = QPointer(&window)] { takeFocusFromFullScreen(later); });
     }
 }
 

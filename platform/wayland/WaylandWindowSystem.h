@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/Scheduler.h"
 #include "platform/freedesktop/popover/WindowSystem.h"
 #include "platform/wayland/QtDisplay.h"
 
@@ -22,7 +23,7 @@ class WaylandWindowSystem final : public freedesktop::popover::WindowSystem {
 
 public:
     /// What is not null outlives this object.
-    explicit WaylandWindowSystem(SwayConnection* sway);
+    WaylandWindowSystem(SwayConnection* sway, Scheduler& scheduler);
 
     bool isComposited() const override { return true; }
     QRect workArea(const QRect& monitor) const override { return monitor; }
@@ -49,17 +50,18 @@ private:
         QPointer<QWindow> window;
         QRect rectangle;
         bool isFulfilled = false; ///< since the window was shown
-        bool hadFocus = false;    ///< since then
     };
 
     Wish* wishOf(const QObject* window);
     void announce(const Wish& wish);
     void fulfil(Wish& wish);
     void handleExposure(QWindow& window);
-    void insistOnFocus(const QWindow& window);
+    void moveOnceMapped(const QWindow* window);
+    void takeFocusFromFullScreen(const QWindow* window);
 
     QtDisplay m_qt;
     SwayConnection* m_sway;
+    Scheduler& m_scheduler;
     std::vector<Wish> m_wishes;
     QSet<QByteArray> m_announced; ///< the rules that sway has
 };

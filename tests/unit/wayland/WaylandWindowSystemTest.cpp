@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/wayland/WaylandWindowSystem.h"
+
+#include "SwayStandIn.h"
+
+#include "platform/wayland/SwayConnection.h"
+#include "tests/fakes/FakeScheduler.h"
+
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace zamber::wayland {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+struct Case {
+    const char* name;
+    const char* tree;
+    bool isFocusTaken;
+};
+
+} // namespace
+
+class WaylandFocusTest : public testing::TestWithParam<Case> {
+protected:
+    SwayStandIn m_sway{GetParam().tree};
+    FakeScheduler m_scheduler;
+    std::unique_ptr<SwayConnection> m_connection = SwayConnection::open();
+    WaylandWindowSystem m_windows{m_connection.get(), m_scheduler};
+};
+
+TEST_P(WaylandFocusTest, IsTakenFromAWindowInFullScreenAlone) {
+    ASSERT_NE(m_connection, nullptr);
+    QWidget popover(nullptr, Qt::ToolTip); // gets no focus by itself, like a window behind one in full screen
+    popover.setWindowTitle(QStringLiteral("Zamber"));
+    m_windows.place(popover.winId(), {10, 20, 300, 200});
+    popover.show();
+    QCoreApplication::processEvents();
+    m_scheduler.advance(59ms);
+    const std::vector<QByteArray> commands = m_sway.takeCommands();
+    EXPECT_FALSE(commands.empty());
+    EXPECT_TRUE(
+        std::ranges::all_of(commands, [](const QByteArray& command) { return command.contains("move absolute"); }));
+    m_scheduler.advance(1ms);
+    EXPECT_EQ(m_sway.takeCommands().size(), GetParam().isFocusTaken ? 1U : 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , WaylandFocusTest,
+    testing::Values(Case{"AnotherWindow",
+                         R"({"type":"root","nodes":[{"type":"workspace","fullscreen_mode":1,
+                 "nodes":[{"type":"con","focused":true,"fullscreen_mode":0}]}]})",
+                         false},
+                    Case{"TheEmptyDesktop",
+                         R"({"type":"root","nodes":[{"type":"workspace","fullscreen_mode":1,"focused":true}]})", false},
+                    Case{"AWindowBesideOneInFullScreen",
+                         R"({"type":"root","nodes":[
+                 {"type":"workspace","fullscreen_mode":1,"nodes":[{"type":"con","fullscreen_mode":1}]},
+                 {"type":"workspace","fullscreen_mode":1,"nodes":[{"type":"con","focused":true}]}]})",
+                         false},
+                    Case{"AWindowInFullScreen",
+                         R"({"type":"root","nodes":[{"type":"workspace","fullscreen_mode":1,
+                 "nodes":[{"type":"con","focused":true,"fullscreen_mode":1}]}]})",
+                         true},
+                    Case{"AWindowOverAllScreens",
+                         R"({"type":"root","nodes":[{"type":"workspace","fullscreen_mode":1,
+                 "nodes":[{"type":"con","focused":true,"fullscreen_mode":2}]}]})",
+                         true},
+                    Case{"AFloatingWindowInFullScreen",
+                         R"({"type":"root","nodes":[{"type":"workspace","fullscreen_mode":1,
+                 "floating_nodes":[{"type":"floating_con","focused":true,"fullscreen_mode":1}]}]})",
+                         true},
+                    Case{"AWindowInAContainerInFullScreen",
+                         R"({"type":"root","nodes":[{"type":"workspace","fullscreen_mode":1,"nodes":[
+                 {"type":"con","fullscreen_mode":1,"nodes":[{"type":"con","focused":true}]}]}]})",
+                         true},
+                    Case{"NothingThatCanBeRead", "", false}),
+    [](const testing::TestParamInfo<Case>& row) { return row.param.name; });
+
+} // namespace zamber::wayland

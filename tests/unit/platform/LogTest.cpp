@@ -129,7 +129,7 @@ TEST(Log, BytesThatAreNoTextStayOneLine) {
 TEST(Log, ALineUpToTheBoundIsWholeAndALongerOneIsCut) {
     const std::string whole(LONGEST_LOG_LINE - 1, 'x');
     EXPECT_EQ(logged(whole), whole + "\n");
-    EXPECT_EQ(logged(whole + "x"), std::string(LONGEST_LOG_LINE - 4, 'x') + "…\n");
+    EXPECT_EQ(logged(whole + "x"), std::string(LONGEST_LOG_LINE - 4, 'x').append("…\n"));
     EXPECT_EQ(logged(std::string(1'000'000, 'x')).size(), LONGEST_LOG_LINE);
 }
 

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace zamber::wayland {
 
@@ -58,7 +59,10 @@ WaylandWindowSystem::WaylandWindowSystem(SwayConnection* sway, Scheduler& schedu
     : m_sway(sway)
     , m_scheduler(scheduler) {
     if (m_sway != nullptr) {
-        connect(m_sway, &SwayConnection::reloaded, this, [this] { m_announced.clear(); });
+        connect(m_sway, &SwayConnection::reloaded, this, [this] {
+            m_announced.clear();
+            m_lastAnnounced.clear();
+        });
     }
 }
 
@@ -114,18 +118,24 @@ WaylandWindowSystem::Wish* WaylandWindowSystem::wishOf(const QObject* window) {
     return found != m_wishes.end() ? &*found : nullptr;
 }
 
-void WaylandWindowSystem::announce(const Wish& wish) {
+void WaylandWindowSystem::announce(Wish& wish) {
     // The rule has the window come up where it belongs. Without it, it is seen in the middle for the time of a frame.
-    const QByteArray rule = "for_window " + criteriaOf(*wish.window) + " \"" + moveTo(wish.rectangle.topLeft()) + '"';
+    // sway keeps each rule for good, and of several the one that it was told last counts.
+    const QByteArray window = criteriaOf(*wish.window);
+    const QByteArray rule = "for_window " + window + " \"" + moveTo(wish.rectangle.topLeft()) + '"';
     if (!m_announced.contains(rule)) {
         m_announced.insert(rule);
+        m_lastAnnounced.insert(window, rule);
         m_sway->run(rule);
     }
+    wish.isMappedElsewhere = m_lastAnnounced.value(window) != rule;
 }
 
 void WaylandWindowSystem::fulfil(Wish& wish) {
     wish.isFulfilled = true;
-    m_sway->run(criteriaOf(*wish.window) + ' ' + moveTo(wish.rectangle.topLeft()));
+    // sway gives a new window the focus only where the user is.
+    m_sway->run(criteriaOf(*wish.window) + ' ' + moveTo(wish.rectangle.topLeft()) +
+                (std::exchange(wish.isMappedElsewhere, false) ? ", focus" : ""));
 }
 
 void WaylandWindowSystem::moveOnceMapped(const QWindow* window) {

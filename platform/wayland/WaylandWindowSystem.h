@@ -6,6 +6,7 @@
 #include "platform/freedesktop/popover/WindowSystem.h"
 #include "platform/wayland/QtDisplay.h"
 
+#include <QHash>
 #include <QPointer>
 #include <QSet>
 #include <QWindow>
@@ -49,11 +50,12 @@ private:
     struct Wish {
         QPointer<QWindow> window;
         QRect rectangle;
-        bool isFulfilled = false; ///< since the window was shown
+        bool isFulfilled = false;       ///< since the window was shown
+        bool isMappedElsewhere = false; ///< by an older rule of sway's, maybe on a screen without the focus
     };
 
     Wish* wishOf(const QObject* window);
-    void announce(const Wish& wish);
+    void announce(Wish& wish);
     void fulfil(Wish& wish);
     void handleExposure(QWindow& window);
     void moveOnceMapped(const QWindow* window);
@@ -63,7 +65,8 @@ private:
     SwayConnection* m_sway;
     Scheduler& m_scheduler;
     std::vector<Wish> m_wishes;
-    QSet<QByteArray> m_announced; ///< the rules that sway has
+    QSet<QByteArray> m_announced;                  ///< the rules that sway has
+    QHash<QByteArray, QByteArray> m_lastAnnounced; ///< of a window's rules; the one that tells where it is mapped
 };
 
 } // namespace zamber::wayland

@@ -280,7 +280,7 @@ class SwayTrayMenuTest(SwayWindowTestCase):
         self.assertTrue(1000 < menu.x and menu.x + menu.width <= 1280 + SHADOW_LEFT and menu.y < 60, menu)
         self.keyboard.tap("Down", "Return")
         wait_until(lambda: self.desktop.window("Zamber Settings"), what="the settings")
-        self.assertIsNone(self.zamber.menu())
+        wait_until(lambda: self.zamber.menu() is None, what="the menu to be gone")
 
     def test_escape_closes_it_and_so_does_a_press_elsewhere(self):
         for count in range(3):

@@ -170,7 +170,8 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
 
     /// Null where the windows are XWayland's.
     std::unique_ptr<WaylandWindowSystem> ownWindows =
-        areWindowsOwn() ? std::make_unique<WaylandWindowSystem>(sway.get(), scheduler) : nullptr;
+        areWindowsOwn() ? std::make_unique<WaylandWindowSystem>(sway.get(), session.toplevels.get(), scheduler)
+                        : nullptr;
     NoPointerButtons noPresses;
     freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
     freedesktop::TextFieldPaste textFieldPaste{pasteboard};

@@ -3,6 +3,7 @@
 #include "platform/wayland/WaylandWindowSystem.h"
 
 #include "platform/wayland/SwayConnection.h"
+#include "platform/wayland/Toplevels.h"
 
 #include <QExposeEvent>
 #include <QGuiApplication>
@@ -55,14 +56,40 @@ QWindow* windowOf(WId id) {
 
 } // namespace
 
-WaylandWindowSystem::WaylandWindowSystem(SwayConnection* sway, Scheduler& scheduler)
+WaylandWindowSystem::WaylandWindowSystem(SwayConnection* sway, Toplevels* toplevels, Scheduler& scheduler)
     : m_sway(sway)
+    , m_toplevels(toplevels)
     , m_scheduler(scheduler) {
+    if (m_toplevels != nullptr) {
+        connect(m_toplevels, &Toplevels::activeChanged, this, &WaylandWindowSystem::followFocus);
+    }
     if (m_sway != nullptr) {
         connect(m_sway, &SwayConnection::reloaded, this, [this] {
             m_announced.clear();
             m_lastAnnounced.clear();
         });
+    }
+}
+
+void WaylandWindowSystem::followFocus() {
+    const auto active = m_toplevels->active();
+    if (active && active->applicationId == QGuiApplication::desktopFileName()) {
+        m_focused = active->handle;
+    } else if (m_focused) {
+        // In the next turn of the loop it is known whether the window has been closed, which is no loss.
+        m_scheduler.soon([later = QPointer(this)] {
+            if (later) {
+                later->reportLostFocus();
+            }
+        });
+    }
+}
+
+void WaylandWindowSystem::reportLostFocus() {
+    const auto active = m_toplevels->active();
+    const bool isOursAgain = active && active->handle == m_focused;
+    if (m_focused && !isOursAgain && m_toplevels->isOpen(*std::exchange(m_focused, std::nullopt))) {
+        emit focusLost();
     }
 }
 

@@ -11,11 +11,14 @@
 #include <QSet>
 #include <QWindow>
 
+#include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace zamber::wayland {
 
 class SwayConnection;
+class Toplevels;
 
 /// The compositor, as windows of Wayland need it. Wayland lets no program choose the place of its windows; sway moves
 /// them by commands over its control socket.
@@ -24,7 +27,7 @@ class WaylandWindowSystem final : public freedesktop::popover::WindowSystem {
 
 public:
     /// What is not null outlives this object.
-    WaylandWindowSystem(SwayConnection* sway, Scheduler& scheduler);
+    WaylandWindowSystem(SwayConnection* sway, Toplevels* toplevels, Scheduler& scheduler);
 
     bool isComposited() const override { return true; }
     QRect workArea(const QRect& monitor) const override { return monitor; }
@@ -54,6 +57,8 @@ private:
         bool isMappedElsewhere = false; ///< by an older rule of sway's, maybe on a screen without the focus
     };
 
+    void followFocus();
+    void reportLostFocus();
     Wish* wishOf(const QObject* window);
     void announce(Wish& wish);
     void fulfil(Wish& wish);
@@ -63,7 +68,9 @@ private:
 
     QtDisplay m_qt;
     SwayConnection* m_sway;
+    Toplevels* m_toplevels;
     Scheduler& m_scheduler;
+    std::optional<std::uint64_t> m_focused; ///< the window of this program that is, or was, in front
     std::vector<Wish> m_wishes;
     QSet<QByteArray> m_announced;                  ///< the rules that sway has
     QHash<QByteArray, QByteArray> m_lastAnnounced; ///< of a window's rules; the one that tells where it is mapped

@@ -184,6 +184,15 @@ TEST_F(PopoverWindowTest, ItAsksForTheFocusAtEachShowing) {
     EXPECT_EQ(rig.windowSystem.presented.size(), 2);
 }
 
+TEST_F(PopoverWindowTest, AFocusThatIsReportedLostButIsThereLeavesItOpen) {
+    show();
+    QCoreApplication::processEvents();
+    ASSERT_NE(QApplication::activeWindow(), nullptr);
+    rig.windowSystem.loseFocus();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(popover.isShown());
+}
+
 TEST_F(PopoverWindowTest, TheVisibleFrameIsPlacedNotItsShadow) {
     const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
     const QRect placed =

@@ -24,6 +24,8 @@ public:
         Q_EMIT compositedChanged();
     }
 
+    void loseFocus() { Q_EMIT focusLost(); }
+
     bool composited = true;
     bool hasFocus = false;
     QList<QMargins> shadows; ///< as they were told, the newest last

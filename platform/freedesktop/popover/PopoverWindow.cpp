@@ -67,8 +67,9 @@ PopoverWindow::PopoverWindow(const Appearance& appearance, WindowSystem& windowS
     m_frame.winId(); // creates the window now, so that the first opening does not wait for it
     connect(&m_frame, &PopoverFrame::hidden, this, &PopoverWindow::closed);
     // The window that becomes active instead is known only after this turn of the main loop.
-    connect(&m_frame, &PopoverFrame::deactivated, this,
-            [this] { QTimer::singleShot(0, this, &PopoverWindow::closeUnlessOursIsActive); });
+    const auto closeSoon = [this] { QTimer::singleShot(0, this, &PopoverWindow::closeUnlessOursIsActive); };
+    connect(&m_frame, &PopoverFrame::deactivated, this, closeSoon);
+    connect(&windowSystem, &WindowSystem::focusLost, this, closeSoon);
     // A compositor that ends while the popover is open would leave the shadow's room black.
     connect(&windowSystem, &WindowSystem::compositedChanged, this, [this] {
         if (isShown()) {

@@ -60,6 +60,10 @@ public:
 
 Q_SIGNALS:
     void compositedChanged();
+
+    /// A window of this program had the focus, is still open, and has it no longer. Qt reports neither where the focus
+    /// came and went before Qt looked.
+    void focusLost();
 };
 
 } // namespace zamber::freedesktop::popover

@@ -48,6 +48,11 @@ TrayIcon::TrayIcon(TrayClicks& clicks, EmbeddedIcon* embeddedIcon, popover::Wind
     m_toolTipDelay.setSingleShot(true);
     m_toolTipDelay.setInterval(QApplication::style()->styleHint(QStyle::SH_ToolTip_WakeUpDelay));
     m_toolTipDelay.callOnTimeout(this, [this] { QToolTip::showText(QCursor::pos(), m_description); });
+    connect(&m_windowSystem, &popover::WindowSystem::focusLost, this, [this] {
+        if (QApplication::activeWindow() == nullptr) {
+            m_menu.hide();
+        }
+    });
     connect(&m_hosts, &NotifierHosts::appeared, this, &TrayIcon::useNotifierHost);
     connect(&m_hosts, &NotifierHosts::disappeared, this, &TrayIcon::useTray);
 }

@@ -151,6 +151,10 @@ class SwayDesktop(PrivateSession):
         self.tell(f"[con_id={window.id}] focus")
         self.wait_until_active(window)
 
+    def fill_screen(self, window):
+        """Has the window fill the screen, over panels, as its program would."""
+        self.tell(f"[con_id={window.id}] fullscreen enable")
+
     def screenshot(self, path):
         subprocess.run(["grim", str(path)], env=self.environment, check=True, timeout=START_SECONDS)
         return path

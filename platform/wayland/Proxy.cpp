@@ -5,6 +5,7 @@
 #include <ext-data-control-v1.h>
 #include <kde-fake-input.h>
 #include <kde-keystate.h>
+#include <kde-plasma-shell.h>
 #include <kde-plasma-window-management.h>
 #include <virtual-keyboard-unstable-v1.h>
 #include <wayland-client.h>
@@ -95,6 +96,14 @@ void Destroyer::operator()(org_kde_plasma_window_management* object) const {
 
 void Destroyer::operator()(org_kde_plasma_window* object) const {
     org_kde_plasma_window_destroy(object);
+}
+
+void Destroyer::operator()(org_kde_plasma_shell* object) const {
+    org_kde_plasma_shell_destroy(object);
+}
+
+void Destroyer::operator()(org_kde_plasma_surface* object) const {
+    org_kde_plasma_surface_destroy(object);
 }
 
 } // namespace zamber::wayland

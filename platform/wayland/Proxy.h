@@ -10,6 +10,8 @@ struct ext_data_control_offer_v1;
 struct ext_data_control_source_v1;
 struct org_kde_kwin_fake_input;
 struct org_kde_kwin_keystate;
+struct org_kde_plasma_shell;
+struct org_kde_plasma_surface;
 struct org_kde_plasma_window;
 struct org_kde_plasma_window_management;
 struct wl_display;
@@ -49,6 +51,8 @@ struct Destroyer {
     void operator()(org_kde_kwin_keystate* object) const;
     void operator()(org_kde_plasma_window_management* object) const;
     void operator()(org_kde_plasma_window* object) const;
+    void operator()(org_kde_plasma_shell* object) const;
+    void operator()(org_kde_plasma_surface* object) const;
 };
 
 /// Owns one object of the compositor's. To be destroyed before the connection that the object was made by.

@@ -4,9 +4,14 @@
 
 namespace zamber::wayland {
 
-/// Whether the compositor of the environment lets programs control the clipboard. May be asked before the application
-/// object is there.
-bool sessionHasDataControl();
+/// What is asked of the compositor of the environment before the application object is there.
+struct SessionCompositor {
+    bool hasDataControl = false;   ///< it lets programs control the clipboard
+    bool hasPlasmaWindows = false; ///< it places windows where this program asks, and tells which one is active
+};
+
+/// All is false where no compositor answers.
+SessionCompositor lookAtSessionCompositor();
 
 /// Whether Qt can draw its windows on Wayland by itself: its plug-in is a package of its own. May be asked before the
 /// application object is there.

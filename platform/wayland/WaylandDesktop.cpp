@@ -15,7 +15,9 @@
 #include "platform/wayland/KGlobalAccelHotKeyCenter.h"
 #include "platform/wayland/NoHotKeys.h"
 #include "platform/wayland/NoPointerButtons.h"
+#include "platform/wayland/OwnWindows.h"
 #include "platform/wayland/PlasmaLayout.h"
+#include "platform/wayland/PlasmaWindowSystem.h"
 #include "platform/wayland/SeatKeyboard.h"
 #include "platform/wayland/SessionCompositor.h"
 #include "platform/wayland/SwayConnection.h"
@@ -105,7 +107,7 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
 
     void bringToFront(WId window) {
         if (ownWindows) {
-            WaylandWindowSystem::bringToFront(window);
+            ownwindows::bringToFront(window);
         } else {
             xwayland->windows.activate(static_cast<xcb_window_t>(window));
         }
@@ -169,9 +171,7 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
                                                 : xwayland->trust;
 
     /// Null where the windows are XWayland's.
-    std::unique_ptr<WaylandWindowSystem> ownWindows =
-        areWindowsOwn() ? std::make_unique<WaylandWindowSystem>(sway.get(), session.toplevels.get(), scheduler)
-                        : nullptr;
+    std::unique_ptr<freedesktop::popover::WindowSystem> ownWindows = makeOwnWindows();
     NoPointerButtons noPresses;
     freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
     freedesktop::TextFieldPaste textFieldPaste{pasteboard};
@@ -189,6 +189,26 @@ private:
             return *plasmaHotKeys;
         }
         return xwayland ? static_cast<HotKeyCenter&>(xwayland->hotKeys) : noHotKeys;
+    }
+
+    std::unique_ptr<freedesktop::popover::WindowSystem> makeOwnWindows() {
+        if (!areWindowsOwn()) {
+            return nullptr;
+        }
+        if (sway) {
+            return std::make_unique<WaylandWindowSystem>(sway.get(), session.toplevels.get(), scheduler);
+        }
+        PlasmaWindowSystem::Desktop desktop{.freePart = {}, .isOursActive = [this] { return isOursActive(); }};
+        if (xwayland) {
+            desktop.freePart = [this] { return xwayland->windowSystem.freePartOfDesktop(); };
+        }
+        return std::make_unique<PlasmaWindowSystem>(std::move(desktop));
+    }
+
+    bool isOursActive() const {
+        session.input->roundTrip(); // it may be that Qt has been told of a change and this connection not yet
+        const auto active = session.toplevels ? session.toplevels->active() : std::nullopt;
+        return active && active->processId == QCoreApplication::applicationPid();
     }
 
     freedesktop::tray::PointerButtons& presses() {
@@ -217,9 +237,12 @@ private:
 };
 
 bool WaylandDesktop::prepareWindows() {
-    // Windows are placed by sway's control socket. Where nobody places them, XWayland's are the better ones.
-    if (qEnvironmentVariableIsEmpty("SWAYSOCK") || qgetenv("QT_QPA_PLATFORM").startsWith("xcb") ||
-        !qtHasWaylandWindows() || !sessionHasDataControl()) {
+    // sway's control socket and KWin place windows. Where nobody does, XWayland's are the better ones.
+    if (qgetenv("QT_QPA_PLATFORM").startsWith("xcb") || !qtHasWaylandWindows()) {
+        return false;
+    }
+    const SessionCompositor compositor = lookAtSessionCompositor();
+    if (!compositor.hasDataControl || (qEnvironmentVariableIsEmpty("SWAYSOCK") && !compositor.hasPlasmaWindows)) {
         return false;
     }
     freedesktop::session::TerminationSignals::remember();
@@ -245,7 +268,8 @@ WaylandDesktop::create(freedesktop::desktop::Claim claim, std::unique_ptr<Connec
     auto xwayland = x11::Connection::open();
     auto toplevels = Toplevels::create(**input);
     auto virtualKeyboard = VirtualKeyboard::create(**input);
-    if (!xwayland && (!toplevels || !virtualKeyboard || !areWindowsOwn())) {
+    const bool canType = virtualKeyboard || ((*input)->seat() != nullptr && FakeKeyboard::isOffered(**input));
+    if (!xwayland && (!toplevels || !canType || !areWindowsOwn())) {
         return std::unexpected(xwayland.error());
     }
     auto adapters = std::make_unique<Adapters>(

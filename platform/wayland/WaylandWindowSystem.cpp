@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/WaylandWindowSystem.h"
 
+#include "platform/wayland/OwnWindows.h"
 #include "platform/wayland/SwayConnection.h"
 #include "platform/wayland/Toplevels.h"
 
 #include <QExposeEvent>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QWidget>
 
 #include <algorithm>
 #include <chrono>
@@ -33,25 +33,6 @@ QByteArray criteriaOf(const QWindow& window) {
 
 QByteArray moveTo(QPoint place) {
     return "move absolute position " + QByteArray::number(place.x()) + " px " + QByteArray::number(place.y()) + " px";
-}
-
-/// Moves a hidden window to the screen that it will be shown on. Qt 6.4 keeps the scale that a window was made with,
-/// so that one for another scale is made anew; else it would be blurred.
-void moveToScreen(QWindow& window, QPoint place) {
-    QScreen* const screen = QGuiApplication::screenAt(place);
-    if (screen == nullptr) {
-        return;
-    }
-    window.setScreen(screen);
-    if (window.devicePixelRatio() != screen->devicePixelRatio()) {
-        window.destroy();
-        window.create();
-    }
-}
-
-QWindow* windowOf(WId id) {
-    const QWidget* const widget = QWidget::find(id);
-    return widget != nullptr ? widget->windowHandle() : nullptr;
 }
 
 } // namespace
@@ -113,7 +94,7 @@ const QScreen& WaylandWindowSystem::currentScreen() const {
 }
 
 void WaylandWindowSystem::place(WId id, const QRect& rectangle) {
-    QWindow* const window = windowOf(id);
+    QWindow* const window = ownwindows::find(id);
     if (m_sway == nullptr || window == nullptr) {
         return;
     }
@@ -135,7 +116,7 @@ void WaylandWindowSystem::place(WId id, const QRect& rectangle) {
         return;
     }
     if (!window->isVisible()) {
-        moveToScreen(*window, rectangle.center());
+        ownwindows::moveToScreen(*window, rectangle.center());
     }
     announce(wish);
 }
@@ -181,21 +162,7 @@ void WaylandWindowSystem::takeFocusFromFullScreen(const QWindow* window) {
 }
 
 void WaylandWindowSystem::useActivationToken(const QString& token) {
-    if (!token.isEmpty()) {
-        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8()); // where Qt looks for it when a window asks for the focus
-    }
-}
-
-void WaylandWindowSystem::bringToFront(WId id) {
-    QWidget* const widget = QWidget::find(id);
-    if (widget == nullptr || widget->windowHandle() == nullptr || widget->isActiveWindow()) {
-        return;
-    }
-    if (widget->windowHandle()->isExposed() && !widget->isModal()) { // a dialog would end by being hidden
-        widget->hide();
-        widget->show();
-    }
-    widget->activateWindow();
+    ownwindows::useActivationToken(token);
 }
 
 bool WaylandWindowSystem::eventFilter(QObject* watched, QEvent* event) {

@@ -42,10 +42,6 @@ public:
     void useActivationToken(const QString& token) override;
     void settleHidden() override { m_qt.roundTrip(); }
 
-    /// Brings a window of ours to the front, with the keyboard, on the workspace that the user is on. One that is open
-    /// is hidden and shown, since a compositor raises no window at its program's wish.
-    static void bringToFront(WId id);
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -64,7 +64,8 @@ QRect withoutStrips(const QRect& monitor, QSize desktop, const std::vector<Reser
 Panels::Panels(const Connection& connection)
     : m_connection(connection)
     , m_clientList(connection.intern("_NET_CLIENT_LIST"))
-    , m_strut(connection.intern("_NET_WM_STRUT_PARTIAL")) {}
+    , m_strut(connection.intern("_NET_WM_STRUT_PARTIAL"))
+    , m_workArea(connection.intern("_NET_WORKAREA")) {}
 
 QRect Panels::workArea(const QRect& monitor) const {
     xcb_connection_t* raw = m_connection.raw();
@@ -72,6 +73,21 @@ QRect Panels::workArea(const QRect& monitor) const {
     const std::vector<ReservedStrip> reserved = strips();
     const Owned<xcb_get_geometry_reply_t> desktop(xcb_get_geometry_reply(raw, cookie, nullptr));
     return desktop ? withoutStrips(monitor, {desktop->width, desktop->height}, reserved) : monitor;
+}
+
+QRectF Panels::freePart() const {
+    // Four numbers for each virtual desktop, which have their panels in common.
+    const std::vector<std::uint32_t> numbers =
+        numbersOf(m_connection.readProperty(m_connection.root(), m_workArea, Connection::Afterwards::Keep));
+    xcb_connection_t* raw = m_connection.raw();
+    const Owned<xcb_get_geometry_reply_t> desktop(
+        xcb_get_geometry_reply(raw, xcb_get_geometry(raw, m_connection.root()), nullptr));
+    if (numbers.size() < 4 || !desktop || desktop->width == 0 || desktop->height == 0) {
+        return {0, 0, 1, 1};
+    }
+    const QSizeF whole(desktop->width, desktop->height);
+    return {numbers[0] / whole.width(), numbers[1] / whole.height(), numbers[2] / whole.width(),
+            numbers[3] / whole.height()};
 }
 
 std::vector<ReservedStrip> Panels::strips() const {

@@ -5,6 +5,7 @@
 #include "platform/x11/Connection.h"
 
 #include <QRect>
+#include <QRectF>
 #include <QSize>
 
 #include <vector>
@@ -33,12 +34,17 @@ public:
     /// The part of a monitor that panels leave free, in pixels. Two round trips, however many windows there are.
     QRect workArea(const QRect& monitor) const;
 
+    /// The part of the whole desktop that is free by the word of the window manager, which knows panels that are no
+    /// windows of X as well. The desktop's width and height are 1; all of it where the window manager says nothing.
+    QRectF freePart() const;
+
 private:
     std::vector<ReservedStrip> strips() const;
 
     const Connection& m_connection;
     xcb_atom_t m_clientList;
     xcb_atom_t m_strut;
+    xcb_atom_t m_workArea;
 };
 
 } // namespace zamber::x11

@@ -22,6 +22,9 @@ public:
     void presentPopover(WId window) override;
     bool hasKeyboardFocus() const override;
 
+    /// As `Panels::freePart` has it.
+    QRectF freePartOfDesktop() const { return m_panels.freePart(); }
+
 private:
     void watchCompositor();
 

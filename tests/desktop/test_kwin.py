@@ -95,12 +95,13 @@ class KWinMenuTest(KWinTestCase):
 
     def setUp(self):
         super().setUp()
-        self.zamber.open_popover()
+        popover = self.zamber.open_popover()
         row = wait_until(lambda: self.zamber.tree().all(role="list item"), what="the rows")[1]
-        x, y = row.centre
-        before = mean_color(self.desktop, x, y, 60, 60)
+        x, y = popover.x + row.centre[0], popover.y + row.centre[1]
+        part = (x - 60, y, 120, 60)  # KWin opens the menu to the left where there is no room at the right
+        before = mean_color(self.desktop, *part)
         self.desktop.mouse.click(x, y, 3)
-        wait_until(lambda: abs(sum(mean_color(self.desktop, x, y, 60, 60)) - sum(before)) > 9, what="the menu")
+        wait_until(lambda: abs(sum(mean_color(self.desktop, *part)) - sum(before)) > 9, what="the menu")
 
     def test_the_main_hot_key_closes_it_and_keeps_the_history_open(self):
         self.zamber.press_hot_key()

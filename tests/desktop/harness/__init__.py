@@ -23,7 +23,7 @@ from .desktop import PrivateDesktop
 from .keyboard import ALT, CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER
 from .kwin import KWinDesktop
 from .notifier import NotifierHost
-from .partners import Browser, Editor, Foot, Gvim, LineEdit, Mousepad, Partner, SessionManager, Terminal
+from .partners import Browser, DesktopPart, Editor, Foot, Gvim, LineEdit, Mousepad, Partner, SessionManager, Terminal
 from .portal import DesktopPortal, GtkPortal, SettingsPortal, XSettings
 from .processes import Child
 from .recorder import KeyEvent, Recorder
@@ -34,8 +34,8 @@ from .windows import Window
 from .zamber import Zamber, default_binary
 
 __all__ = [
-    "ALT", "Begun", "Browser", "CONTROL", "Child", "Clipboard", "DesktopPortal", "Editor", "Foot", "GtkPortal",
-    "Gvim", "KEY_CODES", "KWinDesktop", "KeyEvent", "LOCK", "LineEdit", "Mousepad", "NUM", "NotifierHost",
+    "ALT", "Begun", "Browser", "CONTROL", "Child", "Clipboard", "DesktopPart", "DesktopPortal", "Editor", "Foot",
+    "GtkPortal", "Gvim", "KEY_CODES", "KWinDesktop", "KeyEvent", "LOCK", "LineEdit", "Mousepad", "NUM", "NotifierHost",
     "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT", "SUPER", "SelectionOwner", "SessionManager",
     "SettingsPortal", "SwayDesktop", "Terminal", "WaitTimeout", "WaylandOwner", "Window", "XSettings", "Zamber",
     "convert", "default_binary", "holds_for", "mean_color", "pixels", "png_bytes", "wait_until",

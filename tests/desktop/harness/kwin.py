@@ -44,11 +44,12 @@ class KWinDesktop(PrivateDesktop):
     server around KWin; programs get the display of the XWayland inside.
 
     KWin lets only those programs see windows and type whose desktop entry asks for it. The programs in `installed` get
-    the entry that installing writes; the tests' own Python may see the windows."""
+    the entry that installing writes; the tests' own Python may see the windows. `size` is in pixels; places of windows
+    are in points, of which one is `scale` pixels."""
 
-    def __init__(self, *, size=(1280, 800), accessibility=True, layout="us", installed=()):
+    def __init__(self, *, size=(1280, 800), accessibility=True, layout="us", installed=(), xwayland=True, scale=1):
         super().__init__(window_manager="none", size=size, accessibility=accessibility)
-        self._layouts = layout
+        self._layouts, self._with_xwayland, self._scale = layout, xwayland, scale
         self._installed = installed
         self._plasma_windows = None
 
@@ -95,7 +96,7 @@ class KWinDesktop(PrivateDesktop):
             self._plasma_windows = None
         told, script = self.directory / "kwin-told", self.directory / "kwin-tells"
         told.unlink(missing_ok=True)
-        script.write_text(f'#!/bin/sh\nprintf "%s\\n" "$WAYLAND_DISPLAY" "$DISPLAY" "$XAUTHORITY" "" >{told}\n')
+        script.write_text(f'#!/bin/sh\nprintf "%s\\n" "$WAYLAND_DISPLAY" "$DISPLAY" "$XAUTHORITY" "." >{told}\n')
         script.chmod(0o755)
         # The installed file has a capability, which some containers refuse, and which ends the death signal.
         program = self.directory / "kwin_wayland"
@@ -105,19 +106,24 @@ class KWinDesktop(PrivateDesktop):
         environment = dict(self.environment, KWIN_COMPOSE="Q", DISPLAY=self.display_name,
                            XAUTHORITY=self._outside["XAUTHORITY"])
         environment.pop("WAYLAND_DISPLAY", None)
-        width, height = self._size
+        width, height = (round(pixels / self._scale) for pixels in self._size)
         process = self.compositor_process = self.start(
             "kwin", [program, "--x11-display", self.display_name, "--width", width, "--height", height,
-                     "--no-lockscreen", "--xwayland", "--socket", "wayland-kwin", script],
+                     "--scale", self._scale, "--no-lockscreen", *(["--xwayland"] if self._with_xwayland else []),
+                     "--socket", "wayland-kwin", script],
             environment=environment, death_signal="TERM")
 
         def answers():
             if not process.is_running():
                 raise RuntimeError(f"kwin has ended: {process.stderr()}")
-            return told.read_text().splitlines() if told.exists() and told.read_text().endswith("\n\n") else None
+            return told.read_text().splitlines() if told.exists() and told.read_text().endswith("\n.\n") else None
 
         wayland, display, authority = wait_until(answers, START_SECONDS, lambda: f"kwin: {process.stderr()}")[:3]
-        self.environment.update(WAYLAND_DISPLAY=wayland, DISPLAY=display)
+        self.environment["WAYLAND_DISPLAY"] = wayland
+        if self._with_xwayland:
+            self.environment["DISPLAY"] = display
+        else:
+            self.environment.pop("DISPLAY", None)
         if authority:
             self.environment["XAUTHORITY"] = authority
         else:  # whoever is the same user may connect
@@ -138,6 +144,10 @@ class KWinDesktop(PrivateDesktop):
     def activate(self, window):
         self._plasma_windows.activate(window)
         self.wait_until_active(window)
+
+    def fill_screen(self, window):
+        """Has the window fill the screen, over panels, as its program would."""
+        self._plasma_windows.fill_screen(window)
 
     def screenshot(self, path):
         return screenshot(self, path, environment=self._outside)

@@ -70,6 +70,17 @@ class Editor(Partner):
                    lambda: f"a picture of {len(expected)} bytes; the editor has {self.image()!r:.80}")
 
 
+class DesktopPart:
+    """On a Wayland desktop: its "backdrop", or a "panel" at the bottom, which takes no focus. Neither is a window that
+    is listed."""
+
+    def __init__(self, desktop, part, height=40):
+        shown = desktop.directory / f"{part}-shown"
+        child = desktop.start(part, [PYTHON, PARTNERS / "desktop_part.py", part, "--height", height,
+                                     "--shown-file", shown])
+        wait_until(shown.exists, START_SECONDS, lambda: f"the {part}: {child.stderr()}")
+
+
 class Mousepad(Partner):
     """A real editor, whose text is read from the file that it saves."""
 

@@ -9,7 +9,7 @@ INTERFACE = "org_kde_plasma_window_management"
 VERSION_WITH_UUIDS = 13
 GET_WINDOW_BY_UUID, SET_STATE = 2, 0
 WINDOW_WITH_UUID = 4
-ACTIVE, MINIMIZED = 1, 2
+ACTIVE, MINIMIZED, FULL_SCREEN = 1, 2, 8
 
 
 class _Window:
@@ -35,7 +35,7 @@ class _Window:
         self.is_open = False
 
     def _geometry(self, event):
-        self.place = tuple(event.integer() for _ in range(4))
+        self.place = (event.signed(), event.signed(), event.integer(), event.integer())
 
     def _pid(self, event):
         self.pid = event.integer()
@@ -72,7 +72,13 @@ class PlasmaWindows:
         return [(window.described(), bool(window.state & ACTIVE)) for window in self._windows]
 
     def activate(self, wanted):
+        self._set_state(wanted, ACTIVE)
+
+    def fill_screen(self, wanted):
+        self._set_state(wanted, FULL_SCREEN)
+
+    def _set_state(self, wanted, state):
         for window in self._windows:
             if window.number == wanted.id:
-                window.proxy.send(SET_STATE, ACTIVE, ACTIVE)
+                window.proxy.send(SET_STATE, state, state)
         self._client.round_trip()

@@ -42,6 +42,11 @@ class Arguments:
         self._data = self._data[4:]
         return value
 
+    def signed(self):
+        value, = struct.unpack_from("=i", self._data)
+        self._data = self._data[4:]
+        return value
+
     def string(self):
         length = self.integer()
         text, self._data = self._data[:max(0, length - 1)], self._data[(length + 3) // 4 * 4:]

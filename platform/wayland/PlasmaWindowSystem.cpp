@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#include "platform/wayland/PlasmaWindowSystem.h"
+
+#include "platform/wayland/OwnWindows.h"
+#include "platform/wayland/PlasmaShell.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+
+#include <cmath>
+#include <utility>
+
+namespace zamber::wayland {
+
+namespace {
+
+/// Less than a point, and more than what is lost by dividing and multiplying again.
+constexpr double TOLERANCE = 1e-3;
+
+} // namespace
+
+PlasmaWindowSystem::PlasmaWindowSystem(Desktop desktop)
+    : m_desktop(std::move(desktop))
+    , m_shell(PlasmaShell::create(m_qt)) {}
+
+PlasmaWindowSystem::~PlasmaWindowSystem() = default;
+
+std::optional<QRect> PlasmaWindowSystem::freeArea(const QScreen& screen) const {
+    return m_desktop.freePart ? freeAreaOf(screen.geometry(), screen.virtualGeometry(), m_desktop.freePart())
+                              : screen.geometry();
+}
+
+const QScreen& PlasmaWindowSystem::currentScreen() const {
+    return *QGuiApplication::primaryScreen();
+}
+
+void PlasmaWindowSystem::place(WId id, const QRect& rectangle) {
+    QWindow* const window = ownwindows::find(id);
+    if (!m_shell || window == nullptr) {
+        return;
+    }
+    // Nobody is to resize it, nor is KWin to maximise it.
+    window->setMinimumSize(rectangle.size());
+    window->setMaximumSize(rectangle.size());
+    if (!window->isVisible()) {
+        ownwindows::moveToScreen(*window, rectangle.center());
+    }
+    if (m_places.insert_or_assign(window, rectangle.topLeft()).second) {
+        window->installEventFilter(this);
+        connect(window, &QObject::destroyed, this, [this](const QObject* gone) {
+            m_places.erase(gone);
+            m_shell->forget(gone);
+        });
+    }
+    if (window->isExposed()) {
+        m_shell->place(*window, rectangle.topLeft());
+    }
+}
+
+void PlasmaWindowSystem::useActivationToken(const QString& token) {
+    ownwindows::useActivationToken(token);
+}
+
+bool PlasmaWindowSystem::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Hide) {
+        m_shell->forget(watched);
+    } else if (event->type() == QEvent::Expose) {
+        // The window will be painted in answer to this event, so that its first frame is in the right place.
+        auto& window = *static_cast<QWindow*>(watched);
+        if (const auto found = m_places.find(watched); found != m_places.end() && window.isExposed()) {
+            m_shell->place(window, found->second);
+        }
+    }
+    return false;
+}
+
+QRect freeAreaOf(const QRect& screen, const QRect& desktop, const QRectF& freePart) {
+    const QPoint start(static_cast<int>(std::ceil(desktop.x() + freePart.left() * desktop.width() - TOLERANCE)),
+                       static_cast<int>(std::ceil(desktop.y() + freePart.top() * desktop.height() - TOLERANCE)));
+    const QPoint end(static_cast<int>(std::floor(desktop.x() + freePart.right() * desktop.width() + TOLERANCE)),
+                     static_cast<int>(std::floor(desktop.y() + freePart.bottom() * desktop.height() + TOLERANCE)));
+    const QRect free = QRect(start, QSize(end.x() - start.x(), end.y() - start.y())) & screen;
+    const bool isPlausible = 2 * free.width() >= screen.width() && 2 * free.height() >= screen.height();
+    return isPlausible ? free : screen;
+}
+
+} // namespace zamber::wayland

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Zamber project
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/freedesktop/popover/WindowSystem.h"
+#include "platform/wayland/QtDisplay.h"
+
+#include <QRectF>
+
+#include <functional>
+#include <map>
+#include <memory>
+
+class QWindow;
+
+namespace zamber::wayland {
+
+class PlasmaShell;
+
+/// KWin, as windows of Wayland need it. It places a window where the window's program asks by a protocol of Plasma's.
+class PlasmaWindowSystem final : public freedesktop::popover::WindowSystem {
+    Q_OBJECT
+
+public:
+    /// What protocols that windows have nothing to do with tell of the desktop.
+    struct Desktop {
+        /// The part of the whole desktop that panels leave free. The desktop's width and height are 1. The function may
+        /// be empty where nobody tells of panels. Then they are taken to leave all of it free.
+        std::function<QRectF()> freePart;
+
+        /// Whether the active window is one of this program's.
+        std::function<bool()> isOursActive;
+    };
+
+    explicit PlasmaWindowSystem(Desktop desktop);
+    ~PlasmaWindowSystem() override;
+
+    bool isComposited() const override { return true; }
+    QRect workArea(const QRect& monitor) const override { return monitor; }
+    void setShadow(WId /*window*/, const QMargins& /*shadow*/) override {}
+    void presentPopover(WId /*window*/) override {} // Qt has asked for the focus, and a new window gets it
+
+    /// When a menu of the popover's closes, KWin 5 gives the keyboard to no window until the next key is pressed.
+    bool hasKeyboardFocus() const override { return m_desktop.isOursActive(); }
+
+    std::optional<QRect> freeArea(const QScreen& screen) const override;
+    std::optional<QPoint> pointer() const override { return std::nullopt; }
+    const QScreen& currentScreen() const override;
+    void place(WId id, const QRect& rectangle) override;
+    void useActivationToken(const QString& token) override;
+    void settleHidden() override { m_qt.roundTrip(); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    Desktop m_desktop;
+    QtDisplay m_qt;
+    std::unique_ptr<PlasmaShell> m_shell; ///< null where the compositor does not offer it
+    std::map<const QObject*, QPoint> m_places;
+};
+
+/// The part of a screen that is free, in points, given the free part of the desktop with its width and height as 1.
+/// All of the screen where less than half of it would be left: then what was told is about another screen.
+QRect freeAreaOf(const QRect& screen, const QRect& desktop, const QRectF& freePart);
+
+} // namespace zamber::wayland

@@ -15,6 +15,7 @@
 #include <QTest>
 #include <QWindow>
 
+#include <functional>
 #include <memory>
 
 namespace zamber {
@@ -50,10 +51,23 @@ struct PaintWishes final : QObject {
     }
 };
 
+/// Tells of its size whenever it is drawn.
+class DrawnWidget final : public QWidget {
+public:
+    std::function<void(QSize size)> drawn;
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        if (drawn) {
+            drawn(size());
+        }
+    }
+};
+
 struct PopoverWindowRig {
     FakeWindowSystem windowSystem;
     FakeAppearance appearance;
-    QWidget content;
+    DrawnWidget content;
     freedesktop::popover::PopoverWindow real{appearance, windowSystem};
 
     PopoverWindowRig() = default; // the widget has no implicit one
@@ -154,6 +168,15 @@ TEST_F(PopoverWindowTest, NoWishToBePaintedIsLeftForAfterTheFirstPainting) {
     EXPECT_EQ(wishes.count, 1) << "Qt's own, of a widget that is shown";
     QCoreApplication::processEvents();
     EXPECT_EQ(wishes.count, 1);
+}
+
+TEST_F(PopoverWindowTest, TheContentIsDrawnInItsSizeBeforeTheFirstOpening) {
+    QSize drawn;
+    rig.content.drawn = [&drawn](QSize size) { drawn = size; };
+    ASSERT_TRUE(QTest::qWaitFor([&drawn] { return !drawn.isEmpty(); }));
+    EXPECT_EQ(drawn, QSize(300, 200));
+    EXPECT_FALSE(popover.isShown());
+    EXPECT_FALSE(window()->isVisible());
 }
 
 TEST_F(PopoverWindowTest, ItIsAToolWindowAndNeverAPopup) {

@@ -82,7 +82,20 @@ PopoverWindow::PopoverWindow(const Appearance& appearance, WindowSystem& windowS
 
 void PopoverWindow::setContent(ContentMaker makeContent) {
     m_makeContent = std::move(makeContent);
-    QTimer::singleShot(CONTENT_DELAY, this, &PopoverWindow::makeContentUnlessMade);
+    QTimer::singleShot(CONTENT_DELAY, this, &PopoverWindow::rehearse);
+}
+
+void PopoverWindow::rehearse() {
+    if (!m_makeContent) {
+        return; // it has been shown before this
+    }
+    makeContentUnlessMade();
+    applyColorScheme();
+    applyShape();
+    m_frame.setContentGeometry({QPoint(), m_contentSize});
+    // Drawn once where nobody sees it, so that the first opening finds the fonts, the layout of the rows and their
+    // pictures ready.
+    m_frame.grab();
 }
 
 void PopoverWindow::makeContentUnlessMade() {

@@ -59,6 +59,7 @@ protected:
 
 private:
     void makeContentUnlessMade();
+    void rehearse();
     bool isInside(QPoint place) const;
     void place();
     void applyShape();

@@ -15,6 +15,7 @@
 #include "platform/wayland/KGlobalAccelHotKeyCenter.h"
 #include "platform/wayland/NoHotKeys.h"
 #include "platform/wayland/NoPointerButtons.h"
+#include "platform/wayland/OwnFocus.h"
 #include "platform/wayland/OwnWindows.h"
 #include "platform/wayland/PlasmaLayout.h"
 #include "platform/wayland/PlasmaWindowSystem.h"
@@ -22,13 +23,13 @@
 #include "platform/wayland/SessionCompositor.h"
 #include "platform/wayland/SwayConnection.h"
 #include "platform/wayland/SwayHotKeyCenter.h"
+#include "platform/wayland/SwayWindowSystem.h"
 #include "platform/wayland/ToplevelWorkspace.h"
 #include "platform/wayland/Toplevels.h"
 #include "platform/wayland/VirtualKeyboard.h"
 #include "platform/wayland/VirtualKeyboardTrust.h"
 #include "platform/wayland/VirtualKeystrokePoster.h"
 #include "platform/wayland/WaylandPasteboard.h"
-#include "platform/wayland/WaylandWindowSystem.h"
 #include "platform/wayland/XwaylandAdapters.h"
 
 #include <QGuiApplication>
@@ -76,6 +77,10 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
         if (xwayland) {
             QObject::connect(&xwayland->ownerDeaths, &x11::OwnerDeaths::ownerDied, &pasteboard,
                              &WaylandPasteboard::checkOwner);
+        }
+        if (ownFocus) {
+            QObject::connect(ownFocus.get(), &OwnFocus::lost, ownWindows.get(),
+                             &freedesktop::popover::WindowSystem::focusLost);
         }
         if (plasmaHotKeys && !typing) {
             std::fputs(
@@ -172,6 +177,10 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
 
     /// Null where the windows are XWayland's.
     std::unique_ptr<freedesktop::popover::WindowSystem> ownWindows = makeOwnWindows();
+    std::unique_ptr<OwnFocus> ownFocus =
+        ownWindows && session.toplevels
+            ? std::make_unique<OwnFocus>(*session.toplevels, QGuiApplication::desktopFileName(), scheduler)
+            : nullptr;
     NoPointerButtons noPresses;
     freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
     freedesktop::TextFieldPaste textFieldPaste{pasteboard};
@@ -196,7 +205,7 @@ private:
             return nullptr;
         }
         if (sway) {
-            return std::make_unique<WaylandWindowSystem>(sway.get(), session.toplevels.get(), scheduler);
+            return std::make_unique<SwayWindowSystem>(*sway, scheduler);
         }
         PlasmaWindowSystem::Desktop desktop{.freePart = {}, .isOursActive = [this] { return isOursActive(); }};
         if (xwayland) {

@@ -138,8 +138,8 @@ def _serve():
                 return {"tree": None}
         node = application(question["pid"])
         for index in question["path"]:
-            node = node.get_child_at_index(index)
-        actions = node.get_action_iface()
+            node = node and node.get_child_at_index(index)  # none while the program is changing what it shows
+        actions = node and node.get_action_iface()
         for index in range(Atspi.Action.get_n_actions(actions) if actions else 0):
             if Atspi.Action.get_action_name(actions, index) == question["act"]:
                 return {"done": bool(Atspi.Action.do_action(actions, index))}

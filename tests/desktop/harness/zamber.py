@@ -189,5 +189,5 @@ class Zamber:
         return wait_until(lambda: self._desktop.accessibility.tree(self.pid), timeout, "an accessibility tree")
 
     def act(self, node, action):
-        if not self._desktop.accessibility.act(self.pid, node, action):
-            raise AssertionError(f"no action {action} on {node.role} {node.name!r}")
+        wait_until(lambda: self._desktop.accessibility.act(self.pid, node, action), 2.0,
+                   f"an action {action} on {node.role} {node.name!r}")

@@ -11,23 +11,21 @@
 #include <QSet>
 #include <QWindow>
 
-#include <cstdint>
 #include <optional>
 #include <vector>
 
 namespace zamber::wayland {
 
 class SwayConnection;
-class Toplevels;
 
-/// The compositor, as windows of Wayland need it. Wayland lets no program choose the place of its windows; sway moves
-/// them by commands over its control socket.
-class WaylandWindowSystem final : public freedesktop::popover::WindowSystem {
+/// sway, as windows of Wayland need it. Wayland lets no program choose the place of its windows; sway moves them by
+/// commands over its control socket.
+class SwayWindowSystem final : public freedesktop::popover::WindowSystem {
     Q_OBJECT
 
 public:
-    /// What is not null outlives this object.
-    WaylandWindowSystem(SwayConnection* sway, Toplevels* toplevels, Scheduler& scheduler);
+    /// Both outlive this object.
+    SwayWindowSystem(SwayConnection& sway, Scheduler& scheduler);
 
     bool isComposited() const override { return true; }
     QRect workArea(const QRect& monitor) const override { return monitor; }
@@ -53,8 +51,6 @@ private:
         bool isMappedElsewhere = false; ///< by an older rule of sway's, maybe on a screen without the focus
     };
 
-    void followFocus();
-    void reportLostFocus();
     Wish* wishOf(const QObject* window);
     void announce(Wish& wish);
     void fulfil(Wish& wish);
@@ -63,10 +59,8 @@ private:
     void takeFocusFromFullScreen(const QWindow* window);
 
     QtDisplay m_qt;
-    SwayConnection* m_sway;
-    Toplevels* m_toplevels;
+    SwayConnection& m_sway;
     Scheduler& m_scheduler;
-    std::optional<std::uint64_t> m_focused; ///< the window of this program that is, or was, in front
     std::vector<Wish> m_wishes;
     QSet<QByteArray> m_announced;                  ///< the rules that sway has
     QHash<QByteArray, QByteArray> m_lastAnnounced; ///< of a window's rules; the one that tells where it is mapped

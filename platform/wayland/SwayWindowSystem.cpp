@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/wayland/WaylandWindowSystem.h"
+#include "platform/wayland/SwayWindowSystem.h"
 
 #include "platform/wayland/OwnWindows.h"
 #include "platform/wayland/SwayConnection.h"
-#include "platform/wayland/Toplevels.h"
 
 #include <QExposeEvent>
 #include <QGuiApplication>
@@ -37,51 +36,23 @@ QByteArray moveTo(QPoint place) {
 
 } // namespace
 
-WaylandWindowSystem::WaylandWindowSystem(SwayConnection* sway, Toplevels* toplevels, Scheduler& scheduler)
+SwayWindowSystem::SwayWindowSystem(SwayConnection& sway, Scheduler& scheduler)
     : m_sway(sway)
-    , m_toplevels(toplevels)
     , m_scheduler(scheduler) {
-    if (m_toplevels != nullptr) {
-        connect(m_toplevels, &Toplevels::activeChanged, this, &WaylandWindowSystem::followFocus);
-    }
-    if (m_sway != nullptr) {
-        connect(m_sway, &SwayConnection::reloaded, this, [this] {
-            m_announced.clear();
-            m_lastAnnounced.clear();
-        });
-    }
+    connect(&m_sway, &SwayConnection::reloaded, this, [this] {
+        m_announced.clear();
+        m_lastAnnounced.clear();
+    });
 }
 
-void WaylandWindowSystem::followFocus() {
-    const auto active = m_toplevels->active();
-    if (active && active->applicationId == QGuiApplication::desktopFileName()) {
-        m_focused = active->handle;
-    } else if (m_focused) {
-        // In the next turn of the loop it is known whether the window has been closed, which is no loss.
-        m_scheduler.soon([later = QPointer(this)] {
-            if (later) {
-                later->reportLostFocus();
-            }
-        });
-    }
-}
-
-void WaylandWindowSystem::reportLostFocus() {
-    const auto active = m_toplevels->active();
-    const bool isOursAgain = active && active->handle == m_focused;
-    if (m_focused && !isOursAgain && m_toplevels->isOpen(*std::exchange(m_focused, std::nullopt))) {
-        emit focusLost();
-    }
-}
-
-std::optional<QRect> WaylandWindowSystem::freeArea(const QScreen& screen) const {
-    const auto workspaces = m_sway != nullptr ? m_sway->visibleWorkspaces() : std::vector<SwayConnection::Workspace>();
+std::optional<QRect> SwayWindowSystem::freeArea(const QScreen& screen) const {
+    const auto workspaces = m_sway.visibleWorkspaces();
     const auto found = std::ranges::find(workspaces, screen.name(), &SwayConnection::Workspace::output);
     return found != workspaces.end() ? found->rectangle : screen.availableGeometry();
 }
 
-const QScreen& WaylandWindowSystem::currentScreen() const {
-    const auto workspaces = m_sway != nullptr ? m_sway->visibleWorkspaces() : std::vector<SwayConnection::Workspace>();
+const QScreen& SwayWindowSystem::currentScreen() const {
+    const auto workspaces = m_sway.visibleWorkspaces();
     const auto current = std::ranges::find(workspaces, true, &SwayConnection::Workspace::isFocused);
     if (current != workspaces.end()) {
         const auto screens = QGuiApplication::screens();
@@ -93,9 +64,9 @@ const QScreen& WaylandWindowSystem::currentScreen() const {
     return *QGuiApplication::primaryScreen();
 }
 
-void WaylandWindowSystem::place(WId id, const QRect& rectangle) {
+void SwayWindowSystem::place(WId id, const QRect& rectangle) {
     QWindow* const window = ownwindows::find(id);
-    if (m_sway == nullptr || window == nullptr) {
+    if (window == nullptr) {
         return;
     }
     if (window->title().isEmpty()) {
@@ -121,12 +92,12 @@ void WaylandWindowSystem::place(WId id, const QRect& rectangle) {
     announce(wish);
 }
 
-WaylandWindowSystem::Wish* WaylandWindowSystem::wishOf(const QObject* window) {
+SwayWindowSystem::Wish* SwayWindowSystem::wishOf(const QObject* window) {
     const auto found = std::ranges::find(m_wishes, window, [](const Wish& wish) { return wish.window.data(); });
     return found != m_wishes.end() ? &*found : nullptr;
 }
 
-void WaylandWindowSystem::announce(Wish& wish) {
+void SwayWindowSystem::announce(Wish& wish) {
     // The rule has the window come up where it belongs. Without it, it is seen in the middle for the time of a frame.
     // sway keeps each rule for good, and of several the one that it was told last counts.
     const QByteArray window = criteriaOf(*wish.window);
@@ -134,19 +105,19 @@ void WaylandWindowSystem::announce(Wish& wish) {
     if (!m_announced.contains(rule)) {
         m_announced.insert(rule);
         m_lastAnnounced.insert(window, rule);
-        m_sway->run(rule);
+        m_sway.run(rule);
     }
     wish.isMappedElsewhere = m_lastAnnounced.value(window) != rule;
 }
 
-void WaylandWindowSystem::fulfil(Wish& wish) {
+void SwayWindowSystem::fulfil(Wish& wish) {
     wish.isFulfilled = true;
     // sway gives a new window the focus only where the user is.
-    m_sway->run(criteriaOf(*wish.window) + ' ' + moveTo(wish.rectangle.topLeft()) +
-                (std::exchange(wish.isMappedElsewhere, false) ? ", focus" : ""));
+    m_sway.run(criteriaOf(*wish.window) + ' ' + moveTo(wish.rectangle.topLeft()) +
+               (std::exchange(wish.isMappedElsewhere, false) ? ", focus" : ""));
 }
 
-void WaylandWindowSystem::moveOnceMapped(const QWindow* window) {
+void SwayWindowSystem::moveOnceMapped(const QWindow* window) {
     Wish* const wish = wishOf(window);
     if (wish != nullptr && window->isExposed()) {
         m_qt.roundTrip();
@@ -154,25 +125,25 @@ void WaylandWindowSystem::moveOnceMapped(const QWindow* window) {
     }
 }
 
-void WaylandWindowSystem::takeFocusFromFullScreen(const QWindow* window) {
+void SwayWindowSystem::takeFocusFromFullScreen(const QWindow* window) {
     // Any other window that has the focus by now has it since the user wanted it so.
-    if (wishOf(window) != nullptr && window->isExposed() && m_sway->isFullScreenFocused()) {
-        m_sway->run(criteriaOf(*window) + " focus");
+    if (wishOf(window) != nullptr && window->isExposed() && m_sway.isFullScreenFocused()) {
+        m_sway.run(criteriaOf(*window) + " focus");
     }
 }
 
-void WaylandWindowSystem::useActivationToken(const QString& token) {
+void SwayWindowSystem::useActivationToken(const QString& token) {
     ownwindows::useActivationToken(token);
 }
 
-bool WaylandWindowSystem::eventFilter(QObject* watched, QEvent* event) {
+bool SwayWindowSystem::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Expose) {
         handleExposure(*static_cast<QWindow*>(watched));
     }
     return false;
 }
 
-void WaylandWindowSystem::handleExposure(QWindow& window) {
+void SwayWindowSystem::handleExposure(QWindow& window) {
     Wish* const wish = wishOf(&window);
     if (wish == nullptr) {
         return;

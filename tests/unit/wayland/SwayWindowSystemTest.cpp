@@ -1,21 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "platform/wayland/WaylandWindowSystem.h"
+#include "platform/wayland/SwayWindowSystem.h"
 
 #include "SwayStandIn.h"
 
 #include "platform/wayland/SwayConnection.h"
-#include "platform/wayland/Toplevels.h"
 #include "tests/fakes/FakeScheduler.h"
 
-#include <QGuiApplication>
-#include <QSet>
 #include <QWidget>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <optional>
 
 namespace zamber::wayland {
 
@@ -29,36 +25,17 @@ struct Case {
     bool isFocusTaken;
 };
 
-/// Windows by their handles.
-class FakeToplevels final : public Toplevels {
-public:
-    std::optional<Toplevel> active() const override { return m_active; }
-    bool isOpen(std::uint64_t handle) const override { return !m_closed.contains(handle); }
-    void activate(std::uint64_t /*handle*/) override {}
-
-    void setActive(std::optional<Toplevel> toplevel) {
-        m_active = std::move(toplevel);
-        Q_EMIT activeChanged();
-    }
-    void close(std::uint64_t handle) { m_closed.insert(handle); }
-
-private:
-    std::optional<Toplevel> m_active;
-    QSet<std::uint64_t> m_closed;
-};
-
 } // namespace
 
-class WaylandFocusTest : public testing::TestWithParam<Case> {
+class SwayFocusTest : public testing::TestWithParam<Case> {
 protected:
     SwayStandIn m_sway{GetParam().tree};
     FakeScheduler m_scheduler;
     std::unique_ptr<SwayConnection> m_connection = SwayConnection::open();
-    WaylandWindowSystem m_windows{m_connection.get(), nullptr, m_scheduler};
+    SwayWindowSystem m_windows{*m_connection, m_scheduler};
 };
 
-TEST_P(WaylandFocusTest, IsTakenFromAWindowInFullScreenAlone) {
-    ASSERT_NE(m_connection, nullptr);
+TEST_P(SwayFocusTest, IsTakenFromAWindowInFullScreenAlone) {
     QWidget popover(nullptr, Qt::ToolTip); // gets no focus by itself, like a window behind one in full screen
     popover.setWindowTitle(QStringLiteral("Zamber"));
     m_windows.place(popover.winId(), {10, 20, 300, 200});
@@ -74,7 +51,7 @@ TEST_P(WaylandFocusTest, IsTakenFromAWindowInFullScreenAlone) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    , WaylandFocusTest,
+    , SwayFocusTest,
     testing::Values(Case{"AnotherWindow",
                          R"({"type":"root","nodes":[{"type":"workspace","fullscreen_mode":1,
                  "nodes":[{"type":"con","focused":true,"fullscreen_mode":0}]}]})",
@@ -104,63 +81,5 @@ INSTANTIATE_TEST_SUITE_P(
                          true},
                     Case{"NothingThatCanBeRead", "", false}),
     [](const testing::TestParamInfo<Case>& row) { return row.param.name; });
-
-class WaylandLostFocusTest : public testing::Test {
-protected:
-    WaylandLostFocusTest() {
-        QGuiApplication::setDesktopFileName(OURS);
-        QObject::connect(&m_windows, &WaylandWindowSystem::focusLost, &m_windows, [this] { ++m_losses; });
-    }
-
-    void setActive(std::optional<Toplevels::Toplevel> toplevel) {
-        m_toplevels.setActive(std::move(toplevel));
-        m_scheduler.advance(0ms);
-    }
-
-    static inline const QString OURS = QStringLiteral("app.zamber.Zamber");
-    const Toplevels::Toplevel m_popover{.handle = 1, .applicationId = OURS};
-    const Toplevels::Toplevel m_settings{.handle = 2, .applicationId = OURS};
-    const Toplevels::Toplevel m_editor{.handle = 3, .applicationId = QStringLiteral("editor")};
-    FakeToplevels m_toplevels;
-    FakeScheduler m_scheduler;
-    WaylandWindowSystem m_windows{nullptr, &m_toplevels, m_scheduler};
-    int m_losses = 0;
-};
-
-TEST_F(WaylandLostFocusTest, IsReportedOnceWhereverTheFocusGoes) {
-    setActive(m_popover);
-    setActive(std::nullopt);
-    EXPECT_EQ(m_losses, 1);
-    setActive(m_editor);
-    EXPECT_EQ(m_losses, 1);
-    setActive(m_popover);
-    setActive(m_editor);
-    EXPECT_EQ(m_losses, 2);
-}
-
-TEST_F(WaylandLostFocusTest, IsNoneAmongOtherProgramsNorAmongOurWindows) {
-    setActive(m_editor);
-    setActive(std::nullopt);
-    setActive(m_settings);
-    setActive(m_popover);
-    EXPECT_EQ(m_losses, 0);
-}
-
-TEST_F(WaylandLostFocusTest, IsNoneWhenTheWindowIsClosed) {
-    setActive(m_popover);
-    m_toplevels.setActive(m_editor);
-    m_toplevels.close(m_popover.handle); // told of in the same turn of the loop
-    m_scheduler.advance(0ms);
-    EXPECT_EQ(m_losses, 0);
-    setActive(std::nullopt);
-    EXPECT_EQ(m_losses, 0);
-}
-
-TEST_F(WaylandLostFocusTest, IsNoneWhenTheWindowHasItAgainAtOnce) {
-    setActive(m_popover);
-    m_toplevels.setActive(m_editor);
-    setActive(m_popover);
-    EXPECT_EQ(m_losses, 0);
-}
 
 } // namespace zamber::wayland

@@ -16,7 +16,7 @@ from .waiting import wait_until
 READY_LINE = "✅ Accessibility: trusted"
 UNTRUSTED_LINE = "⚠️ Accessibility: NOT trusted — opening System Settings"
 UPDATE_FAILED = "⚠️ Update check failed: "
-STALE_NODE = re.compile(r"qt\.accessibility\.atspi: WARNING .*(Accessible invalid|Could not find accessible on path)")
+STALE_NODE = re.compile(r"qt\.accessibility\.atspi: .*(Accessible invalid|Could not find accessible on path)")
 START_SECONDS = 10.0
 SANITIZER_VARIABLES = ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 

@@ -60,6 +60,10 @@ bool FakeKeyboard::isReady() const {
     return m_waitedFor == nullptr || !m_waitedFor->isAnyHeld();
 }
 
+bool FakeKeyboard::isBlocked() const {
+    return m_modifiers && m_modifiers->isAnyHeld(); // KWin 6 drops the release of a key that another keyboard holds
+}
+
 FakeKeyboard::PasteKeystroke FakeKeyboard::possibleFor(PasteKeystroke wanted) const {
     xkb_keymap* const keymap = m_keyboard.keymap();
     const bool isWithoutV = keymap != nullptr && !keyFor(keymap, 0, XKB_KEY_v);
@@ -84,8 +88,8 @@ std::vector<std::uint32_t> FakeKeyboard::keysOf(PasteKeystroke keystroke) const 
 }
 
 bool FakeKeyboard::type(PasteKeystroke keystroke) {
-    if (m_modifiers && m_modifiers->isAnyHeld()) {
-        return false; // KWin 6 drops the release of a key that another keyboard holds
+    if (isBlocked()) {
+        return false;
     }
     if (!m_modifiers) {
         liftModifiers();

@@ -36,6 +36,7 @@ public:
     static bool isOffered(const Connection& connection);
 
     bool isReady() const override;
+    bool isBlocked() const override;
     PasteKeystroke possibleFor(PasteKeystroke wanted) const override;
     bool type(PasteKeystroke keystroke) override;
 

@@ -18,6 +18,9 @@ public:
     /// False while the user holds keys that would change the keystroke.
     virtual bool isReady() const { return true; }
 
+    /// True while nothing can be typed, since the compositor takes keys that the user holds for the keystroke's own.
+    virtual bool isBlocked() const { return false; }
+
     /// The keystroke to type where that one is wanted: another one where the user's layout has no key for it.
     virtual PasteKeystroke possibleFor(PasteKeystroke wanted) const { return wanted; }
 

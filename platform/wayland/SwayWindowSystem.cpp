@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <utility>
 
 namespace zamber::wayland {
 
@@ -24,6 +23,10 @@ const QString UNTITLED = u"Zamber menu"_s;
 
 /// After this long sway has mapped a window that was painted.
 constexpr std::chrono::milliseconds TIME_TO_BE_MAPPED{60};
+
+/// How often sway is asked to move a window that it may not have mapped yet, and how many times at most.
+constexpr std::chrono::milliseconds LOOK_INTERVAL{10};
+constexpr int MOST_LOOKS = 50;
 
 /// The window in the words of sway's criteria.
 QByteArray criteriaOf(const QWindow& window) {
@@ -110,18 +113,24 @@ void SwayWindowSystem::announce(Wish& wish) {
     wish.isMappedElsewhere = m_lastAnnounced.value(window) != rule;
 }
 
-void SwayWindowSystem::fulfil(Wish& wish) {
+bool SwayWindowSystem::fulfil(Wish& wish) {
     wish.isFulfilled = true;
     // sway gives a new window the focus only where the user is.
-    m_sway.run(criteriaOf(*wish.window) + ' ' + moveTo(wish.rectangle.topLeft()) +
-               (std::exchange(wish.isMappedElsewhere, false) ? ", focus" : ""));
+    const bool isThere = m_sway.run(criteriaOf(*wish.window) + ' ' + moveTo(wish.rectangle.topLeft()) +
+                                    (wish.isMappedElsewhere ? ", focus" : ""));
+    wish.isMappedElsewhere = wish.isMappedElsewhere && !isThere;
+    return isThere;
 }
 
-void SwayWindowSystem::moveOnceMapped(const QWindow* window) {
+void SwayWindowSystem::moveOnceMapped(const QWindow* window, int attempts) {
     Wish* const wish = wishOf(window);
-    if (wish != nullptr && window->isExposed()) {
-        m_qt.roundTrip();
-        fulfil(*wish);
+    if (wish == nullptr || !window->isExposed()) {
+        return;
+    }
+    m_qt.roundTrip();
+    if (!fulfil(*wish) && attempts > 1) { // newer Qt paints a moment later
+        m_scheduler.after(LOOK_INTERVAL,
+                          [this, later = QPointer(window), attempts] { moveOnceMapped(later, attempts - 1); });
     }
 }
 
@@ -153,7 +162,7 @@ void SwayWindowSystem::handleExposure(QWindow& window) {
     } else if (!wish->isFulfilled) {
         // The window is there for the compositor when it has been painted, and when that has arrived. sway gives it the
         // focus then, but not over a window in full screen, where the new one is not even seen.
-        m_scheduler.soon([this, later = QPointer(&window)] { moveOnceMapped(later); });
+        m_scheduler.soon([this, later = QPointer(&window)] { moveOnceMapped(later, MOST_LOOKS); });
         m_scheduler.after(TIME_TO_BE_MAPPED, [this, later = QPointer(&window)] { takeFocusFromFullScreen(later); });
     }
 }

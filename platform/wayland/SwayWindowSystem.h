@@ -53,9 +53,9 @@ private:
 
     Wish* wishOf(const QObject* window);
     void announce(Wish& wish);
-    void fulfil(Wish& wish);
+    bool fulfil(Wish& wish);
     void handleExposure(QWindow& window);
-    void moveOnceMapped(const QWindow* window);
+    void moveOnceMapped(const QWindow* window, int attempts);
     void takeFocusFromFullScreen(const QWindow* window);
 
     QtDisplay m_qt;

@@ -38,6 +38,10 @@ bool VirtualKeystrokePoster::isReady() const {
     return m_keyboard.isReady() && isTargetInFront();
 }
 
+bool VirtualKeystrokePoster::isHeldUpByKeys() const {
+    return m_keyboard.isBlocked();
+}
+
 bool VirtualKeystrokePoster::isTargetInFront() const {
     const std::optional<RunningApplication>& target = current().paste.target;
     if (target && m_toplevels.isOpen(target->handle)) {

@@ -24,6 +24,7 @@ private:
 
     std::optional<Window> ownWindowInFront() const override;
     bool isReady() const override;
+    bool isHeldUpByKeys() const override;
     bool isTargetInFront() const;
     std::optional<Window> windowToTypeInto() const override;
     PasteKeystroke keystrokeFor(Window window) const override;

@@ -19,6 +19,12 @@ constexpr std::chrono::milliseconds PAUSE_AFTER_ASKING{60};
 PasteQueue::PasteQueue(SelectionPasteboard& pasteboard, Scheduler& scheduler)
     : m_pasteboard(pasteboard)
     , m_bound(scheduler, LONGEST_WAIT, [this] { decide(); })
+    , m_holdBound(scheduler, LONGEST_HOLD,
+                  [this] {
+                      if (m_step == Step::Waiting) {
+                          finish(PasteOutcome::GivenUp);
+                      }
+                  })
     , m_askingBound(scheduler, LONGEST_ASKING, [this] { continueWithNext(); })
     , m_askingPause(scheduler, PAUSE_AFTER_ASKING, [this] { continueWithNext(); }) {
     connect(&pasteboard, &SelectionPasteboard::ownershipChanged, this, &PasteQueue::postWhenReady);
@@ -39,6 +45,7 @@ void PasteQueue::begin() {
     m_askingPause.stop();
     m_pasteboard.holdWrites();
     m_bound.start();
+    m_holdBound.start();
     beginWaiting();
     postWhenReady();
 }
@@ -68,7 +75,9 @@ void PasteQueue::decide() {
         return;
     }
     if (m_pasteboard.standingOf(current().paste.changeCount) == SelectionPasteboard::Standing::Offered) {
-        post();
+        if (!isHeldUpByKeys()) { // else it is typed when the keys are up
+            post();
+        }
     } else {
         finish(PasteOutcome::GivenUp);
     }
@@ -100,6 +109,7 @@ void PasteQueue::post() {
 
 void PasteQueue::finish(PasteOutcome outcome) {
     m_bound.stop();
+    m_holdBound.stop();
     endWaiting();
     m_step = Step::BeingAsked;
     // Called while this paste still stands in the queue: the callback may post another one, which must not begin yet.

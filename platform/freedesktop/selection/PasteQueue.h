@@ -28,6 +28,9 @@ public:
     /// The longest time that a paste waits for its target, for keys that the user holds, and for the clipboard.
     static constexpr std::chrono::milliseconds LONGEST_WAIT{2000};
 
+    /// The longest time where nothing can be typed while keys are held.
+    static constexpr std::chrono::milliseconds LONGEST_HOLD{10'000};
+
     void postPaste(const Paste& paste, Done done) override;
 
 protected:
@@ -59,6 +62,9 @@ protected:
     /// Whether the target is in front, and no key that the user holds would change the keystroke.
     virtual bool isReady() const = 0;
 
+    /// Whether keys that the user holds would take the keystroke away, so that it cannot be typed before they are up.
+    virtual bool isHeldUpByKeys() const { return false; }
+
     /// The window in front. Nothing where there is none, or where it is one of this program's and not the target.
     virtual std::optional<Window> windowToTypeInto() const = 0;
     virtual PasteKeystroke keystrokeFor(Window window) const = 0;
@@ -89,6 +95,7 @@ private:
     Step m_step = Step::Idle;
     int m_pasted = 0; // the change count of the last paste's content
     SingleShotTimer m_bound;
+    SingleShotTimer m_holdBound;
     SingleShotTimer m_askingBound;
     SingleShotTimer m_askingPause;
 };

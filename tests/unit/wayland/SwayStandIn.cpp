@@ -4,6 +4,7 @@
 
 #include <QLocalServer>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <utility>
@@ -78,7 +79,8 @@ void SwayStandIn::answer(QLocalSocket& client) {
     if (kind == RUN_COMMAND) {
         const std::scoped_lock lock(m_mutex);
         m_commands.push_back(payload);
-        reply = R"([{"success":true}])";
+        reply = m_refusals > 0 ? R"([{"success":false}])" : R"([{"success":true}])";
+        m_refusals = std::max(m_refusals - 1, 0);
     } else if (kind == GET_TREE) {
         reply = m_tree;
     }

@@ -28,6 +28,9 @@ public:
     /// What it was told to do since it was last asked for.
     std::vector<QByteArray> takeCommands();
 
+    /// The next commands fail, as those about a window do that is not there yet.
+    void refuseCommands(int count) { m_refusals = count; }
+
 private:
     void serve();
     void answer(QLocalSocket& client);
@@ -38,6 +41,7 @@ private:
     std::mutex m_mutex;
     std::vector<QByteArray> m_commands;
     std::atomic<bool> m_isListening = false;
+    std::atomic<int> m_refusals = 0;
     std::atomic<bool> m_isOver = false;
     std::unique_ptr<QThread> m_thread;
 };

@@ -82,4 +82,22 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"NothingThatCanBeRead", "", false}),
     [](const testing::TestParamInfo<Case>& row) { return row.param.name; });
 
+TEST(SwayWindowSystem, AWindowThatIsNotMappedYetIsMovedAsSoonAsItIs) {
+    SwayStandIn sway("{}");
+    FakeScheduler scheduler;
+    const std::unique_ptr<SwayConnection> connection = SwayConnection::open();
+    SwayWindowSystem windows(*connection, scheduler);
+    QWidget popover(nullptr, Qt::ToolTip);
+    popover.setWindowTitle(QStringLiteral("Zamber"));
+    windows.place(popover.winId(), {10, 20, 300, 200});
+    popover.show();
+    QCoreApplication::processEvents();
+    sway.takeCommands();
+    sway.refuseCommands(2);
+    scheduler.advance(19ms);
+    EXPECT_EQ(sway.takeCommands().size(), 2U);
+    scheduler.advance(1s);
+    EXPECT_EQ(sway.takeCommands().size(), 1U) << "the one that sway has carried out is the last";
+}
+
 } // namespace zamber::wayland

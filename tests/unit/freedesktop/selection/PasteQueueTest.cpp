@@ -82,8 +82,9 @@ public:
         , m_clipboard(clipboard) {}
 
     std::uint64_t front = EDITOR;
-    bool isFree = true; ///< the target is in front and the keys are up
-    bool slips = false; ///< another window comes to the front just as the keys are typed
+    bool isFree = true;     ///< the target is in front and the keys are up
+    bool isBlocked = false; ///< the keys that are down let nothing be typed
+    bool slips = false;     ///< another window comes to the front just as the keys are typed
     PasteKeystroke keystroke = PasteKeystroke::ControlV;
     QList<QByteArray> inserted; ///< what the windows would get by each keystroke
     QList<PasteOutcome> outcomes;
@@ -100,6 +101,7 @@ private:
         return front == OURS ? std::optional<Window>(OURS) : std::nullopt;
     }
     bool isReady() const override { return isFree; }
+    bool isHeldUpByKeys() const override { return isBlocked; }
     std::optional<Window> windowToTypeInto() const override {
         return front != OURS || current().ownWindowInFront == OURS ? std::optional<Window>(front) : std::nullopt;
     }
@@ -149,6 +151,28 @@ TEST_F(PasteQueueTest, TypesIntoWhicheverWindowIsInFrontAfterTwoSeconds) {
     EXPECT_TRUE(m_queue.outcomes.isEmpty());
     m_scheduler.advance(1ms);
     EXPECT_THAT(m_queue.inserted, ElementsAre("words"));
+}
+
+TEST_F(PasteQueueTest, WaitsLongerForKeysThatLetNothingBeTyped) {
+    m_queue.isFree = false;
+    m_queue.isBlocked = true;
+    m_queue.paste(m_clipboard.write("words"));
+    m_scheduler.advance(9999ms);
+    EXPECT_TRUE(m_queue.outcomes.isEmpty());
+    m_queue.isFree = true;
+    m_queue.isBlocked = false;
+    m_queue.postWhenReady();
+    EXPECT_THAT(m_queue.inserted, ElementsAre("words"));
+    EXPECT_THAT(m_queue.outcomes, ElementsAre(Posted));
+}
+
+TEST_F(PasteQueueTest, GivesUpWhereSuchKeysAreHeldForTenSeconds) {
+    m_queue.isFree = false;
+    m_queue.isBlocked = true;
+    m_queue.paste(m_clipboard.write("words"));
+    m_scheduler.advance(10s);
+    EXPECT_THAT(m_queue.outcomes, ElementsAre(GivenUp));
+    EXPECT_TRUE(m_queue.inserted.isEmpty());
 }
 
 TEST_F(PasteQueueTest, TypesNothingOnceAnotherProgramHasCopied) {

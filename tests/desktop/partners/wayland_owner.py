@@ -75,8 +75,14 @@ def take(contents):
     device.send(SET_SELECTION, source)
 
 
+def refuse(asked):
+    asked.string()
+    os.close(asked.descriptor())
+
+
 def destroy(source):
-    source.handlers = {}  # KWin cancels twice
+    # KWin cancels twice, and may still ask for content. Its descriptor must not be taken for the next source's.
+    source.handlers = {SEND: refuse}
     source.send(SOURCE_DESTROY)
 
 

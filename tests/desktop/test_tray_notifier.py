@@ -281,3 +281,4 @@ class RealPanelTest(DesktopTestCase):
         wait_until(lambda: menu() is None, what="the last menu to be gone")
         self.desktop.mouse.click(*self.place, 3)
         wait_until(menu, what="the panel's menu")
+        holds_for(menu, 0.4, "the panel's menu, which takes the keyboard a moment after it is seen")

@@ -66,10 +66,13 @@ class Zamber:
         return self._desktop.config_home / "Zamber" / "Zamber.conf"
 
     def write_preferences(self, **values):
-        """Replaces the preferences: write_preferences(quickPasteEnabled=True, maxItems=50)."""
+        """Replaces the preferences: write_preferences(quickPasteEnabled=True, maxItems=50). In one step, as QSettings
+        does for every other process of the program."""
         self.preferences_path.parent.mkdir(parents=True, exist_ok=True)
         lines = [f"{key}={str(value).lower() if isinstance(value, bool) else value}" for key, value in values.items()]
-        self.preferences_path.write_text("\n".join(["[General]", *lines, ""]))
+        beside = self.preferences_path.with_suffix(".new")
+        beside.write_text("\n".join(["[General]", *lines, ""]))
+        beside.replace(self.preferences_path)
 
     def write_history(self, *contents, pinned=()):
         """A history file, newest first: texts as str, images as bytes. `pinned` holds the positions of pinned ones.

@@ -14,16 +14,15 @@ QWindow* find(WId id) {
     return widget != nullptr ? widget->windowHandle() : nullptr;
 }
 
-void moveToScreen(QWindow& window, QPoint place) {
-    QScreen* const screen = QGuiApplication::screenAt(place);
-    if (screen == nullptr) {
+void moveToScreen(QWindow& window, const QRect& rectangle) {
+    QScreen* const screen = QGuiApplication::screenAt(rectangle.center());
+    if (screen == nullptr || (screen == window.screen() && screen->devicePixelRatio() == window.devicePixelRatio())) {
         return;
     }
+    window.destroy();
     window.setScreen(screen);
-    if (window.devicePixelRatio() != screen->devicePixelRatio()) {
-        window.destroy();
-        window.create();
-    }
+    window.setGeometry(rectangle);
+    window.create();
 }
 
 void useActivationToken(const QString& token) {

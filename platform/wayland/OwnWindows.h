@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QPoint>
+#include <QRect>
 #include <QString>
 #include <QtGui/qwindowdefs.h>
 
@@ -14,9 +14,10 @@ namespace zamber::wayland::ownwindows {
 /// The window with this id, or null.
 QWindow* find(WId id);
 
-/// Moves a hidden window to the screen that it will be shown on. Qt 6.4 keeps the scale that a window was made with,
-/// so that one for another scale is made anew; else it would be blurred.
-void moveToScreen(QWindow& window, QPoint place);
+/// Moves a hidden window to the screen that it will be shown on, at this rectangle (points, on the desktop). For
+/// another screen or scale the window is made anew: Qt 6.4 keeps the scale that a window was made with, which would be
+/// blurred, and Qt 6.8 the size.
+void moveToScreen(QWindow& window, const QRect& rectangle);
 
 /// The next window that asks for the focus asks with this token.
 void useActivationToken(const QString& token);

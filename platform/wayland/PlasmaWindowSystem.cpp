@@ -46,7 +46,7 @@ void PlasmaWindowSystem::place(WId id, const QRect& rectangle) {
     window->setMinimumSize(rectangle.size());
     window->setMaximumSize(rectangle.size());
     if (!window->isVisible()) {
-        ownwindows::moveToScreen(*window, rectangle.center());
+        ownwindows::moveToScreen(*window, rectangle);
     }
     if (m_places.insert_or_assign(window, rectangle.topLeft()).second) {
         window->installEventFilter(this);

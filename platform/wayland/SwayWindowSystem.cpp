@@ -90,7 +90,7 @@ void SwayWindowSystem::place(WId id, const QRect& rectangle) {
         return;
     }
     if (!window->isVisible()) {
-        ownwindows::moveToScreen(*window, rectangle.center());
+        ownwindows::moveToScreen(*window, rectangle);
     }
     announce(wish);
 }

@@ -3,12 +3,21 @@
 #include "platform/wayland/SwayConnection.h"
 
 #include <QDeadlineTimer>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSocketNotifier>
 #include <QTimer>
 
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <sys/un.h>
+
 #include <algorithm>
+#include <array>
+#include <cerrno>
 #include <cstring>
 #include <utility>
 
@@ -30,6 +39,7 @@ constexpr std::uint32_t EVENT_BIT = 0x8000'0000;
 constexpr std::uint32_t WORKSPACE_EVENT = EVENT_BIT;
 constexpr std::uint32_t BINDING_EVENT = EVENT_BIT | 5;
 constexpr int LONGEST_MILLISECONDS = 1000;
+constexpr std::size_t CHUNK_BYTES = 65'536;
 
 std::uint32_t numberAt(const QByteArray& bytes, qsizetype place) {
     std::uint32_t number = 0;
@@ -41,6 +51,37 @@ QByteArray bytesOf(std::uint32_t number) {
     QByteArray bytes(sizeof number, Qt::Uninitialized);
     std::memcpy(bytes.data(), &number, sizeof number);
     return bytes;
+}
+
+/// No open descriptor where nobody listens there. Qt's local sockets would be of its network library, which takes more
+/// memory than the few lines here.
+Descriptor connectTo(const QString& path) {
+    const QByteArray name = QFile::encodeName(path);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (name.size() >= static_cast<qsizetype>(sizeof address.sun_path)) {
+        return {};
+    }
+    std::memcpy(address.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
+    Descriptor connected(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    // The bound of connecting and of sending.
+    timeval longest{};
+    longest.tv_sec = LONGEST_MILLISECONDS / 1000;
+    setsockopt(connected.number(), SOL_SOCKET, SO_SNDTIMEO, &longest, sizeof longest);
+    if (connect(connected.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+        return {};
+    }
+    return connected;
+}
+
+/// Whether something has come, or the other side has gone, before the deadline.
+bool waitForInput(const Descriptor& socket, const QDeadlineTimer& deadline) {
+    pollfd watched{.fd = socket.number(), .events = POLLIN, .revents = 0};
+    int ready = 0;
+    do {
+        ready = poll(&watched, 1, static_cast<int>(deadline.remainingTime()));
+    } while (ready < 0 && errno == EINTR);
+    return ready > 0;
 }
 
 /// Whether the part of sway's tree with the focus is this one or below it, and fills the screen by itself or as a part
@@ -63,17 +104,23 @@ std::unique_ptr<SwayConnection> SwayConnection::open() {
     if (path.isEmpty()) {
         return nullptr;
     }
-    std::unique_ptr<SwayConnection> connection(new SwayConnection(path));
+    Descriptor connected = connectTo(path);
+    if (!connected.isOpen()) {
+        return nullptr;
+    }
+    std::unique_ptr<SwayConnection> connection(new SwayConnection(std::move(connected)));
     const auto answer = connection->ask(Kind::Subscribe, R"(["binding","workspace"])");
     return answer && QJsonDocument::fromJson(*answer)[QStringLiteral("success")].toBool() ? std::move(connection)
                                                                                           : nullptr;
 }
 
-SwayConnection::SwayConnection(const QString& path) {
-    m_socket.connectToServer(path);
-    m_socket.waitForConnected(LONGEST_MILLISECONDS);
-    connect(&m_socket, &QLocalSocket::readyRead, this, &SwayConnection::readMore);
+SwayConnection::SwayConnection(Descriptor socket)
+    : m_socket(std::move(socket))
+    , m_notifier(std::make_unique<QSocketNotifier>(m_socket.number(), QSocketNotifier::Read)) {
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &SwayConnection::readMore);
 }
+
+SwayConnection::~SwayConnection() = default;
 
 bool SwayConnection::run(const QByteArray& command) {
     const auto answer = ask(Kind::RunCommand, command);
@@ -112,17 +159,40 @@ bool SwayConnection::isFullScreenFocused() {
 
 std::optional<QByteArray> SwayConnection::ask(Kind kind, const QByteArray& payload) {
     m_answer.reset();
-    m_socket.write(MAGIC.toByteArray() + bytesOf(static_cast<std::uint32_t>(payload.size())) +
-                   bytesOf(static_cast<std::uint32_t>(kind)) + payload);
+    if (!send(MAGIC.toByteArray() + bytesOf(static_cast<std::uint32_t>(payload.size())) +
+              bytesOf(static_cast<std::uint32_t>(kind)) + payload)) {
+        return std::nullopt;
+    }
     const QDeadlineTimer deadline(LONGEST_MILLISECONDS);
-    while (!m_answer && m_socket.waitForReadyRead(static_cast<int>(deadline.remainingTime()))) {
+    while (!m_answer && m_notifier->isEnabled() && waitForInput(m_socket, deadline)) {
         readMore();
     }
     return std::exchange(m_answer, std::nullopt);
 }
 
+bool SwayConnection::send(QByteArrayView bytes) const {
+    while (!bytes.isEmpty()) {
+        const ssize_t sent =
+            ::send(m_socket.number(), bytes.data(), static_cast<std::size_t>(bytes.size()), MSG_NOSIGNAL);
+        if (sent > 0) {
+            bytes = bytes.sliced(sent);
+        } else if (errno != EINTR) {
+            return false;
+        }
+    }
+    return true;
+}
+
 void SwayConnection::readMore() {
-    m_unread += m_socket.readAll();
+    std::array<char, CHUNK_BYTES> chunk;
+    ssize_t count = 0;
+    do {
+        count = recv(m_socket.number(), chunk.data(), chunk.size(), MSG_DONTWAIT);
+        m_unread.append(chunk.data(), std::max<ssize_t>(count, 0));
+    } while (count > 0);
+    if (count == 0 || (errno != EAGAIN && errno != EINTR)) {
+        m_notifier->setEnabled(false); // sway has gone
+    }
     while (const auto message = takeMessage()) {
         if ((message->kind & EVENT_BIT) == 0) {
             m_answer = message->payload;

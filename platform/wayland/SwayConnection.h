@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/wayland/Descriptor.h"
+
 #include <QByteArray>
-#include <QLocalSocket>
 #include <QObject>
 #include <QRect>
 #include <QString>
@@ -13,6 +14,8 @@
 #include <optional>
 #include <vector>
 
+class QSocketNotifier;
+
 namespace zamber::wayland {
 
 /// sway's control socket, which speaks i3's protocol (sway-ipc(7)). A call that waits for an answer waits for the
@@ -21,6 +24,8 @@ class SwayConnection final : public QObject {
     Q_OBJECT
 
 public:
+    ~SwayConnection() override;
+
     /// Null where $SWAYSOCK names no sway that answers.
     static std::unique_ptr<SwayConnection> open();
 
@@ -57,13 +62,15 @@ private:
         QByteArray payload;
     };
 
-    explicit SwayConnection(const QString& path);
+    explicit SwayConnection(Descriptor socket);
+    bool send(QByteArrayView bytes) const;
     std::optional<QByteArray> ask(Kind kind, const QByteArray& payload);
     void readMore();
     std::optional<Message> takeMessage();
     void handleEvent(const Message& event);
 
-    QLocalSocket m_socket;
+    Descriptor m_socket;
+    std::unique_ptr<QSocketNotifier> m_notifier;
     QByteArray m_unread;
     std::optional<QByteArray> m_answer; // to the last request
 };

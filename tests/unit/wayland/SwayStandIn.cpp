@@ -62,9 +62,8 @@ void SwayStandIn::serve() {
     }
     const std::unique_ptr<QLocalSocket> client(server.nextPendingConnection());
     while (!m_isOver && client != nullptr) {
-        if (client->bytesAvailable() >= HEADER_BYTES || client->waitForReadyRead(TURN_MILLISECONDS)) {
-            answer(*client);
-        }
+        client->waitForReadyRead(TURN_MILLISECONDS);
+        answer(*client);
     }
 }
 

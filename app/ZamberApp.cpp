@@ -70,8 +70,8 @@ int main(int argc, char** argv) {
     }
     const zamber::Desktop ports = (*desktop)->ports();
     zamber::UserDefaults::setStandard(&ports.userDefaults);
-    zamber::update::UpdateManager::setShared(
-        zamber::update::UpdateManager::create(ports.scheduler, ports.userDefaults, ports.bundle, ports.workspace));
+    zamber::update::UpdateManager::setShared(zamber::update::UpdateManager::create(
+        ports.scheduler, ports.userDefaults, ports.bundle, ports.workspace, ports.web));
     zamber::settings::SettingsWindow settings(ports.symbols, ports.appearance,
                                               {.defaults = ports.userDefaults,
                                                .loginItem = ports.loginItem,

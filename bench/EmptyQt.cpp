@@ -8,7 +8,6 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <QLineEdit>
-#include <QNetworkRequest>
 #include <QShortcut>
 #include <QSvgRenderer>
 #include <QSystemTrayIcon>
@@ -64,7 +63,6 @@ int main(int argc, char** argv) {
     QDBusConnection::sessionBus();
     // So that the modules are loaded.
     const QSvgRenderer renderer;
-    const QNetworkRequest request;
     QPixmap square(22, 22);
     square.fill(Qt::white);
     QSystemTrayIcon icon{QIcon(square)};

@@ -26,6 +26,7 @@ class StatusItem;
 class Symbols;
 class SystemSound;
 class UserDefaults;
+class WebClient;
 class Workspace;
 
 /// What moving in from a disk image takes besides.
@@ -54,6 +55,7 @@ struct Desktop {
     Alert& alert;
     UserDefaults& userDefaults;
     Scheduler& scheduler;
+    WebClient& web;
     DesktopShortcut* desktopShortcut = nullptr;          ///< null where the desktop has none to be set
     std::optional<DiskImages> diskImages = std::nullopt; ///< nothing where programs do not come on disk images
 };
@@ -79,7 +81,8 @@ Desktop portsOf(Adapters& adapters) {
             .bundle = adapters.bundle,
             .alert = adapters.alert,
             .userDefaults = adapters.userDefaults,
-            .scheduler = adapters.scheduler};
+            .scheduler = adapters.scheduler,
+            .web = adapters.web};
 }
 
 } // namespace zamber

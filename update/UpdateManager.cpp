@@ -9,14 +9,10 @@
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
 #include "update/StrictAddress.h"
-#include "update/UpdateRequest.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QNetworkAccessManager>
-#include <QSslSocket>
 #include <QStringConverter>
-#include <QThreadPool>
 
 #include <cassert>
 #include <charconv>
@@ -29,7 +25,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::chrono::seconds TLS_LOADING_DELAY{4};
 constexpr std::chrono::seconds FIRST_CHECK_DELAY{5};
 constexpr std::chrono::seconds CHECK_INTERVAL{14400};
 
@@ -59,21 +54,18 @@ QByteArray asUtf8(const QByteArray& json) {
 } // namespace
 
 std::shared_ptr<UpdateManager> UpdateManager::create(Scheduler& scheduler, UserDefaults& defaults, AppBundle& bundle,
-                                                     Workspace& workspace, AccessFactory makeAccess, QString apiBase) {
-    if (!makeAccess) {
-        makeAccess = [] { return std::make_unique<QNetworkAccessManager>(); };
-    }
+                                                     Workspace& workspace, WebClient& web, QString apiBase) {
     return std::shared_ptr<UpdateManager>(
-        new UpdateManager(scheduler, defaults, bundle, workspace, std::move(makeAccess), std::move(apiBase)));
+        new UpdateManager(scheduler, defaults, bundle, workspace, web, std::move(apiBase)));
 }
 
 UpdateManager::UpdateManager(Scheduler& scheduler, UserDefaults& defaults, AppBundle& bundle, Workspace& workspace,
-                             AccessFactory makeAccess, QString apiBase)
+                             WebClient& web, QString apiBase)
     : m_scheduler(scheduler)
     , m_defaults(defaults)
     , m_bundle(bundle)
     , m_workspace(workspace)
-    , m_makeAccess(std::move(makeAccess))
+    , m_web(web)
     , m_apiBase(std::move(apiBase)) {}
 
 UpdateManager::~UpdateManager() = default;
@@ -109,9 +101,6 @@ void UpdateManager::startPeriodicChecks() {
             manager->checkForUpdates();
         }
     };
-    // Loading the TLS library takes longer than a frame; a worker does it, once the start is over.
-    m_scheduler.after(TLS_LOADING_DELAY,
-                      [] { QThreadPool::globalInstance()->start([] { QSslSocket::supportsSsl(); }); });
     m_scheduler.after(FIRST_CHECK_DELAY, check);
     m_timer = m_scheduler.every(CHECK_INTERVAL, check);
 }
@@ -133,26 +122,17 @@ void UpdateManager::checkForUpdates() {
     if (!address) {
         return;
     }
-    if (!m_access) {
-        m_access = m_makeAccess();
-    }
-    m_request =
-        std::make_unique<UpdateRequest>(*m_access, m_scheduler, *address, [this](const UpdateRequest::Answer& answer) {
-            finishCheck();
-            if (answer) {
-                handleBody(*answer);
-            } else {
-                handleFailure(answer.error());
-            }
-            emit changed();
-        });
+    m_request = m_web.get(*address, [this](const WebClient::Answer& answer) {
+        m_request.reset();
+        m_lastChecked = m_scheduler.now();
+        if (answer) {
+            handleBody(*answer);
+        } else {
+            handleFailure(answer.error());
+        }
+        emit changed();
+    });
     emit changed();
-}
-
-void UpdateManager::finishCheck() {
-    // This is called by the request, which must not be destroyed in its own call.
-    m_request.release()->deleteLater();
-    m_lastChecked = m_scheduler.now();
 }
 
 void UpdateManager::handleFailure(const QString& reason) {

@@ -3,15 +3,13 @@
 #pragma once
 
 #include "platform/Scheduler.h"
+#include "platform/WebClient.h"
 
 #include <QObject>
 #include <QString>
 
-#include <functional>
 #include <memory>
 #include <optional>
-
-class QNetworkAccessManager;
 
 namespace zamber {
 class AppBundle;
@@ -21,8 +19,6 @@ class Workspace;
 
 namespace zamber::update {
 
-class UpdateRequest;
-
 /// Asks the update service whether there is a newer release, shortly after the start and every four hours, and tells
 /// what it said. It neither downloads nor installs. Which version is newer is the service's business.
 ///
@@ -31,12 +27,9 @@ class UpdateManager final : public QObject, public std::enable_shared_from_this<
     Q_OBJECT
 
 public:
-    /// Makes the network access that requests go out by, at the first check.
-    using AccessFactory = std::function<std::unique_ptr<QNetworkAccessManager>()>;
-
     /// The ports must outlive the manager. The base address is the build's unless a test has a service of its own.
     static std::shared_ptr<UpdateManager> create(Scheduler& scheduler, UserDefaults& defaults, AppBundle& bundle,
-                                                 Workspace& workspace, AccessFactory makeAccess = {},
+                                                 Workspace& workspace, WebClient& web,
                                                  QString apiBase = defaultApiBase());
     ~UpdateManager() override;
 
@@ -82,21 +75,19 @@ signals:
     void changed();
 
 private:
-    UpdateManager(Scheduler& scheduler, UserDefaults& defaults, AppBundle& bundle, Workspace& workspace,
-                  AccessFactory makeAccess, QString apiBase);
+    UpdateManager(Scheduler& scheduler, UserDefaults& defaults, AppBundle& bundle, Workspace& workspace, WebClient& web,
+                  QString apiBase);
 
     void handleFailure(const QString& reason);
     void handleBody(const QByteArray& body);
-    void finishCheck();
 
     Scheduler& m_scheduler;
     UserDefaults& m_defaults;
     AppBundle& m_bundle;
     Workspace& m_workspace;
-    const AccessFactory m_makeAccess;
+    WebClient& m_web;
     const QString m_apiBase;
-    std::unique_ptr<QNetworkAccessManager> m_access;
-    std::unique_ptr<UpdateRequest> m_request;
+    std::unique_ptr<WebClient::Request> m_request;
     std::optional<Scheduler::Token> m_timer;
     bool m_updateAvailable = false;
     QString m_latestVersion;

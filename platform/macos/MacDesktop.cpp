@@ -26,6 +26,7 @@
 #include "platform/macos/MacUserDefaults.h"
 #include "platform/macos/MacWindows.h"
 #include "platform/macos/MacWorkspace.h"
+#include "platform/web/QtWebClient.h"
 
 #include <utility>
 
@@ -52,6 +53,7 @@ struct MacDesktop::Adapters {
     MacDiskImageTool images;
     MacStatusItem statusItem;
     MacPopover popover;
+    web::QtWebClient web{scheduler};
     FloatingLevel floatingLevel;
 };
 
@@ -78,7 +80,9 @@ std::filesystem::path MacDesktop::historyFile() {
 }
 
 MacDesktop::MacDesktop(std::unique_ptr<Adapters> adapters)
-    : m_adapters(std::move(adapters)) {}
+    : m_adapters(std::move(adapters)) {
+    m_adapters->web.loadTlsSoon();
+}
 
 MacDesktop::~MacDesktop() = default;
 

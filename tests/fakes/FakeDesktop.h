@@ -19,6 +19,7 @@
 #include "tests/fakes/FakeSymbols.h"
 #include "tests/fakes/FakeSystemSound.h"
 #include "tests/fakes/FakeUserDefaults.h"
+#include "tests/fakes/FakeWebClient.h"
 #include "tests/fakes/FakeWorkspace.h"
 
 namespace zamber {
@@ -45,6 +46,7 @@ struct FakeDesktop {
     FakeAlert alert{journal};
     FakeUserDefaults userDefaults{journal};
     FakeScheduler scheduler;
+    FakeWebClient web;
 };
 
 } // namespace zamber

@@ -14,6 +14,8 @@ import xml.etree.ElementTree as ElementTree
 from package import DESKTOP_ENTRY, ICON_SIZES, ID, METAINFO, SERVICE, SOURCES, declared, entry_keys, package, run, tree, unpack
 
 BINARY = "usr/bin/zamber"
+FETCH = "usr/libexec/zamber/zamber-fetch"
+PROGRAMS = (BINARY, FETCH)
 MAN_PAGE = "usr/share/man/man1/zamber.1.gz"
 DOCUMENTS = "usr/share/doc/zamber"
 
@@ -33,12 +35,13 @@ class ContentTest(PackageTestCase):
     def test_just_these_files_are_in_it_and_belong_to_root(self):
         icons = {f"usr/share/icons/hicolor/{size}x{size}/apps/{ID}.png" for size in ICON_SIZES}
         icons.add(f"usr/share/icons/hicolor/scalable/apps/{ID}.svg")
-        expected = {BINARY, DESKTOP_ENTRY, METAINFO, SERVICE, MAN_PAGE, "usr/share/lintian/overrides/zamber", f"{DOCUMENTS}/copyright",
+        expected = {*PROGRAMS, DESKTOP_ENTRY, METAINFO, SERVICE, MAN_PAGE, "usr/share/lintian/overrides/zamber", f"{DOCUMENTS}/copyright",
                     f"{DOCUMENTS}/changelog.Debian.gz"} | icons
         found = tree(self.root)
         self.assertEqual({name for name, (mode, _) in found.items() if not mode.startswith("d")}, expected)
         modes = {name: mode for name, (mode, _) in found.items()}
-        self.assertEqual(modes.pop(BINARY), "-rwxr-xr-x")
+        for program in PROGRAMS:
+            self.assertEqual(modes.pop(program), "-rwxr-xr-x")
         for name, mode in modes.items():
             self.assertIn(mode, ("drwxr-xr-x", "-rw-r--r--"), name)
         owners = {line.split()[1] for line in run("dpkg-deb", "--contents", package()).splitlines()}
@@ -53,16 +56,18 @@ class ContentTest(PackageTestCase):
                 colours = int(run("identify", "-format", "%k", path))
                 self.assertGreater(colours, 10)
 
-    def test_the_program_is_stripped_hardened_and_looks_for_libraries_where_the_system_does(self):
-        sections = run("readelf", "--section-headers", "--wide", self.root / BINARY)
-        self.assertNotIn(".debug_", sections)
-        self.assertNotIn(".symtab", sections)
-        dynamic = run("readelf", "--dynamic", "--wide", self.root / BINARY)
-        self.assertNotRegex(dynamic, r"\((RPATH|RUNPATH)\)")
-        self.assertIn("NOW", dynamic)
-        self.assertIn("PIE", dynamic)
-        self.assertIn("GNU_RELRO", run("readelf", "--program-headers", "--wide", self.root / BINARY))
-        self.assertIn("__stack_chk_fail", run("readelf", "--dyn-syms", "--wide", self.root / BINARY))
+    def test_the_programs_are_stripped_hardened_and_look_for_libraries_where_the_system_does(self):
+        for program in PROGRAMS:
+            with self.subTest(program):
+                sections = run("readelf", "--section-headers", "--wide", self.root / program)
+                self.assertNotIn(".debug_", sections)
+                self.assertNotIn(".symtab", sections)
+                dynamic = run("readelf", "--dynamic", "--wide", self.root / program)
+                self.assertNotRegex(dynamic, r"\((RPATH|RUNPATH)\)")
+                self.assertIn("NOW", dynamic)
+                self.assertIn("PIE", dynamic)
+                self.assertIn("GNU_RELRO", run("readelf", "--program-headers", "--wide", self.root / program))
+                self.assertIn("__stack_chk_fail", run("readelf", "--dyn-syms", "--wide", self.root / program))
 
     def test_nothing_names_the_folder_it_was_built_in(self):
         # As a path of its own, not as the end of another one.
@@ -77,18 +82,24 @@ class DependenciesTest(PackageTestCase):
         return {name.split()[0] for name in re.split(r"[,|] *", self.field(field))}
 
     def test_every_library_it_loads_at_its_start_is_in_a_package_it_depends_on(self):
-        listed = run("readelf", "--dynamic", "--wide", self.root / BINARY)
-        wanted = set(re.findall(r"\(NEEDED\).*\[(.+)\]", listed))
-        self.assertIn("libQt6Widgets.so.6", wanted)
-        paths = {path.rsplit("/", 1)[1]: path for path in re.findall(r"/\S+\.so\S*", run("ldd", self.root / BINARY))}
-        for library in wanted:
-            with self.subTest(library):
-                # The package database may know the file by its place before /lib became part of /usr.
-                place = paths[library].removeprefix("/usr")
-                answer = subprocess.run(["dpkg-query", "--search", place, f"/usr{place}"], capture_output=True,
-                                        check=False).stdout.decode()
-                owners = {line.split(":")[0] for line in answer.splitlines()}
-                self.assertTrue(owners & self.names("Depends"), f"{library} of {owners}")
+        for program, one in ((BINARY, "libQt6Widgets.so.6"), (FETCH, "libQt6Network.so.6")):
+            listed = run("readelf", "--dynamic", "--wide", self.root / program)
+            wanted = set(re.findall(r"\(NEEDED\).*\[(.+)\]", listed))
+            self.assertIn(one, wanted)
+            paths = {path.rsplit("/", 1)[1]: path for path in re.findall(r"/\S+\.so\S*", run("ldd", self.root / program))}
+            for library in wanted:
+                with self.subTest(library):
+                    # The package database may know the file by its place before /lib became part of /usr.
+                    place = paths[library].removeprefix("/usr")
+                    answer = subprocess.run(["dpkg-query", "--search", place, f"/usr{place}"], capture_output=True,
+                                            check=False).stdout.decode()
+                    owners = {line.split(":")[0] for line in answer.splitlines()}
+                    self.assertTrue(owners & self.names("Depends"), f"{library} of {owners}")
+
+    def test_the_program_that_stays_loads_no_network_library(self):
+        loaded = run("ldd", self.root / BINARY)
+        self.assertIn("libQt6Widgets", loaded)
+        self.assertNotRegex(loaded, "libQt6Network|libssl|libcrypto")
 
     def test_what_it_loads_later_is_named_too(self):
         self.assertIn("qt6-image-formats-plugins", self.names("Depends"))

@@ -21,7 +21,8 @@ def install(prefix, **environment):
 def expected_files():
     icons = {f"share/icons/hicolor/{size}x{size}/apps/{ID}.png" for size in ICON_SIZES}
     return icons | {
-        "bin/zamber", f"share/applications/{ID}.desktop", f"share/metainfo/{ID}.metainfo.xml",
+        "bin/zamber", "libexec/zamber/zamber-fetch", f"share/applications/{ID}.desktop",
+        f"share/metainfo/{ID}.metainfo.xml",
         f"share/dbus-1/services/{ID}.service", f"share/icons/hicolor/scalable/apps/{ID}.svg",
         "share/man/man1/zamber.1", "share/doc/zamber/LICENSE", "share/doc/zamber/copyright",
     }

@@ -16,6 +16,7 @@
 #include "platform/freedesktop/session/SingleInstance.h"
 #include "platform/freedesktop/session/TerminationSignals.h"
 #include "platform/freedesktop/session/XdgLoginItem.h"
+#include "platform/freedesktop/web/ProcessWebClient.h"
 #include "platform/links/ScannerLinkDetector.h"
 
 #include <expected>
@@ -57,6 +58,7 @@ struct CommonAdapters {
     links::ScannerLinkDetector links;
     BuiltAppBundle bundle;
     QtAlert alert;
+    web::ProcessWebClient web{scheduler, web::ProcessWebClient::installedProgram()};
 
     /// To be called first when the desktop ends: what is still to be run may hold the last of whoever uses the
     /// adapters, or be asked for by a worker.

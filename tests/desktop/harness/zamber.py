@@ -51,6 +51,7 @@ class Zamber:
         self.binary = pathlib.Path(binary or default_binary())
         if not self.binary.is_file():
             raise FileNotFoundError(f"no program at {self.binary}: build it, or set ZAMBER_BINARY")
+        self.started_by = WITHOUT_NETWORK
         self.child = None
 
     @property
@@ -93,7 +94,7 @@ class Zamber:
     def start(self):
         environment = dict(self._desktop.environment, **self.environment)
         environment.update({name: os.environ[name] for name in SANITIZER_VARIABLES if name in os.environ})
-        self.child = self._desktop.start("zamber", [*WITHOUT_NETWORK, self.binary], environment=environment)
+        self.child = self._desktop.start("zamber", [*self.started_by, self.binary], environment=environment)
         wait_until(
             lambda: not self.is_running() or self._ready_line in self.stdout_lines(), START_SECONDS,
             lambda: f"{self._ready_line!r}; so far {self.stdout_lines()}, {self.stderr_lines()}",

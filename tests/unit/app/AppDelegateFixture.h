@@ -22,9 +22,8 @@ class AppDelegateTest : public testing::Test, protected FakeDesktop {
 protected:
     AppDelegateTest() {
         UserDefaults::setStandard(&userDefaults);
-        // No service answers there, and no request leaves the machine.
-        update::UpdateManager::setShared(update::UpdateManager::create(scheduler, userDefaults, bundle, workspace, {},
-                                                                       QStringLiteral("http://127.0.0.1:9")));
+        update::UpdateManager::setShared(
+            update::UpdateManager::create(scheduler, userDefaults, bundle, workspace, web));
         delegate = std::make_shared<AppDelegate>(portsOf<FakeDesktop>(*this),
                                                  folder.filePath(QStringLiteral("history.json")).toStdString(),
                                                  [this] { journal.note("check and prompt move"); });

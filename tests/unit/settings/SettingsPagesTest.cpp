@@ -164,7 +164,7 @@ TEST_F(SettingsPagesTest, Version100AndBuild42ReadV100And42) {
 }
 
 TEST_F(SettingsPagesTest, WhileACheckIsRunningTheRowShowsOnlyTheProgressIndicator) {
-    stage.answer = AVAILABLE;
+    stage.web.answer = QByteArray(AVAILABLE);
     open(SettingsTab::General);
     EXPECT_TRUE(shows(u"Up to date"_s));
     EXPECT_FALSE(showsControl<ui::ProgressIndicator>(u"Checking for updates"_s));
@@ -178,7 +178,7 @@ TEST_F(SettingsPagesTest, WhileACheckIsRunningTheRowShowsOnlyTheProgressIndicato
     EXPECT_FALSE(showsControl<ui::BorderedButton>(u"Check"_s));
 
     // And once more, with an update known from the first.
-    stage.answer.reset();
+    stage.web.answer.reset();
     stage.updates->checkForUpdates();
     EXPECT_TRUE(showsControl<ui::ProgressIndicator>(u"Checking for updates"_s));
     EXPECT_FALSE(shows(u"v3.0.0 available"_s));
@@ -186,7 +186,7 @@ TEST_F(SettingsPagesTest, WhileACheckIsRunningTheRowShowsOnlyTheProgressIndicato
 }
 
 TEST_F(SettingsPagesTest, DownloadOpensTheAddress) {
-    stage.answer = AVAILABLE;
+    stage.web.answer = QByteArray(AVAILABLE);
     stage.updates->checkForUpdates();
     EXPECT_TRUE(QTest::qWaitFor([this] { return stage.updates->updateAvailable(); }));
     open(SettingsTab::General);
@@ -199,7 +199,7 @@ TEST_F(SettingsPagesTest, TheCheckButtonPressedTwiceSendsOneRequest) {
     auto* const check = stage.control<ui::BorderedButton>(u"Check"_s);
     check->click();
     check->click();
-    EXPECT_EQ(stage.requests, 1);
+    EXPECT_EQ(stage.web.addresses.size(), 1U);
 }
 
 TEST_F(SettingsPagesTest, ThePermissionIsReadEachTimeThePageIsBuilt) {

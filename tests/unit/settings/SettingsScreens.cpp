@@ -85,7 +85,7 @@ void shootToDo(Camera& camera, const Symbols& symbols, bool isDark) {
     SettingsStage stage(symbols);
     stage.appearance.setDark(isDark);
     stage.trust.isGranted = false;
-    stage.answer = AVAILABLE;
+    stage.web.answer = QByteArray(AVAILABLE);
     stage.updates->checkForUpdates();
     camera.isGood = camera.isGood && QTest::qWaitFor([&] { return stage.updates->updateAvailable(); });
     stage.open();

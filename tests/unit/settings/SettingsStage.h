@@ -12,8 +12,8 @@
 #include "tests/fakes/FakeLoginItem.h"
 #include "tests/fakes/FakeScheduler.h"
 #include "tests/fakes/FakeUserDefaults.h"
+#include "tests/fakes/FakeWebClient.h"
 #include "tests/fakes/FakeWorkspace.h"
-#include "tests/unit/settings/CannedReplies.h"
 #include "update/UpdateManager.h"
 
 #include <QApplication>
@@ -67,11 +67,9 @@ public:
     FakeWorkspace workspace{journal};
     FakeAppBundle bundle;
     FakeScheduler scheduler;
-    /// What the update service answers; without one it answers nothing yet.
-    std::optional<QByteArray> answer;
-    int requests = 0;
-    std::shared_ptr<update::UpdateManager> updates = update::UpdateManager::create(
-        scheduler, defaults, bundle, workspace, [this] { return std::make_unique<CannedReplies>(answer, requests); });
+    FakeWebClient web;
+    std::shared_ptr<update::UpdateManager> updates =
+        update::UpdateManager::create(scheduler, defaults, bundle, workspace, web);
     DesktopShortcut* desktopShortcut = nullptr;
     std::unique_ptr<SettingsTheme> theme;
     std::unique_ptr<SettingsView> view;

@@ -4,6 +4,7 @@
 
 #include "HttpsServer.h"
 
+#include "platform/web/QtWebClient.h"
 #include "tests/fakes/FakeAppBundle.h"
 #include "tests/fakes/FakeScheduler.h"
 #include "tests/fakes/FakeUserDefaults.h"
@@ -63,9 +64,7 @@ private:
 class UpdateFixture : public testing::Test {
 protected:
     std::shared_ptr<UpdateManager> managerFor(const QString& apiBase) {
-        return UpdateManager::create(
-            scheduler, defaults, bundle, workspace,
-            [this] { return std::make_unique<TrustingAccess>(authorities.trusted(), access); }, apiBase);
+        return UpdateManager::create(scheduler, defaults, bundle, workspace, webClient, apiBase);
     }
 
     /// A whole check; the service's side of it is in `service`.
@@ -91,6 +90,8 @@ protected:
     FakeWorkspace workspace{journal};
     WatchedAccess access;
     Authorities authorities;
+    web::QtWebClient webClient{scheduler,
+                               [this] { return std::make_unique<TrustingAccess>(authorities.trusted(), access); }};
     HttpsServer service{authorities.server(Authorities::Issuer::Trusted, "DNS:localhost,IP:127.0.0.1")};
     std::shared_ptr<UpdateManager> manager = managerFor(service.apiBase());
 };

@@ -277,7 +277,7 @@ TEST_F(UpdateManagerTest, StoppingEndsTheRepeatedChecks) {
     manager->stopPeriodicChecks();
     manager->startPeriodicChecks();
     manager->stopPeriodicChecks();
-    EXPECT_EQ(scheduler.pendingTimers(), 2U) << "the first check and what prepares it are not the timer's";
+    EXPECT_EQ(scheduler.pendingTimers(), 1U) << "the first check is not the timer's";
 }
 
 TEST_F(UpdateManagerTest, ItsTimersHoldItWeakly) {

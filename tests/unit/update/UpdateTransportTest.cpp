@@ -332,9 +332,11 @@ TEST_F(UpdateTransport, ACertificateForAnotherHostIsAFailure) {
 
 TEST_F(UpdateTransport, TheTestsAuthorityIsTrustedByTheirAccessManagerAlone) {
     service.answer = HttpsServer::reply(GOOD_REPLY);
-    manager = UpdateManager::create(scheduler, defaults, bundle, workspace, {}, service.apiBase());
+    web::QtWebClient others(scheduler);
+    manager = UpdateManager::create(scheduler, defaults, bundle, workspace, others, service.apiBase());
     check();
     expectFailureIsLoggedAndStateKept();
+    manager.reset();
 }
 
 TEST_F(UpdateTransport, GarbageInsteadOfTlsIsAFailure) {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Zamber project
 // SPDX-License-Identifier: MIT
-#include "update/UpdateRequest.h"
+#include "platform/web/WebRequest.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
@@ -8,20 +8,15 @@
 
 #include <utility>
 
-namespace zamber::update {
+namespace zamber::web {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::chrono::seconds LONGEST_SILENCE{10};
-constexpr std::chrono::seconds LONGEST_CHECK{60};
-constexpr qint64 LARGEST_BODY_BYTES = 1'000'000;
 constexpr qint64 READ_BUFFER_BYTES = 65'536;
 
 constexpr int MOST_REDIRECTIONS = 16;
-
-const QString TIMED_OUT = u"The request timed out."_s;
 
 constexpr int FIRST_ERROR_STATUS = 400;
 /// Qt's errors above this one stand for HTTP statuses.
@@ -37,7 +32,7 @@ QNetworkRequest requestFor(const QUrl& address) {
     // Redirections are followed here: Qt takes one without a target for a failure and throws its body away, but a body
     // counts whatever its status is.
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-    request.setTransferTimeout(static_cast<int>(std::chrono::milliseconds(LONGEST_SILENCE).count()));
+    request.setTransferTimeout(static_cast<int>(std::chrono::milliseconds(WebClient::LONGEST_SILENCE).count()));
     return request;
 }
 
@@ -58,22 +53,22 @@ bool hasTimedOut(const QNetworkReply& reply) {
 
 } // namespace
 
-UpdateRequest::UpdateRequest(QNetworkAccessManager& access, Scheduler& scheduler, const QUrl& address, Done done)
+WebRequest::WebRequest(QNetworkAccessManager& access, Scheduler& scheduler, const QUrl& address, WebClient::Done done)
     : m_access(access)
     , m_scheduler(scheduler)
     , m_done(std::move(done))
-    , m_totalTimer(scheduler.after(LONGEST_CHECK, [this] { giveUp(TIMED_OUT); })) {
+    , m_totalTimer(scheduler.after(WebClient::LONGEST_REQUEST, [this] { giveUp(WebClient::timedOut()); })) {
     send(address);
 }
 
-void UpdateRequest::send(const QUrl& address) {
+void WebRequest::send(const QUrl& address) {
     m_reply = m_access.get(requestFor(address));
     m_reply->setReadBufferSize(READ_BUFFER_BYTES);
-    connect(m_reply, &QNetworkReply::readyRead, this, &UpdateRequest::takeData);
-    connect(m_reply, &QNetworkReply::finished, this, &UpdateRequest::finish);
+    connect(m_reply, &QNetworkReply::readyRead, this, &WebRequest::takeData);
+    connect(m_reply, &QNetworkReply::finished, this, &WebRequest::finish);
 }
 
-UpdateRequest::~UpdateRequest() {
+WebRequest::~WebRequest() {
     m_scheduler.invalidate(m_totalTimer);
     if (m_reply) { // else its access manager has gone first
         m_reply->disconnect(this);
@@ -82,26 +77,26 @@ UpdateRequest::~UpdateRequest() {
     }
 }
 
-void UpdateRequest::takeData() {
+void WebRequest::takeData() {
     // At most one byte more than fits is read, which tells that the body is too large; the rest is never unpacked.
     QByteArray chunk;
     do {
-        chunk = m_reply->read(LARGEST_BODY_BYTES + 1 - m_body.size());
+        chunk = m_reply->read(WebClient::LARGEST_BODY_BYTES + 1 - m_body.size());
         m_body += chunk;
     } while (!chunk.isEmpty());
-    if (m_body.size() > LARGEST_BODY_BYTES) {
-        giveUp(u"The answer is larger than 1 MB."_s);
+    if (m_body.size() > WebClient::LARGEST_BODY_BYTES) {
+        giveUp(WebClient::tooLarge());
     }
 }
 
-void UpdateRequest::giveUp(const QString& reason) {
+void WebRequest::giveUp(const QString& reason) {
     if (!m_failure) {
         m_failure = reason;
         m_reply->abort(); // emits finished()
     }
 }
 
-bool UpdateRequest::followRedirection() {
+bool WebRequest::followRedirection() {
     const QUrl target = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
     if (m_failure || target.isEmpty() || !target.isValid()) {
         return false;
@@ -121,7 +116,7 @@ bool UpdateRequest::followRedirection() {
     return true;
 }
 
-void UpdateRequest::finish() {
+void WebRequest::finish() {
     if (followRedirection()) {
         return;
     }
@@ -129,16 +124,16 @@ void UpdateRequest::finish() {
         takeData();
     }
     m_scheduler.invalidate(m_totalTimer);
-    Answer answer = std::move(m_body);
+    WebClient::Answer answer = std::move(m_body);
     if (m_failure) {
         answer = std::unexpected(*m_failure);
     } else if (hasTimedOut(*m_reply)) {
-        answer = std::unexpected(TIMED_OUT);
+        answer = std::unexpected(WebClient::timedOut());
     } else if (!hasBody(*m_reply)) {
         answer = std::unexpected(m_reply->errorString());
     }
-    const Done done = m_done; // the call may be the end of this object
+    const WebClient::Done done = m_done; // the call may be the end of this object
     done(answer);
 }
 
-} // namespace zamber::update
+} // namespace zamber::web

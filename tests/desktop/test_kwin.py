@@ -5,10 +5,11 @@
 import itertools
 
 from case import PASTED_LINE
-from harness import CONTROL, KEY_CODES, SHIFT, SUPER, Editor, holds_for, mean_color, wait_until
+from harness import CONTROL, KEY_CODES, SHIFT, SUPER, Editor, holds_for, wait_until
 from harness.zamber import UNTRUSTED_LINE
 from wayland_case import KWinTestCase
 from wayland_cases import UTF8, CaptureCases, EndCases, HotKeysCases, OwnerOfX, OwnersCases, PasteCases
+from wayland_window_cases import WindowCases
 
 KGLOBALACCEL = ["gdbus", "call", "--session", "-d", "org.kde.kglobalaccel", "-o", "/kglobalaccel", "-m"]
 META, SHIFTED = 0x10000000, 0x02000000  # as Qt numbers combinations
@@ -87,7 +88,7 @@ class KWinHotKeysTest(HotKeysCases, KWinTestCase):
         self.zamber.wait_until_closed()
 
 
-class KWinMenuTest(KWinTestCase):
+class KWinMenuTest(WindowCases, KWinTestCase):
     """A menu of the program's own is open, which has the keyboard."""
 
     history = ("first", "second", "third")
@@ -95,13 +96,7 @@ class KWinMenuTest(KWinTestCase):
 
     def setUp(self):
         super().setUp()
-        popover = self.zamber.open_popover()
-        row = wait_until(lambda: self.zamber.tree().all(role="list item"), what="the rows")[1]
-        x, y = popover.x + row.centre[0], popover.y + row.centre[1]
-        part = (x - 60, y, 120, 60)  # KWin opens the menu to the left where there is no room at the right
-        before = mean_color(self.desktop, *part)
-        self.desktop.mouse.click(x, y, 3)
-        wait_until(lambda: abs(sum(mean_color(self.desktop, *part)) - sum(before)) > 9, what="the menu")
+        self.open_row_menu("second")
 
     def test_the_main_hot_key_closes_it_and_keeps_the_history_open(self):
         self.zamber.press_hot_key()

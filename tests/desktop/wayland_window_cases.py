@@ -68,6 +68,17 @@ class WindowCases:
         self.assertEqual(len(data), 4 * width * height)
         return data
 
+    def open_row_menu(self, name):
+        self.zamber.open_popover()
+        self.wait_for_names(*self.history)
+        left, top = self.place_of(self.zamber.tree().all(role="list item", name=name)[0])
+        self.desktop.mouse.move(left, top)
+        self.let_a_glance_pass()
+        part = (left - 60, top, 120, 60)  # the menu opens further to the left where there is no room at the right
+        before = self.picture(*part)
+        self.desktop.mouse.click(left, top, button=3)
+        wait_until(lambda: self.picture(*part) != before, what="the menu")
+
 
 class PopoverCases(WindowCases):
     def test_it_is_a_window_of_wayland_and_beside_the_corner_from_its_first_frame(self):
@@ -121,17 +132,6 @@ class PopoverCases(WindowCases):
         self.desktop.mouse.click(*self.place_of(row))
         self.expect_paste()
         self.editor.wait_for_text("cherry cake")
-
-    def open_row_menu(self, name):
-        self.zamber.open_popover()
-        self.wait_for_names(*HISTORY)
-        left, top = self.place_of(self.zamber.tree().all(role="list item", name=name)[0])
-        self.desktop.mouse.move(left, top)
-        self.let_a_glance_pass()
-        part = (left - 60, top, 120, 60)  # the menu opens to the left where there is no room at the right
-        before = self.picture(*part)
-        self.desktop.mouse.click(left, top, button=3)
-        wait_until(lambda: self.picture(*part) != before, what="the menu")
 
     def test_a_right_click_opens_the_rows_menu_which_leaves_the_popover_open(self):
         self.open_row_menu("banana bread")
@@ -196,6 +196,9 @@ class SharpnessCases(WindowCases):
     """Where lines of one pixel are drawn as such, neighbours differ far more than in a picture that was enlarged."""
 
     def steps_in_a_picture_of_the_popover(self, scale):
+        """Of one that was open before: the window is told its scale each time."""
+        self.zamber.open_popover()
+        self.close_by_escape()
         self.zamber.open_popover()
         self.wait_for_names(*HISTORY)
         self.let_a_glance_pass()

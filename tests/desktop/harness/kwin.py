@@ -3,6 +3,7 @@
 """A whole Plasma-like desktop that nobody else sees: KWin in the one window of a private X server, whose keyboard and
 mouse are the user's hands."""
 
+import contextlib
 import os
 import pathlib
 import shutil
@@ -10,6 +11,7 @@ import subprocess
 
 from Xlib import X
 
+from .authority import authority_in_environment
 from .configurations import KWIN_KEYBOARD_CONFIGURATION, KWIN_MENU_CONFIGURATION
 from .desktop import PrivateDesktop
 from .plasma_windows import PlasmaWindows
@@ -17,9 +19,16 @@ from .screen import screenshot
 from .session import START_SECONDS
 from .waiting import wait_until
 from .wayland_clipboard import WaylandClipboard
+from .windows import top_level_windows
+from .wire import Client
+from .x_connection import connect
 
 PYTHON = os.readlink("/proc/self/exe")
 SILENCE_SECONDS = 2.0
+CREATE_CONFIGURATION = 0  # the requests and events of KWin's protocol for the settings of screens
+SET_SCALE, APPLY = 4, 5
+APPLIED, FAILED = 0, 1
+WHOLE = 256  # of Wayland's numbers with a fraction
 ENTRIES = pathlib.Path(__file__).resolve().parents[3] / "packaging" / "freedesktop"
 
 
@@ -128,13 +137,38 @@ class KWinDesktop(PrivateDesktop):
             self.environment["XAUTHORITY"] = authority
         else:  # whoever is the same user may connect
             self.environment.pop("XAUTHORITY", None)
+        if self._scale != 1:
+            self._set_scale()
         self._plasma_windows = PlasmaWindows(self.environment)
         self.clipboard = _KWinClipboard(self)
+
+    def _set_scale(self):
+        """As the system's settings do: KWin 6 does not heed the scale that it is started with."""
+        answers = []
+        with contextlib.closing(Client(self.environment)) as client:
+            screen, management = client.bind("kde_output_device_v2"), client.bind("kde_output_management_v2")
+            configuration = client.new()
+            configuration.handlers = {answer: lambda _, answer=answer: answers.append(answer)
+                                      for answer in (APPLIED, FAILED)}
+            management.send(CREATE_CONFIGURATION, configuration)
+            configuration.send(SET_SCALE, screen, round(self._scale * WHOLE))
+            configuration.send(APPLY)
+            wait_until(lambda: client.round_trip() or answers, START_SECONDS, "KWin to take the scale")
+        if answers != [APPLIED]:
+            raise RuntimeError(f"KWin refuses the scale {self._scale}")
 
     # The screen
 
     def windows(self):
         return [window for window, _ in self._plasma_windows.look()]
+
+    def windows_of_x(self):
+        """Those of XWayland's that are seen."""
+        authority = self.environment.get("XAUTHORITY")
+        with authority_in_environment(authority) if authority else contextlib.nullcontext():
+            connection = connect(self.environment["DISPLAY"])
+        with contextlib.closing(connection):
+            return [window for window in top_level_windows(connection) if window.visible]
 
     def active_window(self):
         return next((window for window, is_active in self._plasma_windows.look() if is_active), None)

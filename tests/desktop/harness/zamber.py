@@ -17,6 +17,8 @@ READY_LINE = "✅ Accessibility: trusted"
 UNTRUSTED_LINE = "⚠️ Accessibility: NOT trusted — opening System Settings"
 UPDATE_FAILED = "⚠️ Update check failed: "
 STALE_NODE = re.compile(r"qt\.accessibility\.atspi: .*(Accessible invalid|Could not find accessible on path)")
+# Qt 6.8 where a window is told its scale and shown in one moment. Qt takes the scale then; the pictures are compared.
+SCALE_IN_TIME = re.compile(r"The cached device pixel ratio value was stale on window expose\.")
 START_SECONDS = 10.0
 SANITIZER_VARIABLES = ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 
@@ -121,8 +123,10 @@ class Zamber:
         return any(line.startswith(UPDATE_FAILED) for line in self.child.stdout_lines())
 
     def stderr_lines(self):
-        """What went wrong, but for what Qt says of a reader, as the tests are, that asks for a node just gone."""
-        return [line for line in self.child.stderr_lines() if not STALE_NODE.match(line)]
+        """What went wrong, but for what Qt says of a reader, as the tests are, that asks for a node just gone, and of a
+        scale that it has noticed."""
+        return [line for line in self.child.stderr_lines()
+                if not STALE_NODE.match(line) and not SCALE_IN_TIME.match(line)]
 
     def records(self):
         """The history file's records, newest first; empty while there is none or it is just being written."""

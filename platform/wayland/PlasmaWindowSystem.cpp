@@ -29,6 +29,9 @@ PlasmaWindowSystem::PlasmaWindowSystem(Desktop desktop)
 PlasmaWindowSystem::~PlasmaWindowSystem() = default;
 
 std::optional<QRect> PlasmaWindowSystem::freeArea(const QScreen& screen) const {
+    if (const auto told = m_desktop.freeArea ? m_desktop.freeArea(screen.name()) : std::nullopt) {
+        return plausibleArea(screen.geometry(), *told);
+    }
     return m_desktop.freePart ? freeAreaOf(screen.geometry(), screen.virtualGeometry(), m_desktop.freePart())
                               : screen.geometry();
 }
@@ -82,7 +85,11 @@ QRect freeAreaOf(const QRect& screen, const QRect& desktop, const QRectF& freePa
                        static_cast<int>(std::ceil(desktop.y() + freePart.top() * desktop.height() - TOLERANCE)));
     const QPoint end(static_cast<int>(std::floor(desktop.x() + freePart.right() * desktop.width() + TOLERANCE)),
                      static_cast<int>(std::floor(desktop.y() + freePart.bottom() * desktop.height() + TOLERANCE)));
-    const QRect free = QRect(start, QSize(end.x() - start.x(), end.y() - start.y())) & screen;
+    return plausibleArea(screen, QRect(start, QSize(end.x() - start.x(), end.y() - start.y())));
+}
+
+QRect plausibleArea(const QRect& screen, const QRect& told) {
+    const QRect free = told & screen;
     const bool isPlausible = 2 * free.width() >= screen.width() && 2 * free.height() >= screen.height();
     return isPlausible ? free : screen;
 }

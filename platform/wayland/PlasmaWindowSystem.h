@@ -6,10 +6,12 @@
 #include "platform/wayland/QtDisplay.h"
 
 #include <QRectF>
+#include <QString>
 
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 
 class QWindow;
 
@@ -24,8 +26,13 @@ class PlasmaWindowSystem final : public freedesktop::popover::WindowSystem {
 public:
     /// What protocols that windows have nothing to do with tell of the desktop.
     struct Desktop {
-        /// The part of the whole desktop that panels leave free. The desktop's width and height are 1. The function may
-        /// be empty where nobody tells of panels. Then they are taken to leave all of it free.
+        /// The part of the screen of this name that panels leave free, in points on the desktop; nothing where the
+        /// compositor has told nothing. The function may be empty.
+        std::function<std::optional<QRect>(const QString& screen)> freeArea;
+
+        /// The part of the whole desktop that panels leave free, where nothing is told of a single screen. The
+        /// desktop's width and height are 1. The function may be empty where nobody tells of panels. Then they are
+        /// taken to leave all of it free.
         std::function<QRectF()> freePart;
 
         /// Whether the active window is one of this program's.
@@ -61,7 +68,11 @@ private:
 };
 
 /// The part of a screen that is free, in points, given the free part of the desktop with its width and height as 1.
-/// All of the screen where less than half of it would be left: then what was told is about another screen.
+/// All of the screen where that is not plausible.
 QRect freeAreaOf(const QRect& screen, const QRect& desktop, const QRectF& freePart);
+
+/// What was told of a screen, without what lies outside it. All of the screen where less than half of its width or
+/// height would be left: then what was told is about another screen, or about this one as it was before.
+QRect plausibleArea(const QRect& screen, const QRect& told);
 
 } // namespace zamber::wayland

@@ -13,6 +13,7 @@
 #include "platform/wayland/DataControl.h"
 #include "platform/wayland/FakeKeyboard.h"
 #include "platform/wayland/KGlobalAccelHotKeyCenter.h"
+#include "platform/wayland/KWinFreeAreas.h"
 #include "platform/wayland/NoHotKeys.h"
 #include "platform/wayland/NoPointerButtons.h"
 #include "platform/wayland/OwnFocus.h"
@@ -175,6 +176,7 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
                                 : plasmaHotKeys ? static_cast<AccessibilityTrust&>(notInstalledTrust)
                                                 : xwayland->trust;
 
+    std::unique_ptr<KWinFreeAreas> freeAreas = areWindowsOwn() && !sway ? std::make_unique<KWinFreeAreas>() : nullptr;
     /// Null where the windows are XWayland's.
     std::unique_ptr<freedesktop::popover::WindowSystem> ownWindows = makeOwnWindows();
     std::unique_ptr<OwnFocus> ownFocus =
@@ -207,7 +209,9 @@ private:
         if (sway) {
             return std::make_unique<SwayWindowSystem>(*sway, scheduler);
         }
-        PlasmaWindowSystem::Desktop desktop{.freePart = {}, .isOursActive = [this] { return isOursActive(); }};
+        PlasmaWindowSystem::Desktop desktop{.freeArea = [this](const QString& screen) { return freeAreas->of(screen); },
+                                            .freePart = {},
+                                            .isOursActive = [this] { return isOursActive(); }};
         if (xwayland) {
             desktop.freePart = [this] { return xwayland->windowSystem.freePartOfDesktop(); };
         }

@@ -2,17 +2,20 @@
 # SPDX-License-Identifier: MIT
 """The program's windows on KWin: focused at once, in their place, sharp, and gone when something else is wanted."""
 
-from harness import DesktopPart
+from harness import DesktopPart, wait_until
 from wayland_case import KWinTestCase
-from wayland_window_cases import (CARD, GAP, HISTORY, SHARP_STEPS, EmptyDesktopCases, PopoverCases, SecondStartCases,
-                                  SettingsCases, SharpnessCases, TrayMenuCases, WindowsOfXCases, WithoutXCases, card_of)
+from wayland_window_cases import (CARD, GAP, SHARP_STEPS, EmptyDesktopCases, PopoverCases, SecondStartCases,
+                                  SettingsCases, SharpnessCases, TrayMenuCases, WindowCases, WindowsOfXCases,
+                                  WithoutXCases, card_of)
+
+IS_SCRIPT_LOADED = ["gdbus", "call", "--session", "-d", "org.kde.KWin", "-o", "/Scripting", "-m",
+                    "org.kde.kwin.Scripting.isScriptLoaded"]
 
 
-class KWinWindowTestCase(KWinTestCase):
-    history = HISTORY
-
+class KWinWindowTestCase(WindowCases, KWinTestCase):
     def is_of_wayland(self, window):
-        return window.class_name == "app.zamber.Zamber"  # windows of X bear the program's file name
+        """KWin 6 calls windows of X and of Wayland alike."""
+        return (window.pid, window.title) not in [(each.pid, each.title) for each in self.desktop.windows_of_x()]
 
 
 class KWinPopoverTest(PopoverCases, KWinWindowTestCase):
@@ -24,27 +27,56 @@ class KWinEmptyDesktopTest(EmptyDesktopCases, KWinWindowTestCase):
         DesktopPart(self.desktop, "backdrop")
 
 
-class KWinPanelTest(KWinWindowTestCase):
+class PanelTestCase(KWinWindowTestCase):
     panel_height = 40
 
+    def wait_until_it_opens_with_its_bottom_at(self, expected):
+        """The compositor tells of panels a moment after the program has started, and after they have changed."""
+        def opens_there():
+            _, top, _, height = card_of(self.zamber.open_popover())
+            self.close_by_escape()
+            return top + height == expected
+
+        wait_until(opens_there, 5.0, f"the popover's bottom at {expected}")
+
+
+class KWinPanelTest(PanelTestCase):
     def prepare(self):
         super().prepare()
         DesktopPart(self.desktop, "panel", height=self.panel_height)
 
     def test_it_opens_beside_the_panel(self):
+        self.wait_until_it_opens_with_its_bottom_at(800 - self.panel_height - GAP)
         for _ in range(2):
             left, top, width, height = card_of(self.zamber.open_popover())
             self.assertEqual((width, height), CARD)
             self.assertEqual(left + width, 1280 - GAP + 1)
             self.assertEqual(top + height, 800 - self.panel_height - GAP)
-            self.keyboard.tap("Escape")
-            self.zamber.wait_until_closed()
+            self.close_by_escape()
+
+    def test_its_script_goes_with_it(self):
+        self.wait_until_it_opens_with_its_bottom_at(800 - self.panel_height - GAP)
+        self.assertEqual(self.zamber.stop(), 0)
+        self.zamber_has_ended = True
+        wait_until(lambda: self.desktop.run([*IS_SCRIPT_LOADED, "app.zamber.FreeAreas"]) == "(false,)\n",
+                   what="the script to be gone")
 
 
 class KWinPanelBetweenScalesTest(KWinPanelTest):
     """Points are fewer than pixels, for XWayland too."""
 
     scale, size = 1.5, (1920, 1200)
+
+
+class KWinLatePanelTest(PanelTestCase):
+    """A session's programs are started side by side, and a user moves a panel while they run."""
+
+    def test_a_panel_that_comes_and_goes_is_heeded(self):
+        for _ in range(2):
+            self.wait_until_it_opens_with_its_bottom_at(GAP + CARD[1])
+            panel = DesktopPart(self.desktop, "panel", height=self.panel_height)
+            self.wait_until_it_opens_with_its_bottom_at(800 - self.panel_height - GAP)
+            panel.child.stop()
 
 
 class KWinSharpnessTest(SharpnessCases, KWinWindowTestCase):

@@ -76,9 +76,10 @@ class DesktopPart:
 
     def __init__(self, desktop, part, height=40):
         shown = desktop.directory / f"{part}-shown"
-        child = desktop.start(part, [PYTHON, PARTNERS / "desktop_part.py", part, "--height", height,
-                                     "--shown-file", shown])
-        wait_until(shown.exists, START_SECONDS, lambda: f"the {part}: {child.stderr()}")
+        shown.unlink(missing_ok=True)
+        self.child = desktop.start(part, [PYTHON, PARTNERS / "desktop_part.py", part, "--height", height,
+                                          "--shown-file", shown])
+        wait_until(shown.exists, START_SECONDS, lambda: f"the {part}: {self.child.stderr()}")
 
 
 class Mousepad(Partner):

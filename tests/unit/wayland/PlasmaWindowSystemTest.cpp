@@ -38,6 +38,13 @@ TEST(PlasmaWindowSystemTest, WhatLeavesLittleOfAScreenIsNotAboutIt) {
     EXPECT_EQ(freeAreaOf(SCREEN, SCREEN, QRectF()), SCREEN);
 }
 
+TEST(PlasmaWindowSystemTest, WhatIsToldOfAScreenIsTakenWhereItMayBeTrue) {
+    EXPECT_EQ(plausibleArea(SCREEN, QRect(0, 0, 1280, 760)), QRect(0, 0, 1280, 760));
+    EXPECT_EQ(plausibleArea(SCREEN, QRect(-10, 40, 2000, 900)), QRect(0, 40, 1280, 760));
+    EXPECT_EQ(plausibleArea(SCREEN, QRect(1280, 0, 1280, 760)), SCREEN) << "it was moved";
+    EXPECT_EQ(plausibleArea(SCREEN, QRect(0, 0, 600, 800)), SCREEN);
+}
+
 } // namespace
 
 } // namespace zamber::wayland

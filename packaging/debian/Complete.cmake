@@ -15,4 +15,5 @@ file(
   CHMOD_RECURSE "${CPACK_TEMPORARY_DIRECTORY}/usr"
   FILE_PERMISSIONS ${for_everybody}
   DIRECTORY_PERMISSIONS ${executable})
-file(CHMOD "${CPACK_TEMPORARY_DIRECTORY}/usr/bin/zamber" PERMISSIONS ${executable})
+file(CHMOD "${CPACK_TEMPORARY_DIRECTORY}/usr/bin/zamber" "${CPACK_TEMPORARY_DIRECTORY}/usr/libexec/zamber/zamber-fetch"
+     PERMISSIONS ${executable})

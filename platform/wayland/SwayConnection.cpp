@@ -39,7 +39,7 @@ constexpr std::uint32_t EVENT_BIT = 0x8000'0000;
 constexpr std::uint32_t WORKSPACE_EVENT = EVENT_BIT;
 constexpr std::uint32_t BINDING_EVENT = EVENT_BIT | 5;
 constexpr int LONGEST_MILLISECONDS = 1000;
-constexpr std::size_t CHUNK_BYTES = 65'536;
+constexpr std::size_t CHUNK_BYTES = 8'192;
 
 std::uint32_t numberAt(const QByteArray& bytes, qsizetype place) {
     std::uint32_t number = 0;
@@ -184,7 +184,7 @@ bool SwayConnection::send(QByteArrayView bytes) const {
 }
 
 void SwayConnection::readMore() {
-    std::array<char, CHUNK_BYTES> chunk;
+    std::array<char, CHUNK_BYTES> chunk{};
     ssize_t count = 0;
     do {
         count = recv(m_socket.number(), chunk.data(), chunk.size(), MSG_DONTWAIT);

@@ -7,6 +7,7 @@ import pathlib
 import tempfile
 import unittest
 
+import test_update
 from case import DesktopTestCase
 from harness import wait_until
 from harness.zamber import READY_LINE
@@ -65,6 +66,23 @@ class PrefixTest(DesktopTestCase):
         # A process that the bus has started is no child of ours: the desktop ends it.
         if self.zamber.child:
             super().tearDown()
+
+
+class UpdateFromPrefixTest(test_update.UpdateTestCase):
+    """The program finds the one that makes its requests where that was installed."""
+
+    resource_lock = "installation"
+    answer = {"updateAvailable": True, "latestVersion": "9.9.9"}
+
+    def prepare(self):
+        super().prepare()
+        prefix = pathlib.Path(self.desktop.directory) / "prefix"
+        install(prefix)
+        self.zamber.binary = prefix / "bin" / "zamber"
+
+    def test_it_is_learnt_of_a_newer_version(self):
+        self.expected_lines.append("🔄 Update available: v9.9.9")
+        self.wait_for_request()
 
 
 class DestinationTest(unittest.TestCase):

@@ -6,9 +6,12 @@
 
 #include "tests/support/Waiting.h"
 
+#include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QLocalServer>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -72,6 +75,20 @@ TEST(SwayConnection, ASwayThatHasGoneIsNotWaitedFor) {
         EXPECT_FALSE(connection->run("nop"));
     }
     EXPECT_LT(clock.elapsed(), 900);
+}
+
+TEST(SwayConnection, ASwayThatHasGoneDoesNotKeepTheLoopBusy) {
+    auto sway = std::make_unique<SwayStandIn>("{}");
+    const auto connection = SwayConnection::open();
+    ASSERT_NE(connection, nullptr);
+    sway.reset();
+    int turns = 0;
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, connection.get(),
+                     [&turns] { ++turns; });
+    QEventLoop loop; // which turns as often as there is something to do
+    QTimer::singleShot(300ms, &loop, &QEventLoop::quit);
+    loop.exec();
+    EXPECT_LT(turns, 100);
 }
 
 } // namespace zamber::wayland

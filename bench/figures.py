@@ -210,6 +210,7 @@ class Measurement:
             with PrivateDesktop(accessibility=False) as desktop:
                 popover = Popover(desktop, self.zamber, self.probe, texts(count))
                 popover.ask("open")
+                self.machine.wait(SETTLE_SECONDS)
                 typed = typed_keys(popover, self.runs)
                 popover.stop()
             self.table.add(f"search key to the right rows, {count:,} entries, ms", [one["first"] for one in typed], goal)

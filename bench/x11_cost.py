@@ -115,11 +115,9 @@ def smaps(pid, *fields):
 
 
 def cpu_milliseconds(pid):
-    """The processor time of all threads, by the scheduler's count."""
-    total = 0
-    for task in pathlib.Path(f"/proc/{pid}/task").iterdir():
-        total += int((task / "schedstat").read_text().split()[0])
-    return total / 1e6
+    """The processor time of all threads, of those too that have ended."""
+    clock = (~pid << 3) | 2  # the kernel's number of another process's clock, see clock_getcpuclockid(3)
+    return time.clock_gettime(clock) * 1000
 
 
 def settle():

@@ -43,11 +43,6 @@ namespace zamber::wayland {
 
 namespace {
 
-/// The preference for quick paste. While it is off, its two hot keys are left to the user.
-QString quickPaste() {
-    return QStringLiteral("quickPasteEnabled");
-}
-
 /// Whether Qt draws on Wayland by itself; else its windows are XWayland's.
 bool areWindowsOwn() {
     return QGuiApplication::platformName() == QStringLiteral("wayland");
@@ -89,7 +84,7 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
                 "asks for that, and names the program by its whole path\n",
                 stderr);
         }
-        userDefaults.addObserver(quickPaste(), [this] {
+        observeHotKeys([this] {
             if (swayHotKeys) {
                 swayHotKeys->update();
             }
@@ -119,10 +114,6 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
         }
     }
 
-    bool isWanted(PhysicalKey key) const {
-        return key == PhysicalKey::V || userDefaults.boolean(quickPaste()).value_or(false);
-    }
-
     std::optional<QString> nameOf(const QString& applicationId) {
         return applicationNames.ofWindowClass(applicationId);
     }
@@ -150,13 +141,14 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
     std::unique_ptr<SwayConnection> sway = SwayConnection::open();
     std::unique_ptr<SwayHotKeyCenter> swayHotKeys =
         sway ? std::make_unique<SwayHotKeyCenter>(
-                   *sway, [this](PhysicalKey key) { return isWanted(key); }, freedesktop::desktop::closeMenus)
+                   *sway, [this](PhysicalKey key) { return isHotKeyWanted(key); }, freedesktop::desktop::closeMenus)
              : nullptr;
     std::unique_ptr<SeatKeyboard> seatKeyboard = SeatKeyboard::create(*session.input);
     std::unique_ptr<KGlobalAccelHotKeyCenter> plasmaHotKeys =
         !sway && seatKeyboard && KGlobalAccelHotKeyCenter::isOffered()
             ? std::make_unique<KGlobalAccelHotKeyCenter>(
-                  *seatKeyboard, [this](PhysicalKey key) { return isWanted(key); }, freedesktop::desktop::closeMenus)
+                  *seatKeyboard, [this](PhysicalKey key) { return isHotKeyWanted(key); },
+                  freedesktop::desktop::closeMenus)
             : nullptr;
     NoHotKeys noHotKeys;
     HotKeyCenter& hotKeys = chooseHotKeys();

@@ -33,11 +33,6 @@ using Connections = std::pair<std::unique_ptr<x11::Connection>, std::unique_ptr<
 
 namespace {
 
-/// The preference for quick paste. While it is off, its two hot keys are not asked of a portal.
-QString quickPaste() {
-    return QStringLiteral("quickPasteEnabled");
-}
-
 /// The desktop's own shortcut is not needed where its portal has bound the hot key; one that was set can be taken away.
 class ShortcutWithoutPortal final : public DesktopShortcut {
 public:
@@ -71,7 +66,7 @@ struct X11Desktop::Adapters : freedesktop::desktop::CommonAdapters {
         QObject::connect(claimed.instance.get(), &freedesktop::session::SingleInstance::showRequested,
                          claimed.instance.get(), [this] { application.requestShow(); });
         if (portals) {
-            userDefaults.addObserver(quickPaste(), [this] { portals->hotKeys.update(); });
+            observeHotKeys([this] { portals->hotKeys.update(); });
         }
         if (portals && desktopShortcut) {
             shortcutWithoutPortal.emplace(*desktopShortcut, portals->hotKeys);
@@ -122,10 +117,6 @@ struct X11Desktop::Adapters : freedesktop::desktop::CommonAdapters {
     freedesktop::tray::TrayIcon statusItem{trayClicks, &embeddedIcon, windowSystem, hotKeys.commandKeyHint()};
 
 private:
-    bool isWanted(PhysicalKey key) const {
-        return key == PhysicalKey::V || userDefaults.boolean(quickPaste()).value_or(false);
-    }
-
     std::unique_ptr<XWaylandPortals> makePortals() {
         return std::make_unique<XWaylandPortals>(
             XWaylandPortals::Surroundings{.partsOfX = {.connection = *inputConnection,
@@ -135,7 +126,7 @@ private:
                                                        .workspace = workspace,
                                                        .pasteboard = pasteboard,
                                                        .scheduler = scheduler},
-                                          .isWanted = [this](PhysicalKey key) { return isWanted(key); },
+                                          .isWanted = [this](PhysicalKey key) { return isHotKeyWanted(key); },
                                           .closeMenus = freedesktop::desktop::closeMenus});
     }
 };

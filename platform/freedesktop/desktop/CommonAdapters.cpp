@@ -13,6 +13,14 @@
 
 namespace zamber::freedesktop::desktop {
 
+namespace {
+
+QString quickPaste() {
+    return QStringLiteral("quickPasteEnabled");
+}
+
+} // namespace
+
 std::filesystem::path historyFile() {
     return session::userDataFolder() / "Zamber" / "clipboard_history.json";
 }
@@ -43,6 +51,14 @@ CommonAdapters::CommonAdapters(Claim claim)
     , desktopShortcut(
           session::desktopShortcutOf(qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':', Qt::SkipEmptyParts),
                                      QCoreApplication::applicationFilePath())) {}
+
+bool CommonAdapters::isHotKeyWanted(PhysicalKey key) const {
+    return key == PhysicalKey::V || userDefaults.boolean(quickPaste()).value_or(false);
+}
+
+void CommonAdapters::observeHotKeys(std::function<void()> changed) {
+    userDefaults.addObserver(quickPaste(), std::move(changed));
+}
 
 void CommonAdapters::stop() {
     QThreadPool::globalInstance()->clear();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/HotKeyCenter.h"
 #include "platform/freedesktop/BootstrapSymbols.h"
 #include "platform/freedesktop/BuiltAppBundle.h"
 #include "platform/freedesktop/CanberraSound.h"
@@ -21,6 +22,7 @@
 
 #include <expected>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -59,6 +61,12 @@ struct CommonAdapters {
     BuiltAppBundle bundle;
     QtAlert alert;
     web::ProcessWebClient web{scheduler, web::ProcessWebClient::installedProgram()};
+
+    /// Whether a hot key has an effect at present. Quick paste's are left to other programs while it is off.
+    bool isHotKeyWanted(PhysicalKey key) const;
+
+    /// Has `changed` called when `isHotKeyWanted` may say something else.
+    void observeHotKeys(std::function<void()> changed);
 
     /// To be called first when the desktop ends: what is still to be run may hold the last of whoever uses the
     /// adapters, or be asked for by a worker.

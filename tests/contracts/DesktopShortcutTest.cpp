@@ -29,7 +29,7 @@ namespace {
 
 const QString COMMAND = u"'/opt/it\\'s here/zamber'"_s;
 
-struct FakeRig {
+struct FakeShortcutRig {
     FakeDesktopShortcut fake;
 
     DesktopShortcut& shortcut() { return fake; }
@@ -159,7 +159,7 @@ using DesktopShortcutsTest = testing::Test;
 
 } // namespace
 
-using DesktopShortcutRigs = testing::Types<FakeRig, GnomeRig, CinnamonRig, XfceRig>;
+using DesktopShortcutRigs = testing::Types<FakeShortcutRig, GnomeRig, CinnamonRig, XfceRig>;
 INSTANTIATE_TYPED_TEST_SUITE_P(Adapters, DesktopShortcutContract, DesktopShortcutRigs);
 
 TYPED_TEST(GSettingsShortcutTest, TheDesktopReadsNameCommandAndKeys) {

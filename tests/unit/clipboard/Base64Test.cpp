@@ -8,7 +8,7 @@ namespace zamber::clipboard {
 
 namespace {
 
-QByteArray encoded(const QByteArray& bytes) {
+QByteArray asBase64(const QByteArray& bytes) {
     const auto length = base64Length(static_cast<std::size_t>(bytes.size()));
     QByteArray output(static_cast<qsizetype>(length) + 1, '?');
     encodeBase64(output.data(), {bytes.constData(), static_cast<std::size_t>(bytes.size())});
@@ -27,7 +27,7 @@ TEST(Base64, EncodesTheVectorsOfTheStandard) {
         {"foobar", "Zm9vYmFy"},
     };
     for (const auto& [bytes, text] : vectors) {
-        EXPECT_EQ(encoded(bytes), text);
+        EXPECT_EQ(asBase64(bytes), text);
         EXPECT_EQ(fromBase64(text), bytes);
     }
 }
@@ -39,7 +39,7 @@ TEST(Base64, EveryByteInEveryPlaceComesBack) {
             if (length > 1) {
                 bytes[length / 2] = static_cast<char>(255 - value);
             }
-            const auto text = encoded(bytes);
+            const auto text = asBase64(bytes);
             EXPECT_EQ(text, bytes.toBase64());
             ASSERT_EQ(fromBase64(text.toStdString()), bytes);
         }

@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int WIDTH = 424;
-constexpr double NOW = 1'767'323'045.5;
+constexpr int ROW_WIDTH = 424;
+constexpr double SHOWN_AT = 1'767'323'045.5;
 const QByteArray SECRET = "password = hunter2-Correct!Horse9";
 
 class ClipboardRowViewTest : public testing::Test {
@@ -24,16 +24,19 @@ protected:
     void SetUp() override { UserDefaults::setStandard(&defaults); }
     void TearDown() override { UserDefaults::setStandard(nullptr); }
 
-    clipboard::ClipboardItem text(const QByteArray& utf8) { return {clipboard::ClipboardContent::text(utf8), NOW}; }
+    clipboard::ClipboardItem text(const QByteArray& utf8) {
+        return {clipboard::ClipboardContent::text(utf8), SHOWN_AT};
+    }
 
     QSet<QString> symbolsPainted(const ClipboardRowView& view, double highlight) {
-        QImage image(WIDTH, 200, QImage::Format_ARGB32_Premultiplied);
+        QImage image(ROW_WIDTH, 200, QImage::Format_ARGB32_Premultiplied);
         QPainter painter(&image);
         const FakeSymbols symbols;
         const ui::Palette palette = ui::Palette::light(Qt::blue);
-        view.paint(painter, QRect(0, 0, WIDTH, view.compactHeight(WIDTH)),
-                   {.palette = palette, .symbols = symbols, .now = NOW, .highlight = highlight, .hoveredAction = {}},
-                   nullptr);
+        view.paint(
+            painter, QRect(0, 0, ROW_WIDTH, view.compactHeight(ROW_WIDTH)),
+            {.palette = palette, .symbols = symbols, .now = SHOWN_AT, .highlight = highlight, .hoveredAction = {}},
+            nullptr);
         return symbols.requestedNames();
     }
 
@@ -68,7 +71,7 @@ TEST_F(ClipboardRowViewTest, AWebAddressHasASecondLineOnlyWhenItIsMoreThan10Char
         const ClipboardRowView view(item, false, {}, {}, QUrl(QString::fromUtf8(address)));
         EXPECT_EQ(view.linkTitle(), u"example.org"_s);
         EXPECT_EQ(view.counts(), QStringList());
-        return view.compactHeight(WIDTH);
+        return view.compactHeight(ROW_WIDTH);
     };
     const int oneLine = height("https://example.org/1"); // 11 + 10 characters
     EXPECT_GT(height("https://example.org/12"), oneLine);
@@ -85,8 +88,8 @@ TEST_F(ClipboardRowViewTest, ALinkThatIsNotPreviewedShowsAtMostTwoLinesAndNoCoun
     const QUrl url(u"https://example.org"_s);
     const clipboard::ClipboardItem item = text("https://example.org\ntwo\nthree\nfour");
     const ClipboardRowView view(item, false, {.previewURLs = false}, {}, url);
-    const int oneLine = ClipboardRowView(text("x"), false, {}).compactHeight(WIDTH) - 20;
-    EXPECT_EQ(view.compactHeight(WIDTH), 20 + 2 * oneLine);
+    const int oneLine = ClipboardRowView(text("x"), false, {}).compactHeight(ROW_WIDTH) - 20;
+    EXPECT_EQ(view.compactHeight(ROW_WIDTH), 20 + 2 * oneLine);
     EXPECT_EQ(view.counts(), QStringList());
 }
 
@@ -112,27 +115,27 @@ TEST_F(ClipboardRowViewTest, OnlyALinkHasTheButtonThatOpensIt) {
     const ClipboardRowView link(item, true, {}, {}, QUrl(u"https://example.org"_s));
     EXPECT_EQ(link.actions(), (QList{RowAction::OpenLink, RowAction::Pin, RowAction::Delete}));
     EXPECT_EQ(symbolsPainted(link, 1), (QSet<QString>{u"link"_s, u"safari"_s, u"pin"_s, u"trash"_s}));
-    const QRect row(0, 0, WIDTH, 35);
+    const QRect row(0, 0, ROW_WIDTH, 35);
     EXPECT_EQ(link.actionArea(row, RowAction::Pin).left() - link.actionArea(row, RowAction::OpenLink).right() - 1, 2);
     EXPECT_EQ(link.actionAt(row, link.actionArea(row, RowAction::OpenLink).center()), RowAction::OpenLink);
 }
 
 TEST_F(ClipboardRowViewTest, AnImageThatDoesNotDecodeIsAText) {
-    const clipboard::ClipboardItem item(clipboard::ClipboardContent::image("bytes"), NOW);
+    const clipboard::ClipboardItem item(clipboard::ClipboardContent::image("bytes"), SHOWN_AT);
     const ClipboardRowView view(item, false, {}, {ThumbnailState::Undecodable});
     EXPECT_EQ(view.typeIcon().symbol, u"photo"_s);
-    EXPECT_EQ(view.compactHeight(WIDTH), ClipboardRowView(text("x"), false, {}).compactHeight(WIDTH));
+    EXPECT_EQ(view.compactHeight(ROW_WIDTH), ClipboardRowView(text("x"), false, {}).compactHeight(ROW_WIDTH));
     EXPECT_EQ(item.content.preview(), u"📷 Image"_s);
     EXPECT_EQ(view.actions(), (QList{RowAction::Pin, RowAction::Delete})) << "no link";
 }
 
 TEST_F(ClipboardRowViewTest, AnImageShowsThePhotoAndNoCounts) {
-    const clipboard::ClipboardItem item(clipboard::ClipboardContent::image("bytes"), NOW);
+    const clipboard::ClipboardItem item(clipboard::ClipboardContent::image("bytes"), SHOWN_AT);
     const ClipboardRowView view(item, false, {});
     EXPECT_EQ(view.typeIcon().symbol, u"photo"_s);
     EXPECT_EQ(view.typeIcon().color, &ui::Palette::purple);
     EXPECT_EQ(view.counts(), QStringList());
-    EXPECT_EQ(view.compactHeight(WIDTH), 20 + ClipboardRowView::THUMBNAIL_SIZE.height());
+    EXPECT_EQ(view.compactHeight(ROW_WIDTH), 20 + ClipboardRowView::THUMBNAIL_SIZE.height());
 }
 
 TEST_F(ClipboardRowViewTest, ATwoLineTextShowsBothCounts) {
@@ -179,9 +182,9 @@ TEST_F(ClipboardRowViewTest, SeveralLinesGetRoomForThreeAndOneForTwo) {
     const clipboard::ClipboardItem manyLines =
         text(QByteArray("word ").repeated(20) + "\n" + QByteArray("word ").repeated(60));
     const RowPreferences noCounts{.showLineCount = false, .showCharCount = false};
-    const int one = ClipboardRowView(text("x"), false, noCounts).compactHeight(WIDTH) - 20;
-    EXPECT_EQ(ClipboardRowView(oneLong, false, noCounts).compactHeight(WIDTH), 20 + 2 * one);
-    EXPECT_EQ(ClipboardRowView(manyLines, false, noCounts).compactHeight(WIDTH), 20 + 3 * one);
+    const int one = ClipboardRowView(text("x"), false, noCounts).compactHeight(ROW_WIDTH) - 20;
+    EXPECT_EQ(ClipboardRowView(oneLong, false, noCounts).compactHeight(ROW_WIDTH), 20 + 2 * one);
+    EXPECT_EQ(ClipboardRowView(manyLines, false, noCounts).compactHeight(ROW_WIDTH), 20 + 3 * one);
 }
 
 TEST_F(ClipboardRowViewTest, APinnedRowShowsItsPinUntilTheButtonsTakeItsPlace) {
@@ -197,7 +200,7 @@ TEST_F(ClipboardRowViewTest, APinnedRowShowsItsPinUntilTheButtonsTakeItsPlace) {
 
 TEST_F(ClipboardRowViewTest, TheButtonsAreThereOnlyWhileTheRowIsHighlighted) {
     const clipboard::ClipboardItem item = text("hello");
-    const QRect row(8, 100, WIDTH, 35);
+    const QRect row(8, 100, ROW_WIDTH, 35);
     for (const RowAction action : {RowAction::Pin, RowAction::Delete}) {
         const QRect area = ClipboardRowView(item, true, {}).actionArea(row, action);
         EXPECT_EQ(area.size(), QSize(22, 22));

@@ -7,11 +7,11 @@
 namespace zamber::popover {
 
 namespace {
-constexpr int WIDTH = 270;
+constexpr int TEXT_WIDTH = 270;
 } // namespace
 
 TEST(ExpandedText, OneThatFitsDoesNotScroll) {
-    ExpandedText text("one line\nand another one", WIDTH);
+    ExpandedText text("one line\nand another one", TEXT_WIDTH);
     EXPECT_LT(text.shownHeight(), ExpandedText::MOST_SHOWN_HEIGHT);
     EXPECT_FALSE(text.scrollBy(10));
     EXPECT_FALSE(text.scrollBy(-10));
@@ -19,7 +19,7 @@ TEST(ExpandedText, OneThatFitsDoesNotScroll) {
 }
 
 TEST(ExpandedText, OneThatDoesNotFitScrollsToItsEndAndBack) {
-    ExpandedText text(QByteArray("line\n").repeated(30), WIDTH);
+    ExpandedText text(QByteArray("line\n").repeated(30), TEXT_WIDTH);
     EXPECT_EQ(text.shownHeight(), ExpandedText::MOST_SHOWN_HEIGHT);
     EXPECT_TRUE(text.scrollBy(50));
     EXPECT_EQ(text.scrollOffset(), 50);
@@ -32,7 +32,7 @@ TEST(ExpandedText, OneThatDoesNotFitScrollsToItsEndAndBack) {
 }
 
 TEST(ExpandedText, AnEndlessOneIsNotLaidOutToItsEnd) {
-    ExpandedText text(QByteArray(50'000'000, 'x'), WIDTH);
+    ExpandedText text(QByteArray(50'000'000, 'x'), TEXT_WIDTH);
     EXPECT_TRUE(text.scrollBy(56));
     EXPECT_GT(text.wholeHeight(), 1'000'000);
 }

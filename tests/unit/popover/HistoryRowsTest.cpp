@@ -5,10 +5,9 @@
 #include "preferences/PreferenceKeys.h"
 
 #include "tests/fakes/FakeLinkDetector.h"
+#include "tests/support/Pictures.h"
 #include "tests/unit/popover/ClipboardListViewFixture.h"
 
-#include <QBuffer>
-#include <QImage>
 #include <QSignalSpy>
 #include <QTest>
 #include <QtEndian>
@@ -20,17 +19,7 @@ namespace zamber::popover {
 namespace {
 
 const QByteArray LARGE = QByteArray("password is what this line is about\n").repeated(1'000'000);
-const QByteArray LINK = "https://example.org/a";
-
-QByteArray png(QSize size) {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
+const QByteArray ADDRESS = "https://example.org/a";
 
 /// The checksum of PNG's chunks (ISO 3309).
 quint32 crc32(const QByteArray& bytes) {
@@ -48,7 +37,7 @@ quint32 crc32(const QByteArray& bytes) {
 QByteArray decodingBomb() {
     constexpr qsizetype HEADER_AT = 12; // its name, then its 13 bytes, of which width and height come first
     constexpr qsizetype CHECKSUM_AT = HEADER_AT + 4 + 13;
-    QByteArray bytes = png({2, 2});
+    QByteArray bytes = filledPicture({2, 2}, Qt::darkCyan);
     bytes.replace(HEADER_AT + 4, 8, QByteArray::fromHex("0000ea600000ea60"));
     const quint32 checksum = qToBigEndian(crc32(bytes.mid(HEADER_AT, 4 + 13)));
     bytes.replace(CHECKSUM_AT, 4, reinterpret_cast<const char*>(&checksum), sizeof checksum);
@@ -73,7 +62,7 @@ public:
 } // namespace
 
 TEST_F(HistoryRowsTest, APictureIsLoadedAfterItWasAskedFor) {
-    const clipboard::ClipboardItem item = imageItem(png({400, 300}));
+    const clipboard::ClipboardItem item = imageItem(filledPicture({400, 300}, Qt::darkCyan));
     EXPECT_EQ(rows.thumbnail(item, 1).state, ThumbnailState::Pending);
     EXPECT_EQ(stateInTheEnd(item), ThumbnailState::Ready);
     EXPECT_LE(rows.thumbnail(item, 1).image.width(), 400) << "scaled while it is decoded";
@@ -81,9 +70,9 @@ TEST_F(HistoryRowsTest, APictureIsLoadedAfterItWasAskedFor) {
 
 TEST_F(HistoryRowsTest, ABrokenPictureOrADecodingBombCostsItsOwnRowOnly) {
     const clipboard::ClipboardItem bomb = imageItem(decodingBomb());
-    const clipboard::ClipboardItem broken = imageItem(png({40, 30}).left(60));
+    const clipboard::ClipboardItem broken = imageItem(filledPicture({40, 30}, Qt::darkCyan).left(60));
     const clipboard::ClipboardItem noPicture = imageItem(QByteArrayLiteral("no picture at all"));
-    const clipboard::ClipboardItem good = imageItem(png({40, 30}));
+    const clipboard::ClipboardItem good = imageItem(filledPicture({40, 30}, Qt::darkCyan));
     for (const clipboard::ClipboardItem& item : {bomb, broken, noPicture, good}) {
         rows.thumbnail(item, 1);
     }
@@ -136,9 +125,9 @@ TEST_F(HistoryRowsTest, OneThatIsDroppedMeanwhileIsNotTold) {
 }
 
 TEST_F(HistoryRowsTest, ALinkIsLookedForOnceUntilTheEntryIsDropped) {
-    const clipboard::ClipboardItem item(clipboard::ClipboardContent::text(LINK), 0);
-    EXPECT_EQ(rows.link(item), QUrl(QString::fromUtf8(LINK)));
-    EXPECT_EQ(rows.link(item), QUrl(QString::fromUtf8(LINK)));
+    const clipboard::ClipboardItem item(clipboard::ClipboardContent::text(ADDRESS), 0);
+    EXPECT_EQ(rows.link(item), QUrl(QString::fromUtf8(ADDRESS)));
+    EXPECT_EQ(rows.link(item), QUrl(QString::fromUtf8(ADDRESS)));
     EXPECT_EQ(detector.questions, 1);
     rows.keepOnly({item});
     rows.link(item);
@@ -150,11 +139,11 @@ TEST_F(HistoryRowsTest, ALinkIsLookedForOnceUntilTheEntryIsDropped) {
 
 TEST(HistoryRows, WithoutADetectorThereAreNoLinks) {
     HistoryRows rows(nullptr);
-    EXPECT_EQ(rows.link(clipboard::ClipboardItem(clipboard::ClipboardContent::text(LINK), 0)), std::nullopt);
+    EXPECT_EQ(rows.link(clipboard::ClipboardItem(clipboard::ClipboardContent::text(ADDRESS), 0)), std::nullopt);
 }
 
 TEST_F(HistoryRowsTest, HeightsAreForgottenAndTheRestIsKept) {
-    const clipboard::ClipboardItem item(clipboard::ClipboardContent::text(LINK), 0);
+    const clipboard::ClipboardItem item(clipboard::ClipboardContent::text(ADDRESS), 0);
     rows.link(item);
     rows.of(item.id).height = 30;
     rows.forgetHeights();

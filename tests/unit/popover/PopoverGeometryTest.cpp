@@ -5,11 +5,11 @@
 #include "preferences/PreferenceKeys.h"
 
 #include "popover/TextLines.h"
+#include "tests/support/Pictures.h"
 #include "tests/unit/popover/PopoverGeometryFixture.h"
 #include "ui/Typography.h"
 
 #include <QAbstractButton>
-#include <QBuffer>
 #include <QFontMetricsF>
 
 namespace zamber::popover {
@@ -22,16 +22,6 @@ double textWidth(const QString& text, int points, QFont::Weight weight) {
 
 double monospacedWidth(const QString& text, int points, QFont::Weight weight) {
     return QFontMetricsF(ui::monospacedFont(points, weight)).horizontalAdvance(text);
-}
-
-QByteArray png(QSize size) {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
 }
 
 } // namespace
@@ -256,7 +246,7 @@ TEST_F(PopoverGeometryTest, ALink) {
 }
 
 TEST_F(PopoverGeometryTest, AnImage) {
-    stage.copyImage(png({300, 200}));
+    stage.copyImage(filledPicture({300, 200}, Qt::darkCyan));
     stage.copyText("first");
     open();
     EXPECT_TRUE(QTest::qWaitFor(

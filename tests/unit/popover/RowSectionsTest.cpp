@@ -10,13 +10,13 @@ namespace zamber::popover {
 
 namespace {
 
-constexpr int HEADER = -1;
+constexpr int SECTION_HEADER = -1;
 
 std::vector<int> elements(int rowCount, int pinnedCount) {
     const RowSections sections(rowCount, pinnedCount);
     std::vector<int> found;
     for (int element = 0; element < sections.elementCount(); ++element) {
-        found.push_back(sections.rowOfElement(element).value_or(HEADER));
+        found.push_back(sections.rowOfElement(element).value_or(SECTION_HEADER));
     }
     return found;
 }
@@ -29,11 +29,11 @@ TEST(RowSections, WithoutPinnedRowsThereAreNoHeaders) {
 }
 
 TEST(RowSections, PinnedAndRecentRowsHaveAHeaderEach) {
-    EXPECT_EQ(elements(4, 2), (std::vector{HEADER, 0, 1, HEADER, 2, 3}));
+    EXPECT_EQ(elements(4, 2), (std::vector{SECTION_HEADER, 0, 1, SECTION_HEADER, 2, 3}));
 }
 
 TEST(RowSections, OnlyPinnedRowsHaveOneHeader) {
-    EXPECT_EQ(elements(2, 2), (std::vector{HEADER, 0, 1}));
+    EXPECT_EQ(elements(2, 2), (std::vector{SECTION_HEADER, 0, 1}));
 }
 
 TEST(RowSections, EveryRowIsFoundAgain) {

@@ -21,11 +21,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int WIDTH = 240;
+constexpr int LINE_WIDTH = 240;
 
 /// The line as it is drawn in black, on white.
 QImage picture(const PreparedLine& line) {
-    QImage image(WIDTH, 40, QImage::Format_RGB32);
+    QImage image(LINE_WIDTH, 40, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     line.draw(painter, {0, 10});
@@ -41,7 +41,7 @@ std::pair<int, int> inkedColumns(const PreparedLine& line) {
 /// Which lines of the layout have any ink, from `top` on.
 QList<bool> inkedLines(LazyTextLayout& layout, double top, int lines) {
     const int height = lineHeight(ui::textFont(12));
-    QImage image(WIDTH, height * lines, QImage::Format_Grayscale8);
+    QImage image(LINE_WIDTH, height * lines, QImage::Format_Grayscale8);
     image.fill(Qt::white);
     QPainter painter(&image);
     layout.draw(painter, {0, 0}, top, image.height());
@@ -51,7 +51,7 @@ QList<bool> inkedLines(LazyTextLayout& layout, double top, int lines) {
         bool hasInk = false;
         for (int row = line * height; row < (line + 1) * height; ++row) {
             const uchar* pixels = image.constScanLine(row);
-            hasInk |= std::any_of(pixels, pixels + WIDTH, [](uchar pixel) { return pixel < 128; });
+            hasInk |= std::any_of(pixels, pixels + LINE_WIDTH, [](uchar pixel) { return pixel < 128; });
         }
         inked.append(hasInk);
     }
@@ -61,34 +61,34 @@ QList<bool> inkedLines(LazyTextLayout& layout, double top, int lines) {
 } // namespace
 
 TEST(ElidedLines, AShortTextIsOneLine) {
-    EXPECT_EQ(elidedLines(u"hello"_s, ui::textFont(12), WIDTH, 2), QStringList{u"hello"_s});
+    EXPECT_EQ(elidedLines(u"hello"_s, ui::textFont(12), LINE_WIDTH, 2), QStringList{u"hello"_s});
 }
 
 TEST(ElidedLines, EveryKindOfLineBreakBreaks) {
     for (const QString& separator : {u"\n"_s, u"\r"_s, u"\u2028"_s, u"\u2029"_s}) {
-        EXPECT_EQ(elidedLines(u"one"_s + separator + u"two"_s, ui::textFont(12), WIDTH, 3),
+        EXPECT_EQ(elidedLines(u"one"_s + separator + u"two"_s, ui::textFont(12), LINE_WIDTH, 3),
                   (QStringList{u"one"_s, u"two"_s}));
     }
-    EXPECT_EQ(elidedLines(u"one\r\ntwo"_s, ui::textFont(12), WIDTH, 3).size(), 2);
+    EXPECT_EQ(elidedLines(u"one\r\ntwo"_s, ui::textFont(12), LINE_WIDTH, 3).size(), 2);
 }
 
 TEST(ElidedLines, TheLastLineEndsInAnEllipsisWhenThereIsMore) {
-    const QStringList lines = elidedLines(u"one\ntwo \nthree"_s, ui::textFont(12), WIDTH, 2);
+    const QStringList lines = elidedLines(u"one\ntwo \nthree"_s, ui::textFont(12), LINE_WIDTH, 2);
     EXPECT_EQ(lines, (QStringList{u"one"_s, u"two…"_s}));
 }
 
 TEST(ElidedLines, NoLineIsWiderThanTheRoom) {
     const QString text = u"The quick brown fox jumps over the lazy dog. "_s.repeated(20);
-    const QStringList lines = elidedLines(text, ui::textFont(12), WIDTH, 3);
+    const QStringList lines = elidedLines(text, ui::textFont(12), LINE_WIDTH, 3);
     ASSERT_EQ(lines.size(), 3);
     EXPECT_TRUE(lines.last().endsWith(u'…'));
     for (const QString& line : lines) {
-        EXPECT_LE(QFontMetricsF(ui::textFont(12)).horizontalAdvance(line.trimmed()), WIDTH + 0.5);
+        EXPECT_LE(QFontMetricsF(ui::textFont(12)).horizontalAdvance(line.trimmed()), LINE_WIDTH + 0.5);
     }
 }
 
 TEST(ElidedLines, TheBlankAtWhichALineWasBrokenIsNotDrawnBeforeTextThatReadsFromTheRight) {
-    const QStringList lines = elidedLines(u"שלום עולם "_s.repeated(20), ui::textFont(12), WIDTH, 3);
+    const QStringList lines = elidedLines(u"שלום עולם "_s.repeated(20), ui::textFont(12), LINE_WIDTH, 3);
     ASSERT_EQ(lines.size(), 3);
     for (const QString& line : lines) {
         EXPECT_FALSE(line.back().isSpace()) << line.toStdString();
@@ -96,7 +96,8 @@ TEST(ElidedLines, TheBlankAtWhichALineWasBrokenIsNotDrawnBeforeTextThatReadsFrom
 }
 
 TEST(ElidedLines, IndentationIsKept) {
-    EXPECT_EQ(elidedLines(u"if\n    then\nelse"_s, ui::textFont(12), WIDTH, 2), (QStringList{u"if"_s, u"    then…"_s}));
+    EXPECT_EQ(elidedLines(u"if\n    then\nelse"_s, ui::textFont(12), LINE_WIDTH, 2),
+              (QStringList{u"if"_s, u"    then…"_s}));
 }
 
 TEST(PreparedLine, PicturesAreColouredAndLettersAreNot) {
@@ -140,27 +141,27 @@ TEST(ElidedLines, PicturesAreMeasuredAsTheyAreDrawn) {
     const QFont font = ui::textFont(12);
     for (const QString& text : {u"👍🏽 "_s.repeated(60), u"😀"_s.repeated(60), u"שלום 😀 "_s.repeated(40),
                                 u"1\uFE0F\u20E3 ☎ "_s.repeated(40)}) {
-        const QStringList lines = elidedLines(text, font, WIDTH, 2);
+        const QStringList lines = elidedLines(text, font, LINE_WIDTH, 2);
         ASSERT_EQ(lines.size(), 2) << text.toStdString();
         EXPECT_TRUE(lines.last().endsWith(u'…'));
         for (const QString& line : lines) {
-            EXPECT_LE(PreparedLine(line, font).width(), WIDTH + 0.5) << line.toStdString();
-            EXPECT_GT(PreparedLine(line, font).width(), WIDTH - 40) << line.toStdString();
+            EXPECT_LE(PreparedLine(line, font).width(), LINE_WIDTH + 0.5) << line.toStdString();
+            EXPECT_GT(PreparedLine(line, font).width(), LINE_WIDTH - 40) << line.toStdString();
             EXPECT_FALSE(line.contains(u"👍…"_s)) << "no picture is cut in two";
         }
     }
 }
 
 TEST(LazyTextLayout, PicturesAreColouredHereToo) {
-    LazyTextLayout layout("one 😀 two", ui::textFont(12), WIDTH);
-    QImage image(WIDTH, 20, QImage::Format_RGB32);
+    LazyTextLayout layout("one 😀 two", ui::textFont(12), LINE_WIDTH);
+    QImage image(LINE_WIDTH, 20, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     layout.draw(painter, {0, 0}, 0, 20);
     painter.end();
     EXPECT_GT(colouredPixels(image), 20);
     const QRect letters(0, 0, 20, 20);
-    LazyTextLayout plain("one", ui::textFont(12), WIDTH);
+    LazyTextLayout plain("one", ui::textFont(12), LINE_WIDTH);
     QImage without(image.size(), image.format());
     without.fill(Qt::white);
     painter.begin(&without);
@@ -170,7 +171,7 @@ TEST(LazyTextLayout, PicturesAreColouredHereToo) {
 }
 
 TEST(LazyTextLayout, AShortTextHasItsExactHeight) {
-    LazyTextLayout layout("one\ntwo\nthree", ui::textFont(12), WIDTH);
+    LazyTextLayout layout("one\ntwo\nthree", ui::textFont(12), LINE_WIDTH);
     EXPECT_EQ(layout.height(1000), 3 * lineHeight(ui::textFont(12)));
 }
 
@@ -181,7 +182,7 @@ TEST(LazyTextLayout, LinesThatCrossThePiecesOfALongTextAreAllThereOnce) {
         text += "line ä " + QByteArray::number(line) + (line % 2 == 0 ? "\r\n" : "\n");
     }
     text.chop(1);
-    LazyTextLayout layout(text, ui::textFont(12), WIDTH);
+    LazyTextLayout layout(text, ui::textFont(12), LINE_WIDTH);
     const int height = lineHeight(ui::textFont(12));
     EXPECT_EQ(layout.height(1e9), lineCount * height);
     EXPECT_EQ(inkedLines(layout, 1500 * height, 4), QList<bool>(4, true));
@@ -192,7 +193,7 @@ TEST(LazyTextLayout, AGiantLineCostsOnlyWhatIsSeenOfIt) {
     const QByteArray giant(50'000'000, 'x');
     QElapsedTimer time;
     time.start();
-    LazyTextLayout layout(giant, ui::textFont(12), WIDTH);
+    LazyTextLayout layout(giant, ui::textFont(12), LINE_WIDTH);
     const double height = layout.height(120);
     EXPECT_EQ(inkedLines(layout, 0, 8), QList<bool>(8, true));
     EXPECT_LT(time.elapsed(), 1000);

@@ -18,7 +18,7 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 using enum OwnerAnswer::Outcome;
 
-QByteArray picture(const char* format) {
+QByteArray copiedPicture(const char* format) {
     return filledPicture({9, 4}, Qt::darkGreen, format);
 }
 
@@ -141,7 +141,7 @@ class FailingImageTest : public CopyReaderTest, public testing::WithParamInterfa
 
 TEST_P(FailingImageTest, ItsTextIsAskedForAndNoOtherImage) {
     owner.answers.emplace_back(GetParam().type, GetParam().answer);
-    owner.offer("image/x-MS-bmp", picture("BMP"));
+    owner.offer("image/x-MS-bmp", copiedPicture("BMP"));
     owner.offer("UTF8_STRING", "its text");
     read();
     EXPECT_THAT(asked, ElementsAre(GetParam().type, "UTF8_STRING"));
@@ -157,7 +157,8 @@ INSTANTIATE_TEST_SUITE_P(
                     FailingImageRow{"of no length and type", "image/png", {Delivered, "", ""}},
                     FailingImageRow{"of another type", "image/png", {Delivered, "STRING", "x"}},
                     FailingImageRow{"no image", "image/png", {Delivered, "image/png", "no image"}},
-                    FailingImageRow{"cut short", "image/png", {Delivered, "image/png", picture("PNG").chopped(20)}},
+                    FailingImageRow{
+                        "cut short", "image/png", {Delivered, "image/png", copiedPicture("PNG").chopped(20)}},
                     FailingImageRow{"no TIFF", "image/tiff", {Delivered, "image/tiff", "II*"}},
                     FailingImageRow{"no JPEG", "image/jpeg", {Delivered, "image/jpeg", "no image"}}),
     [](const auto& row) { return QByteArray(row.param.name).replace(' ', '_').toStdString(); });
@@ -200,7 +201,7 @@ TEST_F(CopyReaderTest, WhatBreaksOffIsNotReplacedByLess) {
 }
 
 TEST_F(CopyReaderTest, CopiedCellsAreTheirTextAndTheirPictureIsNotAskedFor) {
-    owner.offer("image/png", picture("PNG"));
+    owner.offer("image/png", copiedPicture("PNG"));
     owner.offer("text/rtf", "{\\rtf1 1 2}");
     owner.offer("UTF8_STRING", "1\t2\n");
     read();
@@ -210,7 +211,7 @@ TEST_F(CopyReaderTest, CopiedCellsAreTheirTextAndTheirPictureIsNotAskedFor) {
 }
 
 TEST_F(CopyReaderTest, ALesserImageBecomesAPng) {
-    owner.offer("image/jpeg", picture("JPEG"));
+    owner.offer("image/jpeg", copiedPicture("JPEG"));
     read();
     ASSERT_TRUE(content().image);
     EXPECT_TRUE(hasFormat(*content().image, ImageFormat::Png));
@@ -218,11 +219,11 @@ TEST_F(CopyReaderTest, ALesserImageBecomesAPng) {
 }
 
 TEST_F(CopyReaderTest, TheTextBesideAnImageIsAskedForOnceTheImageHasArrived) {
-    const QByteArray png = picture("PNG");
+    const QByteArray png = copiedPicture("PNG");
     owner.offer("STRING", "less");
     owner.offer("UTF8_STRING", "https://zamber.example/a.png");
     owner.offer("image/png", png);
-    owner.offer("image/tiff", picture("TIFF"));
+    owner.offer("image/tiff", copiedPicture("TIFF"));
     read();
     EXPECT_THAT(asked, ElementsAre("image/png", "UTF8_STRING"));
     ASSERT_EQ(told.size(), 2U);
@@ -237,7 +238,7 @@ TEST_F(CopyReaderTest, TheTextBesideAnImageIsAskedForOnceTheImageHasArrived) {
 TEST_F(CopyReaderTest, ATextBesideAnImageThatDoesNotComeIsNone) {
     for (const auto outcome : {Refused, Silent, BrokenOff}) {
         owner.answers.clear();
-        owner.offer("image/png", picture("PNG"));
+        owner.offer("image/png", copiedPicture("PNG"));
         owner.offer("UTF8_STRING", outcome);
         read();
         EXPECT_TRUE(content().image);

@@ -17,7 +17,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-QByteArray picture(const char* format) {
+QByteArray offeredPicture(const char* format) {
     return filledPicture({12, 6}, Qt::darkRed, format);
 }
 
@@ -63,7 +63,7 @@ TEST_F(SelectionOfferTest, ATextIsOfferedUnderAllItsNames) {
 }
 
 TEST_F(SelectionOfferTest, AnImageIsGivenUnchangedUnderItsLabelAndConvertedUnderTheOthers) {
-    const QByteArray png = picture("PNG");
+    const QByteArray png = offeredPicture("PNG");
     // The label is TIFF for a PNG's bytes, too, as the program writes them.
     offer.setContent({.text = {}, .image = png, .imageLabel = ImageFormat::Tiff, .files = {}});
     EXPECT_THAT(offer.types(), ElementsAre("image/png", "image/tiff", "image/bmp"));
@@ -76,7 +76,7 @@ TEST_F(SelectionOfferTest, AnImageIsGivenUnchangedUnderItsLabelAndConvertedUnder
 }
 
 TEST_F(SelectionOfferTest, ATiffBecomesAPngOnceHoweverManyAsk) {
-    offer.setContent({.text = {}, .image = picture("TIFF"), .imageLabel = ImageFormat::Tiff, .files = {}});
+    offer.setContent({.text = {}, .image = offeredPicture("TIFF"), .imageLabel = ImageFormat::Tiff, .files = {}});
     const auto answers = ask("image/png", 5);
     for (const auto& answer : answers) {
         ASSERT_TRUE(answer);
@@ -93,7 +93,7 @@ TEST_F(SelectionOfferTest, AnImageThatDoesNotDecodeIsRefusedInOtherFormats) {
 
 TEST_F(SelectionOfferTest, AllFormsOfOneCopyAreOffered) {
     offer.setContent({.text = "/a",
-                      .image = picture("PNG"),
+                      .image = offeredPicture("PNG"),
                       .imageLabel = ImageFormat::Png,
                       .files = {{"text/uri-list", "file:///a"}, {"x-special/gnome-copied-files", "copy\nfile:///a"}}});
     EXPECT_THAT(offer.types(),
@@ -110,9 +110,9 @@ TEST_F(SelectionOfferTest, ForAnotherProgramToServeItAnImageIsSavedAsPngAndAsWha
         offer.setContent({.text = {}, .image = image, .imageLabel = ImageFormat::Tiff, .files = {}});
         return offer.typesToSave();
     };
-    EXPECT_THAT(saved(picture("PNG")), ElementsAre("image/png"));
-    EXPECT_THAT(saved(picture("TIFF")), ElementsAre("image/png", "image/tiff"));
-    EXPECT_THAT(saved(picture("BMP")), ElementsAre("image/png", "image/bmp"));
+    EXPECT_THAT(saved(offeredPicture("PNG")), ElementsAre("image/png"));
+    EXPECT_THAT(saved(offeredPicture("TIFF")), ElementsAre("image/png", "image/tiff"));
+    EXPECT_THAT(saved(offeredPicture("BMP")), ElementsAre("image/png", "image/bmp"));
     offer.setContent({.text = "words", .image = {}, .files = {{"text/uri-list", "file:///a"}}});
     EXPECT_THAT(offer.typesToSave(), testing::ElementsAreArray(offer.types()));
     offer.setContent({});
@@ -120,7 +120,7 @@ TEST_F(SelectionOfferTest, ForAnotherProgramToServeItAnImageIsSavedAsPngAndAsWha
 }
 
 TEST_F(SelectionOfferTest, WhoWaitsForAConversionGetsItThoughTheContentHasChanged) {
-    offer.setContent({.text = {}, .image = picture("TIFF"), .imageLabel = ImageFormat::Tiff, .files = {}});
+    offer.setContent({.text = {}, .image = offeredPicture("TIFF"), .imageLabel = ImageFormat::Tiff, .files = {}});
     std::optional<SelectionOffer::Data> former;
     offer.convert("image/png", [&former](const auto& data) { former = data; });
     offer.setContent({.text = "words", .image = {}, .files = {}});

@@ -13,7 +13,7 @@ using enum TakeOver::Verdict;
 
 const SelectionContent WORDS{.text = "words", .image = {}, .files = {}};
 
-struct Row {
+struct LossRow {
     const char* name;
     OwnerLoss loss;
     ContentSource source;
@@ -24,14 +24,14 @@ struct Row {
     TakeOver::Verdict verdict;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const LossRow& row, std::ostream* out) {
     *out << row.name;
 }
 
-class TakeOverTest : public testing::TestWithParam<Row> {};
+class TakeOverTest : public testing::TestWithParam<LossRow> {};
 
 TEST_P(TakeOverTest, Decides) {
-    const Row& row = GetParam();
+    const LossRow& row = GetParam();
     TakeOver takeOver;
     const bool mayBe = takeOver.begin(row.loss, row.source, row.content);
     EXPECT_EQ(mayBe, row.source == ContentSource::Foreign && !row.content.isEmpty());
@@ -43,18 +43,19 @@ constexpr auto FOREIGN = ContentSource::Foreign;
 INSTANTIATE_TEST_SUITE_P(
     Rows, TakeOverTest,
     testing::Values(
-        Row{"its program has ended", OwnerLoss::Gone, FOREIGN, WORDS, false, false, 150ms, Now},
-        Row{"its window has gone", OwnerLoss::Gone, FOREIGN, WORDS, false, true, 150ms, Now},
-        Row{"somebody else has copied", OwnerLoss::Gone, FOREIGN, WORDS, true, false, 150ms, Never},
-        Row{"nothing was there", OwnerLoss::Gone, FOREIGN, {}, false, false, 150ms, Never},
-        Row{"a secret", OwnerLoss::Gone, ContentSource::Secret, {}, false, false, 150ms, Never},
-        Row{"not read yet", OwnerLoss::Gone, ContentSource::Nothing, WORDS, false, false, 150ms, Never},
-        Row{"our own", OwnerLoss::Gone, ContentSource::Ourselves, WORDS, false, false, 150ms, Never},
-        Row{"cleared by a program that runs", OwnerLoss::Cleared, FOREIGN, WORDS, false, true, 150ms, NotYet},
-        Row{"cleared by a program that runs on", OwnerLoss::Cleared, FOREIGN, WORDS, false, true, 2000ms, Never},
-        Row{"cleared by a program that then ended", OwnerLoss::Cleared, FOREIGN, WORDS, false, false, 300ms, Now},
-        Row{"cleared, and copied by another", OwnerLoss::Cleared, FOREIGN, WORDS, true, false, 300ms, Never},
-        Row{"a secret that was cleared", OwnerLoss::Cleared, ContentSource::Secret, {}, false, false, 300ms, Never}));
+        LossRow{"its program has ended", OwnerLoss::Gone, FOREIGN, WORDS, false, false, 150ms, Now},
+        LossRow{"its window has gone", OwnerLoss::Gone, FOREIGN, WORDS, false, true, 150ms, Now},
+        LossRow{"somebody else has copied", OwnerLoss::Gone, FOREIGN, WORDS, true, false, 150ms, Never},
+        LossRow{"nothing was there", OwnerLoss::Gone, FOREIGN, {}, false, false, 150ms, Never},
+        LossRow{"a secret", OwnerLoss::Gone, ContentSource::Secret, {}, false, false, 150ms, Never},
+        LossRow{"not read yet", OwnerLoss::Gone, ContentSource::Nothing, WORDS, false, false, 150ms, Never},
+        LossRow{"our own", OwnerLoss::Gone, ContentSource::Ourselves, WORDS, false, false, 150ms, Never},
+        LossRow{"cleared by a program that runs", OwnerLoss::Cleared, FOREIGN, WORDS, false, true, 150ms, NotYet},
+        LossRow{"cleared by a program that runs on", OwnerLoss::Cleared, FOREIGN, WORDS, false, true, 2000ms, Never},
+        LossRow{"cleared by a program that then ended", OwnerLoss::Cleared, FOREIGN, WORDS, false, false, 300ms, Now},
+        LossRow{"cleared, and copied by another", OwnerLoss::Cleared, FOREIGN, WORDS, true, false, 300ms, Never},
+        LossRow{
+            "a secret that was cleared", OwnerLoss::Cleared, ContentSource::Secret, {}, false, false, 300ms, Never}));
 
 TEST(TakeOver, AWindowThatGoesJustBeforeTheClipboardIsClearedIsOneStory) {
     TakeOver takeOver;

@@ -184,11 +184,13 @@ is_a_file() {
 
 # configure <preset> <ON or OFF>: configured with at least that; the tests, once on, stay on, so that ./run and ./test
 # do not undo each other's work. Ninja itself configures again when a CMake file has changed. Warnings are errors in the
-# release preset only with `strict` set to ON: a newer compiler must not end a user's build.
+# release preset only with `strict` set to ON: a newer compiler must not end a user's build. With `unity` set, that says
+# whether each of the release's rooms and test programs is one source.
 configure() {
     local folder="$root/build/$1" tests=$2 options=() werror=
     local cache="$folder/CMakeCache.txt" stamp="$folder/configured"
-    [ "$1" != release ] || werror=${strict-OFF}
+    local at_once=
+    [ "$1" != release ] || { werror=${strict-OFF} && at_once=${unity-}; }
     if [ -f "$folder/build.ninja" ] && [ -f "$cache" ]; then
         local home
         home=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$cache")
@@ -197,7 +199,7 @@ configure() {
         else
             ! grep -q '^ZAMBER_TESTS:BOOL=ON' "$cache" || tests=ON
             if [ "$root/CMakePresets.json" -ot "$stamp" ] && grep -q "^ZAMBER_TESTS:BOOL=$tests" "$cache" &&
-                grep -q "^ZAMBER_WERROR:BOOL=$werror" "$cache"; then
+                grep -q "^ZAMBER_WERROR:BOOL=$werror" "$cache" && grep -q "^ZAMBER_UNITY:BOOL=$at_once" "$cache"; then
                 return 0
             fi
         fi
@@ -207,6 +209,7 @@ configure() {
     fi
     step "Configuring ($1)"
     [ -z "$werror" ] || options+=(-D ZAMBER_WERROR="$werror")
+    [ -z "$at_once" ] || options+=(-D ZAMBER_UNITY="$at_once")
     (cd "$root" && cmake --preset "$1" -D ZAMBER_TESTS="$tests" ${options[@]+"${options[@]}"}) ||
         die "configuring failed (see above)"
     touch "$stamp"

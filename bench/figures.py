@@ -82,8 +82,10 @@ class Machine:
 
 
 class Table:
-    def __init__(self):
-        print(f"{'figure':52} {'goal':>6} {'median':>8} {'least':>8} {'most':>8} {'runs':>5} {'bare Qt':>8} {'ratio':>6}")
+    """`reference` is what the last two columns compare with."""
+
+    def __init__(self, reference="bare Qt"):
+        print(f"{'figure':52} {'goal':>6} {'median':>8} {'least':>8} {'most':>8} {'runs':>5} {reference:>8} {'ratio':>6}")
 
     def add(self, name, values, goal=None, bare=None):
         median = statistics.median(values)

@@ -49,6 +49,10 @@ class ManagerTestCase(DesktopTestCase):
         self.assertEqual(self.zamber.child.wait(LONGEST_END_SECONDS), 0)
         return time.monotonic() - started
 
+    def wait_for_manager(self, read, content):
+        """Between the program's end and the manager's notice of it nobody serves the clipboard."""
+        wait_until(lambda: read() == content, 5.0, lambda: f"{content!r:.80} on the clipboard, where {read()!r:.80} is")
+
     def saved(self):
         (line,) = self.manager.stdout_lines()[1:]
         return json.loads(line)
@@ -57,7 +61,7 @@ class ManagerTestCase(DesktopTestCase):
 class ClipboardManagerTest(ManagerTestCase):
     def test_a_text(self):
         self.paste_and_quit(2)
-        self.assertEqual(self.clipboard.text(), "naïve words")
+        self.wait_for_manager(self.clipboard.text, "naïve words")
         self.assertLessEqual({"UTF8_STRING", "STRING", "text/plain"}, set(self.saved()))
 
     def test_a_text_that_goes_piece_by_piece(self):
@@ -67,7 +71,7 @@ class ClipboardManagerTest(ManagerTestCase):
 
     def test_a_picture_and_no_more_of_it_than_is_needed(self):
         self.paste_and_quit(0)
-        self.assertEqual(self.clipboard.read("image/png"), self.picture)
+        self.wait_for_manager(lambda: self.clipboard.read("image/png"), self.picture)
         self.assertEqual(set(self.saved()), {"image/png"})
 
     def test_what_another_program_holds_is_not_ours_to_hand_over(self):
@@ -84,7 +88,7 @@ class ClipboardManagerTest(ManagerTestCase):
         self.expect_paste()
         self.editor.wait_for_text("naïve words")
         self.quit()
-        self.assertEqual(self.clipboard.text(), "naïve words")
+        self.wait_for_manager(self.clipboard.text, "naïve words")
 
 
     def test_the_program_is_told_to_end_by_a_signal(self):
@@ -99,7 +103,7 @@ class ClipboardManagerTest(ManagerTestCase):
                 self.paste_entry(2)
                 self.wait_for_expected_lines()
                 self.end(lambda: self.zamber.child.process.send_signal(told))
-                self.assertEqual(self.clipboard.text(), "naïve words")
+                self.wait_for_manager(self.clipboard.text, "naïve words")
                 self.saved()
 
 
@@ -115,13 +119,13 @@ class ClipboardManagerAtLogoutTest(ManagerTestCase):
         self.paste_entry(2)
         self.wait_for_expected_lines()
         self.assertLess(self.end(self.session.log_out), LONGEST_END_SECONDS)
-        self.assertEqual(self.clipboard.text(), "naïve words")
+        self.wait_for_manager(self.clipboard.text, "naïve words")
 
     def test_a_picture(self):
         self.paste_entry(0)
         self.wait_for_expected_lines()
         self.end(self.session.log_out)
-        self.assertEqual(self.clipboard.read("image/png"), self.picture)
+        self.wait_for_manager(lambda: self.clipboard.read("image/png"), self.picture)
 
 
 class ClipboardManagerThatHangsTest(ManagerTestCase):

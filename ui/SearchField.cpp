@@ -3,14 +3,11 @@
 #include "ui/SearchField.h"
 
 #include "platform/Symbols.h"
-#include "ui/EmojiFonts.h"
+#include "ui/EmojiLineEdit.h"
 #include "ui/PlainButton.h"
 #include "ui/Typography.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
-#include <QInputMethodEvent>
-#include <QLineEdit>
 #include <QPainter>
 #include <QPalette>
 
@@ -32,7 +29,7 @@ constexpr QChar THIN_SPACE(0x2009);
 SearchField::SearchField(const Symbols& symbols, const QString& placeholder, QWidget* parent)
     : QWidget(parent)
     , m_symbols(symbols)
-    , m_field(new QLineEdit(this))
+    , m_field(new EmojiLineEdit(this))
     , m_clearButton(new PlainButton(symbols, {.symbol = u"xmark.circle.fill"_s, .symbolPoints = 12}, this)) {
     m_field->setObjectName(u"searchField"_s);
     m_field->setAccessibleName(placeholder);
@@ -55,12 +52,11 @@ SearchField::SearchField(const Symbols& symbols, const QString& placeholder, QWi
     row->addWidget(m_field);
     row->addWidget(m_clearButton);
 
-    connect(m_field, &QLineEdit::textChanged, this, [this](const QString& text) {
+    connect(m_field, &EmojiLineEdit::textChanged, this, [this](const QString& text) {
         m_clearButton->setVisible(!text.isEmpty());
-        formatEmoji();
         emit textChanged(text);
     });
-    connect(m_clearButton, &PlainButton::clicked, m_field, &QLineEdit::clear);
+    connect(m_clearButton, &PlainButton::clicked, m_field, &EmojiLineEdit::clear);
 }
 
 QString SearchField::text() const {
@@ -84,17 +80,6 @@ void SearchField::setColors(const Palette& palette) {
     m_field->setPalette(colors);
     m_clearButton->setColors(palette.tertiary, palette);
     update();
-}
-
-void SearchField::formatEmoji() {
-    // Input methods are the only ones that a line edit lets say how its text looks.
-    QList<QInputMethodEvent::Attribute> attributes;
-    for (const QTextLayout::FormatRange& range : emojiFormats(m_field->text(), m_field->font())) {
-        attributes.append(
-            {QInputMethodEvent::TextFormat, range.start - m_field->cursorPosition(), range.length, range.format});
-    }
-    QInputMethodEvent formats({}, attributes);
-    QApplication::sendEvent(m_field, &formats);
 }
 
 void SearchField::paintEvent(QPaintEvent*) {

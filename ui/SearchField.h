@@ -6,14 +6,13 @@
 
 #include <QWidget>
 
-class QLineEdit;
-
 namespace zamber {
 class Symbols;
 }
 
 namespace zamber::ui {
 
+class EmojiLineEdit;
 class PlainButton;
 
 /// A rounded field with a magnifying glass, a placeholder, and a button that empties it while there is text.
@@ -36,10 +35,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void formatEmoji();
-
     const Symbols& m_symbols;
-    QLineEdit* m_field;
+    EmojiLineEdit* m_field;
     PlainButton* m_clearButton;
     Palette m_palette;
 };

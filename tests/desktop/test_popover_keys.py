@@ -174,3 +174,13 @@ class DeadKeysTest(DesktopTestCase):
         self.choose()
         self.expect_paste()
         self.editor.wait_for_text("café au lait")
+
+    def test_a_dead_key_that_waits_for_its_letter_when_another_window_is_pressed_is_forgotten(self):
+        self.zamber.open_popover()
+        self.keyboard.tap(DEAD_ACUTE)
+        self.desktop.mouse.click(self.editor.window.x + 20, self.editor.window.y + self.editor.window.height - 20)
+        self.zamber.wait_until_closed()
+        self.zamber.open_popover()
+        self.keyboard.tap(LETTER_E)
+        wait_until(lambda: [node.text for node in self.zamber.tree().all(role="text")] == ["e"], 5.0,
+                   lambda: self.zamber.tree().outline())

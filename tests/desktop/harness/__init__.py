@@ -20,6 +20,7 @@ From a shell, with this folder's parent as working directory: python3 -m harness
 
 from .clipboard import PARTNERS, Begun, Clipboard, SelectionOwner, WaylandOwner
 from .desktop import PrivateDesktop
+from .input_method import InputMethod
 from .keyboard import ALT, CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER
 from .kwin import KWinDesktop
 from .notifier import NotifierHost
@@ -35,7 +36,7 @@ from .zamber import Zamber, default_binary
 
 __all__ = [
     "ALT", "Begun", "Browser", "CONTROL", "Child", "Clipboard", "DesktopPart", "DesktopPortal", "Editor", "Foot",
-    "GtkPortal", "Gvim", "KEY_CODES", "KWinDesktop", "KeyEvent", "LOCK", "LineEdit", "Mousepad", "NUM", "NotifierHost",
+    "GtkPortal", "Gvim", "InputMethod", "KEY_CODES", "KWinDesktop", "KeyEvent", "LOCK", "LineEdit", "Mousepad", "NUM", "NotifierHost",
     "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT", "SUPER", "SelectionOwner", "SessionManager",
     "SettingsPortal", "SwayDesktop", "Terminal", "WaitTimeout", "WaylandOwner", "Window", "XSettings", "Zamber",
     "convert", "default_binary", "holds_for", "mean_color", "pixels", "png_bytes", "wait_until",

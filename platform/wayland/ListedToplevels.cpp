@@ -59,4 +59,8 @@ void ListedToplevels::activate(std::uint64_t handle) {
     }
 }
 
+void ListedToplevels::catchUp() {
+    m_connection.roundTrip();
+}
+
 } // namespace zamber::wayland

@@ -16,6 +16,7 @@ public:
     std::optional<Toplevel> active() const override;
     bool isOpen(std::uint64_t handle) const override;
     void activate(std::uint64_t handle) override;
+    void catchUp() override;
 
 protected:
     /// A window as it was last described. A derived class has the protocol's object, which it listens to.

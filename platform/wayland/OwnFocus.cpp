@@ -33,6 +33,11 @@ void OwnFocus::follow() {
 }
 
 void OwnFocus::report() {
+    if (!m_focused) {
+        return;
+    }
+    // On a busy machine it may be told later that the window has gone, and the next one be shown by then.
+    m_toplevels.catchUp();
     const auto active = m_toplevels.active();
     const bool isOursAgain = active && active->applicationId == m_applicationId;
     if (m_focused && !isOursAgain && m_toplevels.isOpen(*std::exchange(m_focused, std::nullopt))) {

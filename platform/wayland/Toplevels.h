@@ -35,6 +35,9 @@ public:
     /// Asks the compositor to bring the window to the front. Does nothing when the window has gone.
     virtual void activate(std::uint64_t handle) = 0;
 
+    /// Waits until all has been heard that the compositor has told so far.
+    virtual void catchUp() = 0;
+
 Q_SIGNALS:
     /// Another window has come to the front, or the window in front has gone.
     void activeChanged();

@@ -216,6 +216,41 @@ TEST_F(PopoverWindowTest, AFocusThatIsReportedLostButIsThereLeavesItOpen) {
     EXPECT_TRUE(popover.isShown());
 }
 
+TEST_F(PopoverWindowTest, TheFocusThatALastShowingLostDoesNotCloseTheNext) {
+    show();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return window()->isActiveWindow(); }));
+    popover.performClose();
+    show(); // in the same turn of the main loop, as where a hot key was pressed just after Escape
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, NeitherDoesALossThatTheWindowSystemTold) {
+    show();
+    rig.windowSystem.loseFocus();
+    popover.performClose();
+    show();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, TheFocusThatAGrabHidesIsLookedForUntilItHasGone) {
+    show();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return window()->isActiveWindow(); }));
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return other.isActiveWindow(); }));
+    other.hide();
+    ASSERT_EQ(QApplication::activeWindow(), nullptr);
+    rig.windowSystem.hasFocus = true;
+    rig.windowSystem.loseFocus();
+    QTest::qWait(0);
+    EXPECT_TRUE(popover.isShown());
+    rig.windowSystem.hasFocus = false;
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !popover.isShown(); }));
+}
+
 TEST_F(PopoverWindowTest, TheVisibleFrameIsPlacedNotItsShadow) {
     const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
     const QRect placed =

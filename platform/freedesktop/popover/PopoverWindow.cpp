@@ -66,8 +66,12 @@ PopoverWindow::PopoverWindow(const Appearance& appearance, WindowSystem& windowS
     , m_windowSystem(windowSystem) {
     m_frame.winId(); // creates the window now, so that the first opening does not wait for it
     connect(&m_frame, &PopoverFrame::hidden, this, &PopoverWindow::closed);
+    m_look.setSingleShot(true);
+    m_look.callOnTimeout(this, &PopoverWindow::closeUnlessOursIsActive);
+    // A popover that is hidden loses the focus, which is no reason to close the next one.
+    connect(&m_frame, &PopoverFrame::hidden, &m_look, &QTimer::stop);
     // The window that becomes active instead is known only after this turn of the main loop.
-    const auto closeSoon = [this] { QTimer::singleShot(0, this, &PopoverWindow::closeUnlessOursIsActive); };
+    const auto closeSoon = [this] { m_look.start(0); };
     connect(&m_frame, &PopoverFrame::deactivated, this, closeSoon);
     connect(&windowSystem, &WindowSystem::focusLost, this, closeSoon);
     // A compositor that ends while the popover is open would leave the shadow's room black.
@@ -202,7 +206,7 @@ void PopoverWindow::closeUnlessOursIsActive() {
     }
     if (m_windowSystem.hasKeyboardFocus()) {
         // The grab of a hot key that is held has the keyboard. Qt does not report where the focus goes meanwhile.
-        QTimer::singleShot(LOOK_INTERVAL, this, &PopoverWindow::closeUnlessOursIsActive);
+        m_look.start(LOOK_INTERVAL);
         return;
     }
     emit abandoned();

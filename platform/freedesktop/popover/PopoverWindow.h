@@ -8,6 +8,7 @@
 
 #include <QObject>
 #include <QPoint>
+#include <QTimer>
 
 #include <functional>
 #include <optional>
@@ -70,6 +71,7 @@ private:
     WindowSystem& m_windowSystem;
     PressFilter m_pressFilter;
     PopoverFrame m_frame;
+    QTimer m_look;              ///< at who has the focus, after it was told to be lost
     ContentMaker m_makeContent; ///< until it is made
     QSize m_contentSize{440, 420};
     PopoverAppearance m_appearance = PopoverAppearance::System;

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -24,12 +25,17 @@ public:
     std::optional<Toplevel> active() const override { return m_active; }
     bool isOpen(std::uint64_t handle) const override { return !m_closed.contains(handle); }
     void activate(std::uint64_t /*handle*/) override {}
+    void catchUp() override {
+        std::exchange(unheard, [] {})();
+    }
 
     void setActive(std::optional<Toplevel> toplevel) {
         m_active = std::move(toplevel);
         Q_EMIT activeChanged();
     }
     void close(std::uint64_t handle) { m_closed.insert(handle); }
+
+    std::function<void()> unheard = [] {}; ///< what has been told already, and is on its way
 
 private:
     std::optional<Toplevel> m_active;
@@ -86,6 +92,22 @@ TEST_F(OwnFocusTest, AWindowThatIsClosedIsNoLoss) {
     EXPECT_EQ(m_losses, 0);
     setActive(std::nullopt);
     EXPECT_EQ(m_losses, 0);
+}
+
+TEST_F(OwnFocusTest, NeitherIsOneWhoseEndIsToldLaterThanThatItHasLostTheFocus) {
+    setActive(m_popover);
+    m_toplevels.unheard = [this] { m_toplevels.close(m_popover.handle); };
+    setActive(m_editor);
+    EXPECT_EQ(m_losses, 0);
+}
+
+TEST_F(OwnFocusTest, NeitherIsOneAfterWhichAnotherOfOursHasTheFocus) {
+    setActive(m_settings);
+    m_toplevels.unheard = [this] { m_toplevels.setActive(m_popover); };
+    setActive(m_editor);
+    EXPECT_EQ(m_losses, 0);
+    setActive(m_editor);
+    EXPECT_EQ(m_losses, 1);
 }
 
 TEST_F(OwnFocusTest, NeitherIsOneThatHasTheFocusAgainAtOnce) {

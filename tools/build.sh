@@ -38,7 +38,7 @@ require() {
 require_debian() {
     local names wanted missing
     names=$(rows "$@" | cut -d ' ' -f 1 | sort -u)
-    wanted=$(names_here "$names")
+    wanted=$(names_here "$names" | sort -u)
     missing=$(missing_packages "$wanted")
     [ -n "$missing" ] || return 0
 
@@ -54,7 +54,7 @@ require_debian() {
     local apt=(${as_root[@]+"${as_root[@]}"} env DEBIAN_FRONTEND=noninteractive apt-get -q -y
         -o DPkg::Lock::Timeout=600 -o Acquire::Retries=3)
     "${apt[@]}" update || printf 'The package lists could not all be renewed; going on with what there is.\n' >&2
-    wanted=$(names_here "$names") # what a fresh machine could not tell before
+    wanted=$(names_here "$names" | sort -u) # what a fresh machine could not tell before
     missing=$(echo $(missing_packages "$wanted"))
     # shellcheck disable=SC2086 # a list of words
     "${apt[@]}" install --no-install-recommends $missing </dev/null || die "these packages could not be installed (see above):" \

@@ -4,13 +4,13 @@
 
 import unittest
 
-from harness import Editor, Foot, KWinDesktop, SwayDesktop, WaylandOwner, png_bytes, wait_until
+from harness import Editor, Foot, KWinDesktop, LabwcDesktop, SwayDesktop, WaylandOwner, png_bytes, wait_until
 from harness.processes import pids_with_environment
 from harness_case import HarnessCase
 
 
 class WaylandDesktopCases(HarnessCase):
-    """What both desktops can do; `kind` is the desktop's class."""
+    """What all of them can do; `kind` is the desktop's class."""
 
     kind = None
 
@@ -102,6 +102,17 @@ class KWinHarnessTest(WaylandDesktopCases, unittest.TestCase):
             other.use_layout(1)
             other.keyboard.tap("v")
             editor.wait_for_text("vм")
+
+
+class LabwcHarnessTest(WaylandDesktopCases, unittest.TestCase):
+    oldest_debian = 13
+    kind = LabwcDesktop
+
+    def test_its_hot_key_runs_what_it_is_told_to(self):
+        with LabwcDesktop(hot_key_command="touch pressed") as other:
+            Editor(other)
+            other.keyboard.chord("Super_L", "Shift_L", "v")
+            wait_until((other.home / "pressed").exists, what="the command to have run")
 
 
 if __name__ == "__main__":

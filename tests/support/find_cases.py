@@ -3,13 +3,15 @@
 """Finds the classes of test cases in a folder's test_*.py, for CTest: each becomes one of its tests.
 
 The modules are read, not imported, so that a machine without the packages of the desktop tests can list its others.
-A class counts when it descends from unittest's and has a case, its own or inherited. What it says of itself counts for
-its CTest test: `timeout_seconds`, and `resource_lock` for what only one class at a time may use."""
+A class counts when it descends from unittest's and has a case, its own or inherited, and no `oldest_debian` that is
+newer than this machine's: a release that has not got the partners of its cases. What it says of itself counts for its
+CTest test: `timeout_seconds`, and `resource_lock` for what only one class at a time may use."""
 
 import argparse
 import ast
 import dataclasses
 import pathlib
+import platform
 import sys
 
 TIMEOUT_SECONDS = 480  # each wait has a bound of its own; this is for a class that hangs on a busy machine
@@ -65,7 +67,17 @@ def attribute(ancestry, name, fallback):
     return fallback
 
 
-def classes(folders):
+def debian_version():
+    """The number of this machine's release; what has none is newer than all that have, or another system."""
+    try:
+        release = platform.freedesktop_os_release()
+    except OSError:
+        return sys.maxsize
+    number = release.get("VERSION_ID", "")
+    return int(number) if release.get("ID") == "debian" and number.isdecimal() else sys.maxsize
+
+
+def classes(folders, debian):
     """The classes of cases in the first folder; the others are where its modules find their imports."""
     sources = Sources(folders)
     for path in sorted(pathlib.Path(folders[0]).glob("test_*.py")):
@@ -76,7 +88,7 @@ def classes(folders):
             is_case = any(name.startswith("unittest.") and name.endswith("TestCase") for name, _ in ancestry)
             has_case = any(isinstance(member, ast.FunctionDef) and member.name.startswith("test")
                            for _, definition in ancestry if definition for member in definition.body)
-            if is_case and has_case:
+            if is_case and has_case and attribute(ancestry, "oldest_debian", 0) <= debian:
                 yield Found(path.stem, node.name, attribute(ancestry, "timeout_seconds", TIMEOUT_SECONDS),
                             attribute(ancestry, "resource_lock", ""))
 
@@ -84,7 +96,7 @@ def classes(folders):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("folders", nargs="+", help="the tests' own, then those that they import from")
-    found = list(classes(parser.parse_args().folders))
+    found = list(classes(parser.parse_args().folders, debian_version()))
     if not found:
         sys.exit("no test cases were found")
     if len({one.name for one in found}) < len(found):

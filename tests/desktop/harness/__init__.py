@@ -3,8 +3,8 @@
 """Private desktops to try desktop programs on.
 
 A `PrivateDesktop` is an X server of its own with session bus, accessibility bus, window manager, tray and folders;
-it shares nothing with whoever is logged in, and leaves nothing behind. A `SwayDesktop` and a `KWinDesktop` are the same
-on Wayland. `Zamber` is the program inside. Works with Debian's own Python and python3-xlib; needs no test framework.
+it shares nothing with whoever is logged in, and leaves nothing behind. A `SwayDesktop`, a `KWinDesktop` and a `LabwcDesktop`
+are the same on Wayland. `Zamber` is the program inside. Works with Debian's own Python and python3-xlib; needs no test framework.
 
     from harness import PrivateDesktop, Zamber
 
@@ -23,6 +23,7 @@ from .desktop import PrivateDesktop
 from .input_method import InputMethod
 from .keyboard import ALT, CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER
 from .kwin import KWinDesktop
+from .labwc import LabwcDesktop
 from .notifier import NotifierHost
 from .partners import Browser, DesktopPart, Editor, Foot, Gvim, LineEdit, Mousepad, Partner, SessionManager, Terminal
 from .portal import DesktopPortal, GtkPortal, SettingsPortal, XSettings
@@ -36,8 +37,8 @@ from .zamber import Zamber, default_binary
 
 __all__ = [
     "ALT", "Begun", "Browser", "CONTROL", "Child", "Clipboard", "DesktopPart", "DesktopPortal", "Editor", "Foot",
-    "GtkPortal", "Gvim", "InputMethod", "KEY_CODES", "KWinDesktop", "KeyEvent", "LOCK", "LineEdit", "Mousepad", "NUM", "NotifierHost",
-    "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT", "SUPER", "SelectionOwner", "SessionManager",
+    "GtkPortal", "Gvim", "InputMethod", "KEY_CODES", "KWinDesktop", "KeyEvent", "LOCK", "LabwcDesktop", "LineEdit", "Mousepad",
+    "NUM", "NotifierHost", "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT", "SUPER", "SelectionOwner", "SessionManager",
     "SettingsPortal", "SwayDesktop", "Terminal", "WaitTimeout", "WaylandOwner", "Window", "XSettings", "Zamber",
     "convert", "default_binary", "holds_for", "mean_color", "pixels", "png_bytes", "wait_until",
 ]

@@ -109,3 +109,24 @@ KWIN_MENU_CONFIGURATION = """<!DOCTYPE Menu PUBLIC "-//freedesktop//DTD Menu 1.0
   <Include><All/></Include>
 </Menu>
 """
+
+# What a start tells is that labwc is ready, and where. Windows of known titles are where the tests look for them.
+LABWC_CONFIGURATION = """<?xml version="1.0"?>
+<labwc_config>
+  <core><decoration>server</decoration><gap>0</gap></core>
+  <focus><followMouse>no</followMouse></focus>
+  <keyboard>
+    <keybind key="W-S-v"><action name="Execute" command="{hot_key_command}"/></keybind>
+  </keyboard>
+  <mouse><default/></mouse>
+  <windowRules>
+    <windowRule identifier="*" serverDecoration="no"/>
+    {places}
+  </windowRules>
+</labwc_config>
+"""
+
+LABWC_PLACE = """<windowRule title="{title}">
+      <action name="MoveTo" x="{x}" y="{y}"/><action name="ResizeTo" width="{width}" height="{height}"/>
+    </windowRule>
+"""

@@ -52,6 +52,12 @@ class Arguments:
         text, self._data = self._data[:max(0, length - 1)], self._data[(length + 3) // 4 * 4:]
         return text.decode()
 
+    def integers(self):
+        """An array of them."""
+        length = self.integer()
+        values, self._data = self._data[:length], self._data[(length + 3) // 4 * 4:]
+        return list(struct.unpack(f"={length // 4}I", values))
+
     def new_object(self):
         return self._client.adopt(self.integer())
 

@@ -18,7 +18,7 @@ UNTRUSTED_LINE = "⚠️ Accessibility: NOT trusted — opening System Settings"
 UPDATE_FAILED = "⚠️ Update check failed: "
 STALE_NODE = re.compile(r"qt\.accessibility\.atspi: .*(Accessible invalid|Could not find accessible on path)")
 # Qt 6.8 where a window is told its scale and shown in one moment. Qt takes the scale then; the pictures are compared.
-SCALE_IN_TIME = re.compile(r"The cached device pixel ratio value was stale on window expose\.")
+SCALE_IN_TIME = re.compile(r"The cached device pixel ratio value was stale on window (expose|update)\.")
 START_SECONDS = 10.0
 SANITIZER_VARIABLES = ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 

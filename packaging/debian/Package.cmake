@@ -26,7 +26,7 @@ some desktops, without it.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-image-formats-plugins")
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS ca-certificates "default-dbus-session-bus | dbus-session-bus" fonts-inter
-       libcanberra-pulse qt6-wayland xdg-utils)
+       libcanberra-pulse liblayershellqtinterface6 qt6-wayland xdg-utils)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "fonts-noto-color-emoji, xdg-desktop-portal")
 
 set(CPACK_SET_DESTDIR ON)

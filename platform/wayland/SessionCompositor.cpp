@@ -13,6 +13,7 @@
 #include <kde-plasma-window-management.h>
 #include <wayland-client.h>
 #include <wlr-data-control-unstable-v1.h>
+#include <wlr-foreign-toplevel-management-unstable-v1.h>
 
 #include <algorithm>
 #include <set>
@@ -40,7 +41,9 @@ SessionCompositor lookAtSessionCompositor() {
     return {.hasDataControl = offered.contains(ext_data_control_manager_v1_interface.name) ||
                               offered.contains(zwlr_data_control_manager_v1_interface.name),
             .hasPlasmaWindows = offered.contains(org_kde_plasma_shell_interface.name) &&
-                                offered.contains(org_kde_plasma_window_management_interface.name)};
+                                offered.contains(org_kde_plasma_window_management_interface.name),
+            .hasLayers = offered.contains("zwlr_layer_shell_v1"),
+            .tellsOfToplevels = offered.contains(zwlr_foreign_toplevel_manager_v1_interface.name)};
 }
 
 bool qtHasWaylandWindows() {

@@ -8,6 +8,8 @@ namespace zamber::wayland {
 struct SessionCompositor {
     bool hasDataControl = false;   ///< it lets programs control the clipboard
     bool hasPlasmaWindows = false; ///< it places windows where this program asks, and tells which one is active
+    bool hasLayers = false;        ///< it shows windows above those of all programs
+    bool tellsOfToplevels = false; ///< of other programs' windows, and which one is active, but places none
 };
 
 /// All is false where no compositor answers.

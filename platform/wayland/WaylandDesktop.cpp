@@ -5,6 +5,9 @@
 #include "platform/freedesktop/QtApplication.h"
 #include "platform/freedesktop/TextFieldPaste.h"
 #include "platform/freedesktop/popover/PopoverWindow.h"
+#include "platform/freedesktop/portal/PortalHotKeyCenter.h"
+#include "platform/freedesktop/portal/PortalRecord.h"
+#include "platform/freedesktop/portal/Portals.h"
 #include "platform/freedesktop/session/Programs.h"
 #include "platform/freedesktop/session/TerminationSignals.h"
 #include "platform/freedesktop/tray/TrayClicks.h"
@@ -12,8 +15,11 @@
 #include "platform/wayland/Connection.h"
 #include "platform/wayland/DataControl.h"
 #include "platform/wayland/FakeKeyboard.h"
+#include "platform/wayland/HandBoundHotKeys.h"
 #include "platform/wayland/KGlobalAccelHotKeyCenter.h"
 #include "platform/wayland/KWinFreeAreas.h"
+#include "platform/wayland/LayerShell.h"
+#include "platform/wayland/LayerWindowSystem.h"
 #include "platform/wayland/NoHotKeys.h"
 #include "platform/wayland/NoPointerButtons.h"
 #include "platform/wayland/OwnFocus.h"
@@ -91,6 +97,9 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
             if (plasmaHotKeys) {
                 plasmaHotKeys->update();
             }
+            if (otherHotKeys) {
+                otherHotKeys->ofPortal.update();
+            }
         });
     }
 
@@ -150,7 +159,30 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
                   *seatKeyboard, [this](PhysicalKey key) { return isHotKeyWanted(key); },
                   freedesktop::desktop::closeMenus)
             : nullptr;
-    NoHotKeys noHotKeys;
+
+    /// XWayland's fire while a program of X is in front, the portal's, where the desktop has one, in any case.
+    struct OtherHotKeys {
+        OtherHotKeys(XwaylandAdapters* xwayland, Scheduler& scheduler,
+                     freedesktop::portal::PortalHotKeyCenter::IsWanted isWanted)
+            : portals(QGuiApplication::desktopFileName(), freedesktop::portal::Portals::ownConnection(), scheduler)
+            , ofPortal({.portals = portals,
+                        .record = record,
+                        .hotKeysOfX = xwayland != nullptr ? static_cast<HotKeyCenter&>(xwayland->hotKeys) : none,
+                        .scheduler = scheduler},
+                       std::move(isWanted), freedesktop::desktop::closeMenus) {}
+
+        NoHotKeys none;
+        freedesktop::portal::Portals portals;
+        freedesktop::portal::PortalRecord record;
+        freedesktop::portal::PortalHotKeyCenter ofPortal;
+        HandBoundHotKeys center{ofPortal};
+    };
+    /// Null where the compositor has hot keys for programs.
+    std::unique_ptr<OtherHotKeys> otherHotKeys =
+        !swayHotKeys && !plasmaHotKeys
+            ? std::make_unique<OtherHotKeys>(xwayland.get(), scheduler,
+                                             [this](PhysicalKey key) { return isHotKeyWanted(key); })
+            : nullptr;
     HotKeyCenter& hotKeys = chooseHotKeys();
 
     /// Both or neither: a keystroke is typed when the right window is in front.
@@ -168,7 +200,9 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
                                 : plasmaHotKeys ? static_cast<AccessibilityTrust&>(notInstalledTrust)
                                                 : xwayland->trust;
 
-    std::unique_ptr<KWinFreeAreas> freeAreas = areWindowsOwn() && !sway ? std::make_unique<KWinFreeAreas>() : nullptr;
+    const SessionCompositor compositor = areWindowsOwn() ? lookAtSessionCompositor() : SessionCompositor{};
+    std::unique_ptr<KWinFreeAreas> freeAreas =
+        compositor.hasPlasmaWindows ? std::make_unique<KWinFreeAreas>() : nullptr;
     /// Null where the windows are XWayland's.
     std::unique_ptr<freedesktop::popover::WindowSystem> ownWindows = makeOwnWindows();
     std::unique_ptr<OwnFocus> ownFocus =
@@ -191,7 +225,7 @@ private:
         if (plasmaHotKeys) {
             return *plasmaHotKeys;
         }
-        return xwayland ? static_cast<HotKeyCenter&>(xwayland->hotKeys) : noHotKeys;
+        return otherHotKeys->center;
     }
 
     std::unique_ptr<freedesktop::popover::WindowSystem> makeOwnWindows() {
@@ -201,12 +235,17 @@ private:
         if (sway) {
             return std::make_unique<SwayWindowSystem>(*sway, scheduler);
         }
-        PlasmaWindowSystem::Desktop desktop{.freeArea = [this](const QString& screen) { return freeAreas->of(screen); },
-                                            .freePart = {},
-                                            .isOursActive = [this] { return isOursActive(); }};
+        std::function<QRectF()> freePart;
         if (xwayland) {
-            desktop.freePart = [this] { return xwayland->windowSystem.freePartOfDesktop(); };
+            freePart = [this] { return xwayland->windowSystem.freePartOfDesktop(); };
         }
+        if (!compositor.hasPlasmaWindows) {
+            return std::make_unique<LayerWindowSystem>(compositor.hasLayers ? LayerShell::load() : nullptr,
+                                                       std::move(freePart));
+        }
+        PlasmaWindowSystem::Desktop desktop{.freeArea = [this](const QString& screen) { return freeAreas->of(screen); },
+                                            .freePart = std::move(freePart),
+                                            .isOursActive = [this] { return isOursActive(); }};
         return std::make_unique<PlasmaWindowSystem>(std::move(desktop));
     }
 
@@ -242,12 +281,14 @@ private:
 };
 
 bool WaylandDesktop::prepareWindows() {
-    // sway's control socket and KWin place windows. Where nobody does, XWayland's are the better ones.
+    // The history closes when its window has lost the focus. Where nobody tells of that, XWayland's are the better
+    // ones.
     if (qgetenv("QT_QPA_PLATFORM").startsWith("xcb") || !qtHasWaylandWindows()) {
         return false;
     }
     const SessionCompositor compositor = lookAtSessionCompositor();
-    if (!compositor.hasDataControl || (qEnvironmentVariableIsEmpty("SWAYSOCK") && !compositor.hasPlasmaWindows)) {
+    if (!compositor.hasDataControl ||
+        (qEnvironmentVariableIsEmpty("SWAYSOCK") && !compositor.hasPlasmaWindows && !compositor.tellsOfToplevels)) {
         return false;
     }
     freedesktop::session::TerminationSignals::remember();

@@ -251,6 +251,13 @@ TEST_F(PopoverWindowTest, TheFocusThatAGrabHidesIsLookedForUntilItHasGone) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return !popover.isShown(); }));
 }
 
+TEST_F(PopoverWindowTest, ItClosesWhenTheDesktopAsksForIt) {
+    rig.windowSystem.requestClose();
+    show();
+    rig.windowSystem.requestClose();
+    EXPECT_FALSE(popover.isShown());
+}
+
 TEST_F(PopoverWindowTest, TheVisibleFrameIsPlacedNotItsShadow) {
     const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
     const QRect placed =

@@ -8,7 +8,7 @@ from case import PASTED_LINE
 from harness import CONTROL, KEY_CODES, SHIFT, SUPER, Editor, holds_for, wait_until
 from harness.zamber import UNTRUSTED_LINE
 from wayland_case import KWinTestCase
-from wayland_cases import UTF8, CaptureCases, EndCases, HotKeysCases, OwnerOfX, OwnersCases, PasteCases
+from wayland_cases import UTF8, CaptureCases, EndCases, HotKeysCases, OwnerOfX, OwnersCases, QuickPasteCases
 from wayland_window_cases import WindowCases
 
 KGLOBALACCEL = ["gdbus", "call", "--session", "-d", "org.kde.kglobalaccel", "-o", "/kglobalaccel", "-m"]
@@ -156,7 +156,7 @@ class KWinRussianHotKeysTest(KWinTestCase):
         self.editor.wait_for_text("second")
 
 
-class KWinPasteTest(PasteCases, KWinTestCase):
+class KWinPasteTest(QuickPasteCases, KWinTestCase):
     def test_a_terminal_gets_its_own_keystroke(self):
         """By a stand-in with a terminal's id: foot fails on an output of no size, as KWin's is here."""
         terminal = Editor(self.desktop, "Terminal", class_name="foot")

@@ -4,7 +4,7 @@
 
 from harness import holds_for, wait_until
 from wayland_case import SwayTestCase
-from wayland_cases import HINT, UTF8, CaptureCases, EndCases, HotKeysCases, OwnerOfX, OwnersCases, PasteCases
+from wayland_cases import HINT, UTF8, CaptureCases, EndCases, HotKeysCases, OwnerOfX, OwnersCases, QuickPasteCases
 
 
 class SwayCaptureTest(CaptureCases, SwayTestCase):
@@ -79,7 +79,7 @@ class SwayTakenHotKeyTest(SwayTestCase):
         self.zamber.wait_for_popover()
 
 
-class SwayPasteTest(PasteCases, SwayTestCase):
+class SwayPasteTest(QuickPasteCases, SwayTestCase):
     pass
 
 

@@ -6,7 +6,7 @@ import sys
 import unittest
 
 from case import PASTED_LINE, PASTING_LINE, LogAssertions
-from harness import Editor, KWinDesktop, SwayDesktop, WaylandOwner, Zamber, default_binary, holds_for
+from harness import Editor, KWinDesktop, LabwcDesktop, SwayDesktop, WaylandOwner, Zamber, default_binary, holds_for
 from harness.zamber import READY_LINE
 
 CAPTURE_SECONDS = 0.7
@@ -114,3 +114,14 @@ class KWinTestCase(WaylandTestCase):
         super().tearDown()
         with self.subTest("no key is stuck"):
             self.assertEqual(self.keyboard.held_keys(), set())
+
+
+class LabwcTestCase(WaylandTestCase):
+    """The hot key is the user's own, as labwc's configuration has it: it starts the program again."""
+
+    oldest_debian = 13
+    size, scale = (1280, 800), 1
+
+    def make_desktop(self):
+        return LabwcDesktop(hot_key_command=str(default_binary()), layout=self.layout, xwayland=self.xwayland,
+                            size=self.size, scale=self.scale)

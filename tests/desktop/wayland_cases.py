@@ -132,9 +132,7 @@ class OwnersCases:
         self.zamber_has_ended = True
 
 
-class HotKeysCases:
-    """Hot keys, whose keys are the user's own where the program does not need them."""
-
+class OpeningCases:
     history = ("first", "second", "third")
 
     def test_the_hot_key_opens_the_history_whatever_is_in_front(self):
@@ -148,6 +146,10 @@ class HotKeysCases:
         self.zamber.open_popover()
         self.keyboard.tap("Escape")
         self.zamber.wait_until_closed()
+
+
+class HotKeysCases(OpeningCases):
+    """Hot keys of the program's own, whose keys are the user's where the program does not need them."""
 
     def test_it_is_given_back_at_the_end(self):
         self.assertEqual(self.zamber.stop(), 0)
@@ -168,7 +170,6 @@ class PasteCases:
     """The way of an entry into other programs."""
 
     history = ("first", "second", "third")
-    preferences = {"quickPasteEnabled": True}
 
     def paste_entry(self, position=0):
         self.zamber.open_popover()
@@ -204,6 +205,20 @@ class PasteCases:
         self.paste_entry(1)
         self.editor.wait_for_image(png_bytes())
 
+    def test_a_copy_that_comes_before_the_keystroke_is_not_overwritten(self):
+        owner = self.owner()
+        self.zamber.open_popover()
+        self.choose(1)
+        self.expected_lines.append(PASTING_LINE)
+        wait_until(lambda: self.clipboard.text() == "second", what="the choice on the clipboard")
+        owner.offer({UTF8: b"newer"})
+        self.zamber.wait_for_history(["newer", "first", "second", "third"])
+        self.assertEqual(self.clipboard.text(), "newer")
+
+
+class QuickPasteCases(PasteCases):
+    preferences = {"quickPasteEnabled": True}
+
     def test_a_quick_paste_with_the_modifiers_still_held(self):
         self.keyboard.play((0.0, "+Super_L"), (0.08, "+Shift_L"), (0.16, "+3"), (0.4, "-3"), (0.8, "-Shift_L"),
                            (0.9, "-Super_L"))
@@ -219,16 +234,6 @@ class PasteCases:
         self.keyboard.release("Shift_L", "Super_L")
         self.expected_lines += [PASTED_LINE] * 2
         self.editor.wait_for_text("secondthird")
-
-    def test_a_copy_that_comes_before_the_keystroke_is_not_overwritten(self):
-        owner = self.owner()
-        self.zamber.open_popover()
-        self.choose(1)
-        self.expected_lines.append(PASTING_LINE)
-        wait_until(lambda: self.clipboard.text() == "second", what="the choice on the clipboard")
-        owner.offer({UTF8: b"newer"})
-        self.zamber.wait_for_history(["newer", "first", "second", "third"])
-        self.assertEqual(self.clipboard.text(), "newer")
 
 
 class EndCases:

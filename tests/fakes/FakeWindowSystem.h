@@ -25,6 +25,7 @@ public:
     }
 
     void loseFocus() { Q_EMIT focusLost(); }
+    void requestClose() { Q_EMIT closeRequested(); }
 
     bool composited = true;
     bool hasFocus = false;

@@ -103,7 +103,7 @@ class DependenciesTest(PackageTestCase):
 
     def test_what_it_loads_later_is_named_too(self):
         self.assertIn("qt6-image-formats-plugins", self.names("Depends"))
-        self.assertLessEqual({"libcanberra-pulse", "ca-certificates", "qt6-wayland", "xdg-utils"}, self.names("Recommends"))
+        self.assertLessEqual({"libcanberra-pulse", "ca-certificates", "liblayershellqtinterface6", "qt6-wayland", "xdg-utils"}, self.names("Recommends"))
 
     def test_nothing_runs_when_it_is_installed_or_removed(self):
         folder = self.enterContext(tempfile.TemporaryDirectory(prefix="zamber-control-"))

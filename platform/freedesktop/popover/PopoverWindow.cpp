@@ -74,6 +74,7 @@ PopoverWindow::PopoverWindow(const Appearance& appearance, WindowSystem& windowS
     const auto closeSoon = [this] { m_look.start(0); };
     connect(&m_frame, &PopoverFrame::deactivated, this, closeSoon);
     connect(&windowSystem, &WindowSystem::focusLost, this, closeSoon);
+    connect(&windowSystem, &WindowSystem::closeRequested, this, &PopoverWindow::performClose);
     // A compositor that ends while the popover is open would leave the shadow's room black.
     connect(&windowSystem, &WindowSystem::compositedChanged, this, [this] {
         if (isShown()) {

@@ -64,6 +64,10 @@ Q_SIGNALS:
     /// A window of this program had the focus, is still open, and has it no longer. Qt reports neither where the focus
     /// came and went before Qt looked.
     void focusLost();
+
+    /// The popover is to close: a button was pressed outside of it, or something that it would cover wants the
+    /// keyboard.
+    void closeRequested();
 };
 
 } // namespace zamber::freedesktop::popover

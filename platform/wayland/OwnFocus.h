@@ -25,6 +25,10 @@ public:
     /// The application's identifier is that of its windows (xdg-shell's app_id). The ports outlive this object.
     OwnFocus(Toplevels& toplevels, QString applicationId, Scheduler& scheduler);
 
+    /// To be called when a window of this program is shown for which the focus is watched: what is on its way about the
+    /// focus of another, shown before, is not told any more.
+    void startOver() { m_focused.reset(); }
+
 Q_SIGNALS:
     /// A window of this program had the focus, is still open, and has it no longer.
     void lost();

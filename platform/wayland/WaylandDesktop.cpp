@@ -83,6 +83,8 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
         if (ownFocus) {
             QObject::connect(ownFocus.get(), &OwnFocus::lost, ownWindows.get(),
                              &freedesktop::popover::WindowSystem::focusLost);
+            QObject::connect(&popover, &freedesktop::popover::PopoverWindow::shown, ownFocus.get(),
+                             &OwnFocus::startOver);
         }
         if (plasmaHotKeys && !typing) {
             std::fputs(

@@ -110,6 +110,17 @@ TEST_F(OwnFocusTest, NeitherIsOneAfterWhichAnotherOfOursHasTheFocus) {
     EXPECT_EQ(m_losses, 1);
 }
 
+TEST_F(OwnFocusTest, NeitherIsOneOfAWindowThatWasThereBeforeTheOneThatIsWatched) {
+    setActive(m_settings);
+    m_toplevels.setActive(m_editor);
+    m_focus.startOver(); // the popover has been shown, and has not got the focus yet
+    m_scheduler.advance(0ms);
+    EXPECT_EQ(m_losses, 0);
+    setActive(m_popover);
+    setActive(m_editor);
+    EXPECT_EQ(m_losses, 1);
+}
+
 TEST_F(OwnFocusTest, NeitherIsOneThatHasTheFocusAgainAtOnce) {
     setActive(m_popover);
     m_toplevels.setActive(m_editor);

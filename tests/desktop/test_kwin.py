@@ -230,6 +230,8 @@ class KWinNotInstalledTest(KWinTestCase):
     def test_the_permission_window_is_there_and_a_choice_is_on_the_clipboard(self):
         wait_until(lambda: self.desktop.window(title="Zamber — Permission Required", pid=self.zamber.pid),
                    what="the permission window")
+        self.keyboard.type_text("x")
+        self.editor.wait_for_text("x")
         self.zamber.open_popover()
         self.choose()
         self.expected_lines.append("❌ No previous app to paste into")

@@ -4,9 +4,10 @@
 
 from harness import DesktopPart, wait_until
 from wayland_case import KWinTestCase
+from wayland_question_cases import QuestionCases
 from wayland_window_cases import (CARD, GAP, SHARP_STEPS, EmptyDesktopCases, PopoverCases, SecondStartCases,
-                                  SettingsCases, SharpnessCases, TrayMenuCases, WindowCases, WindowsOfXCases,
-                                  WithoutXCases, card_of)
+                                  SettingsCases, SharpnessCases, TrayMenuCases, WindowCases,
+                                  WindowsOfXCases, WithoutXCases, card_of)
 
 IS_SCRIPT_LOADED = ["gdbus", "call", "--session", "-d", "org.kde.KWin", "-o", "/Scripting", "-m",
                     "org.kde.kwin.Scripting.isScriptLoaded"]
@@ -19,6 +20,10 @@ class KWinWindowTestCase(WindowCases, KWinTestCase):
 
 
 class KWinPopoverTest(PopoverCases, KWinWindowTestCase):
+    pass
+
+
+class KWinQuestionTest(QuestionCases, KWinWindowTestCase):
     pass
 
 

@@ -4,8 +4,10 @@
 
 from harness import wait_until
 from wayland_case import SwayTestCase
+from wayland_question_cases import QuestionCases
 from wayland_window_cases import (CARD, GAP, HISTORY, SHARP_STEPS, EmptyDesktopCases, PopoverCases, SecondStartCases,
-                                  SettingsCases, SharpnessCases, TrayMenuCases, WindowsOfXCases, WithoutXCases, card_of)
+                                  SettingsCases, SharpnessCases, TrayMenuCases, WindowsOfXCases,
+                                  WithoutXCases, card_of)
 
 
 class SwayWindowTestCase(SwayTestCase):
@@ -16,6 +18,10 @@ class SwayWindowTestCase(SwayTestCase):
 
 
 class SwayPopoverTest(PopoverCases, SwayWindowTestCase):
+    pass
+
+
+class SwayQuestionTest(QuestionCases, SwayWindowTestCase):
     pass
 
 

@@ -255,6 +255,35 @@ class SettingsCases(WindowCases):
         """How wide the compositor's frame is, which belongs to the window's place: left and top."""
         return 0, 0
 
+    def test_when_they_are_closed_the_editor_has_the_keyboard_back(self):
+        for _ in range(2):
+            self.open_settings()
+            self.keyboard.chord("Control_L", "w")
+            wait_until(lambda: self.settings() is None, what="the settings to be gone")
+            self.typing_reaches(self.editor)
+
+    def test_the_popover_opens_over_them_and_leaves_the_keyboard_to_them(self):
+        self.open_settings()
+        self.zamber.open_popover()
+        self.keyboard.type_text("banana")
+        wait_until(lambda: self.names()[:2] == ["banana bread", "General"], what="what is typed to be searched for")
+        self.close_by_escape()
+        self.desktop.wait_until_active(self.settings())
+        self.keyboard.chord("Control_L", "w")
+        wait_until(lambda: self.settings() is None, what="the settings to be gone")
+        self.typing_reaches(self.editor)
+
+    def test_they_come_to_the_front_of_a_window_in_full_screen(self):
+        part = (540, 300, 200, 200)  # in the middle of the screen, as they are
+        for _ in range(2):
+            self.desktop.fill_screen(self.editor.window)
+            self.editor.activate()
+            wait_until(lambda: self.desktop.window(pid=self.editor.child.pid).height == 800, what="the full screen")
+            self.let_a_glance_pass()
+            bare = self.picture(*part)
+            self.open_settings()
+            self.assertNotEqual(self.picture(*part), bare)
+
 
 class TrayMenuCases(WindowCases):
     """A panel that asks the program to draw its menu, as sway's bar does."""

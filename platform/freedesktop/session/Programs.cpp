@@ -23,8 +23,6 @@ constexpr QLatin1StringView VARIABLES_OF_OUR_START[] = {
     "GIO_LAUNCHED_DESKTOP_FILE_PID"_L1,
 };
 
-constexpr int ANSWER_MS = 2000;
-
 struct Opener {
     QString program;
     QStringList arguments; // before the address
@@ -37,8 +35,9 @@ const QProcessEnvironment& startEnvironment() {
     return environment;
 }
 
-Programs::Programs(const QProcessEnvironment& environment)
-    : m_environment(environment) {
+Programs::Programs(const QProcessEnvironment& environment, std::chrono::milliseconds patience)
+    : m_environment(environment)
+    , m_patience(patience) {
     for (const QLatin1StringView variable : VARIABLES_OF_OUR_START) {
         m_environment.remove(variable);
     }
@@ -68,7 +67,7 @@ std::expected<QString, QString> Programs::answer(const QString& program, const Q
     process.setProcessEnvironment(m_environment);
     process.setStandardInputFile(QProcess::nullDevice());
     process.start(path, arguments);
-    if (!process.waitForFinished(ANSWER_MS)) {
+    if (!process.waitForFinished(static_cast<int>(m_patience.count()))) {
         const QString error = process.errorString();
         process.kill();
         process.waitForFinished();

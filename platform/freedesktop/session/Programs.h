@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <expected>
 
 class QUrl;
@@ -20,7 +21,11 @@ const QProcessEnvironment& startEnvironment();
 /// our own start, and with no part in our standard streams.
 class Programs {
 public:
-    explicit Programs(const QProcessEnvironment& environment = startEnvironment());
+    /// How long the caller waits for an answer.
+    static constexpr std::chrono::milliseconds PATIENCE{2000};
+
+    explicit Programs(const QProcessEnvironment& environment = startEnvironment(),
+                      std::chrono::milliseconds patience = PATIENCE);
 
     /// Opens an address in the program that the user has chosen for its kind, by the desktop's own opener.
     std::expected<void, QString> open(const QUrl& address) const;
@@ -30,7 +35,7 @@ public:
     std::expected<void, QString> startNewInstance(const QString& path) const;
 
     /// Runs a program of the user's to its end and returns what it has printed. For the desktop's small tools: the
-    /// caller waits, for two seconds at most. The error is the program's own text, or why there is no answer.
+    /// caller waits. The error is the program's own text, or why there is no answer.
     std::expected<QString, QString> answer(const QString& program, const QStringList& arguments) const;
 
 private:
@@ -38,6 +43,7 @@ private:
     std::expected<void, QString> start(const QString& program, const QStringList& arguments) const;
 
     QProcessEnvironment m_environment;
+    std::chrono::milliseconds m_patience;
 };
 
 } // namespace zamber::freedesktop::session

@@ -23,7 +23,7 @@ constexpr std::uint32_t WATCHED_CHANGES = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SE
 X11Pasteboard::X11Pasteboard(Connection& connection)
     : m_connection(connection)
     , m_names(connection)
-    , m_clients(connection)
+    , m_owner(connection)
     , m_incoming(connection)
     , m_outgoing(connection)
     , m_clipboard(connection, m_names, m_outgoing, connection.atom(Atom::Clipboard))
@@ -76,8 +76,7 @@ bool X11Pasteboard::hasOwner() const {
 }
 
 bool X11Pasteboard::isFormerOwnerRunning() const {
-    // Without an answer about the owner when it was one, there is no telling that it has gone.
-    return !m_owner.process || m_clients.processOf(m_owner.window) == m_owner.process;
+    return m_owner.isRunning();
 }
 
 void X11Pasteboard::borrowPrimary(int changeCount, std::function<void()> done) {
@@ -135,7 +134,7 @@ void X11Pasteboard::readFrom(xcb_window_t owner, xcb_timestamp_t time, Counts co
         .selection = m_connection.atom(Atom::Clipboard), .target = XCB_ATOM_NONE, .time = time, .owner = owner};
     startReading(
         [this, &change](CopyReader::Tell tell) {
-            m_owner = {.window = change.owner, .process = m_clients.processOf(change.owner)};
+            m_owner.note(change.owner);
             return std::make_unique<SelectionReader>(m_connection, m_names, m_incoming, change, std::move(tell));
         },
         counts);

@@ -4,10 +4,10 @@
 
 #include "platform/freedesktop/selection/SelectionPasteboard.h"
 #include "platform/x11/AtomNames.h"
-#include "platform/x11/Clients.h"
 #include "platform/x11/ClipboardHandOver.h"
 #include "platform/x11/IncomingTransfer.h"
 #include "platform/x11/OutgoingTransfers.h"
+#include "platform/x11/OwnerProcess.h"
 #include "platform/x11/PrimaryLoan.h"
 #include "platform/x11/SelectionReader.h"
 #include "platform/x11/SelectionServer.h"
@@ -37,12 +37,6 @@ private:
     using SelectionContent = freedesktop::selection::SelectionContent;
     using CopyReader = freedesktop::selection::CopyReader;
 
-    /// Who owns the clipboard, if it is not this program, or did so last.
-    struct Owner {
-        xcb_window_t window = XCB_WINDOW_NONE;
-        std::optional<std::uint32_t> process;
-    };
-
     void publish(const SelectionContent& content) override;
     bool isPublishing() const override { return m_isAcquiring; }
     bool isOwner() const override { return m_clipboard.isOwner(); }
@@ -61,7 +55,7 @@ private:
 
     Connection& m_connection;
     AtomNames m_names;
-    Clients m_clients;
+    OwnerProcess m_owner; ///< that of the clipboard now, if it is not this program, or the last one
     IncomingTransfers m_incoming;
     OutgoingTransfers m_outgoing;
     SelectionServer m_clipboard;
@@ -71,7 +65,6 @@ private:
     std::uint8_t m_xfixesEvent = 0;
     bool m_isAcquiring = false;
     std::optional<SelectionContent> m_toAcquire;
-    Owner m_owner;
     std::vector<std::function<void(bool)>> m_savers;
 };
 

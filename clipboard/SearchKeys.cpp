@@ -14,6 +14,9 @@ namespace {
 /// the list not to be redone all the time.
 constexpr qsizetype HANDED_OVER_AT_ONCE_BYTES = qsizetype{4} << 20;
 
+/// So little text is made ready in some microseconds, less than it takes to wake the other thread.
+constexpr qsizetype MADE_IN_PLACE_BYTES = qsizetype{4} << 10;
+
 } // namespace
 
 SearchKeys::SearchKeys(Scheduler& scheduler, Ready ready)
@@ -31,13 +34,22 @@ SearchKeys::~SearchKeys() {
 
 void SearchKeys::prepare(const QList<ClipboardItem>& items, text::CaseFolding folding) {
     QList<ClipboardItem> missing;
+    qsizetype bytes = 0;
     for (const auto& item : items) {
         if (!item.content.hasSearchKey(folding) && !m_state->onTheirWay.contains(item.id)) {
-            m_state->onTheirWay.insert(item.id);
             missing.append(item);
+            bytes += item.content.bytes().size();
         }
     }
-    if (!missing.isEmpty()) {
+    if (bytes <= MADE_IN_PLACE_BYTES) {
+        for (const auto& item : missing) {
+            item.content.searchKey(folding);
+            item.content.measure();
+        }
+    } else {
+        for (const auto& item : missing) {
+            m_state->onTheirWay.insert(item.id);
+        }
         m_thread.start([this, missing, folding] { make(missing, folding); });
     }
 }

@@ -18,7 +18,7 @@ namespace zamber::clipboard {
 
 /// Makes texts ready for searching on another thread, and measures them for their rows: with many megabytes that takes
 /// a second, which nobody has at the first letter of a search or when the list opens. What was made for searching comes
-/// back by the scheduler and is kept with the content.
+/// back by the scheduler and is kept with the content. A few short texts are made ready at once.
 ///
 /// Lives on the main thread. Its destruction drops the work under way. The scheduler must outlive it.
 class SearchKeys {

@@ -101,6 +101,13 @@ TEST_F(SearchKeysTest, ACapturedTextIsMadeReady) {
     EXPECT_EQ(foundLetters(), "");
 }
 
+TEST_F(SearchKeysTest, ACapturedShortTextIsReadyAtOnce) {
+    startWith({});
+    capture("apple");
+    EXPECT_TRUE(isReady());
+    EXPECT_TRUE(manager->items().first().content.isMeasured());
+}
+
 TEST_F(SearchKeysTest, ManyShortTextsAreAsMuchAsOneLargeOne) {
     QList<QByteArray> texts;
     for (int number = 0; number < 3000; ++number) {

@@ -88,9 +88,12 @@ void ClipboardRowView::paintGround(QPainter& painter, const QRect& row, const Ro
     if (style.pressed == PressedPart::Row) {
         ground = ui::composed(ui::faded(palette.accent, HIGHLIGHT_OPACITY), ground);
     }
-    painter.setBrush(ground);
+    // The border is what the ground leaves of a larger one in its colour: a line that long takes seven times as long.
+    painter.setBrush(ui::composed(palette.primaryAt(BORDER_OPACITY), ground));
     painter.drawRoundedRect(row, GROUND_RADIUS, GROUND_RADIUS);
-    paintHairline(painter, row, GROUND_RADIUS, ui::composed(palette.primaryAt(BORDER_OPACITY), ground));
+    painter.setBrush(ground);
+    painter.drawRoundedRect(QRectF(row).adjusted(HAIRLINE, HAIRLINE, -HAIRLINE, -HAIRLINE), GROUND_RADIUS - HAIRLINE,
+                            GROUND_RADIUS - HAIRLINE);
 }
 
 void ClipboardRowView::paintContent(QPainter& painter, const QRect& row, const RowStyle& style,

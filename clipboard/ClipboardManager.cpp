@@ -81,10 +81,17 @@ QList<ClipboardItem> ClipboardManager::filteredItems() const {
     if (!isReady) {
         m_searchKeys->prepare(m_items, folding);
     }
-    std::ranges::sort(found, [](const ClipboardItem* left, const ClipboardItem* right) {
+    const auto comesFirst = [](const ClipboardItem* left, const ClipboardItem* right) {
         // The place in the history decides last, so that entries of one moment never swap.
-        return std::tuple(right->isPinned, right->timestamp, left) < std::tuple(left->isPinned, left->timestamp, right);
-    });
+        return std::tuple(right->timestamp, left) < std::tuple(left->timestamp, right);
+    };
+    const auto recent = std::ranges::stable_partition(found, &ClipboardItem::isPinned);
+    for (const auto& section : {std::ranges::subrange(found.begin(), recent.begin()), recent}) {
+        // The history is in this order nearly always. To sort ten thousand entries takes longer than to find them.
+        if (!std::ranges::is_sorted(section, comesFirst)) {
+            std::ranges::sort(section, comesFirst);
+        }
+    }
 
     QList<ClipboardItem> result;
     result.reserve(static_cast<qsizetype>(found.size()));

@@ -81,7 +81,11 @@ PlasmaToplevels::PlasmaWindow::PlasmaWindow(ListedToplevels& owner, org_kde_plas
         .unmapped = [](void* self, Handle*) { AS_WINDOW(self).remove(); },
         .initial_state = [](void*, Handle*) {},
         .parent_window = [](void*, Handle*, Handle*) {},
-        .geometry = [](void*, Handle*, std::int32_t, std::int32_t, std::uint32_t, std::uint32_t) {},
+        .geometry =
+            [](void* self, Handle*, std::int32_t left, std::int32_t top, std::uint32_t width, std::uint32_t height) {
+                AS_WINDOW(self).described.geometry =
+                    QRect(left, top, static_cast<int>(width), static_cast<int>(height));
+            },
         .icon_changed = [](void*, Handle*) {},
         .pid_changed = [](void* self, Handle*, std::uint32_t id) { AS_WINDOW(self).described.processId = id; },
         .virtual_desktop_entered = [](void*, Handle*, const char*) {},

@@ -30,7 +30,10 @@ std::optional<QRect> PlasmaWindowSystem::freeArea(const QScreen& screen) const {
 }
 
 const QScreen& PlasmaWindowSystem::currentScreen() const {
-    return *QGuiApplication::primaryScreen();
+    // KWin 6 gives the keyboard back to a window on the screen of the one that has closed, if there is any.
+    const auto active = m_desktop.activeWindow ? m_desktop.activeWindow() : std::nullopt;
+    const QScreen* const screen = active ? QGuiApplication::screenAt(active->center()) : nullptr;
+    return screen != nullptr ? *screen : *QGuiApplication::primaryScreen();
 }
 
 void PlasmaWindowSystem::place(WId id, const QRect& rectangle) {

@@ -35,6 +35,10 @@ public:
         /// taken to leave all of it free.
         std::function<QRectF()> freePart;
 
+        /// Where the active window of all programs is, in points on the desktop; nothing where none is active or the
+        /// compositor does not tell. The function may be empty.
+        std::function<std::optional<QRect>()> activeWindow;
+
         /// Whether the active window is one of this program's.
         std::function<bool()> isOursActive;
     };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <QRect>
 #include <QString>
 
 #include <cstdint>
@@ -22,6 +23,9 @@ public:
         std::uint64_t handle = 0;   ///< no two windows have the same
         QString applicationId;      ///< for a program of X, its window's class
         std::int64_t processId = 0; ///< 0 where the compositor does not tell
+
+        /// Where it is, with its frame, in points on the desktop; nothing where the compositor does not tell.
+        std::optional<QRect> geometry = {};
     };
 
     /// By wlr-foreign-toplevel-management-unstable-v1, else by plasma-window-management; null where the compositor

@@ -247,13 +247,22 @@ private:
         }
         PlasmaWindowSystem::Desktop desktop{.freeArea = [this](const QString& screen) { return freeAreas->of(screen); },
                                             .freePart = std::move(freePart),
+                                            .activeWindow =
+                                                [this] {
+                                                    const auto active = activeToplevel();
+                                                    return active ? active->geometry : std::nullopt;
+                                                },
                                             .isOursActive = [this] { return isOursActive(); }};
         return std::make_unique<PlasmaWindowSystem>(std::move(desktop));
     }
 
-    bool isOursActive() const {
+    std::optional<Toplevels::Toplevel> activeToplevel() const {
         session.input->roundTrip(); // it may be that Qt has been told of a change and this connection not yet
-        const auto active = session.toplevels ? session.toplevels->active() : std::nullopt;
+        return session.toplevels ? session.toplevels->active() : std::nullopt;
+    }
+
+    bool isOursActive() const {
+        const auto active = activeToplevel();
         return active && active->processId == QCoreApplication::applicationPid();
     }
 

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """The program's windows on KWin: focused at once, in their place, sharp, and gone when something else is wanted."""
 
-from harness import DesktopPart, wait_until
+from harness import DesktopPart, Editor, wait_until
 from wayland_case import KWinTestCase
 from wayland_question_cases import QuestionCases
 from wayland_window_cases import (CARD, GAP, SHARP_STEPS, EmptyDesktopCases, PopoverCases, SecondStartCases,
@@ -82,6 +82,38 @@ class KWinLatePanelTest(PanelTestCase):
             panel = DesktopPart(self.desktop, "panel", height=self.panel_height)
             self.wait_until_it_opens_with_its_bottom_at(800 - self.panel_height - GAP)
             panel.child.stop()
+
+
+class KWinScreensTest(KWinWindowTestCase):
+    screens = 2
+
+    def move(self, editor, screen):
+        self.desktop.wait_until_active(editor.window)
+        self.desktop.move_to_screen(screen)
+        wait_until(lambda: self.desktop.active_window().x // 1280 == screen, what="the editor to be moved")
+
+    def opens_for(self, editor, screen):
+        """Of two editors that are side by side KWin would give the keyboard to that on the popover's screen."""
+        self.desktop.wait_until_active(editor.window)
+        left, _, width, _ = card_of(self.zamber.open_popover())
+        self.assertEqual(left + width, 1280 * (screen + 1) - GAP + 1)
+        self.close_by_escape()
+        self.typing_reaches(editor)
+
+    def test_it_opens_on_the_screen_of_the_active_window(self):
+        for screen in (1, 0, 1):
+            self.move(self.editor, screen)
+            self.opens_for(self.editor, screen)
+
+    def test_it_opens_where_the_user_has_gone(self):
+        self.move(self.editor, 1)
+        other = Editor(self.desktop, title="Other")
+        self.move(other, 0)
+        self.opens_for(other, 0)
+        self.desktop.activate(self.editor.window)
+        self.opens_for(self.editor, 1)
+        self.desktop.activate(other.window)
+        self.opens_for(other, 0)
 
 
 class KWinSharpnessTest(SharpnessCases, KWinWindowTestCase):

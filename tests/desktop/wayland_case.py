@@ -104,11 +104,11 @@ class KWinTestCase(WaylandTestCase):
     """`is_installed` is whether a desktop entry asks KWin for what the program needs, as an installed one does."""
 
     is_installed = True
-    size, scale = (1280, 800), 1
+    size, scale, screens = (1280, 800), 1, 1
 
     def make_desktop(self):
         return KWinDesktop(layout=self.layout, installed=[default_binary()] if self.is_installed else [],
-                           xwayland=self.xwayland, size=self.size, scale=self.scale)
+                           xwayland=self.xwayland, size=self.size, scale=self.scale, screens=self.screens)
 
     def tearDown(self):
         super().tearDown()

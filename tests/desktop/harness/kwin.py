@@ -53,13 +53,14 @@ class KWinDesktop(PrivateDesktop):
     server around KWin; programs get the display of the XWayland inside.
 
     KWin lets only those programs see windows and type whose desktop entry asks for it. The programs in `installed` get
-    the entry that installing writes; the tests' own Python may see the windows. `size` is in pixels; places of windows
-    are in points, of which one is `scale` pixels."""
+    the entry that installing writes; the tests' own Python may see the windows. `size`, of each of the `screens`, which
+    stand side by side, is in pixels; places of windows are in points, of which one is `scale` pixels."""
 
-    def __init__(self, *, size=(1280, 800), accessibility=True, layout="us", installed=(), xwayland=True, scale=1):
+    def __init__(self, *, size=(1280, 800), accessibility=True, layout="us", installed=(), xwayland=True, scale=1,
+                 screens=1):
         super().__init__(window_manager="none", size=size, accessibility=accessibility)
         self._layouts, self._with_xwayland, self._scale = layout, xwayland, scale
-        self._installed = installed
+        self._installed, self._screens = installed, screens
         self._plasma_windows = None
 
     def _come_up(self):
@@ -118,7 +119,7 @@ class KWinDesktop(PrivateDesktop):
         width, height = (round(pixels / self._scale) for pixels in self._size)
         process = self.compositor_process = self.start(
             "kwin", [program, "--x11-display", self.display_name, "--width", width, "--height", height,
-                     "--scale", self._scale, "--no-lockscreen", *(["--xwayland"] if self._with_xwayland else []),
+                     "--scale", self._scale, "--output-count", self._screens, "--no-lockscreen", *(["--xwayland"] if self._with_xwayland else []),
                      "--socket", "wayland-kwin", script],
             environment=environment, death_signal="TERM")
 
@@ -182,6 +183,18 @@ class KWinDesktop(PrivateDesktop):
     def fill_screen(self, window):
         """Has the window fill the screen, over panels, as its program would."""
         self._plasma_windows.fill_screen(window)
+
+    def move_to_screen(self, number):
+        """Moves the active window, which there has to be, to the screen of that number, the first being 0, as the user
+        does by its menu."""
+        script = self.directory / "move.js"
+        script.write_text("const window = workspace.activeWindow || workspace.activeClient;\n"  # KWin 6's and 5's names
+                          f"const screen = workspace.screens ? workspace.screens[{number}] : {number};\n"
+                          "workspace.sendClientToScreen(window, screen);\n")
+        call = ["gdbus", "call", "--session", "-d", "org.kde.KWin", "-o", "/Scripting", "-m"]
+        self.run([*call, "org.kde.kwin.Scripting.loadScript", script, "move"])
+        self.run([*call, "org.kde.kwin.Scripting.start"])
+        self.run([*call, "org.kde.kwin.Scripting.unloadScript", "move"])
 
     def screenshot(self, path):
         return screenshot(self, path, environment=self._outside)

@@ -59,6 +59,8 @@ bool EmojiLineEdit::event(QEvent* event) {
 bool EmojiLineEdit::eventFilter(QObject* watched, QEvent* event) {
     // The window is told first, and has the input method write what it is composing.
     if (event->type() == QEvent::FocusAboutToChange) {
+        // A dead key that was pressed before the line was hidden may have reached the input method only after that.
+        QGuiApplication::inputMethod()->reset();
         forgetComposition();
     }
     return QLineEdit::eventFilter(watched, event);

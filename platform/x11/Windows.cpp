@@ -52,8 +52,7 @@ std::optional<xcb_window_t> Windows::activeWindow() const {
     const Property property = m_connection.readProperty(m_connection.root(), m_connection.atom(Atom::NetActiveWindow),
                                                         Connection::Afterwards::Keep);
     if (const std::optional<std::uint32_t> window = firstNumber(property)) {
-        // Openbox leaves the property as it is when its last window has gone.
-        return isMapped(*window) ? window : std::nullopt;
+        return canBeActive(*window) ? window : std::nullopt;
     }
     // A window manager that has named no window yet has the focus at a window of its own.
     return hasWindowManager() ? std::nullopt : focusedTopLevel();
@@ -138,10 +137,22 @@ bool Windows::isFocusOf(std::int64_t process) const {
     return false;
 }
 
-bool Windows::isMapped(xcb_window_t window) const {
-    const Owned<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+Owned<xcb_get_window_attributes_reply_t> Windows::attributesOf(xcb_window_t window) const {
+    return Owned<xcb_get_window_attributes_reply_t>(xcb_get_window_attributes_reply(
         m_connection.raw(), xcb_get_window_attributes(m_connection.raw(), window), nullptr));
-    return reply && reply->map_state != XCB_MAP_STATE_UNMAPPED;
+}
+
+bool Windows::isMapped(xcb_window_t window) const {
+    const auto attributes = attributesOf(window);
+    return attributes && attributes->map_state != XCB_MAP_STATE_UNMAPPED;
+}
+
+bool Windows::canBeActive(xcb_window_t window) const {
+    const auto attributes = attributesOf(window);
+    // Openbox leaves the property as it is when its last window has gone. While a program of Wayland is in front,
+    // Mutter names an unmanaged window of its own outside of the screen; a program's window that is active is a managed
+    // one.
+    return attributes && attributes->map_state != XCB_MAP_STATE_UNMAPPED && attributes->override_redirect == 0;
 }
 
 xcb_window_t Windows::focusWindow() const {

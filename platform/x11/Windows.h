@@ -55,6 +55,8 @@ Q_SIGNALS:
 private:
     void tellWindowManager(xcb_window_t window, xcb_atom_t type, const std::array<std::uint32_t, 5>& data) const;
     bool hasWindowManager() const;
+    Owned<xcb_get_window_attributes_reply_t> attributesOf(xcb_window_t window) const;
+    bool canBeActive(xcb_window_t window) const;
     xcb_window_t focusWindow() const;
     xcb_window_t parentOf(xcb_window_t window) const;
     std::optional<xcb_window_t> focusedTopLevel() const;

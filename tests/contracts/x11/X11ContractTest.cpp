@@ -308,6 +308,14 @@ TEST(X11KeystrokePoster, AnotherOwnerOfWhatWeHaveWrittenIsAsGoodAsOurselves) {
     EXPECT_EQ(rig.pasteboard.changeCount(), written);
 }
 
+TEST(X11Workspace, AWindowOfTheWindowManagersOwnIsNoApplication) {
+    X11WorkspaceRig rig;
+    rig.openApplication("Letters");
+    ASSERT_TRUE(rig.workspace().frontmostApplication());
+    rig.partner.activateUnmanagedWindow();
+    EXPECT_EQ(rig.workspace().frontmostApplication(), std::nullopt);
+}
+
 TEST(X11Pasteboard, AnEarlierWriteIsOfferedAgainAndTheLastInTheEnd) {
     X11PasteboardRig rig;
     const auto write = [&](const QByteArray& text) {

@@ -81,6 +81,17 @@ xcb_window_t X11Partner::openWindow(const char* windowClass) {
     return window;
 }
 
+void X11Partner::activateUnmanagedWindow() {
+    const xcb_window_t window = xcb_generate_id(m_connection);
+    const std::uint32_t isUnmanaged = 1;
+    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, window, m_root, -100, -100, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT, &isUnmanaged);
+    xcb_map_window(m_connection, window);
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_root, atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW, 32, 1,
+                        &window);
+    sync();
+}
+
 void X11Partner::closeWindow(xcb_window_t window) {
     xcb_destroy_window(m_connection, window);
     waitUntil([&] { return activeWindow() != window; });

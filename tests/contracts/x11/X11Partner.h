@@ -29,6 +29,8 @@ public:
 
     // Windows
     xcb_window_t openWindow(const char* windowClass);
+    /// As Mutter does while a program of Wayland is in front: a window of its own, outside of the screen, is active.
+    void activateUnmanagedWindow();
     void closeWindow(xcb_window_t window);
     void activateWindow(xcb_window_t window);
     xcb_window_t activeWindow() const;

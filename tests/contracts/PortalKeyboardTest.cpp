@@ -81,6 +81,7 @@ TEST_F(PortalKeyboardTest, NobodyIsAskedUnlessTheUserWantsItAndThenOnce) {
 }
 
 TEST_F(PortalKeyboardTest, TheKeysArriveInOrderAndThenTheSessionEnds) {
+    set("side_by_side", true);
     launchWithConsent();
     for (int round = 0; round < 3; ++round) {
         ASSERT_TRUE(open());

@@ -90,7 +90,6 @@ void PortalKeyboard::open() {
 
 void PortalKeyboard::begin(Step step) {
     m_step = step;
-    m_keysUnderWay = 0;
     ++m_opening;
     m_session = std::make_unique<PortalSession>(m_portals, REMOTE_DESKTOP, [this](bool isBegun) {
         if (isBegun) {
@@ -161,26 +160,34 @@ void PortalKeyboard::type(const std::vector<int>& keys) {
         return;
     }
     m_step = Step::Typing;
+    m_strokes.clear();
     for (const int key : keys) {
-        notifyKey(key, true);
+        m_strokes.push_back({.key = key, .isDown = true});
     }
     for (const int key : keys | std::views::reverse) {
-        notifyKey(key, false);
+        m_strokes.push_back({.key = key, .isDown = false});
     }
+    typeNext();
 }
 
-void PortalKeyboard::notifyKey(int key, bool isDown) {
+void PortalKeyboard::typeNext() {
+    if (m_strokes.empty()) {
+        finishTyping();
+        return;
+    }
+    const Stroke stroke = m_strokes.front();
+    m_strokes.pop_front();
     QDBusMessage call =
         QDBusMessage::createMethodCall(Portals::SERVICE, Portals::PATH, REMOTE_DESKTOP, u"NotifyKeyboardKeycode"_s);
-    call << QVariant::fromValue(m_session->path()) << QVariantMap() << key << (isDown ? 1U : 0U);
-    // The session must not end before the keys have arrived: portals handle the calls of several objects side by side.
-    ++m_keysUnderWay;
+    call << QVariant::fromValue(m_session->path()) << QVariantMap() << stroke.key << (stroke.isDown ? 1U : 0U);
+    // One after the other, and the session's end last: xdg-desktop-portal handles calls side by side, and of two keys
+    // the second would arrive first now and then.
     auto* const answer = new QDBusPendingCallWatcher(m_portals.bus().asyncCall(call), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this,
             [this, opening = m_opening](QDBusPendingCallWatcher* finished) {
                 finished->deleteLater();
-                if (opening == m_opening && --m_keysUnderWay == 0) {
-                    finishTyping();
+                if (opening == m_opening && m_step == Step::Typing) {
+                    typeNext();
                 }
             });
 }

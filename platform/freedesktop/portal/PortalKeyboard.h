@@ -4,6 +4,7 @@
 
 #include "platform/freedesktop/portal/PortalSession.h"
 
+#include <deque>
 #include <memory>
 #include <vector>
 
@@ -50,6 +51,10 @@ Q_SIGNALS:
     void changed();
 
 private:
+    struct Stroke {
+        int key = 0;
+        bool isDown = false;
+    };
     enum class Step { Closed, Asking, Opening, Open, Typing };
 
     void askWhatIsOffered();
@@ -58,8 +63,8 @@ private:
     void start();
     void handleStarted(PortalRequest::Outcome outcome, const QVariantMap& results);
     void end();
+    void typeNext();
     void finishTyping();
-    void notifyKey(int key, bool isDown);
 
     Portals& m_portals;
     PortalRecord& m_record;
@@ -68,8 +73,8 @@ private:
     bool m_isForSession = false; // the consent holds for the session that is open and no longer
     bool m_isWantedAgain = false;
     int m_unansweredStarts = 0;
-    int m_opening = 0; // counts them, to know late answers by
-    int m_keysUnderWay = 0;
+    int m_opening = 0;            // counts them, to know late answers by
+    std::deque<Stroke> m_strokes; // still to be typed
     Step m_step = Step::Closed;
     std::unique_ptr<PortalSession> m_session;
     std::unique_ptr<PortalRequest> m_request;

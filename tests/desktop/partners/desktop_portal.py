@@ -72,16 +72,19 @@ INTERFACES = """
 """
 GRANTED, REFUSED, FAILED = 0, 1, 2
 LOOK_AT_A_DIALOG_MS = 1200
+SLOW_PRESS_MS = 30
 
 
 @dataclass
 class Behaviour:
     """How the desktop and its user act. `shortcuts` and `remote` are one of: "grant", "refuse", "fail", "silent" (a
-    dialog that nobody answers), and for `shortcuts` also "cancel", as GNOME's user does and its portal tells; `sessions` may "fail", as in a desktop that is still coming up. GNOME's portal has `binds_as_failure`: it binds the shortcuts and says that it failed."""
+    dialog that nobody answers), and for `shortcuts` also "cancel", as GNOME's user does and its portal tells; `sessions` may "fail", as in a desktop that is still coming up. GNOME's portal has `binds_as_failure`: it binds the shortcuts and says that it failed.
+    With `side_by_side` a later call may overtake an earlier one, as in xdg-desktop-portal: a press takes its time."""
 
     sessions: str = "grant"
     shortcuts: str = "grant"
     binds_as_failure: bool = False
+    side_by_side: bool = False
     remote: str = "grant"
     remembers: bool = True
     remote_version: int = 2
@@ -123,9 +126,10 @@ class Portal:
             invocation.return_value(None)
             return
         if method == "NotifyKeyboardKeycode":
-            session = self.sessions.get(arguments[0])
-            self.record.append(["key" if session and session.is_started else "key of no session", *arguments[2:]])
-            invocation.return_value(None)
+            if self.behaviour.side_by_side and arguments[3]:
+                GLib.timeout_add(SLOW_PRESS_MS, self.take_key, invocation, *arguments)
+            else:
+                self.take_key(invocation, *arguments)
             return
         options = arguments[-1]
         request = f"{PATH}/request/{sender[1:].replace('.', '_')}/{options['handle_token']}"
@@ -135,6 +139,12 @@ class Portal:
         if response is not None:
             code, results, *delay = response
             GLib.timeout_add(*delay or [0], self.respond, sender, request, registration, code, results)
+
+    def take_key(self, invocation, path, _options, *key):
+        session = self.sessions.get(path)
+        self.record.append(["key" if session and session.is_started else "key of no session", *key])
+        invocation.return_value(None)
+        return False
 
     def respond(self, sender, request, registration, code, results):
         self.bus.emit_signal(sender, request, REQUEST, "Response", GLib.Variant("(ua{sv})", (code, results)))

@@ -24,6 +24,13 @@ rows() {
         "$root/tools/packages.txt"
 }
 
+# since_debian <release> <group>: the group, unless this is an older Debian.
+since_debian() {
+    local ID="" VERSION_ID=""
+    . "${os_release-/etc/os-release}" 2>/dev/null || true
+    [ "$ID" = debian ] && [ "${VERSION_ID:-$1}" -lt "$1" ] || echo "$2"
+}
+
 # require <group>…: whatever these groups name is installed afterwards, or we have stopped and said what is missing.
 require() {
     if command -v dpkg-query >/dev/null && command -v apt-get >/dev/null; then

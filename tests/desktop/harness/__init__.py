@@ -3,8 +3,9 @@
 """Private desktops to try desktop programs on.
 
 A `PrivateDesktop` is an X server of its own with session bus, accessibility bus, window manager, tray and folders;
-it shares nothing with whoever is logged in, and leaves nothing behind. A `SwayDesktop`, a `KWinDesktop` and a `LabwcDesktop`
-are the same on Wayland. `Zamber` is the program inside. Works with Debian's own Python and python3-xlib; needs no test framework.
+it shares nothing with whoever is logged in, and leaves nothing behind. A `SwayDesktop`, a `KWinDesktop`, a `LabwcDesktop`
+and a `GnomeDesktop` are the same on Wayland. `Zamber` is the program inside. Works with Debian's own Python, python3-xlib
+and python3-gi; needs no test framework.
 
     from harness import PrivateDesktop, Zamber
 
@@ -20,6 +21,7 @@ From a shell, with this folder's parent as working directory: python3 -m harness
 
 from .clipboard import PARTNERS, Begun, Clipboard, SelectionOwner, WaylandOwner
 from .desktop import PrivateDesktop
+from .gnome import GnomeDesktop
 from .input_method import InputMethod
 from .keyboard import ALT, CONTROL, KEY_CODES, LOCK, NUM, SHIFT, SUPER
 from .kwin import KWinDesktop
@@ -37,8 +39,9 @@ from .zamber import Zamber, default_binary
 
 __all__ = [
     "ALT", "Begun", "Browser", "CONTROL", "Child", "Clipboard", "DesktopPart", "DesktopPortal", "Editor", "Foot",
-    "GtkPortal", "Gvim", "InputMethod", "KEY_CODES", "KWinDesktop", "KeyEvent", "LOCK", "LabwcDesktop", "LineEdit", "Mousepad",
-    "NUM", "NotifierHost", "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT", "SUPER", "SelectionOwner", "SessionManager",
-    "SettingsPortal", "SwayDesktop", "Terminal", "WaitTimeout", "WaylandOwner", "Window", "XSettings", "Zamber",
-    "convert", "default_binary", "holds_for", "mean_color", "pixels", "png_bytes", "wait_until",
+    "GnomeDesktop", "GtkPortal", "Gvim", "InputMethod", "KEY_CODES", "KWinDesktop", "KeyEvent", "LOCK", "LabwcDesktop",
+    "LineEdit", "Mousepad", "NUM", "NotifierHost", "PARTNERS", "Partner", "PrivateDesktop", "Recorder", "SHIFT",
+    "SUPER", "SelectionOwner", "SessionManager", "SettingsPortal", "SwayDesktop", "Terminal", "WaitTimeout",
+    "WaylandOwner", "Window", "XSettings", "Zamber", "convert", "default_binary", "holds_for", "mean_color", "pixels",
+    "png_bytes", "wait_until",
 ]

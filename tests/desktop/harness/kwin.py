@@ -5,7 +5,6 @@ mouse are the user's hands."""
 
 import contextlib
 import os
-import pathlib
 import shutil
 import subprocess
 
@@ -14,6 +13,7 @@ from Xlib import X
 from .authority import authority_in_environment
 from .configurations import KWIN_KEYBOARD_CONFIGURATION, KWIN_MENU_CONFIGURATION
 from .desktop import PrivateDesktop
+from .installed import install_entry
 from .plasma_windows import PlasmaWindows
 from .screen import screenshot
 from .session import START_SECONDS
@@ -29,7 +29,6 @@ CREATE_CONFIGURATION = 0  # the requests and events of KWin's protocol for the s
 SET_SCALE, APPLY = 4, 5
 APPLIED, FAILED = 0, 1
 WHOLE = 256  # of Wayland's numbers with a fraction
-ENTRIES = pathlib.Path(__file__).resolve().parents[3] / "packaging" / "freedesktop"
 
 
 class _KWinClipboard(WaylandClipboard):
@@ -90,14 +89,7 @@ class KWinDesktop(PrivateDesktop):
             f"[Desktop Entry]\nType=Application\nName=Tests\nExec={PYTHON}\nNoDisplay=true\n"
             "X-KDE-Wayland-Interfaces=org_kde_plasma_window_management\n")
         for program in self._installed:
-            self._install_entry(pathlib.Path(program).resolve())
-
-    def _install_entry(self, program):
-        if program.name != "zamber":
-            raise ValueError(f"the entry that is installed starts zamber, not {program.name}")
-        self.run(["cmake", "-D", f"CMAKE_INSTALL_PREFIX={program.parent.parent}", "-D", f"bin={program.parent.name}",
-                  "-D", f"data={self.data_home}", "-D", f"templates={ENTRIES}", "-D", f"made={self.directory}",
-                  "-P", ENTRIES / "Entries.cmake"])
+            install_entry(self, program)
 
     def start_kwin(self):
         """Part of coming up; called again by whoever has stopped `compositor_process`."""

@@ -28,21 +28,37 @@ def _milliseconds():
     return int(time.monotonic() * 1000) & 0xFFFFFFFF
 
 
+class Layout:
+    def __init__(self, name):
+        keymap = _xkb.xkb_keymap_new_from_names(
+            ctypes.c_void_p(_xkb.xkb_context_new(0)), ctypes.byref(_Names(b"evdev", b"pc105", name.encode(), b"", b"")), 0)
+        self.keymap = ctypes.c_void_p(keymap)
+
+    def find(self, character):
+        """The code of the key that types the character, and whether Shift has to be held."""
+        keysym = {"\n": 0xFF0D, "\t": 0xFF09}.get(character, _xkb.xkb_utf32_to_keysym(ord(character)))
+        found = ctypes.POINTER(ctypes.c_uint32)()
+        for code in sorted(KEY_CODES.values()) + list(range(9, 128)):
+            for level in (0, 1):
+                count = _xkb.xkb_keymap_key_get_syms_by_level(self.keymap, code, 0, level, ctypes.byref(found))
+                if count == 1 and found[0] == keysym:
+                    return code, level == 1
+        raise ValueError(f"no key types {character!r} here")
+
+
 class VirtualKeyboard(HandsOnKeys):
     """Keys by their code or name, as on X. Its layout is its own: sway gives every keyboard one."""
 
     def __init__(self, environment, layout="us"):
         self._held = set()
-        keymap = _xkb.xkb_keymap_new_from_names(
-            ctypes.c_void_p(_xkb.xkb_context_new(0)), ctypes.byref(_Names(b"evdev", b"pc105", layout.encode(), b"", b"")), 0)
-        self._keymap = ctypes.c_void_p(keymap)
-        self._state = ctypes.c_void_p(_xkb.xkb_state_new(self._keymap))
+        self._layout = Layout(layout)
+        self._state = ctypes.c_void_p(_xkb.xkb_state_new(self._layout.keymap))
         self._client = Client(environment)
         seat = self._client.bind("wl_seat")
         manager = self._client.bind("zwp_virtual_keyboard_manager_v1")
         self._device = self._client.new()
         manager.send(0, seat, self._device)
-        text = _xkb.xkb_keymap_get_as_string(self._keymap, KEYMAP_TEXT) + b"\0"
+        text = _xkb.xkb_keymap_get_as_string(self._layout.keymap, KEYMAP_TEXT) + b"\0"
         memory = os.memfd_create("keymap")
         os.write(memory, text)
         self._device.send(0, KEYMAP_TEXT, Descriptor(memory), len(text))
@@ -66,14 +82,7 @@ class VirtualKeyboard(HandsOnKeys):
         self._client.round_trip()
 
     def _find(self, character):
-        keysym = {"\n": 0xFF0D, "\t": 0xFF09}.get(character, _xkb.xkb_utf32_to_keysym(ord(character)))
-        found = ctypes.POINTER(ctypes.c_uint32)()
-        for code in sorted(KEY_CODES.values()) + list(range(9, 128)):
-            for level in (0, 1):
-                count = _xkb.xkb_keymap_key_get_syms_by_level(self._keymap, code, 0, level, ctypes.byref(found))
-                if count == 1 and found[0] == keysym:
-                    return code, level == 1
-        raise ValueError(f"no key types {character!r} here")
+        return self._layout.find(character)
 
     def held_keys(self):
         return set(self._held)

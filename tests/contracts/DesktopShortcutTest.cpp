@@ -31,7 +31,7 @@ namespace {
 const QString COMMAND = u"'/opt/it\\'s here/zamber'"_s;
 
 /// A tool of the desktop's answers in milliseconds, but not where the sanitizers' tests take all processors.
-constexpr std::chrono::milliseconds PATIENCE{30'000};
+constexpr std::chrono::milliseconds TOOLS_PATIENCE{30'000};
 
 struct FakeShortcutRig {
     FakeDesktopShortcut fake;
@@ -71,7 +71,7 @@ public:
     }
 
     QTemporaryDir folder;
-    Programs programs{environment(), PATIENCE};
+    Programs programs{environment(), TOOLS_PATIENCE};
 
 private:
     QProcessEnvironment environment() const {
@@ -108,12 +108,12 @@ public:
         m_daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s,
                                           u"--address=unix:dir="_s + m_folder.path()});
         while (!m_daemon.canReadLine()) {
-            if (!m_daemon.waitForReadyRead(static_cast<int>(PATIENCE.count()))) {
+            if (!m_daemon.waitForReadyRead(static_cast<int>(TOOLS_PATIENCE.count()))) {
                 throw std::runtime_error("no message bus: " + m_daemon.readAllStandardError().toStdString());
             }
         }
         environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, QString::fromUtf8(m_daemon.readLine()).trimmed());
-        programs.emplace(environment, PATIENCE);
+        programs.emplace(environment, TOOLS_PATIENCE);
         adapter.emplace(COMMAND, *programs);
     }
 

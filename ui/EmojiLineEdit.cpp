@@ -62,6 +62,9 @@ bool EmojiLineEdit::eventFilter(QObject* watched, QEvent* event) {
         // A dead key that was pressed before the line was hidden may have reached the input method only after that.
         QGuiApplication::inputMethod()->reset();
         forgetComposition();
+    } else if (event->type() == QEvent::Move || event->type() == QEvent::Expose) {
+        // Input methods show their phrases at the caret. The window's place may be known only after it has the focus.
+        QGuiApplication::inputMethod()->update(Qt::ImCursorRectangle);
     }
     return QLineEdit::eventFilter(watched, event);
 }

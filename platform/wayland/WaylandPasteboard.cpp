@@ -77,7 +77,9 @@ void WaylandPasteboard::serve(Publication& publication, const QByteArray& type, 
     const auto pipe = std::make_shared<Descriptor>(std::move(writeTo));
     publication.offer.convert(type, [this, pipe](const std::optional<SelectionOffer::Data>& data) {
         m_outgoing.send(std::move(*pipe), data ? data->bytes : QByteArray());
-        Q_EMIT served(0);
+        if (data) {
+            Q_EMIT served(0);
+        }
     });
 }
 

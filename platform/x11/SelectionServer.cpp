@@ -94,11 +94,14 @@ void SelectionServer::handleRequest(const xcb_selection_request_event_t& event) 
         handleMultiple(request);
         return;
     }
-    convert(event.requestor, request->event.property, event.target,
-            [this, request](bool succeeded) { notify(request->event, succeeded); });
-    if (event.target != m_connection.atom(Atom::Targets) && event.target != m_connection.atom(Atom::Timestamp)) {
-        Q_EMIT served(event.requestor);
-    }
+    const bool isForContent =
+        event.target != m_connection.atom(Atom::Targets) && event.target != m_connection.atom(Atom::Timestamp);
+    convert(event.requestor, request->event.property, event.target, [this, request, isForContent](bool succeeded) {
+        notify(request->event, succeeded);
+        if (succeeded && isForContent) {
+            Q_EMIT served(request->event.requestor);
+        }
+    });
 }
 
 void SelectionServer::handleMultiple(const std::shared_ptr<Request>& request) {

@@ -121,7 +121,7 @@ bool X11KeystrokePoster::mayTypeIntoOurs(xcb_window_t front) const {
     return current().ownWindowInFront == Window{front};
 }
 
-void X11KeystrokePoster::liftHeldKeys() {
+void X11KeystrokePoster::liftHeldKeys(const std::vector<xcb_keycode_t>& keystroke) {
     // The keys are not pressed again afterwards: had the user released one in the meantime, it would be stuck. The hot
     // key's own key is lifted as well, since it would go on repeating in the window in front.
     const std::vector<xcb_keycode_t> hotKeys = m_hotKeys.heldKeys();
@@ -134,6 +134,12 @@ void X11KeystrokePoster::liftHeldKeys() {
     for (const xcb_keycode_t key : m_keyboard.heldModifierKeys()) {
         fake(XCB_KEY_RELEASE, key);
     }
+    // A key that is down cannot be pressed. V may be: by the main hot key, if it was pressed at this very moment.
+    for (const xcb_keycode_t key : keystroke) {
+        if (m_keyboard.isDown(key)) {
+            fake(XCB_KEY_RELEASE, key);
+        }
+    }
 }
 
 bool X11KeystrokePoster::type(Window window, PasteKeystroke keystroke) {
@@ -143,7 +149,7 @@ bool X11KeystrokePoster::type(Window window, PasteKeystroke keystroke) {
     xcb_grab_server(m_connection.raw());
     const bool isTyped = mayType(front);
     if (isTyped) {
-        liftHeldKeys();
+        liftHeldKeys(keys);
         for (const xcb_keycode_t key : keys) {
             fake(XCB_KEY_PRESS, key);
         }

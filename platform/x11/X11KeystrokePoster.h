@@ -48,7 +48,7 @@ protected:
 private:
     bool isTargetInFront() const;
     bool isOurs(xcb_window_t window) const;
-    void liftHeldKeys();
+    void liftHeldKeys(const std::vector<xcb_keycode_t>& keystroke);
     bool mayTypeIntoOurs(xcb_window_t front) const;
     bool mayType(xcb_window_t front) const;
     void fake(std::uint8_t event, xcb_keycode_t key) const;

@@ -148,6 +148,16 @@ ADAPTER_BREAKAGES = (
         "test_copied_forms.ServedOnTest.test_what_a_program_clears_and_lives_on",
     ),
     Breakage(
+        "a request that was refused counts as served", X11 + "SelectionServer.cpp",
+        "if (succeeded && isForContent) {", "if (isForContent) {",
+        "x11_contract_tests:X11Pasteboard.ARefusedRequestIsNotCountedAsServed",
+    ),
+    Breakage(
+        "a key of the keystroke that the user holds is not lifted", X11 + "X11KeystrokePoster.cpp",
+        "if (m_keyboard.isDown(key)) {", "if (key == XCB_NONE) {",
+        "x11_contract_tests:X11KeystrokePoster.AKeyOfTheKeystrokeThatTheUserHoldsIsPressedAnew",
+    ),
+    Breakage(
         "what a program clears and lives on comes back", X11 + "X11Pasteboard.cpp",
         "        handleLoss(OwnerLoss::Cleared);\n", "",
         "test_copied_forms.ServedOnTest.test_what_a_program_clears_and_lives_on",

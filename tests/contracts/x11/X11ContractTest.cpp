@@ -308,6 +308,19 @@ TEST(X11KeystrokePoster, AnotherOwnerOfWhatWeHaveWrittenIsAsGoodAsOurselves) {
     EXPECT_EQ(rig.pasteboard.changeCount(), written);
 }
 
+TEST(X11KeystrokePoster, AKeyOfTheKeystrokeThatTheUserHoldsIsPressedAnew) {
+    X11KeystrokePosterRig rig;
+    const RunningApplication editor = rig.openApplication();
+    const int written = rig.writeClipboard();
+    rig.partner.holdKey(keyCodeOf(PhysicalKey::V));
+    std::optional<PasteOutcome> outcome;
+    rig.poster().postPaste({.changeCount = written, .target = editor}, [&](PasteOutcome told) { outcome = told; });
+    EXPECT_TRUE(rig.waitUntil([&] { return outcome.has_value(); }));
+    rig.partner.releaseKey(keyCodeOf(PhysicalKey::V));
+    rig.settle();
+    EXPECT_EQ(rig.pastesReceived(editor), 1);
+}
+
 TEST(X11Workspace, AWindowOfTheWindowManagersOwnIsNoApplication) {
     X11WorkspaceRig rig;
     rig.openApplication("Letters");
@@ -336,6 +349,18 @@ TEST(X11Pasteboard, AnEarlierWriteIsOfferedAgainAndTheLastInTheEnd) {
     EXPECT_EQ(rig.pastedText(), "first");
     rig.adapter.showWrites();
     EXPECT_EQ(rig.pastedText(), "third");
+}
+
+TEST(X11Pasteboard, ARefusedRequestIsNotCountedAsServed) {
+    // Text fields of GTK ask for a type of their own first, and for the text only when that has been refused.
+    X11PasteboardRig rig;
+    rig.adapter.setString("ours");
+    int served = 0;
+    QObject::connect(&rig.adapter, &X11Pasteboard::served, &rig.adapter, [&] { ++served; });
+    EXPECT_EQ(rig.pastedImage(ImageType::Png), std::nullopt);
+    EXPECT_EQ(served, 0);
+    EXPECT_EQ(rig.pastedText(), "ours");
+    EXPECT_EQ(served, 1);
 }
 
 TEST(X11Pasteboard, ACopyOfAnotherProgramMakesEarlierWritesLost) {

@@ -185,6 +185,16 @@ void X11Partner::pressKey(xcb_keycode_t key, const std::vector<xcb_keycode_t>& h
     sync();
 }
 
+void X11Partner::holdKey(xcb_keycode_t key) {
+    fake(XCB_KEY_PRESS, key);
+    sync();
+}
+
+void X11Partner::releaseKey(xcb_keycode_t key) {
+    fake(XCB_KEY_RELEASE, key);
+    sync();
+}
+
 void X11Partner::click(QPoint pixels, std::uint8_t button) {
     fake(XCB_MOTION_NOTIFY, 0, pixels);
     fake(XCB_BUTTON_PRESS, button);

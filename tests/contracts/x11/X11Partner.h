@@ -46,6 +46,8 @@ public:
 
     // The user
     void pressKey(xcb_keycode_t key, const std::vector<xcb_keycode_t>& held);
+    void holdKey(xcb_keycode_t key);
+    void releaseKey(xcb_keycode_t key);
     void click(QPoint pixels, std::uint8_t button);
     /// Clicks on the middle of a window, wherever it is: nobody can move it meanwhile.
     void clickWindow(xcb_window_t window, std::uint8_t button);

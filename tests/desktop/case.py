@@ -171,6 +171,6 @@ class DesktopTestCase(LogAssertions, unittest.TestCase):
     def _describe_scene(self):
         lines = ["stdout:", *self.zamber.stdout_lines(), "stderr:", *self.zamber.stderr_lines()]
         lines += ["editor:", repr(self.editor.text()), "history file:", f"{self.zamber.history()!r:.500}"]
-        lines += ["windows:", *map(str, (window for window in self.desktop.windows() if window.visible))]
+        lines += ["windows:", *map(str, self.desktop.windows())]
         lines += ["focus:", str(self.desktop.focused_window()), "keys:", *map(str, self.keys.events[-60:] if self.keys else [])]
         return "\n  ".join(lines)

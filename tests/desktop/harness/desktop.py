@@ -211,7 +211,7 @@ class PrivateDesktop(PrivateSession):
     # The screen
 
     def windows(self):
-        return windows.top_level_windows(self.display)
+        return windows.shown_windows(self.display)
 
     def tray_icon(self, pid=None):
         """The icon in the tray, or None while there is none; of one program when there are several."""

@@ -19,7 +19,7 @@ from .screen import screenshot
 from .session import START_SECONDS
 from .waiting import wait_until
 from .wayland_clipboard import WaylandClipboard
-from .windows import top_level_windows
+from .windows import shown_windows
 from .wire import Client
 from .x_connection import connect
 
@@ -161,7 +161,7 @@ class KWinDesktop(PrivateDesktop):
         with authority_in_environment(authority) if authority else contextlib.nullcontext():
             connection = connect(self.environment["DISPLAY"])
         with contextlib.closing(connection):
-            return [window for window in top_level_windows(connection) if window.visible]
+            return shown_windows(connection)
 
     def active_window(self):
         return next((window for window, is_active in self._plasma_windows.look() if is_active), None)

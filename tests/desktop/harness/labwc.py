@@ -15,7 +15,7 @@ from .toplevels import ACTIVATED, FULL_SCREEN, MINIMIZED, Toplevels
 from .virtual_input import VirtualKeyboard, VirtualMouse
 from .waiting import wait_until
 from .wayland_clipboard import WaylandClipboard
-from .windows import Window, top_level_windows
+from .windows import Window, shown_windows
 from .wire import Client
 from .x_connection import connect
 
@@ -185,7 +185,7 @@ class LabwcDesktop(PrivateSession):
     def windows_of_x(self):
         """Those of XWayland's that are seen."""
         with contextlib.closing(connect(self.environment["DISPLAY"])) as connection:
-            return [window for window in top_level_windows(connection) if window.visible]
+            return shown_windows(connection)
 
     def focused_window(self):
         popover = self._popover()

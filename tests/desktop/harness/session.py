@@ -167,7 +167,7 @@ class PrivateSession:
     # The screen
 
     def windows(self):
-        """All windows that programs opened, from bottom to top."""
+        """All windows that programs show, from bottom to top. Some desktops have hidden ones among them."""
         raise NotImplementedError
 
     def window(self, title=None, pid=None):

@@ -30,7 +30,7 @@ def describe(display, window):
         geometry = window.get_geometry()
         place = window.translate_coords(display.screen().root, 0, 0)
         visible = window.get_attributes().map_state == X.IsViewable
-        title = _property(display, window, "_NET_WM_NAME", display.intern_atom("UTF8_STRING"))
+        title = _property(display, window, "_NET_WM_NAME", display.get_atom("UTF8_STRING"))
         if title is None:
             title = _property(display, window, "WM_NAME", Xatom.STRING) or b""
         pid = _property(display, window, "_NET_WM_PID", Xatom.CARDINAL)
@@ -44,7 +44,7 @@ def describe(display, window):
 
 
 def _property(display, window, name, kind):
-    reply = window.get_full_property(display.intern_atom(name), kind)
+    reply = window.get_full_property(display.get_atom(name), kind)
     return reply.value if reply and len(reply.value) else None
 
 
@@ -52,33 +52,50 @@ def _text(value):
     return value.decode("utf-8", "replace") if isinstance(value, bytes) else str(value)
 
 
-def top_level_windows(display):
-    """All windows that programs opened, with or without a window manager's frame, from bottom to top."""
+def shown_windows(display):
+    """The windows that programs show, with or without a window manager's frame, from bottom to top.
+
+    Every wait for a window asks for them again and again. The window manager's list spares a look at all the windows that
+    its frames are made of."""
     root = display.screen().root
+    managed = _managed_windows(display)
     found = []
-
-    def look(window, depth):
-        try:
-            children = window.query_tree().children
-            is_client = _is_client(display, window)
-        except error.XError:
-            return
-        if is_client:
-            description = describe(display, window)
-            if description:
-                found.append(description)
-        elif depth < 3:
-            for child in children:
-                look(child, depth + 1)
-
     for child in root.query_tree().children:
-        look(child, 0)
+        try:
+            windows = managed.get(child.id) or ([child] if _is_unmanaged(child) else [])
+        except error.XError:
+            continue
+        found += [window for window in (describe(display, window) for window in windows) if window and window.visible]
     return found
+
+
+def _managed_windows(display):
+    """The windows in the window manager's list, by their frames: the children of the root window that they lie in."""
+    root = display.screen().root
+    reply = root.get_full_property(display.get_atom("_NET_CLIENT_LIST_STACKING"), Xatom.WINDOW)
+    managed = {}
+    for number in reply.value if reply else ():
+        window = display.create_resource_object("window", number)
+        try:
+            managed.setdefault(_child_of_root(window, root).id, []).append(window)
+        except error.XError:
+            pass  # gone
+    return managed
+
+
+def _child_of_root(window, root):
+    parent = window.query_tree().parent
+    return window if not parent or parent.id == root.id else _child_of_root(parent, root)
+
+
+def _is_unmanaged(window):
+    """Whether a child of the root is a window that its program shows without a window manager."""
+    return window.get_attributes().map_state == X.IsViewable and _has_class(window)
 
 
 def embedded_windows(display):
     """The icons that a tray has taken in. Qt gives every window their mark; the others a window manager has."""
-    info, managed = display.intern_atom("_XEMBED_INFO"), display.intern_atom("WM_STATE")
+    info, managed = display.get_atom("_XEMBED_INFO"), display.get_atom("WM_STATE")
 
     def has(window, name):
         return window.get_full_property(name, X.AnyPropertyType) is not None
@@ -102,9 +119,7 @@ def embedded_windows(display):
     return found
 
 
-def _is_client(display, window):
-    if window.get_full_property(display.intern_atom("WM_STATE"), X.AnyPropertyType) is not None:
-        return True
+def _has_class(window):
     names = window.get_full_property(Xatom.WM_CLASS, Xatom.STRING)
     return names is not None and names.value not in FRAME_CLASSES
 
@@ -118,7 +133,7 @@ def focused_window(display):
     window = focus
     try:
         while window and window.id != root.id:
-            if _is_client(display, window):
+            if window.get_full_property(display.get_atom("WM_STATE"), X.AnyPropertyType) is not None or _has_class(window):
                 return describe(display, window)
             window = window.query_tree().parent
     except error.XError:
@@ -129,7 +144,7 @@ def focused_window(display):
 def active_window(display):
     """The active window by the window manager's word, or None."""
     root = display.screen().root
-    reply = root.get_full_property(display.intern_atom("_NET_ACTIVE_WINDOW"), Xatom.WINDOW)
+    reply = root.get_full_property(display.get_atom("_NET_ACTIVE_WINDOW"), Xatom.WINDOW)
     if not reply or not len(reply.value) or not reply.value[0]:
         return None
     return describe(display, display.create_resource_object("window", reply.value[0]))

@@ -9,8 +9,8 @@ target_compile_options(
             "$<$<BOOL:${ZAMBER_WERROR}>:-Werror>"
             # libstdc++ 12's stable_sort uses what the same library deprecates, and clang tells where it is instantiated.
             "$<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>"
-            # A room in one source includes its sources, which the warning takes for headers.
-            "$<$<AND:$<BOOL:${ZAMBER_UNITY}>,$<CXX_COMPILER_ID:GNU>>:-Wno-subobject-linkage>"
+            # A room or test program in one source includes its sources, which the warning takes for headers.
+            "$<$<AND:$<BOOL:${ZAMBER_UNITY_TESTS}>,$<CXX_COMPILER_ID:GNU>>:-Wno-subobject-linkage>"
             -Wshadow
             -Wconversion
             -Wno-sign-conversion # Qt's containers count in signed numbers, the standard library in unsigned ones

@@ -22,7 +22,7 @@ function(zamber_room target folder)
 
   if(room_SOURCES)
     add_library(${target} STATIC ${room_SOURCES} ${room_HEADERS} ${room_INTERNAL})
-    set_target_properties(${target} PROPERTIES UNITY_BUILD "${ZAMBER_UNITY}" UNITY_BUILD_BATCH_SIZE 0)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD "${ZAMBER_UNITY_ROOMS}" UNITY_BUILD_BATCH_SIZE 0)
     target_include_directories(${target} PUBLIC "${view}" PRIVATE ${internals})
     target_link_libraries(${target} PUBLIC ${room_LINKS} PRIVATE ${room_PRIVATE_LINKS} zamber_options)
   else()

@@ -191,8 +191,8 @@ is_a_file() {
 
 # configure <preset> <ON or OFF>: configured with at least that; the tests, once on, stay on, so that ./run and ./test
 # do not undo each other's work. Ninja itself configures again when a CMake file has changed. Warnings are errors in the
-# release preset only with `strict` set to ON: a newer compiler must not end a user's build. With `unity` set, that says
-# whether each of the release's rooms and test programs is one source.
+# release preset only with `strict` set to ON: a newer compiler must not end a user's build. With `unity` set, that is
+# the release's ZAMBER_UNITY.
 configure() {
     local folder="$root/build/$1" tests=$2 options=() werror=
     local cache="$folder/CMakeCache.txt" stamp="$folder/configured"
@@ -206,7 +206,7 @@ configure() {
         else
             ! grep -q '^ZAMBER_TESTS:BOOL=ON' "$cache" || tests=ON
             if [ "$root/CMakePresets.json" -ot "$stamp" ] && grep -q "^ZAMBER_TESTS:BOOL=$tests" "$cache" &&
-                grep -q "^ZAMBER_WERROR:BOOL=$werror" "$cache" && grep -q "^ZAMBER_UNITY:BOOL=$at_once" "$cache"; then
+                grep -q "^ZAMBER_WERROR:BOOL=$werror" "$cache" && grep -q "^ZAMBER_UNITY:STRING=$at_once" "$cache"; then
                 return 0
             fi
         fi

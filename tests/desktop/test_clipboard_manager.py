@@ -54,8 +54,10 @@ class ManagerTestCase(DesktopTestCase):
         wait_until(lambda: read() == content, 5.0, lambda: f"{content!r:.80} on the clipboard, where {read()!r:.80} is")
 
     def saved(self):
-        (line,) = self.manager.stdout_lines()[1:]
-        return json.loads(line)
+        """What the manager has saved, by type. It says so after its answer, at which the program ends."""
+        wait_until(lambda: len(self.manager.stdout_lines()) == 2, 5.0,
+                   lambda: f"one save; the manager says {self.manager.stdout_lines()}")
+        return json.loads(self.manager.stdout_lines()[1])
 
 
 class ClipboardManagerTest(ManagerTestCase):

@@ -153,7 +153,8 @@ class SettingsPagesTest(SettingsTestCase):
     def test_what_another_process_writes_appears_at_once(self):
         self.open_settings()
         self.zamber.write_preferences(appTheme="dark", playSoundOnPaste=True)
-        wait_until(lambda: self.node().all(role="radio button", name="Dark", states=["checked"]), 3.0, "Dark")
+        wait_until(lambda: self.node().all(role="radio button", name="Dark", states=["checked"]), 10.0,
+                   lambda: f"Dark; the file holds {self.stored()}")
         self.assertTrue(self.node().all(role="check box", name="Play sound on paste", states=["checked"]))
         self.assertEqual(self.stored(), {"appTheme": "dark", "playSoundOnPaste": "true"})
 

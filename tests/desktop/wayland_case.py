@@ -87,7 +87,8 @@ class WaylandTestCase(LogAssertions, unittest.TestCase):
         try:
             self._scene = "\n  ".join([
                 "stdout:", *self.zamber.stdout_lines(), "stderr:", *self.zamber.stderr_lines(),
-                f"history: {self.zamber.history()!r:.500}", "windows:", *map(str, self.desktop.windows())])
+                f"history: {self.zamber.history()!r:.500}", "windows:", *map(str, self.desktop.windows()),
+                f"focus: {self.desktop.focused_window()}"])
         except (AttributeError, OSError) as failure:
             self._scene = f"no scene: {failure}"
         return super().doCleanups()

@@ -72,7 +72,8 @@ def shown_windows(display):
 def _managed_windows(display):
     """The windows in the window manager's list, by their frames: the children of the root window that they lie in."""
     root = display.screen().root
-    reply = root.get_full_property(display.get_atom("_NET_CLIENT_LIST_STACKING"), Xatom.WINDOW)
+    # xfwm4 does not have the list in the order of their stacking, _NET_CLIENT_LIST_STACKING, until that changes.
+    reply = root.get_full_property(display.get_atom("_NET_CLIENT_LIST"), Xatom.WINDOW)
     managed = {}
     for number in reply.value if reply else ():
         window = display.create_resource_object("window", number)

@@ -24,12 +24,12 @@ void EmojiLineEdit::inputMethodEvent(QInputMethodEvent* event) {
 
 void EmojiLineEdit::take(QInputMethodEvent& event) {
     m_composed = event.preeditString();
-    m_itsFormat.clear();
+    m_composedFormat.clear();
     for (const QInputMethodEvent::Attribute& attribute : event.attributes()) {
         // A selection is made once, and nothing else is heeded by line edits.
         if (!m_composed.isEmpty() &&
             (attribute.type == QInputMethodEvent::TextFormat || attribute.type == QInputMethodEvent::Cursor)) {
-            m_itsFormat.append(attribute);
+            m_composedFormat.append(attribute);
         }
     }
     QLineEdit::inputMethodEvent(&event);
@@ -41,7 +41,7 @@ void EmojiLineEdit::formatText() {
     // before. What is being composed has to be said again, or it would vanish.
     QString shown = text();
     shown.insert(cursorPosition(), m_composed);
-    QList<QInputMethodEvent::Attribute> attributes = m_itsFormat;
+    QList<QInputMethodEvent::Attribute> attributes = m_composedFormat;
     for (const QTextLayout::FormatRange& range : emojiFormats(shown, font())) {
         attributes.append({QInputMethodEvent::TextFormat, range.start - cursorPosition(), range.length, range.format});
     }

@@ -28,7 +28,7 @@ private:
     void forgetComposition();
 
     QString m_composed;                              ///< shown at the caret, and no part of the text yet
-    QList<QInputMethodEvent::Attribute> m_itsFormat; ///< as the input method wants it shown
+    QList<QInputMethodEvent::Attribute> m_composedFormat; ///< as the input method wants it shown
 };
 
 } // namespace zamber::ui

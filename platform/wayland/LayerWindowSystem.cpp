@@ -108,6 +108,10 @@ void LayerWindowSystem::endCatching() {
     }
 }
 
+void LayerWindowSystem::bringToFront(WId window) {
+    ownwindows::bringToFront(window);
+}
+
 void LayerWindowSystem::useActivationToken(const QString& token) {
     ownwindows::useActivationToken(token);
 }

@@ -36,6 +36,7 @@ public:
     QRect workArea(const QRect& monitor) const override { return monitor; }
     void setShadow(WId /*window*/, const QMargins& /*shadow*/) override {}
     void presentPopover(WId /*window*/) override {}
+    void bringToFront(WId window) override;
     bool hasKeyboardFocus() const override { return false; } // no hot key takes the focus away here
 
     std::optional<QRect> freeArea(const QScreen& screen) const override;

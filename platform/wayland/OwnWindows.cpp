@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/OwnWindows.h"
 
+#include "platform/wayland/AppearanceWatch.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -36,7 +38,9 @@ void bringToFront(WId id) {
     if (widget == nullptr || widget->windowHandle() == nullptr || widget->isActiveWindow()) {
         return;
     }
-    if (widget->windowHandle()->isExposed() && !widget->isModal()) { // a dialog would end by being hidden
+    // A question would end by being hidden, and so would the popover.
+    const bool mayBeHidden = widget->windowType() == Qt::Window && !widget->isModal();
+    if (AppearanceWatch::of(*widget->windowHandle()).hasAppeared() && mayBeHidden) {
         widget->hide();
         widget->show();
     }

@@ -59,6 +59,10 @@ void PlasmaWindowSystem::place(WId id, const QRect& rectangle) {
     }
 }
 
+void PlasmaWindowSystem::bringToFront(WId window) {
+    ownwindows::bringToFront(window);
+}
+
 void PlasmaWindowSystem::useActivationToken(const QString& token) {
     ownwindows::useActivationToken(token);
 }

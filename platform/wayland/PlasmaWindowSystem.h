@@ -52,6 +52,7 @@ public:
     void presentPopover(WId /*window*/) override {} // Qt has asked for the focus, and a new window gets it
 
     /// When a menu of the popover's closes, KWin 5 gives the keyboard to no window until the next key is pressed.
+    void bringToFront(WId window) override;
     bool hasKeyboardFocus() const override { return m_desktop.isOursActive(); }
 
     std::optional<QRect> freeArea(const QScreen& screen) const override;

@@ -134,10 +134,22 @@ void SwayWindowSystem::moveOnceMapped(const QWindow* window, int attempts) {
     }
 }
 
-void SwayWindowSystem::takeFocusFromFullScreen(const QWindow* window) {
+void SwayWindowSystem::bringToFront(WId id) {
+    ownwindows::bringToFront(id);
+    QWindow* const window = ownwindows::find(id);
+    if (wishOf(window) == nullptr) { // the others are looked after whenever they appear
+        m_scheduler.after(TIME_TO_BE_MAPPED,
+                          [this, later = QPointer(window)] { takeFocusFromFullScreen(later, MOST_LOOKS); });
+    }
+}
+
+void SwayWindowSystem::takeFocusFromFullScreen(const QPointer<QWindow>& window, int attempts) {
     // Any other window that has the focus by now has it since the user wanted it so.
-    if (wishOf(window) != nullptr && window->isExposed() && m_sway.isFullScreenFocused()) {
-        m_sway.run(criteriaOf(*window) + " focus");
+    if (window == nullptr || !window->isVisible() || !m_sway.isFullScreenFocused()) {
+        return;
+    }
+    if (!m_sway.run(criteriaOf(*window) + " focus") && attempts > 1) {
+        m_scheduler.after(LOOK_INTERVAL, [this, window, attempts] { takeFocusFromFullScreen(window, attempts - 1); });
     }
 }
 
@@ -163,7 +175,7 @@ void SwayWindowSystem::handleExposure(QWindow& window) {
         // The window is there for the compositor when it has been painted, and when that has arrived. sway gives it the
         // focus then, but not over a window in full screen, where the new one is not even seen.
         m_scheduler.soon([this, later = QPointer(&window)] { moveOnceMapped(later, MOST_LOOKS); });
-        m_scheduler.after(TIME_TO_BE_MAPPED, [this, later = QPointer(&window)] { takeFocusFromFullScreen(later); });
+        m_scheduler.after(TIME_TO_BE_MAPPED, [this, later = QPointer(&window)] { takeFocusFromFullScreen(later, 1); });
     }
 }
 

@@ -30,7 +30,8 @@ public:
     bool isComposited() const override { return true; }
     QRect workArea(const QRect& monitor) const override { return monitor; }
     void setShadow(WId /*window*/, const QMargins& /*shadow*/) override {}
-    void presentPopover(WId /*window*/) override {}          // Qt has asked for the focus, and a new window gets it
+    void presentPopover(WId /*window*/) override {} // Qt has asked for the focus, and a new window gets it
+    void bringToFront(WId id) override;
     bool hasKeyboardFocus() const override { return false; } // no hot key takes the focus away here
 
     std::optional<QRect> freeArea(const QScreen& screen) const override;
@@ -56,7 +57,7 @@ private:
     bool fulfil(Wish& wish);
     void handleExposure(QWindow& window);
     void moveOnceMapped(const QWindow* window, int attempts);
-    void takeFocusFromFullScreen(const QWindow* window);
+    void takeFocusFromFullScreen(const QPointer<QWindow>& window, int attempts);
 
     QtDisplay m_qt;
     SwayConnection& m_sway;

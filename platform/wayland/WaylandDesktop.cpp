@@ -117,14 +117,6 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
         return xwayland->windowSystem;
     }
 
-    void bringToFront(WId window) {
-        if (ownWindows) {
-            ownwindows::bringToFront(window);
-        } else {
-            xwayland->windows.activate(static_cast<xcb_window_t>(window));
-        }
-    }
-
     std::optional<QString> nameOf(const QString& applicationId) {
         return applicationNames.ofWindowClass(applicationId);
     }
@@ -212,7 +204,7 @@ struct WaylandDesktop::Adapters : freedesktop::desktop::CommonAdapters {
             ? std::make_unique<OwnFocus>(*session.toplevels, QGuiApplication::desktopFileName(), scheduler)
             : nullptr;
     NoPointerButtons noPresses;
-    freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
+    freedesktop::QtApplication application{[this](WId window) { windowSystem().bringToFront(window); }};
     freedesktop::TextFieldPaste textFieldPaste{pasteboard};
     freedesktop::popover::PopoverWindow popover{appearance, windowSystem()};
     freedesktop::tray::TrayClicks trayClicks{popover, presses(), scheduler};
@@ -351,7 +343,7 @@ void WaylandDesktop::setResponder(const QString& action, std::function<void()> r
 }
 
 void WaylandDesktop::bringToFront(WId window) {
-    m_adapters->bringToFront(window);
+    m_adapters->windowSystem().bringToFront(window);
 }
 
 Desktop WaylandDesktop::ports() {

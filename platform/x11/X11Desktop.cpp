@@ -78,13 +78,6 @@ struct X11Desktop::Adapters : freedesktop::desktop::CommonAdapters {
     Adapters(const Adapters&) = delete;
     Adapters& operator=(const Adapters&) = delete;
 
-    void bringToFront(WId id) const {
-        const auto window = static_cast<xcb_window_t>(id);
-        // Asked to the front alone, the user would be taken to the desktop that the window is on.
-        windows.moveToCurrentDesktop(window);
-        windows.activate(window);
-    }
-
     std::unique_ptr<x11::Connection> clipboardConnection;
     std::unique_ptr<x11::Connection> inputConnection;
 
@@ -109,7 +102,7 @@ struct X11Desktop::Adapters : freedesktop::desktop::CommonAdapters {
     AccessibilityTrust& trust = portals ? static_cast<AccessibilityTrust&>(portals->trust) : x11Trust;
     std::optional<ShortcutWithoutPortal> shortcutWithoutPortal;
 
-    freedesktop::QtApplication application{[this](WId window) { bringToFront(window); }};
+    freedesktop::QtApplication application{[this](WId window) { windowSystem.bringToFront(window); }};
     freedesktop::TextFieldPaste textFieldPaste{pasteboard};
     freedesktop::popover::PopoverWindow popover{appearance, windowSystem};
     freedesktop::tray::TrayClicks trayClicks{popover, presses, scheduler};
@@ -167,7 +160,7 @@ void X11Desktop::setResponder(const QString& action, std::function<void()> respo
 }
 
 void X11Desktop::bringToFront(WId window) {
-    m_adapters->bringToFront(window);
+    m_adapters->windowSystem.bringToFront(window);
 }
 
 Desktop X11Desktop::ports() {

@@ -64,4 +64,10 @@ void X11WindowSystem::presentPopover(WId window) {
     m_windows.activate(static_cast<xcb_window_t>(window));
 }
 
+void X11WindowSystem::bringToFront(WId window) {
+    // Asked to the front alone, the user would be taken to the desktop that the window is on.
+    m_windows.moveToCurrentDesktop(static_cast<xcb_window_t>(window));
+    m_windows.activate(static_cast<xcb_window_t>(window));
+}
+
 } // namespace zamber::x11

@@ -20,6 +20,7 @@ public:
     QRect workArea(const QRect& monitor) const override { return m_panels.workArea(monitor); }
     void setShadow(WId window, const QMargins& shadow) override;
     void presentPopover(WId window) override;
+    void bringToFront(WId window) override;
     bool hasKeyboardFocus() const override;
 
     /// As `Panels::freePart` has it.

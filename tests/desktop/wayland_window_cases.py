@@ -39,6 +39,13 @@ class WindowCases:
         self.keyboard.type_text("x")
         editor.wait_for_text(before + "x")
 
+    def settings(self):
+        return self.desktop.window("Zamber Settings")
+
+    def wait_for_settings(self):
+        wait_until(lambda: (focus := self.desktop.focused_window()) and focus.title == "Zamber Settings",
+                   what="the settings with the keyboard")
+
     def close_by_escape(self):
         self.keyboard.tap("Escape")
         self.zamber.wait_until_closed()
@@ -223,14 +230,10 @@ class SharpnessCases(WindowCases):
 
 
 class SettingsCases(WindowCases):
-    def settings(self):
-        return self.desktop.window("Zamber Settings")
-
     def open_settings(self):
         self.zamber.open_popover()
         self.keyboard.chord("Control_L", "comma")
-        wait_until(lambda: self.settings() and self.desktop.focused_window().title == "Zamber Settings",
-                   what="the settings with the keyboard")
+        self.wait_for_settings()
         self.let_a_glance_pass()
 
     def test_they_come_to_the_front_however_often_they_are_asked_for(self):
@@ -312,6 +315,18 @@ class TrayMenuCases(WindowCases):
         self.keyboard.tap("Down", "Return")
         wait_until(lambda: self.desktop.window("Zamber Settings"), what="the settings")
         self.wait_until_menu_is_gone()
+
+    def test_the_settings_come_out_from_behind_a_full_screen(self):
+        """Asked for in a panel's menu: no window of the program has the keyboard then, and the one that is covered gets
+        no frames."""
+        for _ in range(3):
+            self.host.choose("Settings…")
+            self.wait_for_settings()
+            self.let_a_glance_pass()
+            self.desktop.fill_screen(self.editor.window)
+            self.editor.activate()
+            wait_until(lambda: self.desktop.window(pid=self.editor.child.pid).height == 800, what="the full screen")
+            self.let_a_glance_pass()
 
     def test_it_opens_in_the_same_place_while_it_is_open(self):
         first = self.open_menu()

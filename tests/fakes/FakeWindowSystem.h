@@ -18,6 +18,7 @@ public:
     void setShadow(WId /*window*/, const QMargins& shadow) override { shadows.append(shadow); }
     bool hasKeyboardFocus() const override { return hasFocus; }
     void presentPopover(WId window) override { presented.append(window); }
+    void bringToFront(WId /*window*/) override {}
 
     void setComposited(bool isComposited) {
         composited = isComposited;

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Zamber project
 # SPDX-License-Identifier: MIT
-"""What could be broken in the X11 adapter by one line, and the test that has to notice."""
+"""What could be broken in the adapters for X11 and Wayland by one line, and the test that has to notice."""
 
 from breakage import Breakage
 
@@ -232,5 +232,10 @@ ADAPTER_BREAKAGES = (
         "who owns our content again has copied", SELECTION + "SelectionPasteboard.cpp",
         "    if (written && isRecent) {", "    if (false) {",
         "test_paste_targets.SharedClipboardTest.test_a_paste_of_the_popover",
+    ),
+    Breakage(
+        "sway is not asked for the focus over a full screen", "platform/wayland/SwayWindowSystem.cpp",
+        "    if (wishOf(window) == nullptr) { // the others", "    if (false) { // the others",
+        "sway_windows_tests:*.IsTakenFromItAloneByAWindowThatIsBroughtToTheFront/*",
     ),
 )

@@ -35,6 +35,9 @@ public:
     /// does.
     virtual void presentPopover(WId window) = 0;
 
+    /// Brings a window, which is shown, to the front with the keyboard focus, to the desktop that the user is on.
+    virtual void bringToFront(WId window) = 0;
+
     /// Whether a window of this program has the keyboard focus, even while a grab takes the keys elsewhere, such as
     /// that of a hot key that is held. Qt reports a focus that is lost for the time of the grab.
     virtual bool hasKeyboardFocus() const = 0;

@@ -50,6 +50,17 @@ TEST_P(SwayFocusTest, IsTakenFromAWindowInFullScreenAlone) {
     EXPECT_EQ(m_sway.takeCommands().size(), GetParam().isFocusTaken ? 1U : 0U);
 }
 
+TEST_P(SwayFocusTest, IsTakenFromItAloneByAWindowThatIsBroughtToTheFront) {
+    QWidget settings(nullptr, Qt::ToolTip);
+    settings.setWindowTitle(QStringLiteral("Zamber Settings"));
+    settings.show();
+    m_windows.bringToFront(settings.winId());
+    m_scheduler.advance(59ms);
+    EXPECT_TRUE(m_sway.takeCommands().empty());
+    m_scheduler.advance(1ms);
+    EXPECT_EQ(m_sway.takeCommands().size(), GetParam().isFocusTaken ? 1U : 0U);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     , SwayFocusTest,
     testing::Values(Case{"AnotherWindow",
@@ -98,6 +109,25 @@ TEST(SwayWindowSystem, AWindowThatIsNotMappedYetIsMovedAsSoonAsItIs) {
     EXPECT_EQ(sway.takeCommands().size(), 2U);
     scheduler.advance(1s);
     EXPECT_EQ(sway.takeCommands().size(), 1U) << "the one that sway has carried out is the last";
+}
+
+TEST(SwayWindowSystem, AWindowThatIsNotMappedYetTakesTheFocusFromAFullScreenAsSoonAsItIs) {
+    SwayStandIn sway(R"({"type":"root","nodes":[{"type":"workspace","fullscreen_mode":1,
+        "nodes":[{"type":"con","focused":true,"fullscreen_mode":1}]}]})");
+    FakeScheduler scheduler;
+    const std::unique_ptr<SwayConnection> connection = SwayConnection::open();
+    SwayWindowSystem windows(*connection, scheduler);
+    QWidget settings(nullptr, Qt::ToolTip);
+    settings.setWindowTitle(QStringLiteral("Zamber Settings"));
+    settings.show();
+    windows.bringToFront(settings.winId());
+    sway.refuseCommands(2);
+    scheduler.advance(79ms);
+    EXPECT_EQ(sway.takeCommands().size(), 2U);
+    scheduler.advance(1s);
+    const std::vector<QByteArray> commands = sway.takeCommands();
+    ASSERT_EQ(commands.size(), 1U) << "the one that sway has carried out is the last";
+    EXPECT_TRUE(commands.front().contains("Zamber Settings") && commands.front().endsWith(" focus"));
 }
 
 } // namespace zamber::wayland

@@ -110,17 +110,22 @@ class GnomeOpeningTest(OpeningCases, GnomeTestCase):
 
 
 class GnomePasteTest(GnomeTestCase):
+    def wait_until_typed(self):
+        """The entry is there when V has gone down; Ctrl comes up a moment later."""
+        wait_until(lambda: self.desktop.open_portal_sessions() == 1, 3.0, "no session but that of the hot keys")
+
     def test_an_entry_goes_into_the_program_that_was_in_front_also_after_the_next_start(self):
         self.grant()
         self.editor.activate()
         for count in range(1, 6):
             self.paste_entry(1)
             self.editor.wait_for_text("second" * count)
-            wait_until(lambda: self.desktop.open_portal_sessions() == 1, 3.0, "no session but that of the hot keys")
+            self.wait_until_typed()
         self.start_again(READY_LINE)
         self.assertIsNone(self.desktop.window(PERMISSION_TITLE))
         self.paste_entry(2)
         self.editor.wait_for_text("second" * 5 + "third")
+        self.wait_until_typed()
         self.keyboard.type_text("x")
         self.editor.wait_for_text("second" * 5 + "thirdx")
 

@@ -27,7 +27,7 @@ private:
     void formatText();
     void forgetComposition();
 
-    QString m_composed;                              ///< shown at the caret, and no part of the text yet
+    QString m_composed;                                   ///< shown at the caret, and no part of the text yet
     QList<QInputMethodEvent::Attribute> m_composedFormat; ///< as the input method wants it shown
 };
 
